@@ -1,0 +1,30 @@
+# The one place for the language standard, warnings, defines, sanitizers and the linker.
+# Targets link nubivane_options; nothing sets flags elsewhere.
+add_library(nubivane_options INTERFACE)
+target_compile_features(nubivane_options INTERFACE cxx_std_20)
+target_compile_options(nubivane_options INTERFACE -Wall -Wextra -Wshadow -Wnon-virtual-dtor)
+target_compile_definitions(nubivane_options INTERFACE
+    QT_NO_KEYWORDS              # "slots" and "signals" are ordinary words here
+    QT_NO_CAST_FROM_BYTEARRAY
+    QT_NO_CAST_TO_ASCII         # text becomes bytes only where an encoding is named
+)
+if(NUBIVANE_WERROR)
+    target_compile_options(nubivane_options INTERFACE -Werror)
+endif()
+if(NUBIVANE_SANITIZE)
+    target_compile_options(nubivane_options INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(nubivane_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# A faster linker where the machine has one.
+find_program(NUBIVANE_MOLD mold)
+if(NUBIVANE_MOLD AND NOT NUBIVANE_FUZZ)
+    target_link_options(nubivane_options INTERFACE -fuse-ld=mold)
+endif()
+
+find_program(NUBIVANE_CCACHE ccache)
+if(NUBIVANE_CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${NUBIVANE_CCACHE})
+endif()

@@ -1,0 +1,5 @@
+#!/usr/bin/env bash
+# Formatting of all C++ files against .clang-format.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run --Werror

@@ -1,0 +1,43 @@
+#!/usr/bin/env bash
+# Installs what is missing to build on Debian 12; with "test", "bench" or "fuzz" for that too.
+# The lists here and the table in README.md say the same.
+set -euo pipefail
+
+build_packages=(
+    g++ cmake ninja-build ccache mold
+    qt6-base-dev qt6-image-formats-plugins libqt6svg6
+    libgif-dev libimagequant-dev rapidjson-dev
+)
+test_packages=(
+    libgtest-dev libgmock-dev
+    clang-format clang-tidy
+    fonts-liberation2
+    chromium chromium-driver python3 python3-selenium
+    xvfb xdotool libxml2-utils imagemagick binutils bsdutils
+)
+
+bench_packages=(libbenchmark-dev python3-pil libxml2-utils imagemagick libjpeg-turbo-progs)
+fuzz_packages=(clang libclang-rt-14-dev)
+
+packages=("${build_packages[@]}")
+case "${1:-build}" in
+    test) packages+=("${test_packages[@]}") ;;
+    bench) packages+=("${bench_packages[@]}") ;;
+    fuzz) packages+=("${fuzz_packages[@]}") ;;
+esac
+
+missing=()
+for package in "${packages[@]}"; do
+    state=$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null || true)
+    [ "$state" = "install ok installed" ] || missing+=("$package")
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+as_root=()
+if [ "$(id -u)" != 0 ]; then
+    as_root=(sudo)
+fi
+echo "Installing: ${missing[*]}"
+"${as_root[@]}" apt-get update -q
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -q -y --no-install-recommends "${missing[@]}"

@@ -1,0 +1,143 @@
+#include "app/desktop_shell.h"
+
+#include "core/host_files.h"
+#include "core/version.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QUrl>
+
+namespace nubivane {
+
+namespace {
+
+QMessageBox::Icon iconOf(Icon icon) {
+    switch (icon) {
+        case Icon::Critical:
+            return QMessageBox::Critical;
+        case Icon::Question:
+            return QMessageBox::Question;
+        case Icon::Exclamation:
+            return QMessageBox::Warning;
+        case Icon::Information:
+            return QMessageBox::Information;
+        case Icon::None:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons buttonsOf(Buttons buttons) {
+    switch (buttons) {
+        case Buttons::YesNo:
+            return QMessageBox::Yes | QMessageBox::No;
+        case Buttons::YesNoCancel:
+            return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+        case Buttons::Ok:
+            break;
+    }
+    return QMessageBox::Ok;
+}
+
+Answer answerOf(int button) {
+    switch (button) {
+        case QMessageBox::Yes:
+            return Answer::Yes;
+        case QMessageBox::No:
+            return Answer::No;
+        case QMessageBox::Ok:
+            return Answer::Ok;
+        default:
+            return Answer::Cancel;
+    }
+}
+
+/// "Caption (*.x)|*.x|" becomes "Caption (*.x)" with the pattern in the last brackets.
+QString qtFilter(const QString& filter) {
+    const QStringList parts = filter.split(u'|', Qt::SkipEmptyParts);
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString caption = parts[i].section(u'(', 0, 0).trimmed();
+        filters << caption + " (" + QString(parts[i + 1]).replace(u';', u' ').trimmed() + ')';
+    }
+    return filters.join(";;");
+}
+
+}  // namespace
+
+QWidget* DesktopShell::dialogParent() const {
+    QWidget* active = QApplication::activeWindow();
+    return active || !progressBar_ ? active : progressBar_->window();
+}
+
+Answer DesktopShell::messageBox(const Message& message) {
+    QString text = message.text;
+    text.replace("\r\n", "\n").replace('\r', '\n');
+    QMessageBox box(iconOf(message.icon), ProgramTitle, text, buttonsOf(message.buttons),
+                    dialogParent());
+    box.setTextFormat(Qt::PlainText);
+    if (!message.cause.isEmpty()) {
+        box.setDetailedText(message.cause);
+    }
+    // The hourglass must not stay over the buttons.
+    const QCursor* waiting = QApplication::overrideCursor();
+    if (waiting) {
+        QApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+    const Answer answer = answerOf(box.exec());
+    if (waiting) {
+        QApplication::restoreOverrideCursor();
+    }
+    return answer;
+}
+
+QString DesktopShell::openFileName(const FileRequest& request) {
+    return host_files::toModel(QFileDialog::getOpenFileName(
+        dialogParent(), request.title, host_files::toHost(request.folder), qtFilter(request.filter),
+        nullptr, QFileDialog::HideNameFilterDetails));
+}
+
+QString DesktopShell::saveFileName(const FileRequest& request) {
+    QFileDialog::Options options = QFileDialog::HideNameFilterDetails;
+    options.setFlag(QFileDialog::DontConfirmOverwrite, !request.confirmOverwrite);
+    return host_files::toModel(QFileDialog::getSaveFileName(
+        dialogParent(), request.title, host_files::toHost(request.folder), qtFilter(request.filter),
+        nullptr, options));
+}
+
+void DesktopShell::setProgress(int percent) {
+    if (progressBar_) {
+        progressBar_->setValue(percent);
+        progressBar_->show();
+    }
+}
+
+void DesktopShell::hideProgress() {
+    if (progressBar_) {
+        progressBar_->hide();
+    }
+}
+
+void DesktopShell::setPointer(Pointer pointer) {
+    while (QApplication::overrideCursor()) {
+        QApplication::restoreOverrideCursor();
+    }
+    if (pointer == Pointer::Hourglass) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else if (pointer == Pointer::ArrowWithHourglass) {
+        QApplication::setOverrideCursor(Qt::BusyCursor);
+    }
+}
+
+void DesktopShell::processEvents() {
+    QApplication::processEvents();
+}
+
+void DesktopShell::openInBrowser(const QString& hostFile) {
+    QDesktopServices::openUrl(QUrl::fromLocalFile(hostFile));
+}
+
+}  // namespace nubivane

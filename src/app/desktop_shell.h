@@ -1,0 +1,32 @@
+#pragma once
+
+#include "core/shell.h"
+
+class QProgressBar;
+class QWidget;
+
+namespace nubivane {
+
+/// The shell of the desktop: message boxes, file dialogs, the progress bar of the main window.
+class DesktopShell : public Shell {
+  public:
+    /// The bar that `setProgress` moves; none before the main window is there.
+    void setProgressBar(QProgressBar* bar) { progressBar_ = bar; }
+
+    Answer messageBox(const Message& message) override;
+    QString openFileName(const FileRequest& request) override;
+    QString saveFileName(const FileRequest& request) override;
+    void setProgress(int percent) override;
+    void hideProgress() override;
+    void setPointer(Pointer pointer) override;
+    void processEvents() override;
+    void openInBrowser(const QString& hostFile) override;
+
+  private:
+    /// The window over which a dialog opens: the active one, else the main window.
+    QWidget* dialogParent() const;
+
+    QProgressBar* progressBar_ = nullptr;
+};
+
+}  // namespace nubivane

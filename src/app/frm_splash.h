@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+
+#include <functional>
+
+namespace nubivane {
+
+/// The window shown while the editor is being built: for 1.5 seconds, then its timer runs `init`,
+/// the splash goes, and `done` shows the main window.
+class frmSplash : public QWidget {
+    Q_OBJECT
+
+  public:
+    static constexpr int ShownMs = 1500;
+
+    explicit frmSplash(int shownMs = ShownMs);
+
+    std::function<void()> init;
+    std::function<void()> done;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    void Timer1_Timer();
+
+    QTimer Timer1_;
+    QPixmap picture_;
+    QString lblTitle_;
+};
+
+}  // namespace nubivane

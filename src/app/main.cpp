@@ -1,0 +1,101 @@
+#include "app/command_line.h"
+#include "app/desktop_shell.h"
+#include "app/frm_splash.h"
+#include "app/single_instance.h"
+#include "core/error.h"
+#include "core/host_files.h"
+#include "core/settings_store.h"
+#include "core/version.h"
+#include "editor/frm_map.h"
+#include "editor/icons.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QIcon>
+#include <QScreen>
+
+namespace {
+
+using namespace nubivane;
+
+constexpr int NeededWidth = 1024;
+
+/// Asks whether to go on where the screen is too narrow. The height alone is never tested.
+bool screenSuffices(Shell& shell) {
+    const QScreen& primary = *QGuiApplication::primaryScreen();
+    const QSize screen = (QSizeF(primary.size()) * primary.devicePixelRatio()).toSize();
+    if (screen.width() >= NeededWidth) {
+        return true;
+    }
+    const QString text =
+        QStringLiteral(
+            "Nubivane requires a minimum resolution of 1024 x 768 pixels.\rThe current resolution "
+            "is %1 x %2, do you want to continue anyway ?")
+            .arg(screen.width())
+            .arg(screen.height());
+    return shell.messageBox({text, Icon::Exclamation, Buttons::YesNo, {}}) == Answer::Yes;
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(ProgramTitle);
+    QApplication::setApplicationVersion(Version);
+    QApplication::setDesktopFileName("nubivane");
+    QApplication::setWindowIcon(programIcon("nubivane"));
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    const ProgramFolder folder = ProgramFolder::ofThisProgram();
+    SingleInstance instance(folder.path());
+    if (instance.raiseOther()) {
+        return 0;
+    }
+    DesktopShell shell;
+    if (!screenSuffices(shell)) {
+        return 0;
+    }
+    QString project = projectArgument(QApplication::arguments().mid(1));
+    if (!project.isEmpty()) {
+        if (!isStartableProject(project)) {
+            shell.messageBox({notStartableText(project), Icon::Critical, Buttons::Ok, {}});
+            return 1;
+        }
+        project = host_files::toModel(QFileInfo(project).absoluteFilePath());
+    }
+    instance.listen();
+
+    SettingsStore settings(SettingsStore::standardFile());
+    Workspace workspace(folder, settings);
+    frmMap window(workspace, shell);
+    window.setAttribute(Qt::WA_QuitOnClose);
+    shell.setProgressBar(window.pBarMain());
+    instance.raised = [&window] {
+        window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+        window.raise();
+        window.activateWindow();
+    };
+
+    frmSplash splash;
+    bool started = false;
+    splash.init = [&] {
+        try {
+            window.Init(project);
+            started = true;
+        } catch (const Error& error) {
+            shell.messageBox({"An error occurred while initializing: " + error.description(),
+                              Icon::Critical, Buttons::Ok, error.cause()});
+        }
+    };
+    splash.done = [&] {
+        if (!started) {
+            QApplication::exit(1);
+            return;
+        }
+        QApplication::setQuitOnLastWindowClosed(true);
+        window.show();
+    };
+    shell.setPointer(Pointer::ArrowWithHourglass);
+    splash.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,149 @@
+#include "cli/arguments.h"
+
+namespace nubivane {
+
+namespace {
+
+/// Wrong usage, told in one line.
+struct UsageError {
+    QString text;
+};
+
+/// The words of a command line, taken one by one.
+class Words {
+  public:
+    explicit Words(QStringList words) : words_(std::move(words)) {}
+
+    bool isEmpty() const { return words_.isEmpty(); }
+    QString take() { return words_.takeFirst(); }
+    QString peek() const { return words_.isEmpty() ? QString() : words_.first(); }
+
+    QString takeValueOf(const QString& option) {
+        if (words_.isEmpty()) {
+            throw UsageError{option + " needs a value"};
+        }
+        return take();
+    }
+
+  private:
+    QStringList words_;
+};
+
+const Command* findCommand(Words& words) {
+    const QString first = words.take();
+    for (const Command& command : commands()) {
+        if (first == QLatin1String(command.name)) {
+            return &command;
+        }
+        if (first + u' ' + words.peek() == QLatin1String(command.name)) {
+            words.take();
+            return &command;
+        }
+    }
+    throw UsageError{"unknown command \"" +
+                     (words.isEmpty() ? first : first + u' ' + words.peek()) + '"'};
+}
+
+const CommandOption& findOption(const Command& command, const QString& name) {
+    for (const CommandOption& option : command.options) {
+        if (name == QLatin1String(option.name)) {
+            return option;
+        }
+    }
+    throw UsageError{"\"" + QLatin1String(command.name) + "\" has no option " + name};
+}
+
+void checkValue(const CommandOption& option, const QString& value) {
+    const QString allowed = QLatin1String(option.value);
+    if (allowed.contains(u'|') && !allowed.split(u'|').contains(value)) {
+        throw UsageError{QLatin1String(option.name) + QStringLiteral(" takes ") + allowed +
+                         ", not \"" + value + '"'};
+    }
+}
+
+/// Options may stand anywhere behind the command; after "--" everything is an argument.
+void parseCommand(Words& words, Arguments& result) {
+    result.command = findCommand(words);
+    bool onlyArguments = false;
+    while (!words.isEmpty()) {
+        const QString word = words.take();
+        if (onlyArguments || !word.startsWith(QLatin1String("--"))) {
+            result.arguments += word;
+        } else if (word == u"--") {
+            onlyArguments = true;
+        } else if (word == u"--help") {
+            result.request = Arguments::Request::Help;
+            return;
+        } else {
+            const CommandOption& option = findOption(*result.command, word);
+            const QString value = words.takeValueOf(word);
+            checkValue(option, value);
+            result.options.insert(word, value);
+        }
+    }
+    const qsizetype count = result.arguments.size();
+    if (count < result.command->minArguments || count > result.command->maxArguments) {
+        throw UsageError{"\"" + QLatin1String(result.command->name) + "\" takes " +
+                         QLatin1String(result.command->arguments)};
+    }
+}
+
+Arguments parse(Words words) {
+    Arguments result;
+    while (!words.isEmpty()) {
+        if (words.peek() == u"--help") {
+            result.request = Arguments::Request::Help;
+            return result;
+        }
+        if (words.peek() == u"--version") {
+            result.request = Arguments::Request::Version;
+            return result;
+        }
+        if (words.peek() == u"--program-folder") {
+            words.take();
+            result.programFolder = words.takeValueOf("--program-folder");
+        } else if (words.peek() == u"--settings") {
+            words.take();
+            result.settingsFile = words.takeValueOf("--settings");
+        } else if (words.peek().startsWith(u'-')) {
+            throw UsageError{"unknown option " + words.peek()};
+        } else {
+            parseCommand(words, result);
+            return result;
+        }
+    }
+    throw UsageError{"a command is needed"};
+}
+
+}  // namespace
+
+std::optional<Arguments> parseArguments(const QStringList& words, QString& error) {
+    try {
+        return parse(Words(words));
+    } catch (const UsageError& wrong) {
+        error = wrong.text;
+        return std::nullopt;
+    }
+}
+
+QString helpText() {
+    QString text =
+        "Usage: nubivane-cli [--program-folder DIR] [--settings FILE] COMMAND ...\n"
+        "\n"
+        "  --program-folder DIR  work in DIR instead of the folder of this program\n"
+        "  --settings FILE       use the settings in FILE instead of the user's\n"
+        "  --help, --version\n"
+        "\n"
+        "Commands:\n";
+    for (const Command& command : commands()) {
+        text += "  " + QLatin1String(command.name) + ' ' + QLatin1String(command.arguments);
+        for (const CommandOption& option : command.options) {
+            text += " [" + QLatin1String(option.name) + ' ' + QLatin1String(option.value) + ']';
+        }
+        text += "\n      " + QLatin1String(command.summary) + '\n';
+    }
+    text += "\nExit code: 0 done, 1 failed, 2 wrong usage. Messages go to stderr.\n";
+    return text;
+}
+
+}  // namespace nubivane

@@ -1,0 +1,86 @@
+#include "cli/arguments.h"
+#include "cli/streams.h"
+#include "core/error.h"
+#include "core/host_files.h"
+#include "core/version.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+#include <clocale>
+#include <cstring>
+
+#ifdef Q_OS_UNIX
+#include <langinfo.h>
+#endif
+
+namespace {
+
+using namespace nubivane;
+
+/// Qt needs a UTF-8 locale and complains on stderr without one; schedulers often run in "C".
+void chooseUtf8() {
+#ifdef Q_OS_UNIX
+    std::setlocale(LC_ALL, "");
+    if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0) {
+        qputenv("LC_ALL", "C.UTF-8");
+    }
+#endif
+}
+
+ProgramFolder chooseFolder(const Arguments& arguments) {
+    if (!arguments.programFolder) {
+        return ProgramFolder::ofThisProgram();
+    }
+    if (!QFileInfo(*arguments.programFolder).isDir()) {
+        throw Error(error_number::FileNotFound, "command line",
+                    "There is no program folder \"" + *arguments.programFolder + "\".");
+    }
+    return ProgramFolder(modelPath(*arguments.programFolder));
+}
+
+int run(const Arguments& arguments) {
+    ConsoleShell shell;
+    try {
+        SettingsStore settings(arguments.settingsFile.value_or(SettingsStore::standardFile()));
+        if (!settings.setAside().isEmpty()) {
+            streams::printError("The settings file was damaged. It was renamed to \"" +
+                                settings.setAside() + "\" and the defaults are used.");
+        }
+        Workspace workspace(chooseFolder(arguments), settings);
+        CommandContext context{arguments.arguments, arguments.options, workspace, shell};
+        return arguments.command->execute(context);
+    } catch (const Error& error) {
+        shell.hideProgress();
+        streams::printError(error.description(), error.cause());
+        return exit_code::Failed;
+    }
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+    QStringList words;
+    for (int i = 1; i < argc; ++i) {
+        words += QString::fromLocal8Bit(argv[i]);
+    }
+    QString error;
+    const auto arguments = parseArguments(words, error);
+    if (!arguments) {
+        streams::printError("nubivane-cli: " + error, "see nubivane-cli --help");
+        return exit_code::WrongUsage;
+    }
+    switch (arguments->request) {
+        case Arguments::Request::Help:
+            return streams::writeResult(helpText().toUtf8()) ? exit_code::Done : exit_code::Failed;
+        case Arguments::Request::Version:
+            return streams::writeResult(QByteArray("Nubivane ") + Version + '\n')
+                       ? exit_code::Done
+                       : exit_code::Failed;
+        case Arguments::Request::Run:
+            break;
+    }
+    chooseUtf8();
+    const QCoreApplication application(argc, argv);
+    return run(*arguments);
+}

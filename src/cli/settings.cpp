@@ -1,0 +1,34 @@
+#include "cli/command.h"
+#include "cli/streams.h"
+
+namespace nubivane {
+
+namespace {
+
+int told(bool written) {
+    if (!written) {
+        streams::printError("The settings could not be written.");
+    }
+    return written ? exit_code::Done : exit_code::Failed;
+}
+
+}  // namespace
+
+int runSettingsGet(CommandContext& context) {
+    const QStringList& words = context.arguments;
+    const QString value =
+        context.workspace.settings.GetSetting(words[0], words[1], words[2], words.value(3));
+    return streams::writeResult(value.toUtf8() + '\n') ? exit_code::Done : exit_code::Failed;
+}
+
+int runSettingsSet(CommandContext& context) {
+    const QStringList& words = context.arguments;
+    return told(context.workspace.settings.SaveSetting(words[0], words[1], words[2], words[3]));
+}
+
+int runSettingsDelete(CommandContext& context) {
+    const QStringList& words = context.arguments;
+    return told(context.workspace.settings.DeleteSetting(words[0], words[1], words[2]));
+}
+
+}  // namespace nubivane

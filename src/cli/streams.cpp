@@ -1,0 +1,47 @@
+#include "cli/streams.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#ifdef Q_OS_WIN
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace nubivane::streams {
+
+bool writeResult(const QByteArray& bytes) {
+    const auto size = static_cast<std::size_t>(bytes.size());
+    if (std::fwrite(bytes.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0) {
+        return true;
+    }
+    printError("The result could not be written.", QString::fromLocal8Bit(std::strerror(errno)));
+    return false;
+}
+
+void writeError(const QString& text) {
+    const QByteArray bytes = text.toUtf8();
+    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stderr);
+}
+
+void printError(const QString& text, const QString& cause) {
+    QString lines = text;
+    lines.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
+    lines += u'\n';
+    if (!cause.isEmpty()) {
+        lines += "  " + cause + '\n';
+    }
+    writeError(lines);
+}
+
+bool errorIsTerminal() {
+#ifdef Q_OS_WIN
+    return _isatty(_fileno(stderr)) != 0;
+#else
+    return isatty(STDERR_FILENO) != 0;
+#endif
+}
+
+}  // namespace nubivane::streams

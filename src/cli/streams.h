@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// The command line's output: results on stdout, everything else on stderr, both in UTF-8.
+namespace nubivane::streams {
+
+/// Writes to stdout. False when it cannot be written, as on a full disk, which is told on stderr.
+bool writeResult(const QByteArray& bytes);
+
+void writeError(const QString& text);
+
+/// A message as lines of their own: the text, then what lay behind it, if anything is known.
+void printError(const QString& text, const QString& cause = {});
+
+bool errorIsTerminal();
+
+}  // namespace nubivane::streams

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+/// The way from path texts to the disk, and the only one.
+///
+/// In the model, the settings and every path function a path is text with backslashes. Here it is
+/// turned into the host's form, and names are found without regard to case where the file system
+/// tells cases apart ("\maps\" and "\Maps\" meet). Reading and writing raise `Error` with
+/// `error_number::FileNotFound` or `FileAccess` and the system's reason as its cause.
+namespace nubivane::host_files {
+
+/// The host's form of a path. Each component that does not exist as written is looked up without
+/// regard to case; one that does not exist at all stays as it is.
+QString toHost(const QString& path);
+
+/// The model's form of a host path.
+QString toModel(const QString& hostPath);
+
+/// True for a name that can only mean one entry of one folder: not empty, not "." or "..", without
+/// separators, drive colon and control characters, no longer than file systems take.
+bool isPlainName(const QString& name);
+
+/// `folder` + "\" + `relative`, or nothing when a component of `relative` is not a plain name.
+/// Components are parted by backslashes.
+std::optional<QString> pathInside(const QString& folder, const QString& relative);
+
+bool fileExists(const QString& path);
+bool folderExists(const QString& path);
+
+/// Names of the sub-folders, or of the files, in the order the system lists them by name.
+QStringList folderNames(const QString& path);
+QStringList fileNames(const QString& path);
+
+/// Whole content of a file of at most `maxBytes` bytes.
+QByteArray read(const QString& path, qint64 maxBytes);
+
+/// Replaces a file by way of a neighbour and a rename: readers see the old or the new content.
+void write(const QString& path, const QByteArray& bytes);
+
+/// The same for the many files of one export, which can be made again: the path is the host's
+/// already, and the bytes are left to the system to bring onto the disk in its own time. Looking
+/// each name up and flushing each file would take longer than making them.
+void writeHostFile(const QString& hostPath, const QByteArray& bytes);
+
+/// Writes `bytes` over the start of a file without truncating it: a longer old file keeps its
+/// tail. Done by way of a neighbour and a rename too; nothing is written when nothing changes.
+void writeOver(const QString& path, const QByteArray& bytes);
+
+/// Removes every file of a folder. Raises nothing; false when a file has stayed.
+bool removeFiles(const QString& folder);
+
+/// Creates a folder and those above it.
+void makeFolder(const QString& path);
+
+}  // namespace nubivane::host_files

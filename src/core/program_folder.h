@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+
+namespace nubivane {
+
+/// The folder in which everything that the program owns lies: Maps, Symbols, Web, Help, Media and
+/// the pages it makes. Paths are texts with backslashes, without one at their end.
+class ProgramFolder {
+  public:
+    explicit ProgramFolder(QString path) : path_(std::move(path)) {}
+
+    /// The folder of the executable; where that cannot be written (a system-wide installation),
+    /// the user's own data folder, filled from the shipped content at the first start.
+    static ProgramFolder ofThisProgram();
+
+    const QString& path() const { return path_; }
+    QString maps() const { return path_ + "\\Maps"; }
+    QString symbols() const { return path_ + "\\Symbols"; }
+    QString web() const { return path_ + "\\Web"; }
+
+    /// The path of an entry directly in the program folder.
+    QString entry(const QString& name) const { return path_ + u'\\' + name; }
+
+  private:
+    QString path_;
+};
+
+}  // namespace nubivane

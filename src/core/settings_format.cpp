@@ -1,0 +1,80 @@
+#include "core/settings_format.h"
+
+#include <QFileDevice>
+#include <QStringDecoder>
+
+namespace nubivane {
+
+namespace {
+
+constexpr char Header[] = "# Nubivane settings";
+
+/// Control characters, "%" and, in keys, "=" as "%XX"; blanks at the ends too, which editors strip.
+QByteArray escaped(const QString& text, bool isKey) {
+    const QByteArray utf8 = text.toUtf8();
+    QByteArray result;
+    for (qsizetype i = 0; i < utf8.size(); ++i) {
+        const auto c = static_cast<uchar>(utf8[i]);
+        const bool atEnd = i == 0 || i + 1 == utf8.size();
+        if (c < 0x20 || c == 0x7F || c == '%' || (isKey && c == '=') || (c == ' ' && atEnd)) {
+            result += '%' + QByteArray::number(c, 16).toUpper().rightJustified(2, '0');
+        } else {
+            result += static_cast<char>(c);
+        }
+    }
+    return result;
+}
+
+/// False for bytes that `escaped` never writes.
+bool unescape(const QByteArray& bytes, QString& text) {
+    for (const char c : bytes) {
+        if (static_cast<uchar>(c) < 0x20) {
+            return false;
+        }
+    }
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    text = decoder(QByteArray::fromPercentEncoding(bytes));
+    return !decoder.hasError();
+}
+
+bool readSettings(QIODevice& device, QSettings::SettingsMap& map) {
+    const QList<QByteArray> lines = device.readAll().split('\n');
+    for (QByteArray line : lines) {
+        if (line.endsWith('\r')) {
+            line.chop(1);
+        }
+        if (line.isEmpty() || line.startsWith('#')) {
+            continue;
+        }
+        const qsizetype middle = line.indexOf('=');
+        QString key;
+        QString value;
+        if (middle <= 0 || !unescape(line.left(middle), key) ||
+            !unescape(line.mid(middle + 1), value)) {
+            return false;
+        }
+        map.insert(key, value);
+    }
+    return true;
+}
+
+bool writeSettings(QIODevice& device, const QSettings::SettingsMap& map) {
+    QByteArray text = Header;
+    text += '\n';
+    for (auto entry = map.cbegin(); entry != map.cend(); ++entry) {
+        text += escaped(entry.key(), true) + '=' + escaped(entry.value().toString(), false) + '\n';
+    }
+    // Without the flush a full disk would go unnoticed until the file is in place.
+    auto* file = qobject_cast<QFileDevice*>(&device);
+    return device.write(text) == text.size() && (!file || file->flush());
+}
+
+}  // namespace
+
+QSettings::Format settingsFormat() {
+    static const QSettings::Format format =
+        QSettings::registerFormat("nubivane", readSettings, writeSettings);
+    return format;
+}
+
+}  // namespace nubivane

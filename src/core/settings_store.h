@@ -1,0 +1,66 @@
+#pragma once
+
+#include "core/settings_table.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+
+class QSettings;
+
+namespace nubivane {
+
+/// All that the program remembers between runs apart from project files: texts addressed by
+/// section path, group and key, all three without regard to case.
+///
+/// One file a user. Each read sees what other processes have written; each write is on disk, as a
+/// whole or not at all, when the call returns, and takes nothing from another process's writes. A
+/// damaged file is set aside under a name of its own and the store starts empty; where that is not
+/// possible, or something else than a file stands in its place, nothing is touched: the store is
+/// empty and no write succeeds.
+class SettingsStore {
+  public:
+    /// Opens the store in `hostFile`; the file need not exist.
+    explicit SettingsStore(const QString& hostFile);
+    ~SettingsStore();
+
+    /// The file of the current user.
+    static QString standardFile();
+
+    /// The stored text, or `defaultValue` when there is none.
+    QString GetSetting(const QString& section, const QString& group, const QString& key,
+                       const QString& defaultValue = {}) const;
+    /// Creates or replaces an entry. False when the file could not be written.
+    bool SaveSetting(const QString& section, const QString& group, const QString& key,
+                     const QString& value);
+    /// Removes one entry. False when the file could not be written.
+    bool DeleteSetting(const QString& section, const QString& group, const QString& key);
+
+    /// The value of a setting of the table, or its default.
+    QString text(Setting setting) const;
+    /// The same as a whole number (a fraction is cut off); nothing when the text is no number.
+    std::optional<int> number(Setting setting) const;
+    bool set(Setting setting, const QString& value);
+
+    /// Values of a numbered list up to the first that is empty but for blanks.
+    QStringList list(SettingList list) const;
+    /// Writes a numbered list anew, its old keys deleted first.
+    bool setList(SettingList list, const QStringList& values);
+
+    /// Where a damaged settings file was put by this store; empty when it was sound.
+    const QString& setAside() const { return setAside_; }
+
+  private:
+    void reopen();
+    bool prepareWrite();
+    bool flush();
+
+    QString hostFile_;
+    std::unique_ptr<QSettings> file_;  ///< nothing when there is no file that could be used
+    QString setAside_;
+    bool failed_ = false;  ///< the last write did not succeed
+};
+
+}  // namespace nubivane

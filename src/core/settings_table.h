@@ -1,0 +1,95 @@
+#pragma once
+
+#include <QString>
+
+#include <span>
+
+namespace nubivane {
+
+/// Every setting that the program reads or writes. Where readers supply different defaults for one
+/// entry, each default has a name of its own.
+enum class Setting {
+    FtpUrl,
+    FtpPort,
+    FtpUserName,
+    FtpPassword,
+    FtpRemoteFolder,
+    FtpNubivaneFolder,
+    FtpNubivaneFolderInPlan,
+    FtpLoginType,
+    UploadSymbols,
+    UploadMaps,
+    UploadHtmlPage,
+    UploadInitialized,
+    PageFilename,
+    PageTitle,
+    PageBackcolor,
+    PageBackcolorInDialog,
+    PageBackpicture,
+    PageTimer,
+    PageType,
+    PageEffects,
+    PageShowForecastText,
+    PagePoweredLabel,
+    SliderTick,
+    SliderColor,
+    SliderTooltip,
+    PreviewFilename,
+    Locked,
+    DrawColor,
+    CurrentMap,
+    CurrentMapInDialog,
+    ShowStandardBar,
+    ShowMapBar,
+    LargeIcons,
+    StandardBarX,
+    StandardBarY,
+    MapBarX,
+    MapBarY,
+    WindowTop,
+    WindowLeft,
+    WindowWidth,
+    WindowWidthFirstRead,
+    WindowHeight,
+    WindowHeightFirstRead,
+    WindowFormTop,
+    WindowFormLeft,
+    WindowFormWidth,
+    WindowFormHeight,
+    WindowMaximized,
+    WindowSplitter,
+    PropertyDialogWidth,
+    PropertyDialogHeight,
+    PropertyDialogTop,
+    PropertyDialogLeft,
+    DrawDialogTop,
+    DrawDialogLeft,
+    Count
+};
+
+/// Lists kept under the keys "1", "2", … of a group; the first empty value ends a list.
+enum class SettingList { CheckedCollections, RecentFiles };
+
+/// What a setting's text stands for. The stored value is always text.
+enum class SettingType { Text, Number, Flag, Color, Path };
+
+struct SettingRow {
+    Setting setting;
+    const char* section;
+    const char* group;
+    const char* key;
+    SettingType type;
+    const char* defaultValue;  ///< what readers take when the entry is absent
+};
+
+struct SettingListRow {
+    SettingList list;
+    const char* section;
+    const char* group;
+};
+
+std::span<const SettingRow> settingsTable();
+const SettingRow& rowOf(Setting setting);
+const SettingListRow& rowOf(SettingList list);
+
+}  // namespace nubivane

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QString>
+
+namespace nubivane {
+
+enum class Icon { None, Critical, Question, Exclamation, Information };
+enum class Buttons { Ok, YesNo, YesNoCancel };
+enum class Answer { Ok, Yes, No, Cancel };
+enum class Pointer { Default, Hourglass, ArrowWithHourglass };
+
+/// What a message box shows. `cause` is for reports and the command line; a window need not show
+/// it.
+struct Message {
+    QString text;
+    Icon icon = Icon::None;
+    Buttons buttons = Buttons::Ok;
+    QString cause;
+};
+
+/// What a file dialog is asked for. Paths have backslashes.
+struct FileRequest {
+    QString title;
+    QString folder;
+    QString filter;  ///< captions and patterns in turn, each ended by "|"
+    bool confirmOverwrite = false;
+};
+
+/// The person in front of the engine: the only road by which it asks or tells anything. Windows,
+/// the command line and tests each have a shell of their own.
+class Shell {
+  public:
+    virtual ~Shell() = default;
+
+    virtual Answer messageBox(const Message& message) = 0;
+
+    /// The path chosen, with backslashes; empty after Cancel.
+    virtual QString openFileName(const FileRequest& request) = 0;
+    virtual QString saveFileName(const FileRequest& request) = 0;
+
+    /// The progress bar of the main window, 0 to 100, shown by the first call.
+    virtual void setProgress(int percent) = 0;
+    virtual void hideProgress() = 0;
+
+    virtual void setPointer(Pointer pointer) = 0;
+    /// Lets pending events run.
+    virtual void processEvents() = 0;
+
+    /// Asks the system to open a file (host path) with the program meant for it.
+    virtual void openInBrowser(const QString& hostFile) = 0;
+};
+
+/// Shows the progress bar while it lives.
+class ProgressGuard {
+  public:
+    ProgressGuard(Shell& shell, int percent) : shell_(shell) { shell_.setProgress(percent); }
+    ~ProgressGuard() { shell_.hideProgress(); }
+    ProgressGuard(const ProgressGuard&) = delete;
+    ProgressGuard& operator=(const ProgressGuard&) = delete;
+
+  private:
+    Shell& shell_;
+};
+
+/// Shows the hourglass while it lives.
+class HourglassGuard {
+  public:
+    explicit HourglassGuard(Shell& shell) : shell_(shell) { shell_.setPointer(Pointer::Hourglass); }
+    ~HourglassGuard() { shell_.setPointer(Pointer::Default); }
+    HourglassGuard(const HourglassGuard&) = delete;
+    HourglassGuard& operator=(const HourglassGuard&) = delete;
+
+  private:
+    Shell& shell_;
+};
+
+}  // namespace nubivane

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "editor/frame_tabs.h"
+#include "editor/map_viewport.h"
+#include "editor/palette.h"
+#include "editor/tool_strip.h"
+
+#include <QWidget>
+
+#include <functional>
+
+namespace nubivane {
+
+/// Everything between menu bar and status bar: the strip of tool bars, the palette, the splitter,
+/// the map on its ground, the Frame tabs. `layoutMap` gives each its place.
+class EditorPane : public QWidget {
+    Q_OBJECT
+
+  public:
+    EditorPane(ToolStrip& strip, Palette& palette, MapViewport& viewport, FrameTabs& tabs);
+
+    void layoutMap();
+
+    QWidget* splitter() const { return pctSplitter_; }
+    /// `pctSplitter.Left`, pixels.
+    int splitterLeft() const { return splitterLeft_; }
+    void setSplitterLeft(int left);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void dragSplitter(int x);
+
+    ToolStrip& strip_;
+    Palette& palette_;
+    MapViewport& viewport_;
+    FrameTabs& tabs_;
+    QFrame* lineUp_;
+    QWidget* pctSplitter_;
+    int splitterLeft_ = 360;
+    bool inLayout_ = false;
+};
+
+}  // namespace nubivane

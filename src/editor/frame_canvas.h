@@ -1,0 +1,44 @@
+#pragma once
+
+#include "editor/canvas_clock.h"
+#include "editor/map_canvas.h"
+#include "editor/selection.h"
+#include "editor/sprite_mouse.h"
+#include "editor/sprite_placement.h"
+#include "editor/sprite_stack.h"
+
+namespace nubivane {
+
+class AnimationCache;
+class Shell;
+
+/// The canvas with all that lives on it, wired together: layers, sprites, selection, gestures and
+/// the clock.
+class FrameCanvas {
+  public:
+    FrameCanvas(Workspace& workspace, AnimationCache& animations, Shell& shell, QWidget* parent);
+
+    MapCanvas& widget() { return *widget_; }
+    SpriteStack& sprites() { return sprites_; }
+    Selection& selection() { return selection_; }
+    SpriteMouse& mouse() { return mouse_; }
+    SpritePlacement& placement() { return placement_; }
+    CanvasClock& clock() { return clock_; }
+
+    /// Drops what is unfinished: the scratch layer and a gesture under way.
+    void resetDrawing();
+
+    /// Shows a Frame's picture, the bare map where it has none, and its sprites.
+    void showFrame(qint32 frame);
+
+  private:
+    Workspace& workspace_;
+    SpriteStack sprites_;
+    Selection selection_;
+    CanvasClock clock_;
+    SpriteMouse mouse_;
+    SpritePlacement placement_;
+    MapCanvas* widget_;  ///< owned by its parent
+};
+
+}  // namespace nubivane

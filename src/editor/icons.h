@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QIcon>
+
+namespace nubivane {
+
+/// An icon of the program by its name in icons/. It is drawn anew at each size and density asked
+/// for, small sizes from a drawing of their own where there is one ("name-16.svg").
+QIcon programIcon(const QString& name);
+
+}  // namespace nubivane

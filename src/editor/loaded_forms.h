@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+namespace nubivane {
+
+/// True when a window of that name (its object name, such as "frmDrawAction", in any case) is
+/// loaded, shown or not.
+bool isFormLoaded(const QString& name);
+
+}  // namespace nubivane

@@ -1,0 +1,143 @@
+#include "editor/map_canvas.h"
+
+#include "core/error.h"
+#include "editor/canvas_clock.h"
+
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QPaintEvent>
+#include <QPainter>
+
+namespace nubivane {
+
+namespace {
+
+const QColor FrameColor(96, 110, 122);
+
+}  // namespace
+
+MapCanvas::MapCanvas(Workspace& workspace, SpriteStack& sprites, Selection& selection,
+                     SpriteMouse& mouse, CanvasClock& clock, QWidget* parent)
+    : QWidget(parent),
+      workspace_(workspace),
+      sprites_(sprites),
+      selection_(selection),
+      mouse_(mouse),
+      clock_(clock) {
+    setObjectName("pctMap");
+    setAccessibleName(tr("Map"));
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+    setAcceptDrops(true);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void MapCanvas::showPicture() {
+    QImage image;
+    try {
+        image = workspace_.pctMap.image().image();
+    } catch (const Error&) {
+        // A Frame whose picture is damaged behind its header shows as an empty sheet.
+    }
+    if (image.isNull() && workspace_.pctMap.ScaleWidth() > 0) {
+        image = QImage(workspace_.pctMap.ScaleWidth(), workspace_.pctMap.ScaleHeight(),
+                       QImage::Format_RGB32);
+        image.fill(Qt::white);
+    }
+    picture_ = QPixmap::fromImage(std::move(image));
+    resize(workspace_.pctMap.Width(), workspace_.pctMap.Height());
+    update();
+}
+
+void MapCanvas::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    painter.setPen(FrameColor);
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.translate(1, 1);
+    painter.setClipRect(QRect(0, 0, width() - 2, height() - 2), Qt::IntersectClip);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    for (const QRect& part : event->region()) {
+        paintMap(painter, part.translated(-1, -1));
+    }
+}
+
+void MapCanvas::paintMap(QPainter& painter, const QRect& mapRect) {
+    painter.save();
+    painter.setClipRect(mapRect, Qt::IntersectClip);
+    painter.drawPixmap(mapRect, picture_, mapRect);
+    for (const SpriteControl* control : sprites_.controls()) {
+        if (control->visible && control->rect.intersects(mapRect)) {
+            control->paint(painter);
+        }
+    }
+    const ShpSelector* selector = std::as_const(selection_).shpSelector();
+    if (selector && selector->paintedRect().intersects(mapRect)) {
+        selector->paint(painter);
+    }
+    painter.restore();
+}
+
+void MapCanvas::mousePressEvent(QMouseEvent* event) {
+    const QPoint position = toMap(event->position().toPoint());
+    setFocus(Qt::MouseFocusReason);
+    if (!mouse_.press(position, event->button())) {
+        mapPressed(position, event->button());
+    }
+}
+
+void MapCanvas::mouseMoveEvent(QMouseEvent* event) {
+    const QPoint position = toMap(event->position().toPoint());
+    if (mouse_.move(position, event->buttons())) {
+        return;
+    }
+    if (workspace_.Status.CurrentTool != u"cursor") {
+        return;
+    }
+    if (const auto shape = mouse_.cursorAt(position)) {
+        setCursor(*shape);
+    } else if (sprites_.at(position)) {
+        setCursor(Qt::SizeAllCursor);
+    } else {
+        unsetCursor();
+    }
+}
+
+void MapCanvas::mouseReleaseEvent(QMouseEvent* event) {
+    mouse_.release(event->button());
+}
+
+void MapCanvas::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasText() && dropAllowed()) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    }
+}
+
+void MapCanvas::dragMoveEvent(QDragMoveEvent* event) {
+    if (dropAllowed()) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    } else {
+        event->ignore();
+    }
+}
+
+void MapCanvas::dropEvent(QDropEvent* event) {
+    if (!dropAllowed()) {
+        event->ignore();
+        return;
+    }
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    dropped(event->mimeData()->text(), toMap(event->position().toPoint()));
+}
+
+void MapCanvas::showEvent(QShowEvent*) {
+    clock_.setVisible(true);
+}
+
+void MapCanvas::hideEvent(QHideEvent*) {
+    clock_.setVisible(false);
+}
+
+}  // namespace nubivane

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class QMenu;
+
+namespace nubivane {
+
+class SettingsStore;
+
+/// The recent files in the menu `mnuFile`, above `mnuEsci`. An entry is made once and keeps its
+/// path until the next start, while the list in the settings moves on.
+class RecentFilesMenu {
+  public:
+    RecentFilesMenu(QMenu& menu, const SettingsStore& settings)
+        : menu_(menu), settings_(settings) {}
+
+    /// Adds the entries that the settings hold and the menu lacks.
+    void refresh();
+
+    std::function<void(const QString& file)> chosen;
+
+  private:
+    QMenu& menu_;
+    const SettingsStore& settings_;
+};
+
+}  // namespace nubivane

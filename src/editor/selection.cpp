@@ -1,0 +1,56 @@
+#include "editor/selection.h"
+
+namespace nubivane {
+
+Selection::Selection(Workspace& workspace, SpriteStack& sprites)
+    : workspace_(workspace), sprites_(sprites) {}
+
+void Selection::select(SpriteControl& control) {
+    workspace_.Status.CurrentShapeControlType = static_cast<qint16>(control.type().toInt());
+    workspace_.Status.CurrentShapeControlKey = control.key();
+    selectSprite(control);
+}
+
+void Selection::selectSprite(SpriteControl& control) {
+    if (selector_) {
+        changed(selector_->paintedRect());
+    }
+    selector_.emplace(control.rect, control.isResizable());
+    changed(selector_->paintedRect());
+    commandsChanged();
+}
+
+void Selection::clearSelection() {
+    if (isEmpty()) {
+        return;
+    }
+    workspace_.Status.CurrentShapeControlType = sprite_type::None;
+    workspace_.Status.CurrentShapeControlKey.clear();
+    if (selector_) {
+        changed(selector_->paintedRect());
+        selector_.reset();
+    }
+    commandsChanged();
+}
+
+void Selection::follow() {
+    const SpriteControl* selected = control();
+    if (selected && selector_) {
+        changed(selector_->paintedRect());
+        selector_->surround(selected->rect);
+        changed(selector_->paintedRect());
+    }
+}
+
+bool Selection::isEmpty() const {
+    return workspace_.Status.CurrentShapeControlType == sprite_type::None ||
+           workspace_.Status.CurrentShapeControlKey.isEmpty();
+}
+
+SpriteControl* Selection::control() const {
+    return isEmpty() ? nullptr
+                     : sprites_.find(QString::number(workspace_.Status.CurrentShapeControlType),
+                                     workspace_.Status.CurrentShapeControlKey);
+}
+
+}  // namespace nubivane

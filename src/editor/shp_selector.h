@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QRect>
+
+#include <optional>
+
+class QPainter;
+
+namespace nubivane {
+
+/// The frame with eight handles around the selected sprite. Pixels of the map.
+class ShpSelector {
+  public:
+    /// How far the frame lies outside the sprite on each side.
+    static constexpr int Distance = 8;
+
+    /// Handles by the sides they move.
+    struct Handle {
+        int horizontal;  ///< -1 left side, 0 none, 1 right side
+        int vertical;    ///< -1 top, 0 none, 1 bottom
+    };
+
+    ShpSelector(const QRect& sprite, bool resizable) : resizable_(resizable) { surround(sprite); }
+
+    /// Puts the frame around a sprite.
+    void surround(const QRect& sprite) {
+        rect_ = sprite.adjusted(-Distance, -Distance, Distance, Distance);
+    }
+    const QRect& rect() const { return rect_; }
+    /// The sprite's rectangle that belongs to the frame.
+    QRect spriteRect() const { return rect_.adjusted(Distance, Distance, -Distance, -Distance); }
+    /// What painting the frame touches.
+    QRect paintedRect() const { return rect_.adjusted(-4, -4, 4, 4); }
+
+    /// The handle at a position, or nothing.
+    std::optional<Handle> handleAt(QPoint position) const;
+    /// From the sides that a handle moves to a position.
+    QPoint gripOffset(Handle handle, QPoint position) const;
+    /// The shape of pointer for a handle.
+    static Qt::CursorShape cursorOf(Handle handle);
+
+    /// Moves the sides of a handle so that it lies at a position; a sprite keeps at least one
+    /// pixel.
+    void drag(Handle handle, QPoint position);
+
+    void paint(QPainter& painter) const;
+
+  private:
+    QRect rect_;
+    bool resizable_;
+};
+
+}  // namespace nubivane

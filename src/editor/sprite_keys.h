@@ -1,0 +1,14 @@
+#pragma once
+
+#include "editor/selection.h"
+
+class QKeyEvent;
+
+namespace nubivane {
+
+/// Shift and an arrow key nudge the selected sprite by one pixel, at most until its centre reaches
+/// the edge of the map. True when the key was one of these.
+bool nudgeSelection(Workspace& workspace, SpriteStack& sprites, Selection& selection,
+                    const QKeyEvent& key);
+
+}  // namespace nubivane

@@ -1,0 +1,152 @@
+#include "project/open_project.h"
+
+#include "collections/scan_collections.h"
+#include "core/host_files.h"
+#include "core/path_text.h"
+#include "core/shell.h"
+#include "core/version.h"
+#include "model/editor_view.h"
+#include "model/workspace.h"
+#include "project/data_file.h"
+#include "project/project_commit.h"
+#include "project/project_document.h"
+#include "project/project_error.h"
+#include "project/project_paths.h"
+#include "project/recent_files.h"
+#include "project/save_project.h"
+
+#include <QFile>
+
+namespace nubivane {
+
+namespace {
+
+QString askForName(Editor editor) {
+    FileRequest request;
+    request.title = "Open project";
+    request.folder = editor.workspace.folder.path();
+    request.filter = "Nubivane files (*.nvpf)|*.nvpf|";
+    editor.shell.processEvents();
+    return trimBlanks(editor.shell.openFileName(request));
+}
+
+ProjectDocument readDocument(Editor editor, const QString& name) {
+    QFile file(
+        completeInterruptedSave(host_files::toHost(name), host_files::toHost(dataFileOf(name))));
+    if (!file.open(QIODevice::ReadOnly)) {
+        throw damagedProject(file.fileName() + ": " + file.errorString());
+    }
+    return readProjectDocument(file, editor.workspace.folder);
+}
+
+/// Marks the collections that the project names; one unknown on this machine is passed over.
+void checkCollections(cSymbolsCollections& collections, const QStringList& names) {
+    for (const QString& name : names) {
+        if (collections.contains(name)) {
+            collections.Item(name).Checked = true;
+        }
+    }
+}
+
+DataBlocks readPictures(Editor editor, const QString& name, const ProjectDocument& document) {
+    QFile file(host_files::toHost(dataFileOf(name)));
+    if (!file.open(QIODevice::ReadOnly)) {
+        throw damagedProject(file.fileName() + ": " + file.errorString());
+    }
+    return readDataBlocks(file, document.sizes, document.frames, editor.workspace.Frames().Count());
+}
+
+/// Replaces the open project by the file's. Returns whether Symbols were dropped.
+bool replaceProject(Editor editor, const QString& name) {
+    if (!isValidProjectFile(name)) {
+        throw damagedProject("the project or its data file \"" + dataFileOf(name) +
+                             "\" is missing, or the name has not the extension nvpf");
+    }
+    Workspace& workspace = editor.workspace;
+    ProjectDocument document = readDocument(editor, name);
+
+    workspace.Status.CurrentMap = workspace.folder.maps() + u'\\' + document.map;
+    editor.shell.setProgress(1);
+    editor.shell.processEvents();
+    editor.view.unloadFrameSprites();
+    workspace.Project = std::move(document.model);
+    reloadCollections(workspace.Status.SymbolsCollection(), workspace.folder);
+    checkCollections(workspace.Status.SymbolsCollection(), document.collections);
+    editor.view.rebuildPalette();
+    if (document.damage) {
+        throw *document.damage;
+    }
+    editor.shell.setProgress(55);
+    editor.shell.processEvents();
+
+    const DataBlocks blocks = readPictures(editor, name, document);
+    editor.shell.setProgress(70);
+    editor.shell.processEvents();
+    // The map travels with the project and back into the folder of maps at every opening.
+    host_files::makeFolder(workspace.folder.maps());
+    host_files::writeOver(workspace.Status.CurrentMap, blocks.map);
+    workspace.clearTempPicture();
+    for (std::size_t i = 0; i < blocks.frames.size(); ++i) {
+        workspace.pctPanel.setPicture(static_cast<qint32>(i) + 1, blocks.frames[i]);
+    }
+    editor.shell.setProgress(85);
+    return document.missingSymbols;
+}
+
+void showOpenedProject(Editor editor, const QString& name) {
+    Workspace& workspace = editor.workspace;
+    editor.view.rebuildFrameTabs();
+    workspace.Status.CurrentFrame = 1;
+    workspace.Status.CurrentProject = name;
+    workspace.pctMap.setPicture(workspace.pctPanel.picture(1));
+    editor.view.showMap();
+    editor.view.selectFirstFrame();
+    addRecentFile(workspace.settings, editor.view, name);
+    editor.shell.setProgress(100);
+    editor.shell.processEvents();
+    editor.view.setCaption(getFileName(name) + " - " + ProgramTitle);
+    workspace.ProjectChanged = false;
+}
+
+}  // namespace
+
+void OpenProject(Editor editor, const std::optional<QString>& file) {
+    if (!confirmLeavingProject(editor)) {
+        return;
+    }
+    const QString name = file ? *file : askForName(editor);
+    if (trimBlanks(name).isEmpty()) {
+        editor.shell.processEvents();
+        return;
+    }
+
+    bool missingSymbols = false;
+    {
+        const HourglassGuard hourglass(editor.shell);
+        const InputGuard noInput(editor.view);
+        const ProgressGuard progress(editor.shell, 0);
+        if (host_files::fileExists(name)) {
+            try {
+                missingSymbols = replaceProject(editor, name);
+            } catch (const Error& error) {
+                throw error.number() == error_number::UnsupportedVersion
+                    ? error
+                    : damagedProject(error.cause());
+            }
+        } else {
+            editor.workspace.clearTempPicture();
+        }
+        showOpenedProject(editor, name);
+    }
+    if (missingSymbols) {
+        editor.shell.messageBox(
+            {"Cannot load some symbols: they refer to a location on a hard "
+             "drive that is unavailable.",
+             Icon::Exclamation,
+             Buttons::Ok,
+             {}});
+        editor.shell.processEvents();
+    }
+}
+
+}  // namespace nubivane

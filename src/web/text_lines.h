@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+namespace nubivane {
+
+/// The line end of pages and scripts.
+inline constexpr char LineEnd[] = "\r\n";
+
+/// A text built line by line.
+class TextLines {
+  public:
+    /// Appends a line, or an empty one.
+    template <class Text>
+    TextLines& operator<<(const Text& line) {
+        text_ += line;
+        text_ += QLatin1String(LineEnd);
+        return *this;
+    }
+
+    /// Appends text that already has its line ends.
+    void append(const QString& text) { text_ += text; }
+
+    const QString& text() const { return text_; }
+
+  private:
+    QString text_;
+};
+
+/// Says "an empty line here".
+inline constexpr char EmptyLine[] = "";
+
+}  // namespace nubivane

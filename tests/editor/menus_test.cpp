@@ -1,0 +1,200 @@
+#include "support/editor_fixture.h"
+
+#include <QMenu>
+#include <QMenuBar>
+
+namespace nubivane {
+
+namespace {
+
+/// "name|caption" of each entry, "-" for a separator, sub-menus indented below their entry.
+QStringList rowsOf(const QList<QAction*>& actions, const QString& indent = {}) {
+    QStringList rows;
+    for (const QAction* action : actions) {
+        if (action->isSeparator()) {
+            rows << indent + '-';
+        } else if (const QMenu* menu = action->menu()) {
+            rows << indent + menu->objectName() + '|' + menu->title();
+            rows << rowsOf(menu->actions(), indent + "  ");
+        } else {
+            rows << indent + action->objectName() + '|' + action->text();
+        }
+    }
+    return rows;
+}
+
+const QStringList MenuTree = {
+    "mnuFile|&File",
+    "  mnuNewProject|&New",
+    "  mnuOpenProject|&Open",
+    "  -",
+    "  mnuSaveProject|&Save",
+    "  mnuSaveProjectAs|Sav&e As...",
+    "  -",
+    "  mnuSetPrinter|Print setup",
+    "  mnuPrint|Print",
+    "  -",
+    "  mnuEsci|Exit",
+    "mnuView|View",
+    "  mnuViewMainToolbar|Main toolbar",
+    "  mnuViewMapToolbar|Map toolbar",
+    "  -",
+    "  mnuViewLargeIcons|Large icons",
+    "  mnuViewSmallIcons|Small icons",
+    "mnuSimboli|Symbols",
+    "  mnuCut|Cut",
+    "  mnuCopy|Copy",
+    "  mnuCopySymbols|Copy special...",
+    "  mnuPaste|Paste",
+    "  -",
+    "  mnuLock|Lock",
+    "  mnuDelSymbol|Delete",
+    "  mnuDelAllSymbols|Delete all",
+    "  mnuRestore|Restore",
+    "  -",
+    "  mnuProperty|Property",
+    "  -",
+    "  mnuCollection|Collections",
+    "  mnuPack|Get extended pack",
+    "  -",
+    "  mnuRefreshSymbols|Refresh list",
+    "mnuFile2|Map",
+    "  mnuPulisci|Clear",
+    "  mnuOpenMap|Select image",
+    "  -",
+    "  mnuFrameInsert|Insert",
+    "  mnuFrameRemove|Remove",
+    "  -",
+    "  mnuEsporta|Export to",
+    "    subEsportaAvi|avi",
+    "    subEsportaFilm|frames animation",
+    "    subEsportaGifAni|gif animated",
+    "    -",
+    "    subEsportaBmp|bitmap",
+    "    subEsportaGif|gif",
+    "    subEsportaJpg|jpg",
+    "    subEsportaPng|png",
+    "    subEsportaTif|tif",
+    "mnuPagina|Html page",
+    "  mnuPreview|Preview",
+    "  mnuCrea|Create",
+    "  -",
+    "  mnuImpostazioni|Options",
+    "mnuFtp|Ftp",
+    "  mnuInitialize|Initialize",
+    "  mnuInvia|Upload files",
+    "  -",
+    "  mnuFtpSetting|Settings",
+    "mnuGuida|Help",
+    "  mnuSommario|Contents",
+    "  mnuWeb|Other software on the web...",
+    "  mnuBugReport|Report a bug",
+    "  -",
+    "  mnuLastVersion|Check for updates",
+    "  -",
+    "  mnuInfo|About Nubivane",
+};
+
+const QStringList SpriteMenu = {
+    "subRestore|Restore", "-", "subCut|Cut",          "subCopy|Copy", "subPaste|Paste",
+    "subDelete|Delete",   "-", "subProperty|Property"};
+
+}  // namespace
+
+using Menus = testing::EditorFixture;
+
+TEST_F(Menus, TheTreeHasEveryEntryInItsPlace) {
+    start();
+    EXPECT_THAT(rowsOf(window().menuBar()->actions()), ::testing::ElementsAreArray(MenuTree));
+}
+
+TEST_F(Menus, TheMenuOfASpriteHasItsEntriesInOrder) {
+    start();
+    EXPECT_THAT(rowsOf(window().findChild<QMenu*>("MenuPopup")->actions()),
+                ::testing::ElementsAreArray(SpriteMenu));
+}
+
+TEST_F(Menus, TheMenuOfASpriteIsEnabledAsTheCommandsAre) {
+    start();
+    const QList<std::pair<const char*, const char*>> pairs = {
+        {"subRestore", "mnuRestore"},  {"subCut", "mnuCut"},
+        {"subCopy", "mnuCopy"},        {"subPaste", "mnuPaste"},
+        {"subDelete", "mnuDelSymbol"}, {"subProperty", "mnuProperty"}};
+    for (const bool selected : {false, true, false}) {
+        if (selected) {
+            placeSymbol({200, 150});
+        } else {
+            window().clearSelection();
+        }
+        for (const auto& [entry, command] : pairs) {
+            const auto* action = window().findChild<QAction*>(entry);
+            ASSERT_TRUE(action) << entry;
+            EXPECT_EQ(action->isEnabled(), window().commands()[command]->isEnabled()) << entry;
+        }
+    }
+    workspace.ProjectChanged = false;
+}
+
+TEST_F(Menus, ARightClickOnASpriteShowsItsMenu) {
+    start();
+    placeSymbol({200, 150});
+    click({200, 150}, Qt::RightButton);
+    EXPECT_TRUE(window().findChild<QMenu*>("MenuPopup")->isVisible());
+    workspace.ProjectChanged = false;
+}
+
+TEST_F(Menus, NoTwoCommandsShareAKey) {
+    start();
+    QHash<QString, QString> keys;
+    for (const CommandRow& row : commandTable()) {
+        for (const QKeySequence& key : window().commands()[row.name]->shortcuts()) {
+            const QString text = key.toString();
+            EXPECT_FALSE(keys.contains(text))
+                << row.name << " and " << keys.value(text).toStdString();
+            keys.insert(text, row.name);
+        }
+    }
+    EXPECT_TRUE(keys.contains("Ctrl+S"));
+}
+
+TEST_F(Menus, RefreshListReadsTheFolderAgain) {
+    start();
+    const ListImage* list = window().palette().currentList();
+    ASSERT_TRUE(list);
+    const int before = list->symbols().rowCount();
+    testing::writeFile(host("Symbols/set-1/fog.gif"),
+                       testing::readFile(host("Symbols/set-1/sun.gif")));
+    trigger("mnuRefreshSymbols");
+    EXPECT_EQ(window().palette().currentList()->symbols().rowCount(), before + 1);
+    EXPECT_EQ(shell.pointer, Pointer::Default);
+}
+
+TEST_F(Menus, WithoutAHelpFileABoxSaysSo) {
+    start();
+    shell.expectMessage("Help not found.", Icon::Critical);
+    trigger("mnuSommario");
+}
+
+TEST_F(Menus, TheKeyF1AsksForTheHelp) {
+    start();
+    window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    shell.expectMessage("Help not found.", Icon::Critical);
+    canvas().setFocus();
+    key(Qt::Key_F1);
+}
+
+TEST(CommandTable, ACommandThatNobodyHandlesStaysDisabled) {
+    Commands commands(nullptr);
+    commands.setEnabled({"mnuCut"}, true);
+    EXPECT_FALSE(commands["mnuCut"]->isEnabled());
+    int calls = 0;
+    commands.handle("mnuCut", [&calls] { ++calls; });
+    EXPECT_TRUE(commands["mnuCut"]->isEnabled());
+    commands["mnuCut"]->trigger();
+    EXPECT_EQ(calls, 1);
+    commands.setEnabled({"mnuCut"}, false);
+    EXPECT_FALSE(commands["mnuCut"]->isEnabled());
+}
+
+}  // namespace nubivane

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "core/settings_store.h"
+#include "editor/frm_map.h"
+#include "model/workspace.h"
+#include "support/scripted_shell.h"
+
+#include <QTest>
+
+namespace nubivane::testing {
+
+/// Another run of the program on the same program folder and the same settings.
+class NextStart {
+  public:
+    explicit NextStart(const Workspace& before, SettingsStore& settings)
+        : workspace(before.folder, settings), window(workspace, shell) {
+        window.Init({});
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    }
+
+    ScriptedShell shell;
+    Workspace workspace;
+    frmMap window;
+};
+
+}  // namespace nubivane::testing

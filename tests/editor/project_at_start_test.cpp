@@ -1,0 +1,97 @@
+#include "support/editor_fixture.h"
+
+#include <QFile>
+
+namespace nubivane {
+
+/// Starts with a project named on the command line.
+class ProjectAtStart : public testing::EditorFixture {
+  protected:
+    void SetUp() override {
+        start();
+        placeSymbol({100, 100});
+        trigger("mnuFrameInsert");
+        shell.expectSaveDialog("Save project", model("week.nvpf"));
+        trigger("mnuSaveProject");
+    }
+    /// The project in a window and workspace of their own, as the program makes them.
+    void begin(const QString& name) {
+        fresh = std::make_unique<Workspace>(workspace.folder, settings);
+        started = std::make_unique<frmMap>(*fresh, shell);
+        started->Init(model(name));
+        started->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(started.get()));
+    }
+
+    std::unique_ptr<Workspace> fresh;
+    std::unique_ptr<frmMap> started;
+};
+
+TEST_F(ProjectAtStart, KeepsTheCaptionOfANewProjectUntilItIsSaved) {
+    begin("week.nvpf");
+    EXPECT_EQ(started->windowTitle(), "New project - Nubivane");
+    EXPECT_EQ(fresh->Status.CurrentProject, model("week.nvpf"));
+    EXPECT_FALSE(fresh->ProjectChanged);
+    started->commands()["mnuSaveProject"]->trigger();
+    EXPECT_EQ(started->windowTitle(), "week.nvpf - Nubivane");
+}
+
+TEST_F(ProjectAtStart, ShowsItsFramesAndSprites) {
+    begin("week.nvpf");
+    EXPECT_EQ(started->tabs().count(), 2);
+    EXPECT_EQ(started->tabs().selected(), 1);
+    EXPECT_EQ(started->canvas().sprites().controls().size(), 1u);
+    EXPECT_TRUE(started->commands()["mnuFrameRemove"]->isEnabled());
+}
+
+TEST_F(ProjectAtStart, BecomesTheFirstRecentFile) {
+    begin("week.nvpf");
+    EXPECT_EQ(settings.list(SettingList::RecentFiles).first(), model("week.nvpf"));
+}
+
+TEST_F(ProjectAtStart, BringsItsMapAndLeavesTheOneOfTheSettingsAlone) {
+    settings.set(Setting::CurrentMap, model("Maps/other.jpg"));
+    QFile::remove(host("Maps/europe.jpg"));
+    begin("week.nvpf");
+    EXPECT_TRUE(QFile::exists(host("Maps/europe.jpg")));
+    EXPECT_EQ(started->canvas().widget().size(), QSize(502, 402));
+    EXPECT_EQ(settings.text(Setting::CurrentMap), model("Maps/other.jpg"));
+}
+
+TEST_F(ProjectAtStart, ADamagedOneShowsItsTextAndTheStartGoesOnEmpty) {
+    testing::writeFile(host("bad.nvpf"), "no project");
+    testing::writeFile(host("bad.nvpx"), "no pictures");
+    shell.expectMessage("Cannot open the specified file. It could be damaged or not valid.",
+                        Icon::Critical);
+    begin("bad.nvpf");
+    EXPECT_EQ(fresh->Frames().Count(), 1);
+    EXPECT_EQ(fresh->Status.CurrentProject, "");
+    EXPECT_EQ(started->windowTitle(), "New project - Nubivane");
+    EXPECT_TRUE(started->isEnabled());
+}
+
+TEST_F(ProjectAtStart, AfterADamagedOneAnotherProjectCanBeOpened) {
+    testing::writeFile(host("bad.nvpf"), "no project");
+    testing::writeFile(host("bad.nvpx"), "no pictures");
+    shell.expectMessage("Cannot open the specified file. It could be damaged or not valid.",
+                        Icon::Critical);
+    begin("bad.nvpf");
+    shell.expectOpenDialog("Open project", model("week.nvpf"));
+    started->commands()["mnuOpenProject"]->trigger();
+    EXPECT_EQ(started->windowTitle(), "week.nvpf - Nubivane");
+    EXPECT_EQ(started->canvas().widget().size(), QSize(502, 402));
+}
+
+TEST_F(ProjectAtStart, AfterADamagedOneANewProjectDoesNotEndTheProgram) {
+    testing::writeFile(host("bad.nvpf"), "no project");
+    testing::writeFile(host("bad.nvpx"), "no pictures");
+    shell.expectMessage("Cannot open the specified file. It could be damaged or not valid.",
+                        Icon::Critical);
+    begin("bad.nvpf");
+    bool ended = false;
+    started->projectCommands().terminate = [&ended] { ended = true; };
+    started->commands()["mnuNewProject"]->trigger();
+    EXPECT_FALSE(ended);
+}
+
+}  // namespace nubivane

@@ -1,0 +1,70 @@
+#include "support/scripted_shell.h"
+
+#include <gtest/gtest.h>
+
+namespace nubivane::testing {
+
+ScriptedShell::~ScriptedShell() {
+    for (const Expected& left : messages_) {
+        ADD_FAILURE() << "a message did not come: " << left.message.text.toStdString();
+    }
+    for (const auto* dialogs : {&saveDialogs_, &openDialogs_}) {
+        for (const ExpectedDialog& left : *dialogs) {
+            ADD_FAILURE() << "a file dialog did not come: " << left.title.toStdString();
+        }
+    }
+}
+
+void ScriptedShell::expectMessage(const QString& text, Icon icon, Buttons buttons, Answer answer) {
+    messages_.push_back({{text, icon, buttons, {}}, answer});
+}
+
+void ScriptedShell::expectSaveDialog(const QString& title, const QString& chosen) {
+    saveDialogs_.push_back({title, chosen});
+}
+
+void ScriptedShell::expectOpenDialog(const QString& title, const QString& chosen) {
+    openDialogs_.push_back({title, chosen});
+}
+
+Answer ScriptedShell::messageBox(const Message& message) {
+    causes << message.cause;
+    if (messages_.empty()) {
+        ADD_FAILURE() << "unexpected message: " << message.text.toStdString();
+        return Answer::Cancel;
+    }
+    const Expected expected = messages_.front();
+    messages_.pop_front();
+    EXPECT_EQ(message.text.toStdString(), expected.message.text.toStdString());
+    EXPECT_EQ(message.icon, expected.message.icon);
+    EXPECT_EQ(message.buttons, expected.message.buttons);
+    return expected.answer;
+}
+
+QString ScriptedShell::openFileName(const FileRequest& request) {
+    return answerDialog(openDialogs_, request);
+}
+
+QString ScriptedShell::saveFileName(const FileRequest& request) {
+    return answerDialog(saveDialogs_, request);
+}
+
+QString ScriptedShell::answerDialog(std::deque<ExpectedDialog>& expected,
+                                    const FileRequest& request) {
+    lastFileRequest = request;
+    if (expected.empty()) {
+        ADD_FAILURE() << "unexpected file dialog: " << request.title.toStdString();
+        return {};
+    }
+    const ExpectedDialog dialog = expected.front();
+    expected.pop_front();
+    EXPECT_EQ(request.title.toStdString(), dialog.title.toStdString());
+    return dialog.chosen;
+}
+
+void ScriptedShell::setProgress(int percent) {
+    progressVisible = true;
+    progress << percent;
+}
+
+}  // namespace nubivane::testing

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "core/shell.h"
+
+#include <QStringList>
+
+#include <deque>
+
+namespace nubivane::testing {
+
+/// A shell that knows beforehand what will be shown and what is answered. A message or file dialog
+/// that was not expected fails the test, and so does one that was expected and did not come.
+class ScriptedShell : public Shell {
+  public:
+    ~ScriptedShell() override;
+
+    void expectMessage(const QString& text, Icon icon, Buttons buttons = Buttons::Ok,
+                       Answer answer = Answer::Ok);
+    /// `chosen` is what the dialog returns; empty is Cancel.
+    void expectSaveDialog(const QString& title, const QString& chosen);
+    void expectOpenDialog(const QString& title, const QString& chosen);
+
+    Answer messageBox(const Message& message) override;
+    QString openFileName(const FileRequest& request) override;
+    QString saveFileName(const FileRequest& request) override;
+    void setProgress(int percent) override;
+    void hideProgress() override { progressVisible = false; }
+    void setPointer(Pointer shape) override { pointer = shape; }
+    void processEvents() override { ++eventRounds; }
+    void openInBrowser(const QString& hostFile) override { opened << hostFile; }
+
+    Pointer pointer = Pointer::Default;
+    bool progressVisible = false;
+    QList<int> progress;  ///< every value shown
+    int eventRounds = 0;
+    QStringList opened;  ///< files given to the browser
+    QStringList causes;  ///< causes of the messages shown
+    FileRequest lastFileRequest;
+
+  private:
+    struct Expected {
+        Message message;
+        Answer answer;
+    };
+    struct ExpectedDialog {
+        QString title;
+        QString chosen;
+    };
+    QString answerDialog(std::deque<ExpectedDialog>& expected, const FileRequest& request);
+
+    std::deque<Expected> messages_;
+    std::deque<ExpectedDialog> saveDialogs_;
+    std::deque<ExpectedDialog> openDialogs_;
+};
+
+}  // namespace nubivane::testing
