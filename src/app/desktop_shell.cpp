@@ -4,10 +4,14 @@
 #include "core/version.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QDesktopServices>
+#include <QEventLoop>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QNetworkInterface>
 #include <QProgressBar>
+#include <QTimer>
 #include <QUrl>
 
 namespace nubivane {
@@ -108,6 +112,17 @@ QString DesktopShell::saveFileName(const FileRequest& request) {
         nullptr, options));
 }
 
+std::optional<qint32> DesktopShell::chooseColor(qint32 initial) {
+    const QColor start = initial < 0
+                             ? QColor(Qt::black)
+                             : QColor(initial & 0xff, initial >> 8 & 0xff, initial >> 16 & 0xff);
+    const QColor chosen = QColorDialog::getColor(start, dialogParent());
+    if (!chosen.isValid()) {
+        return std::nullopt;
+    }
+    return chosen.red() | chosen.green() << 8 | chosen.blue() << 16;
+}
+
 void DesktopShell::setProgress(int percent) {
     if (progressBar_) {
         progressBar_->setValue(percent);
@@ -136,8 +151,29 @@ void DesktopShell::processEvents() {
     QApplication::processEvents();
 }
 
+void DesktopShell::wait(int milliseconds) {
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
 void DesktopShell::openInBrowser(const QString& hostFile) {
     QDesktopServices::openUrl(QUrl::fromLocalFile(hostFile));
+}
+
+void DesktopShell::openAddress(const QString& url) {
+    QDesktopServices::openUrl(QUrl(url));
+}
+
+bool DesktopShell::networkPresent() {
+    for (const QNetworkInterface& net : QNetworkInterface::allInterfaces()) {
+        const auto flags = net.flags();
+        if (flags.testFlag(QNetworkInterface::IsRunning) &&
+            !flags.testFlag(QNetworkInterface::IsLoopBack) && !net.addressEntries().isEmpty()) {
+            return true;
+        }
+    }
+    return false;
 }
 
 }  // namespace nubivane

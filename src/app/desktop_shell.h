@@ -11,6 +11,7 @@ namespace nubivane {
 class DesktopShell : public Shell {
   public:
     /// The bar that `setProgress` moves; none before the main window is there.
+    std::optional<qint32> chooseColor(qint32 initial) override;
     void setProgressBar(QProgressBar* bar) { progressBar_ = bar; }
 
     Answer messageBox(const Message& message) override;
@@ -20,7 +21,10 @@ class DesktopShell : public Shell {
     void hideProgress() override;
     void setPointer(Pointer pointer) override;
     void processEvents() override;
+    void wait(int milliseconds) override;
     void openInBrowser(const QString& hostFile) override;
+    void openAddress(const QString& url) override;
+    bool networkPresent() override;
 
   private:
     /// The window over which a dialog opens: the active one, else the main window.

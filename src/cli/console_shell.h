@@ -16,11 +16,15 @@ class ConsoleShell : public Shell {
     Answer messageBox(const Message& message) override;
     QString openFileName(const FileRequest&) override { return {}; }
     QString saveFileName(const FileRequest&) override { return {}; }
+    std::optional<qint32> chooseColor(qint32) override { return std::nullopt; }
     void setProgress(int percent) override;
     void hideProgress() override;
     void setPointer(Pointer) override {}
     void processEvents() override {}
+    void wait(int) override {}
     void openInBrowser(const QString&) override {}
+    void openAddress(const QString&) override {}
+    bool networkPresent() override { return true; }  // connecting tells
 
     /// Texts of the warnings so far.
     const QStringList& warnings() const { return warnings_; }

@@ -1,6 +1,5 @@
 #include "core/settings_format.h"
 
-#include <QFileDevice>
 #include <QStringDecoder>
 
 namespace nubivane {
@@ -37,8 +36,11 @@ bool unescape(const QByteArray& bytes, QString& text) {
     return !decoder.hasError();
 }
 
-bool readSettings(QIODevice& device, QSettings::SettingsMap& map) {
-    const QList<QByteArray> lines = device.readAll().split('\n');
+}  // namespace
+
+std::optional<SettingsMap> parseSettings(const QByteArray& text) {
+    SettingsMap entries;
+    const QList<QByteArray> lines = text.split('\n');
     for (QByteArray line : lines) {
         if (line.endsWith('\r')) {
             line.chop(1);
@@ -51,30 +53,20 @@ bool readSettings(QIODevice& device, QSettings::SettingsMap& map) {
         QString value;
         if (middle <= 0 || !unescape(line.left(middle), key) ||
             !unescape(line.mid(middle + 1), value)) {
-            return false;
+            return std::nullopt;
         }
-        map.insert(key, value);
+        entries.insert(key, value);
     }
-    return true;
+    return entries;
 }
 
-bool writeSettings(QIODevice& device, const QSettings::SettingsMap& map) {
+QByteArray settingsText(const SettingsMap& entries) {
     QByteArray text = Header;
     text += '\n';
-    for (auto entry = map.cbegin(); entry != map.cend(); ++entry) {
-        text += escaped(entry.key(), true) + '=' + escaped(entry.value().toString(), false) + '\n';
+    for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry) {
+        text += escaped(entry.key(), true) + '=' + escaped(entry.value(), false) + '\n';
     }
-    // Without the flush a full disk would go unnoticed until the file is in place.
-    auto* file = qobject_cast<QFileDevice*>(&device);
-    return device.write(text) == text.size() && (!file || file->flush());
-}
-
-}  // namespace
-
-QSettings::Format settingsFormat() {
-    static const QSettings::Format format =
-        QSettings::registerFormat("nubivane", readSettings, writeSettings);
-    return format;
+    return text;
 }
 
 }  // namespace nubivane

@@ -1,12 +1,21 @@
 #pragma once
 
-#include <QSettings>
+#include <QByteArray>
+#include <QMap>
+#include <QString>
+
+#include <optional>
 
 namespace nubivane {
 
+/// The entries of a settings file by name.
+using SettingsMap = QMap<QString, QString>;
+
 /// The form of the settings file: UTF-8 text, one "key=value" a line, with "%XX" for what would
-/// break a line or a key. A form of our own, because the reader must notice every damage and the
-/// writer a full disk, which QSettings' own formats do not.
-QSettings::Format settingsFormat();
+/// break a line or a key.
+QByteArray settingsText(const SettingsMap& entries);
+
+/// The entries of such a text; nothing when it holds what `settingsText` never writes.
+std::optional<SettingsMap> parseSettings(const QByteArray& text);
 
 }  // namespace nubivane

@@ -1,15 +1,19 @@
 #include "core/settings_store.h"
 
+#include "core/folder_lock.h"
 #include "core/path_text.h"
 #include "core/settings_format.h"
 
+#include <QDateTime>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSettings>
+#include <QSaveFile>
 #include <QStandardPaths>
 
+#include <sys/stat.h>
+
 #include <limits>
-#include <utility>
 
 namespace nubivane {
 
@@ -18,26 +22,19 @@ namespace {
 /// A settings file holds some dozens of short texts; a larger one is not ours.
 constexpr qint64 MaxFileBytes = qint64{16} * 1024 * 1024;
 
-/// The name of an entry in the file. Folding the case here makes the store case-insensitive;
-/// "/" is QSettings' own separator, so one inside a part is written in another way.
+/// Time stamps of files are no finer than this: two writes that are closer may look the same.
+constexpr qint64 StampNanoseconds = qint64{2} * 1000 * 1000 * 1000;
+
+/// The name of an entry in the file. Folding the case here makes the store case-insensitive; the
+/// parts are joined by "/", so one inside a part is written in another way.
 QString entryName(const QString& section, const QString& group, const QString& key) {
     const auto part = [](QString text) {
-        // An empty part would vanish and the name mean a whole group.
         return text.isEmpty() ? QStringLiteral("%00")
                               : text.replace(u'%', QLatin1String("%25"))
                                     .replace(u'/', QLatin1String("%2F"))
                                     .toLower();
     };
     return part(section) + u'/' + part(group) + u'/' + part(key);
-}
-
-/// True when there is nothing in the file's place that would have to be set aside.
-bool isSound(const QString& hostFile) {
-    const QFileInfo info(hostFile);
-    if (info.size() > MaxFileBytes) {
-        return false;
-    }
-    return QSettings(hostFile, settingsFormat()).status() != QSettings::FormatError;
 }
 
 /// Renames a damaged file, so that nothing of it is lost. Returns its new name.
@@ -53,28 +50,64 @@ QString moveAside(const QString& hostFile) {
 }  // namespace
 
 SettingsStore::SettingsStore(const QString& hostFile) : hostFile_(hostFile) {
-    const QFileInfo info(hostFile);
-    if (info.exists()) {
-        // A folder, a pipe or a device given by mistake is not ours to move, nor to open.
-        if (!info.isFile()) {
-            return;
-        }
-        if (!isSound(hostFile)) {
-            setAside_ = moveAside(hostFile);
-            if (setAside_.isEmpty()) {
-                return;
-            }
-        }
+    if (read() == Reading::Damaged) {
+        // A second program that finds the same damage must not move away what the first one wrote.
+        const FolderLock lock(QFileInfo(hostFile).absolutePath());
+        prepare();
     }
-    reopen();
 }
 
-void SettingsStore::reopen() {
-    file_ = std::make_unique<QSettings>(hostFile_, settingsFormat());
-    file_->setFallbacksEnabled(false);
+SettingsStore::FileState SettingsStore::stateOfFile() const {
+    struct stat status {};
+    if (::stat(QFile::encodeName(hostFile_).constData(), &status) != 0) {
+        return {};
+    }
+    return {status.st_ino, status.st_size,
+            qint64{status.st_mtim.tv_sec} * 1000000000 + status.st_mtim.tv_nsec};
 }
 
-SettingsStore::~SettingsStore() = default;
+/// Reads the file if another program may have written it.
+void SettingsStore::refresh() const {
+    if (!settled_ || !(stateOfFile() == seen_)) {
+        read();
+    }
+}
+
+SettingsStore::Reading SettingsStore::read() const {
+    seen_ = stateOfFile();
+    settled_ = QDateTime::currentMSecsSinceEpoch() * 1000000 - seen_.modified > StampNanoseconds;
+    const QFileInfo info(hostFile_);
+    if (!info.exists()) {
+        entries_.clear();
+        return Reading::Done;
+    }
+    // A folder, a pipe or a device given by mistake is not ours to move, nor to open.
+    if (!info.isFile()) {
+        return Reading::NotPossible;
+    }
+    if (info.size() > MaxFileBytes) {
+        return Reading::Damaged;
+    }
+    QFile file(hostFile_);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return Reading::NotPossible;
+    }
+    const std::optional<SettingsMap> entries = parseSettings(file.read(MaxFileBytes));
+    if (!entries || file.error() != QFileDevice::NoError) {
+        return Reading::Damaged;
+    }
+    entries_ = *entries;
+    return Reading::Done;
+}
+
+bool SettingsStore::prepare() {
+    const Reading reading = read();
+    if (reading != Reading::Damaged) {
+        return reading == Reading::Done;
+    }
+    setAside_ = moveAside(hostFile_);
+    return !setAside_.isEmpty();
+}
 
 QString SettingsStore::standardFile() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
@@ -83,48 +116,40 @@ QString SettingsStore::standardFile() {
 
 QString SettingsStore::GetSetting(const QString& section, const QString& group, const QString& key,
                                   const QString& defaultValue) const {
-    if (!file_) {
-        return defaultValue;
-    }
-    file_->sync();  // cheap while the file is unchanged: one look at its time stamp
-    return file_->value(entryName(section, group, key), defaultValue).toString();
+    refresh();
+    return entries_.value(entryName(section, group, key), defaultValue);
 }
 
 bool SettingsStore::SaveSetting(const QString& section, const QString& group, const QString& key,
                                 const QString& value) {
-    if (prepareWrite()) {
-        file_->setValue(entryName(section, group, key), value);
-    }
-    return flush();
+    return change(
+        [&](SettingsMap& entries) { entries.insert(entryName(section, group, key), value); });
 }
 
 bool SettingsStore::DeleteSetting(const QString& section, const QString& group,
                                   const QString& key) {
-    if (prepareWrite()) {
-        file_->remove(entryName(section, group, key));
-    }
-    return flush();
+    return change([&](SettingsMap& entries) { entries.remove(entryName(section, group, key)); });
 }
 
-/// QSettings keeps its first error for good, so after a failure the next write gets a fresh one.
-bool SettingsStore::prepareWrite() {
-    if (std::exchange(failed_, false)) {
-        file_.reset();
-        reopen();
-    }
-    return file_ != nullptr;
-}
-
-bool SettingsStore::flush() {
-    if (!file_) {
+bool SettingsStore::change(const std::function<void(SettingsMap&)>& edit) {
+    const QString folder = QFileInfo(hostFile_).absolutePath();
+    QDir().mkpath(folder);
+    const FolderLock lock(folder);
+    if (!prepare()) {
         return false;
     }
-    file_->sync();
-    const bool written = file_->status() == QSettings::NoError;
-    if (!written) {
-        failed_ = true;
+    SettingsMap entries = entries_;
+    edit(entries);
+    QSaveFile file(hostFile_);
+    const QByteArray text = settingsText(entries);
+    // Without the flush a full disk would go unnoticed.
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.flush() ||
+        !file.commit()) {
+        return false;
     }
-    return written;
+    entries_ = entries;
+    settled_ = false;
+    return true;
 }
 
 QString SettingsStore::text(Setting setting) const {
@@ -165,19 +190,19 @@ QStringList SettingsStore::list(SettingList list) const {
 
 bool SettingsStore::setList(SettingList list, const QStringList& values) {
     const SettingListRow& row = rowOf(list);
-    if (!prepareWrite()) {
-        return false;
-    }
     const QString section = QLatin1String(row.section);
     const QString group = QLatin1String(row.group);
-    const qsizetype oldCount = this->list(list).size();
-    for (qsizetype n = 1; n <= oldCount; ++n) {
-        file_->remove(entryName(section, group, QString::number(n)));
-    }
-    for (qsizetype n = 1; n <= values.size(); ++n) {
-        file_->setValue(entryName(section, group, QString::number(n)), values[n - 1]);
-    }
-    return flush();
+    return change([&](SettingsMap& entries) {
+        const auto name = [&](qsizetype n) {
+            return entryName(section, group, QString::number(n));
+        };
+        for (qsizetype n = 1; !trimBlanks(entries.value(name(n))).isEmpty(); ++n) {
+            entries.remove(name(n));
+        }
+        for (qsizetype n = 1; n <= values.size(); ++n) {
+            entries.insert(name(n), values[n - 1]);
+        }
+    });
 }
 
 }  // namespace nubivane

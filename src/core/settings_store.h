@@ -1,14 +1,13 @@
 #pragma once
 
+#include "core/settings_format.h"
 #include "core/settings_table.h"
 
 #include <QString>
 #include <QStringList>
 
-#include <memory>
+#include <functional>
 #include <optional>
-
-class QSettings;
 
 namespace nubivane {
 
@@ -24,7 +23,6 @@ class SettingsStore {
   public:
     /// Opens the store in `hostFile`; the file need not exist.
     explicit SettingsStore(const QString& hostFile);
-    ~SettingsStore();
 
     /// The file of the current user.
     static QString standardFile();
@@ -53,14 +51,27 @@ class SettingsStore {
     const QString& setAside() const { return setAside_; }
 
   private:
-    void reopen();
-    bool prepareWrite();
-    bool flush();
+    /// What tells one state of the file from another.
+    struct FileState {
+        quint64 inode = 0;
+        qint64 size = -1;
+        qint64 modified = 0;  ///< nanoseconds
+        bool operator==(const FileState&) const = default;
+    };
+    enum class Reading { Done, Damaged, NotPossible };
+
+    FileState stateOfFile() const;
+    void refresh() const;
+    Reading read() const;
+    /// Reads the file, setting it aside when it is damaged. False when nothing may be written.
+    bool prepare();
+    bool change(const std::function<void(SettingsMap&)>& edit);
 
     QString hostFile_;
-    std::unique_ptr<QSettings> file_;  ///< nothing when there is no file that could be used
     QString setAside_;
-    bool failed_ = false;  ///< the last write did not succeed
+    mutable SettingsMap entries_;
+    mutable FileState seen_;
+    mutable bool settled_ = false;  ///< a later state of the file cannot look like the one seen
 };
 
 }  // namespace nubivane

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace nubivane {
 
 enum class Icon { None, Critical, Question, Exclamation, Information };
@@ -38,6 +40,10 @@ class Shell {
     virtual QString openFileName(const FileRequest& request) = 0;
     virtual QString saveFileName(const FileRequest& request) = 0;
 
+    /// The colour chosen, red in the low byte, by a dialog that starts with `initial` (-1: with
+    /// none in particular); nothing after Cancel.
+    virtual std::optional<qint32> chooseColor(qint32 initial) = 0;
+
     /// The progress bar of the main window, 0 to 100, shown by the first call.
     virtual void setProgress(int percent) = 0;
     virtual void hideProgress() = 0;
@@ -45,9 +51,15 @@ class Shell {
     virtual void setPointer(Pointer pointer) = 0;
     /// Lets pending events run.
     virtual void processEvents() = 0;
+    /// Waits, letting events run.
+    virtual void wait(int milliseconds) = 0;
 
     /// Asks the system to open a file (host path) with the program meant for it.
     virtual void openInBrowser(const QString& hostFile) = 0;
+    /// The same for an address of the web.
+    virtual void openAddress(const QString& url) = 0;
+    /// Whether the machine has any network beyond itself.
+    virtual bool networkPresent() = 0;
 };
 
 /// Shows the progress bar while it lives.

@@ -2,6 +2,7 @@
 #include "support/fixtures.h"
 #include "support/processes.h"
 
+#include <QFileInfo>
 #include <QProcess>
 
 #include <sys/wait.h>
@@ -58,6 +59,31 @@ TEST_F(SettingsProcesses, ProgramsThatWriteAtOnceLoseNothing) {
         EXPECT_EQ(store.GetSetting(S, "Group", "key " + QString::number(i)),
                   "value " + QString::number(i));
     }
+}
+
+TEST_F(SettingsProcesses, ProgramsThatFindTheSameDamageLoseNothing) {
+    {
+        QFile damaged(file);
+        ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
+        damaged.write("no settings at all");
+    }
+    constexpr int Programs = 8;
+    std::vector<std::unique_ptr<QProcess>> running;
+    for (int i = 0; i < Programs; ++i) {
+        running.push_back(std::make_unique<QProcess>());
+        running.back()->start(testing::cliProgram(), {"--settings", file, "settings", "set", S,
+                                                      "Group", QString::number(i), "kept"});
+    }
+    for (const auto& process : running) {
+        ASSERT_TRUE(process->waitForFinished(60000));
+        EXPECT_EQ(process->exitCode(), 0) << process->readAllStandardError().toStdString();
+    }
+    const SettingsStore store(file);
+    for (int i = 0; i < Programs; ++i) {
+        EXPECT_EQ(store.GetSetting(S, "Group", QString::number(i)), "kept") << i;
+    }
+    EXPECT_TRUE(QFileInfo::exists(file + ".damaged-1"));
+    EXPECT_FALSE(QFileInfo::exists(file + ".damaged-2"));
 }
 
 TEST_F(SettingsProcesses, LongRunningProgramsThatWriteAtOnceLoseNothing) {

@@ -8,6 +8,9 @@ ScriptedShell::~ScriptedShell() {
     for (const Expected& left : messages_) {
         ADD_FAILURE() << "a message did not come: " << left.message.text.toStdString();
     }
+    if (!colors_.empty()) {
+        ADD_FAILURE() << "a colour dialog did not come";
+    }
     for (const auto* dialogs : {&saveDialogs_, &openDialogs_}) {
         for (const ExpectedDialog& left : *dialogs) {
             ADD_FAILURE() << "a file dialog did not come: " << left.title.toStdString();
@@ -25,6 +28,10 @@ void ScriptedShell::expectSaveDialog(const QString& title, const QString& chosen
 
 void ScriptedShell::expectOpenDialog(const QString& title, const QString& chosen) {
     openDialogs_.push_back({title, chosen});
+}
+
+void ScriptedShell::expectColorDialog(qint32 initial, std::optional<qint32> chosen) {
+    colors_.push_back({initial, chosen});
 }
 
 Answer ScriptedShell::messageBox(const Message& message) {
@@ -60,6 +67,17 @@ QString ScriptedShell::answerDialog(std::deque<ExpectedDialog>& expected,
     expected.pop_front();
     EXPECT_EQ(request.title.toStdString(), dialog.title.toStdString());
     return dialog.chosen;
+}
+
+std::optional<qint32> ScriptedShell::chooseColor(qint32 initial) {
+    if (colors_.empty()) {
+        ADD_FAILURE() << "unexpected colour dialog";
+        return std::nullopt;
+    }
+    const ExpectedColor expected = colors_.front();
+    colors_.pop_front();
+    EXPECT_EQ(initial, expected.initial);
+    return expected.chosen;
 }
 
 void ScriptedShell::setProgress(int percent) {

@@ -20,20 +20,30 @@ class ScriptedShell : public Shell {
     void expectSaveDialog(const QString& title, const QString& chosen);
     void expectOpenDialog(const QString& title, const QString& chosen);
 
+    /// `chosen` is what the dialog returns; nothing is Cancel.
+    void expectColorDialog(qint32 initial, std::optional<qint32> chosen);
+
     Answer messageBox(const Message& message) override;
     QString openFileName(const FileRequest& request) override;
     QString saveFileName(const FileRequest& request) override;
+    std::optional<qint32> chooseColor(qint32 initial) override;
     void setProgress(int percent) override;
     void hideProgress() override { progressVisible = false; }
     void setPointer(Pointer shape) override { pointer = shape; }
     void processEvents() override { ++eventRounds; }
+    void wait(int milliseconds) override { waits << milliseconds; }
     void openInBrowser(const QString& hostFile) override { opened << hostFile; }
+    void openAddress(const QString& url) override { openedAddresses << url; }
+    bool networkPresent() override { return network; }
 
     Pointer pointer = Pointer::Default;
     bool progressVisible = false;
     QList<int> progress;  ///< every value shown
     int eventRounds = 0;
+    QList<int> waits;  ///< milliseconds, as asked; none of them is waited
+    bool network = true;
     QStringList opened;  ///< files given to the browser
+    QStringList openedAddresses;
     QStringList causes;  ///< causes of the messages shown
     FileRequest lastFileRequest;
 
@@ -48,7 +58,13 @@ class ScriptedShell : public Shell {
     };
     QString answerDialog(std::deque<ExpectedDialog>& expected, const FileRequest& request);
 
+    struct ExpectedColor {
+        qint32 initial;
+        std::optional<qint32> chosen;
+    };
+
     std::deque<Expected> messages_;
+    std::deque<ExpectedColor> colors_;
     std::deque<ExpectedDialog> saveDialogs_;
     std::deque<ExpectedDialog> openDialogs_;
 };
