@@ -122,20 +122,23 @@ def bench_page(bench):
     reencode = 'cd "$0" && ls *.jpg | xargs -P2 -I{} sh -c "djpeg {} | cjpeg -quality 92 > {}.new"'
     results = compare(bench.repeat, {
         "page": bench.cli("page", project),
-        "pictures": [os.path.join(bench.build, "bench", "bench_pictures"), project],
+        "pictures": [os.path.join(bench.build, "bench", "bench_pictures"), project,
+                     bench.path("program")],
         "mogrify": ["sh", "-c", 'mogrify -quality 92 "$0"/*.jpg', copies],
         "djpeg": ["sh", "-c", reencode, copies],
     }, before=clean, listen=["pictures"])
     ours = results["page"]
     alone = [json.loads(output) for output in results["pictures"].outputs]
-    pictures_only = [run["read"] + run["encode"] for run in alone]
-    middle, best = statistics.median(pictures_only), min(pictures_only)
     bench.row("nubivane-cli page, every picture encoded anew", ours,
               "%.2f cores busy" % (ours.cpu / ours.wall))
-    print("  %-46s %8.3f %8.3f" % ("the same pictures, only read and encoded", middle, best))
-    print("  %-46s %7.1f%% %7.1f%%%26s" % ("beyond that, of the whole",
+    for name, part in [("read and encoded", "encode"),
+                       ("read, encoded and written", "encode and write")]:
+        times = [run["read"] + run[part] for run in alone]
+        middle, best = statistics.median(times), min(times)
+        print("  %-46s %8.3f %8.3f" % ("the same pictures, only " + name, middle, best))
+        print("  %-46s %7.1f%% %7.1f%%" % ("beyond that, of the whole",
                                            100 - 100 * middle / ours.wall,
-                                           100 - 100 * best / ours.best, "wanted: under 10 %"))
+                                           100 - 100 * best / ours.best))
     bench.peer("mogrify -quality 92", results["mogrify"], ours)
     bench.peer("djpeg | cjpeg -quality 92, two at a time", results["djpeg"], ours)
 

@@ -68,13 +68,17 @@ void finish(QFile& file) {
     file.close();
 }
 
-void renameOver(const QString& from, const QString& to) {
+void replace(const QString& from, const QString& to) {
     std::error_code error;
     std::filesystem::rename(QFileInfo(from).filesystemFilePath(),
                             QFileInfo(to).filesystemFilePath(), error);
     if (error) {
         fail(to, QString::fromStdString(error.message()));
     }
+}
+
+void renameOver(const QString& from, const QString& to) {
+    replace(from, to);
     flushFolderOf(to);
 }
 

@@ -17,7 +17,10 @@ void append(QFile& file, const QByteArray& bytes);
 /// Brings what was written onto the disk and closes the file.
 void finish(QFile& file);
 
-/// Renames over an existing file in one step and brings the folder onto the disk.
+/// Renames over an existing file in one step.
+void replace(const QString& from, const QString& to);
+
+/// The same, and brings the folder onto the disk.
 void renameOver(const QString& from, const QString& to);
 
 /// Why the last operation on a file failed, in the system's words.

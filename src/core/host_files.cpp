@@ -8,9 +8,6 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
-#include <filesystem>
-#include <system_error>
-
 namespace nubivane::host_files {
 
 namespace {
@@ -158,13 +155,7 @@ void writeHostFile(const QString& hostPath, const QByteArray& bytes) {
                  durable_file::reasonOf(file));
         }
         file.close();
-        std::error_code error;
-        std::filesystem::rename(QFileInfo(file.fileName()).filesystemFilePath(),
-                                QFileInfo(hostPath).filesystemFilePath(), error);
-        if (error) {
-            fail(error_number::FileAccess, "Cannot write the file.", hostPath,
-                 QString::fromStdString(error.message()));
-        }
+        durable_file::replace(file.fileName(), hostPath);
     } catch (const Error&) {
         file.close();
         QFile::remove(file.fileName());
@@ -185,11 +176,13 @@ void writeOver(const QString& path, const QByteArray& bytes) {
     replace(host, bytes, tail);
 }
 
-bool removeFiles(const QString& folder) {
+bool removeFiles(const QString& folder, const QSet<QString>& kept) {
     QDir dir(toHost(folder));
     bool all = true;
     for (const QString& name : dir.entryList(QDir::Files | QDir::Hidden)) {
-        all = dir.remove(name) && all;
+        if (!kept.contains(name)) {
+            all = dir.remove(name) && all;
+        }
     }
     return all;
 }

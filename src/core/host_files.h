@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -51,8 +52,8 @@ void writeHostFile(const QString& hostPath, const QByteArray& bytes);
 /// tail. Done by way of a neighbour and a rename too; nothing is written when nothing changes.
 void writeOver(const QString& path, const QByteArray& bytes);
 
-/// Removes every file of a folder. Raises nothing; false when a file has stayed.
-bool removeFiles(const QString& folder);
+/// Removes every file of a folder but those named. Raises nothing; false when another has stayed.
+bool removeFiles(const QString& folder, const QSet<QString>& kept = {});
 
 /// Creates a folder and those above it.
 void makeFolder(const QString& path);

@@ -32,8 +32,19 @@ template <class Escape>
 QByteArray encode(const QString& text, Escape escape) {
     QByteArray bytes;
     bytes.reserve(text.size() + text.size() / 16);
+    const char16_t* const units = reinterpret_cast<const char16_t*>(text.utf16());
     for (qsizetype i = 0; i < text.size();) {
-        const int byte = byteOf(text[i].unicode());
+        // Nearly all of a page is ASCII: such runs are copied by the library.
+        qsizetype end = i;
+        while (end < text.size() && units[end] < 0x80) {
+            ++end;
+        }
+        if (end > i) {
+            bytes += QStringView(text).mid(i, end - i).toLatin1();
+            i = end;
+            continue;
+        }
+        const int byte = byteOf(units[i]);
         if (byte >= 0) {
             bytes += static_cast<char>(byte);
             ++i;

@@ -8,6 +8,7 @@
 #include <QImageWriter>
 
 #include <array>
+#include <cstring>
 
 namespace nubivane {
 
@@ -51,6 +52,22 @@ QSize gifScreen(const QByteArray& bytes) {
     return {number(6), number(8)};
 }
 
+/// How often a JPEG file starts a scan. Marker bytes are rare among the data, so the search for
+/// them costs next to nothing.
+int jpegScans(const QByteArray& bytes) {
+    int scans = 0;
+    const char* const end = bytes.constData() + bytes.size();
+    for (const char* at = bytes.constData(); at + 1 < end; ++at) {
+        at =
+            static_cast<const char*>(std::memchr(at, 0xFF, static_cast<std::size_t>(end - 1 - at)));
+        if (!at) {
+            break;
+        }
+        scans += at[1] == '\xDA' ? 1 : 0;
+    }
+    return scans;
+}
+
 PictureInfo probe(QImageReader& reader, const QByteArray& bytes) {
     const QByteArray name = reader.format();
     for (const FormatRow& row : formats) {
@@ -61,7 +78,7 @@ PictureInfo probe(QImageReader& reader, const QByteArray& bytes) {
         if (row.format == PictureFormat::Png && !bytes.contains("IEND")) {
             refuse("the PNG picture is cut short");
         }
-        if (row.format == PictureFormat::Jpeg && bytes.count("\xFF\xDA") > MaxJpegScans) {
+        if (row.format == PictureFormat::Jpeg && jpegScans(bytes) > MaxJpegScans) {
             refuse("the JPEG picture has too many scans");
         }
         // A GIF must hold an image, whose size the reader tells, and a screen to show it on.

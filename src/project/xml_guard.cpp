@@ -5,6 +5,9 @@
 #include <QIODevice>
 #include <QRegularExpression>
 
+#include <array>
+#include <string_view>
+
 namespace nubivane {
 
 namespace {
@@ -53,9 +56,9 @@ class TagCounter {
     void opened(char c) {
         if (c == '!' || c == '?') {
             state_ = State::Other;
-            other_ = QByteArray(1, c);
-            tail_.clear();
-            before_.clear();
+            start_ = {c};
+            startSize_ = 1;
+            before_ = {};
         } else if (c == '/') {
             --depth_;
             state_ = State::Text;
@@ -82,31 +85,31 @@ class TagCounter {
     /// Comments, CDATA sections and instructions end by marks of their own, since they may hold
     /// any tag.
     void insideOther(char c) {
-        if (other_.size() < 5) {
-            other_ += c;
+        if (startSize_ < start_.size()) {
+            start_[startSize_++] = c;
         }
-        tail_ = (tail_ + c).right(2);
-        const bool instruction = other_.startsWith('?');
-        const bool comment = other_.startsWith("!--");
-        const bool cdata = other_.startsWith("![");
-        if (c == '[' && other_.startsWith("!D")) {
+        const std::string_view start(start_.data(), startSize_);
+        const bool instruction = start.starts_with('?');
+        const bool comment = start.starts_with("!--");
+        const bool section = start.starts_with("![");
+        if (c == '[' && start.starts_with("!D")) {
             refuse("the XML document declares its own types");
         }
-        if (c == '>' && (instruction ? before_ == "?"
-                         : comment   ? before_ == "--" && other_.size() == 5
-                         : cdata     ? before_ == "]]"
+        if (c == '>' && (instruction ? before_[1] == '?'
+                         : comment   ? before_[0] == '-' && before_[1] == '-' && startSize_ == 5
+                         : section   ? before_[0] == ']' && before_[1] == ']'
                                      : true)) {
             state_ = State::Text;
         }
-        before_ = instruction ? tail_.right(1) : tail_;
+        before_ = {before_[1], c};
     }
 
     State state_ = State::Text;
     char quote_ = 0;
     char last_ = 0;
-    QByteArray tail_;    ///< the last two bytes inside a comment, section or instruction
-    QByteArray before_;  ///< the same, before the current byte
-    QByteArray other_;
+    std::array<char, 5> start_{};  ///< the first bytes of a comment, section or instruction
+    std::size_t startSize_ = 0;
+    std::array<char, 2> before_{};  ///< the two bytes before the current one in it
     int attributes_ = 0;
     int depth_ = 0;
 };

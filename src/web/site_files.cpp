@@ -10,8 +10,12 @@
 #include "model/workspace.h"
 #include "picture/jpeg_tables.h"
 
+#include <QFile>
 #include <QHash>
+#include <QSet>
 
+#include <functional>
+#include <future>
 #include <vector>
 
 namespace nubivane {
@@ -48,34 +52,77 @@ std::vector<SharedPicture> groupByPicture(const FramePanels& panels) {
     return groups;
 }
 
-/// Writes "Web\<Filename><i>.jpg" for each Frame: the map with what is drawn on it. Raises `Error`.
-QStringList writeMapImages(Editor editor) {
-    Workspace& workspace = editor.workspace;
-    host_files::removeFiles(workspace.folder.web());
-    const QString filename = readPageFilename(workspace.settings);
-    workspace.fillPanels();
-    workspace.storeCurrentFrame();
+/// The pictures of a page: "Web\<Filename><i>.jpg" for each Frame.
+class MapImages {
+  public:
+    explicit MapImages(const Workspace& workspace)
+        : folder_(workspace.folder.web()),
+          filename_(readPageFilename(workspace.settings)),
+          groups_(groupByPicture(workspace.pctPanel)),
+          count_(workspace.pctPanel.Count()),
+          written_(static_cast<std::size_t>(count_) + 1) {}
 
-    host_files::makeFolder(workspace.folder.web());
-    const QString start = host_files::toHost(workspace.folder.web()) + u'/' + filename;
-    const auto target = [&start](qint32 frame) { return start + QString::number(frame) + ".jpg"; };
-    const std::vector<SharedPicture> groups = groupByPicture(workspace.pctPanel);
-    parallelFor(
-        groups.size(),
-        [&](std::size_t i) {
-            const QByteArray jpeg = pageJpeg(groups[i].picture);
-            for (const qint32 frame : groups[i].frames) {
-                host_files::writeHostFile(target(frame), jpeg);
-            }
-        },
-        [&](std::size_t) { editor.shell.processEvents(); });
-
-    QStringList files;
-    for (qint32 i = 1; i <= workspace.pctPanel.Count(); ++i) {
-        files += target(i);
+    QStringList names() const {
+        QStringList all;
+        for (qint32 i = 1; i <= count_; ++i) {
+            all += name(i);
+        }
+        return all;
     }
-    return files;
-}
+    QString hostPath(const QString& name) const {
+        return host_files::toHost(folder_) + u'/' + name;
+    }
+
+    /// Writes them while `waiting` runs on the calling thread now and then. Raises `Error`.
+    void write(const std::function<void()>& waiting) {
+        const QStringList all = names();
+        // An older page's picture of the same name is not removed first but replaced by its
+        // successor, on a thread that would else wait for the disk.
+        host_files::removeFiles(folder_, QSet<QString>(all.cbegin(), all.cend()));
+        host_files::makeFolder(folder_);
+        try {
+            parallelFor(
+                groups_.size(), [this](std::size_t i) { write(groups_[i]); },
+                [&waiting](std::size_t) { waiting(); });
+        } catch (const Error&) {
+            removeUnwritten();
+            throw;
+        }
+    }
+
+  private:
+    QString name(qint32 frame) const { return filename_ + QString::number(frame) + ".jpg"; }
+
+    void write(const SharedPicture& group) {
+        const QByteArray jpeg = pageJpeg(group.picture);
+        for (const qint32 frame : group.frames) {
+            host_files::writeHostFile(hostPath(name(frame)), jpeg);
+            written_[static_cast<std::size_t>(frame)] = 1;
+        }
+    }
+
+    /// After a failure only what this page has written may be there.
+    void removeUnwritten() const {
+        for (qint32 i = 1; i <= count_; ++i) {
+            if (!written_[static_cast<std::size_t>(i)]) {
+                QFile::remove(hostPath(name(i)));
+            }
+        }
+    }
+
+    QString folder_;
+    QString filename_;
+    std::vector<SharedPicture> groups_;
+    qint32 count_;
+    std::vector<char> written_;  ///< by Frame; a byte each, since threads set them side by side
+};
+
+/// What a page consists of beside its pictures, ready to be written.
+struct PageTexts {
+    QString start;  ///< path without extension
+    QByteArray page;
+    QByteArray script;
+};
 
 PageType typeOfSetting(const SettingsStore& settings) {
     switch (settings.number(Setting::PageType).value_or(1)) {
@@ -88,8 +135,8 @@ PageType typeOfSetting(const SettingsStore& settings) {
     }
 }
 
-/// Writes page and script. Raises `Error`.
-QStringList writePage(const Workspace& workspace, PageType type) {
+/// Raises `Error`.
+PageTexts makePage(const Workspace& workspace, PageType type) {
     const PageInput input{
         .frames = workspace.Frames(),
         .colors = workspace.colorTable,
@@ -98,21 +145,51 @@ QStringList writePage(const Workspace& workspace, PageType type) {
         .settings = PageSettings::read(workspace.settings),
     };
     const auto writer = PageWriter::ofType(type, input);
-    const QByteArray page = toWindows1252Html(writer->page());
-    const QByteArray script = toWindows1252Script(writer->script());
-    const QString start = workspace.folder.entry(input.settings.filename);
-    host_files::write(start + ".htm", page);
-    host_files::write(start + ".js", script);
-    return {host_files::toHost(start + ".htm"), host_files::toHost(start + ".js")};
+    return {workspace.folder.entry(input.settings.filename), toWindows1252Html(writer->page()),
+            toWindows1252Script(writer->script())};
+}
+
+/// Writes the map with what is drawn on it for each Frame. Raises `Error`.
+QStringList writeMapImages(Editor editor, const std::function<void()>& meanwhile) {
+    Workspace& workspace = editor.workspace;
+    try {
+        workspace.fillPanels();
+        workspace.storeCurrentFrame();
+    } catch (const Error&) {
+        host_files::removeFiles(workspace.folder.web());  // no page's pictures are left
+        throw;
+    }
+    MapImages images(workspace);
+    images.write([&] {
+        meanwhile();
+        editor.shell.processEvents();
+    });
+    QStringList files;
+    for (const QString& name : images.names()) {
+        files += images.hostPath(name);
+    }
+    return files;
+}
+
+QStringList writePage(const PageTexts& texts) {
+    const QString start = host_files::toHost(texts.start);
+    host_files::writeHostFile(start + ".htm", texts.page);
+    host_files::writeHostFile(start + ".js", texts.script);
+    return {start + ".htm", start + ".js"};
 }
 
 }  // namespace
 
 std::optional<QStringList> createPage(Editor editor, std::optional<PageType> type) {
     const HourglassGuard hourglass(editor.shell);
+    // Made on this thread while others encode the pictures, or afterwards when there was no time.
+    // What goes wrong in it is raised where it is written.
+    std::future<PageTexts> texts = std::async(std::launch::deferred, [&] {
+        return makePage(editor.workspace, type.value_or(typeOfSetting(editor.workspace.settings)));
+    });
     QStringList files;
     try {
-        files = writeMapImages(editor);
+        files = writeMapImages(editor, [&texts] { texts.wait(); });
     } catch (const Error& error) {
         editor.shell.messageBox({"An error occurred while creating the page.", Icon::Critical,
                                  Buttons::Ok, QString::fromUtf8(error.what())});
@@ -120,8 +197,7 @@ std::optional<QStringList> createPage(Editor editor, std::optional<PageType> typ
     }
     try {
         editor.shell.processEvents();
-        const QStringList pageFiles =
-            writePage(editor.workspace, type.value_or(typeOfSetting(editor.workspace.settings)));
+        const QStringList pageFiles = writePage(texts.get());
         files += pageFiles;
         editor.shell.processEvents();
         editor.view.selectFirstFrame();
