@@ -77,6 +77,31 @@ TEST_F(PageFailures, AFailureWithTheImagesLeavesTheOldPage) {
     EXPECT_EQ(readFile(host("Forecast.htm")), oldPage);
 }
 
+TEST_F(PageFailures, AnOlderPagesImagesDoNotSurviveAFailure) {
+    ASSERT_TRUE(createPage(editor()));
+    ASSERT_EQ(webFiles().size(), 2);
+    shell.opened.clear();
+    view.calls.clear();
+    writeFile(host("Maps/blue.jpg"), "no picture");
+    workspace.clearTempPicture();
+    expectFailure(ImagesFailed);
+    EXPECT_EQ(webFiles(), QStringList());
+}
+
+TEST_F(PageFailures, OnlyImagesOfThisPageRemainAfterAFailureInTheMidst) {
+    useFrames(3);
+    ASSERT_TRUE(createPage(editor()));
+    shell.opened.clear();
+    view.calls.clear();
+    useMap("cut.png", {60, 40});
+    QByteArray png = readFile(host("Maps/cut.png"));
+    const qsizetype data = png.indexOf("IDAT") + 8;
+    png[data] = static_cast<char>(png[data] ^ 0x55);
+    workspace.pctPanel.setPicture(2, Picture::fromEncoded(png));
+    expectFailure(ImagesFailed);
+    EXPECT_FALSE(webFiles().contains("Forecast2.jpg"));
+}
+
 TEST_F(PageFailures, AHostileFileNameWritesNothing) {
     const QStringList before = filesUnder(temporary.path());
     for (const char* name : {"", ".", "..", "a/b", "a\\b", "..\\a", "../a", "/tmp/a", "c:a"}) {
