@@ -18,6 +18,9 @@ namespace nubivane {
 
 namespace {
 
+/// Wide enough for names, sizes and dates side by side.
+constexpr QSize FileDialogSize(780, 480);
+
 QMessageBox::Icon iconOf(Icon icon) {
     switch (icon) {
         case Icon::Critical:
@@ -60,14 +63,22 @@ Answer answerOf(int button) {
 }
 
 /// "Caption (*.x)|*.x|" becomes "Caption (*.x)" with the pattern in the last brackets.
-QString qtFilter(const QString& filter) {
+QStringList qtFilters(const QString& filter) {
     const QStringList parts = filter.split(u'|', Qt::SkipEmptyParts);
     QStringList filters;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         const QString caption = parts[i].section(u'(', 0, 0).trimmed();
         filters << caption + " (" + QString(parts[i + 1]).replace(u';', u' ').trimmed() + ')';
     }
-    return filters.join(";;");
+    return filters;
+}
+
+QString askForFile(QFileDialog& dialog, const FileRequest& request) {
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setNameFilters(qtFilters(request.filter));
+    dialog.resize(FileDialogSize);
+    return dialog.exec() == QDialog::Accepted ? host_files::toModel(dialog.selectedFiles().value(0))
+                                              : QString();
 }
 
 }  // namespace
@@ -99,17 +110,16 @@ Answer DesktopShell::messageBox(const Message& message) {
 }
 
 QString DesktopShell::openFileName(const FileRequest& request) {
-    return host_files::toModel(QFileDialog::getOpenFileName(
-        dialogParent(), request.title, host_files::toHost(request.folder), qtFilter(request.filter),
-        nullptr, QFileDialog::HideNameFilterDetails));
+    QFileDialog dialog(dialogParent(), request.title, host_files::toHost(request.folder));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return askForFile(dialog, request);
 }
 
 QString DesktopShell::saveFileName(const FileRequest& request) {
-    QFileDialog::Options options = QFileDialog::HideNameFilterDetails;
-    options.setFlag(QFileDialog::DontConfirmOverwrite, !request.confirmOverwrite);
-    return host_files::toModel(QFileDialog::getSaveFileName(
-        dialogParent(), request.title, host_files::toHost(request.folder), qtFilter(request.filter),
-        nullptr, options));
+    QFileDialog dialog(dialogParent(), request.title, host_files::toHost(request.folder));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.confirmOverwrite);
+    return askForFile(dialog, request);
 }
 
 std::optional<qint32> DesktopShell::chooseColor(qint32 initial) {

@@ -39,7 +39,8 @@ frmMap::frmMap(Workspace& workspace, Shell& shell)
       recentFiles_((buildMenuBar(*menuBar(), commands_), *menuBar()->findChild<QMenu*>("mnuFile")),
                    workspace.settings),
       frameCommands_(workspace, shell, canvas_, *viewport_, *tabs_, commands_),
-      projectCommands_({workspace, shell, *this}, commands_) {
+      projectCommands_({workspace, shell, *this}, commands_),
+      inputBlock_(*this) {
     setObjectName("frmMap");
     setWindowIcon(programIcon("nubivane"));
     setAcceptDrops(true);
@@ -203,24 +204,13 @@ void frmMap::unloadFrameSprites() {
     canvas_.sprites().unloadAllSprites();
 }
 
-void frmMap::rebuildPalette() {
-    palette_->loadSymbolsCollections();
+void frmMap::rebuildPalette(const QStringList& folders) {
+    palette_->loadTabs(folders);
 }
 
 void frmMap::rebuildFrameTabs() {
     tabs_->setTabDay(false);
     frameCommands_.refresh();
-}
-
-/// A disabled window loses the place of the keyboard; it must be where it was afterwards.
-void frmMap::setEnabled(bool enabled) {
-    if (!enabled && isEnabled()) {
-        focused_ = focusWidget();
-    }
-    QMainWindow::setEnabled(enabled);
-    if (enabled && focused_) {
-        focused_->setFocus(Qt::OtherFocusReason);
-    }
 }
 
 void frmMap::showMap() {

@@ -4,6 +4,7 @@
 #include "editor/frame_canvas.h"
 #include "editor/frame_commands.h"
 #include "editor/frame_tabs.h"
+#include "editor/input_block.h"
 #include "editor/map_viewport.h"
 #include "editor/palette.h"
 #include "editor/project_commands.h"
@@ -13,7 +14,6 @@
 #include "picture/animation_cache.h"
 
 #include <QMainWindow>
-#include <QPointer>
 #include <QProgressBar>
 
 #include <optional>
@@ -47,14 +47,15 @@ class frmMap : public QMainWindow, public EditorView {
     FrameCommands& frameCommands() { return frameCommands_; }
     ProjectCommands& projectCommands() { return projectCommands_; }
     bool locked() const;
+    bool acceptsInput() const { return !inputBlock_.isActive(); }
 
     // EditorView.
-    void setEnabled(bool enabled) override;
+    void setEnabled(bool enabled) override { inputBlock_.setActive(!enabled); }
     void setCaption(const QString& text) override { setWindowTitle(text); }
     void clearSelection() override { canvas_.selection().clearSelection(); }
     void unloadFrameSprites() override;
     void resetDrawing() override { canvas_.resetDrawing(); }
-    void rebuildPalette() override;
+    void rebuildPalette(const QStringList& folders) override;
     void rebuildFrameTabs() override;
     void showPicture() override { canvas_.widget().showPicture(); }
     void showMap() override;
@@ -97,7 +98,7 @@ class frmMap : public QMainWindow, public EditorView {
     RecentFilesMenu recentFiles_;
     FrameCommands frameCommands_;
     ProjectCommands projectCommands_;
-    QPointer<QWidget> focused_;  ///< where the keyboard was before input was forbidden
+    InputBlock inputBlock_;
     QRect normalGeometry_;
     bool initialized_ = false;
 };

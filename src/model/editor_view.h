@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace nubivane {
 
@@ -20,8 +21,8 @@ class EditorView {
     /// Drops what the drawing tools hold of an unfinished drawing.
     virtual void resetDrawing() {}
 
-    /// Empties the palette, adds a tab for each checked collection, shows the first.
-    virtual void rebuildPalette() {}
+    /// Empties the palette, adds a tab for each of these collections' folders, shows the first.
+    virtual void rebuildPalette(const QStringList&) {}
     /// Rebuilds the Frame tabs from the captions in the model.
     virtual void rebuildFrameTabs() {}
     /// Shows the picture of `pctMap` anew where it stands.

@@ -39,13 +39,17 @@ ProjectDocument readDocument(Editor editor, const QString& name) {
     return readProjectDocument(file, editor.workspace.folder);
 }
 
-/// Marks the collections that the project names; one unknown on this machine is passed over.
-void checkCollections(cSymbolsCollections& collections, const QStringList& names) {
+/// Marks the collections that the project names and returns their folders in its order; one unknown
+/// on this machine is passed over.
+QStringList checkCollections(cSymbolsCollections& collections, const QStringList& names) {
+    QStringList folders;
     for (const QString& name : names) {
-        if (collections.contains(name)) {
+        if (collections.contains(name) && !collections.Item(name).Checked) {
             collections.Item(name).Checked = true;
+            folders += collections.Item(name).Path;
         }
     }
+    return folders;
 }
 
 DataBlocks readPictures(Editor editor, const QString& name, const ProjectDocument& document) {
@@ -71,8 +75,8 @@ bool replaceProject(Editor editor, const QString& name) {
     editor.view.unloadFrameSprites();
     workspace.Project = std::move(document.model);
     reloadCollections(workspace.Status.SymbolsCollection(), workspace.folder);
-    checkCollections(workspace.Status.SymbolsCollection(), document.collections);
-    editor.view.rebuildPalette();
+    editor.view.rebuildPalette(
+        checkCollections(workspace.Status.SymbolsCollection(), document.collections));
     if (document.damage) {
         throw *document.damage;
     }

@@ -1,8 +1,11 @@
 #include "app/desktop_shell.h"
 
+#include "core/host_files.h"
 #include "support/fixtures.h"
 
 #include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
@@ -102,6 +105,41 @@ TEST_F(DesktopShellBox, TheDefaultPointerEndsEveryHourglass) {
     EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::BusyCursor);
     shell.setPointer(Pointer::Default);
     EXPECT_FALSE(QApplication::overrideCursor());
+}
+
+TEST_F(DesktopShellBox, AFileIsChosenFromTheFolderAskedFor) {
+    const TemporaryFolder folder;
+    writeFile(folder.file("week.nvpf"), "x");
+    writeFile(folder.file("week.txt"), "x");
+    QObject context;
+    QTimer::singleShot(0, &context, [] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        EXPECT_EQ(dialog->windowTitle(), "Open project");
+        EXPECT_EQ(dialog->nameFilters(), QStringList("Nubivane files (*.nvpf)"));
+        dialog->findChild<QLineEdit*>("fileNameEdit")->setText("week.nvpf");
+        dialog->accept();
+    });
+    FileRequest request;
+    request.title = "Open project";
+    request.folder = host_files::toModel(folder.path());
+    request.filter = "Nubivane files (*.nvpf)|*.nvpf|";
+    EXPECT_EQ(shell.openFileName(request), host_files::toModel(folder.file("week.nvpf")));
+}
+
+TEST_F(DesktopShellBox, AFileDialogThatIsLeftGivesNoName) {
+    for (const bool saving : {false, true}) {
+        QObject context;
+        QTimer::singleShot(0, &context, [saving] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_TRUE(dialog);
+            EXPECT_EQ(dialog->acceptMode(),
+                      saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+            EXPECT_TRUE(dialog->testOption(QFileDialog::DontConfirmOverwrite) || !saving);
+            dialog->reject();
+        });
+        EXPECT_EQ(saving ? shell.saveFileName({}) : shell.openFileName({}), "");
+    }
 }
 
 TEST_F(DesktopShellBox, ProgressMovesTheBarOfTheWindowAndHidesIt) {

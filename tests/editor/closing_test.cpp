@@ -83,7 +83,7 @@ TEST_F(Closing, YesWithASaveThatFailsKeepsTheWindowAndTheWork) {
     shell.expectMessage("An error occurred while saving the project.", Icon::Critical);
     EXPECT_FALSE(window().close());
     EXPECT_TRUE(window().isVisible());
-    EXPECT_TRUE(window().isEnabled());
+    EXPECT_TRUE(window().acceptsInput());
     EXPECT_TRUE(workspace.ProjectChanged);
     EXPECT_EQ(frame().Sprites().Symbols().Count(), 1);
     workspace.ProjectChanged = false;

@@ -66,7 +66,7 @@ TEST_F(PageMenu, AFailureShowsItsTextAndLeavesTheWindowUsable) {
     shell.expectMessage("An error occurred while creating the page.", Icon::Critical);
     trigger("mnuCrea");
     EXPECT_TRUE(shell.opened.isEmpty());
-    EXPECT_TRUE(window().isEnabled());
+    EXPECT_TRUE(window().acceptsInput());
     EXPECT_EQ(shell.pointer, Pointer::Default);
 }
 

@@ -145,7 +145,7 @@ TEST_F(PaletteTest, RebuildingFollowsTheChecksAndShowsTheFirstTab) {
     start();
     palette().selectTab(1);
     workspace.Status.SymbolsCollection().Item("sea").Checked = false;
-    window().rebuildPalette();
+    palette().loadSymbolsCollections();
     EXPECT_EQ(tabTexts(), QStringList("set-1"));
     EXPECT_EQ(palette().currentList()->symbols().rowCount(), 3);
     EXPECT_TRUE(palette().currentList()->isVisible());
@@ -154,7 +154,7 @@ TEST_F(PaletteTest, RebuildingFollowsTheChecksAndShowsTheFirstTab) {
 TEST_F(PaletteTest, WithoutAnyCheckedCollectionThereIsNoTabAndNoList) {
     start();
     workspace.Status.SymbolsCollection().Item("set-1").Checked = false;
-    window().rebuildPalette();
+    palette().loadSymbolsCollections();
     EXPECT_EQ(palette().tabSymbols()->count(), 0);
     EXPECT_EQ(palette().currentList(), nullptr);
     trigger("mnuRefreshSymbols");

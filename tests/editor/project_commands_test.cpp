@@ -77,7 +77,7 @@ TEST_F(ProjectMenu, ANameWithoutAnExtensionFailsAndLeavesTheWindowUsable) {
     shell.expectSaveDialog("Save project", "C:\\nowhere\\week");
     shell.expectMessage("An error occurred while saving the project.", Icon::Critical);
     trigger("mnuSaveProject");
-    EXPECT_TRUE(window().isEnabled());
+    EXPECT_TRUE(window().acceptsInput());
     EXPECT_FALSE(shell.progressVisible);
     EXPECT_EQ(shell.pointer, Pointer::Default);
     EXPECT_EQ(workspace.Status.CurrentProject, "");
@@ -89,7 +89,7 @@ TEST_F(ProjectMenu, AfterASaveTheCanvasShowsTheFrameAsBefore) {
     const QImage before = canvas().grab().toImage();
     save("week.nvpf");
     EXPECT_EQ(canvas().grab().toImage(), before);
-    EXPECT_TRUE(window().isEnabled());
+    EXPECT_TRUE(window().acceptsInput());
 }
 
 TEST_F(ProjectMenu, OpenShowsTheFirstFrameWithItsSprites) {
@@ -104,7 +104,7 @@ TEST_F(ProjectMenu, OpenShowsTheFirstFrameWithItsSprites) {
     ASSERT_EQ(window().canvas().sprites().controls().size(), 1u);
     EXPECT_EQ(window().canvas().sprites().controls().front()->rect, QRect(84, 84, 32, 32));
     EXPECT_FALSE(workspace.ProjectChanged);
-    EXPECT_TRUE(window().isEnabled());
+    EXPECT_TRUE(window().acceptsInput());
     EXPECT_TRUE(window().commands()["mnuFrameRemove"]->isEnabled());
     window().tabs().select(2);
     window().frameCommands().changeFrame();
@@ -141,7 +141,7 @@ TEST_F(ProjectMenu, ADamagedProjectShowsItsTextAndKeepsTheOpenOne) {
     openFromMenu("bad.nvpf");
     EXPECT_EQ(window().windowTitle(), "week.nvpf - Nubivane");
     EXPECT_EQ(workspace.Frames().Count(), 2);
-    EXPECT_TRUE(window().isEnabled());
+    EXPECT_TRUE(window().acceptsInput());
     EXPECT_FALSE(shell.progressVisible);
 }
 

@@ -166,6 +166,16 @@ TEST_F(Opening, LosesMissingSymbolsForGoodOnceItIsSaved) {
     EXPECT_EQ(sprites().Symbols().Count(), 0);
 }
 
+TEST_F(Opening, ShowsTheCollectionsInTheOrderOfTheFileEachOnce) {
+    HandmadeProject project;
+    project.collections =
+        "<Item Name=\"set-1\" Path=\"set-1\"/><Item Name=\"none\" Path=\"none\"/>"
+        "<Item Name=\"sea\" Path=\"sea\"/><Item Name=\"set-1\" Path=\"set-1\"/>";
+    write(project);
+    open(file());
+    EXPECT_EQ(view.palette, QStringList({model("Symbols/set-1"), model("Symbols/sea")}));
+}
+
 TEST_F(Opening, PassesOverAnUnknownCollectionWhoseSymbolsExist) {
     HandmadeProject project;
     project.collections =

@@ -48,13 +48,17 @@ class RecordingView : public EditorView {
   public:
     QStringList calls;
     QString caption;
+    QStringList palette;  ///< folders of the collections last shown
 
     void setEnabled(bool enabled) override { calls << (enabled ? "enable" : "disable"); }
     void setCaption(const QString& text) override { caption = text; }
     void clearSelection() override { calls << "clearSelection"; }
     void unloadFrameSprites() override { calls << "unloadFrameSprites"; }
     void resetDrawing() override { calls << "resetDrawing"; }
-    void rebuildPalette() override { calls << "rebuildPalette"; }
+    void rebuildPalette(const QStringList& folders) override {
+        calls << "rebuildPalette";
+        palette = folders;
+    }
     void rebuildFrameTabs() override { calls << "rebuildFrameTabs"; }
     void showMap() override { calls << "showMap"; }
     void selectFirstFrame() override { calls << "selectFirstFrame"; }

@@ -2,12 +2,16 @@
 
 #include <gmock/gmock.h>
 
-/// Windows are tested without a display, on a screen of 1280 x 1024 with the fonts of the tests.
+/// Windows are tested without a display, on a screen of 1280 x 1024 with the fonts of the tests;
+/// with QT_SCALE_FACTOR on one that has at least as much room when its pixels are counted so.
 /// QT_QPA_PLATFORM chooses another platform, as for a look at a running test.
 int main(int argc, char* argv[]) {
     ::testing::InitGoogleMock(&argc, argv);
     if (qgetenv("QT_QPA_PLATFORM").isEmpty() || qgetenv("QT_QPA_PLATFORM") == "offscreen") {
-        qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" NUBIVANE_TESTS "/support/screen.json");
+        const bool dense = qgetenv("QT_SCALE_FACTOR").toDouble() > 1;
+        qputenv("QT_QPA_PLATFORM",
+                dense ? "offscreen:configfile=" NUBIVANE_TESTS "/support/screen-dense.json"
+                      : "offscreen:configfile=" NUBIVANE_TESTS "/support/screen.json");
     }
     qputenv("FONTCONFIG_FILE", NUBIVANE_TESTS "/support/fonts.conf");
     const QApplication application(argc, argv);
