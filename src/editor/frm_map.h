@@ -1,6 +1,8 @@
 #pragma once
 
+#include "editor/collection_commands.h"
 #include "editor/commands.h"
+#include "editor/copy_special.h"
 #include "editor/frame_canvas.h"
 #include "editor/frame_commands.h"
 #include "editor/frame_tabs.h"
@@ -46,6 +48,7 @@ class frmMap : public QMainWindow, public EditorView {
     EditorPane& pane() { return *pane_; }
     FrameCommands& frameCommands() { return frameCommands_; }
     ProjectCommands& projectCommands() { return projectCommands_; }
+    CopySpecial& copySpecial() { return copySpecial_; }
     bool locked() const;
 
     // EditorView.
@@ -77,7 +80,6 @@ class frmMap : public QMainWindow, public EditorView {
     void refreshHint();
     void orderFocus();
     void markChanged();
-    void showHelp();
     bool queryUnload();
     void storeState();
 
@@ -97,6 +99,8 @@ class frmMap : public QMainWindow, public EditorView {
     RecentFilesMenu recentFiles_;
     FrameCommands frameCommands_;
     ProjectCommands projectCommands_;
+    CollectionCommands collectionCommands_;
+    CopySpecial copySpecial_;
     QPointer<QWidget> focused_;  ///< where the keyboard was before input was forbidden
     QRect normalGeometry_;
     bool initialized_ = false;
