@@ -6,7 +6,7 @@ set -euo pipefail
 build_packages=(
     g++ cmake ninja-build ccache mold
     qt6-base-dev qt6-image-formats-plugins libqt6svg6
-    libgif-dev libimagequant-dev rapidjson-dev
+    libgif-dev libimagequant-dev libjpeg-dev rapidjson-dev
 )
 test_packages=(
     libgtest-dev libgmock-dev

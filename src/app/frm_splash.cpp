@@ -1,7 +1,7 @@
 #include "app/frm_splash.h"
 
 #include "core/version.h"
-#include "editor/icons.h"
+#include "widgets/icons.h"
 
 #include <QApplication>
 #include <QIcon>

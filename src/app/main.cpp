@@ -7,7 +7,7 @@
 #include "core/settings_store.h"
 #include "core/version.h"
 #include "editor/frm_map.h"
-#include "editor/icons.h"
+#include "widgets/icons.h"
 
 #include <QApplication>
 #include <QFileInfo>

@@ -187,6 +187,31 @@ bool removeFiles(const QString& folder, const QSet<QString>& kept) {
     return all;
 }
 
+bool removeFile(const QString& path) {
+    const QString host = toHost(path);
+    return !QFileInfo(host).isDir() && QFile::remove(host);
+}
+
+bool removeFolder(const QString& path) {
+    const QString host = toHost(path);
+    return QFileInfo(host).isSymLink() ? QFile::remove(host) : QDir().rmdir(host);
+}
+
+bool rename(const QString& path, const QString& newName) {
+    const QFileInfo old(toHost(path));
+    if (!isPlainName(newName) || !old.exists()) {
+        return false;
+    }
+    const QString target = old.path() + u'/' + matchEntry(old.path(), newName);
+    if (QFileInfo::exists(target)) {
+        return false;
+    }
+    std::error_code error;
+    std::filesystem::rename(old.filesystemFilePath(), QFileInfo(target).filesystemFilePath(),
+                            error);
+    return !error;
+}
+
 void makeFolder(const QString& path) {
     const QString host = toHost(path);
     if (!QDir().mkpath(host)) {

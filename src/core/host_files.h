@@ -55,6 +55,15 @@ void writeOver(const QString& path, const QByteArray& bytes);
 /// Removes every file of a folder but those named. Raises nothing; false when another has stayed.
 bool removeFiles(const QString& folder, const QSet<QString>& kept = {});
 
+/// Removes one file, or an empty folder; of a link the link itself. Raises nothing; false when it
+/// has stayed.
+bool removeFile(const QString& path);
+bool removeFolder(const QString& path);
+
+/// Gives a file or folder another name in its folder. What bears that name already, in any case, is
+/// never replaced. Raises nothing; false when it has kept its own.
+bool rename(const QString& path, const QString& newName);
+
 /// Creates a folder and those above it.
 void makeFolder(const QString& path);
 

@@ -1,6 +1,6 @@
 #include "editor/commands.h"
 
-#include "editor/icons.h"
+#include "widgets/icons.h"
 
 #include <QKeySequence>
 

@@ -5,12 +5,13 @@
 #include "core/shell.h"
 #include "core/version.h"
 #include "editor/editor_pane.h"
-#include "editor/icons.h"
 #include "editor/menus.h"
 #include "editor/sprite_keys.h"
 #include "editor/startup.h"
 #include "editor/window_geometry.h"
 #include "project/save_project.h"
+#include "widgets/help_topic.h"
+#include "widgets/icons.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -40,7 +41,10 @@ frmMap::frmMap(Workspace& workspace, Shell& shell)
                    workspace.settings),
       frameCommands_(workspace, shell, canvas_, *viewport_, *tabs_, commands_),
       projectCommands_({workspace, shell, *this}, commands_),
-      inputBlock_(*this) {
+      inputBlock_(*this),
+      collectionCommands_(workspace, animations_, shell, *palette_, frameCommands_, commands_,
+                          this),
+      copySpecial_(workspace, shell, canvas_, commands_, this) {
     setObjectName("frmMap");
     setWindowIcon(programIcon("nubivane"));
     setAcceptDrops(true);
@@ -99,9 +103,10 @@ void frmMap::connectCommands() {
     connect(commands_["mnuLock"], &QAction::toggled, this, [this] { refreshLock(); });
     refreshLock();
     commands_.handle("mnuRefreshSymbols", [this] { palette_->refreshCurrentList(); });
-    commands_.handle("mnuSommario", [this] { showHelp(); });
+    commands_.handle("mnuSommario", [this] { openHelpTopic(workspace_, shell_, "index.htm"); });
     addAction(commands_["mnuMapRename"]);  // no menu of the bar holds it, and its key must work
     recentFiles_.chosen = [this](const QString& file) { projectCommands_.open(file); };
+    copySpecial_.projectChanged = [this] { markChanged(); };
     projectCommands_.terminate = [] { QApplication::exit(1); };
 }
 
@@ -188,15 +193,6 @@ void frmMap::refreshHint() {
                            ? tr("Drag a symbol from the list onto the map to begin, or select one "
                                 "and press Enter.")
                            : QString());
-}
-
-void frmMap::showHelp() {
-    const QString help = workspace_.folder.entry("Help\\Nubivane.chm");
-    if (host_files::fileExists(help)) {
-        shell_.openInBrowser(host_files::toHost(help));
-    } else {
-        shell_.messageBox({"Help not found.", Icon::Critical, Buttons::Ok, {}});
-    }
 }
 
 void frmMap::unloadFrameSprites() {

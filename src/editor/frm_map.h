@@ -1,6 +1,8 @@
 #pragma once
 
+#include "editor/collection_commands.h"
 #include "editor/commands.h"
+#include "editor/copy_special.h"
 #include "editor/frame_canvas.h"
 #include "editor/frame_commands.h"
 #include "editor/frame_tabs.h"
@@ -46,6 +48,7 @@ class frmMap : public QMainWindow, public EditorView {
     EditorPane& pane() { return *pane_; }
     FrameCommands& frameCommands() { return frameCommands_; }
     ProjectCommands& projectCommands() { return projectCommands_; }
+    CopySpecial& copySpecial() { return copySpecial_; }
     bool locked() const;
     bool acceptsInput() const { return !inputBlock_.isActive(); }
 
@@ -78,7 +81,6 @@ class frmMap : public QMainWindow, public EditorView {
     void refreshHint();
     void orderFocus();
     void markChanged();
-    void showHelp();
     bool queryUnload();
     void storeState();
 
@@ -99,6 +101,8 @@ class frmMap : public QMainWindow, public EditorView {
     FrameCommands frameCommands_;
     ProjectCommands projectCommands_;
     InputBlock inputBlock_;
+    CollectionCommands collectionCommands_;
+    CopySpecial copySpecial_;
     QRect normalGeometry_;
     bool initialized_ = false;
 };

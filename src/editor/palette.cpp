@@ -2,10 +2,10 @@
 
 #include "core/path_text.h"
 #include "core/shell.h"
-#include "editor/icons.h"
 #include "export/label_painter.h"
 #include "model/forecast.h"
 #include "picture/animation_cache.h"
+#include "widgets/icons.h"
 
 #include <QApplication>
 #include <QDrag>

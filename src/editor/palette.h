@@ -1,7 +1,7 @@
 #pragma once
 
-#include "editor/list_image.h"
 #include "model/workspace.h"
+#include "widgets/list_image.h"
 
 #include <QLabel>
 #include <QTabBar>

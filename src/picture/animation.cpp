@@ -49,6 +49,14 @@ Animation Animation::fromEncoded(const QByteArray& bytes) {
     return Animation(std::move(images));
 }
 
+Animation Animation::still(QSize largest) const {
+    QImage first = images_.front().picture;
+    if (first.width() > largest.width() || first.height() > largest.height()) {
+        first = first.scaled(largest, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    }
+    return Animation({shownFor(std::move(first), 0)});
+}
+
 int Animation::shortestDuration() const {
     const auto shortest = std::min_element(
         images_.begin(), images_.end(),

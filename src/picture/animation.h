@@ -34,6 +34,12 @@ class Animation {
     /// At least one.
     const std::vector<AnimationImage>& images() const { return images_; }
     bool moves() const { return images_.size() > 1; }
+    /// Memory that the images take.
+    qint64 bytes() const {
+        return images_.front().picture.sizeInBytes() * static_cast<qint64>(images_.size());
+    }
+    /// The first image alone, scaled down where it is larger than `largest`.
+    Animation still(QSize largest) const;
 
     /// One pass through all images; 0 for a still picture.
     qint64 totalDuration() const { return moves() ? ends_.back() : 0; }

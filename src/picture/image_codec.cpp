@@ -2,6 +2,7 @@
 
 #include "core/error.h"
 #include "picture/gif_still.h"
+#include "picture/png_chunks.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -68,15 +69,16 @@ int jpegScans(const QByteArray& bytes) {
     return scans;
 }
 
+/// What a decoder may see of a file.
+QByteArray forDecoding(const QByteArray& bytes) {
+    return isPng(bytes) ? pngWithoutTexts(bytes) : bytes;
+}
+
 PictureInfo probe(QImageReader& reader, const QByteArray& bytes) {
     const QByteArray name = reader.format();
     for (const FormatRow& row : formats) {
         if (name != row.qtName && !(row.format == PictureFormat::Tiff && name == "tif")) {
             continue;
-        }
-        // Decoders of this format show a half file without complaint or fail only at its end.
-        if (row.format == PictureFormat::Png && !bytes.contains("IEND")) {
-            refuse("the PNG picture is cut short");
         }
         if (row.format == PictureFormat::Jpeg && jpegScans(bytes) > MaxJpegScans) {
             refuse("the JPEG picture has too many scans");
@@ -113,7 +115,7 @@ PictureFormat formatOfExtension(const QString& extension) {
 
 PictureInfo probePicture(const QByteArray& bytes) {
     QBuffer buffer;
-    buffer.setData(bytes);
+    buffer.setData(forDecoding(bytes));
     QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);
     return probe(reader, bytes);
@@ -121,7 +123,7 @@ PictureInfo probePicture(const QByteArray& bytes) {
 
 QImage decodePicture(const QByteArray& bytes) {
     QBuffer buffer;
-    buffer.setData(bytes);
+    buffer.setData(forDecoding(bytes));
     QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);
     probe(reader, bytes);

@@ -16,9 +16,9 @@ const QStringList& engineFromBelow() {
 }
 
 /// The windows' folders from the bottom up. A window among the engine's folders stands below them
-/// all but may use the dialogs.
+/// all but may use the widgets and dialogs.
 const QStringList& windowsFromBelow() {
-    static const QStringList folders{"dialogs", "editor", "app"};
+    static const QStringList folders{"widgets", "dialogs", "editor", "app"};
     return folders;
 }
 
@@ -31,7 +31,9 @@ bool engineMayUse(const QString& folder, const QString& include) {
 /// True when a window may include the file `include`.
 bool windowMayUse(const QString& folder, const QString& include) {
     const QString used = include.section(u'/', 0, 0);
-    const qsizetype own = qMax<qsizetype>(0, windowsFromBelow().indexOf(folder));
+    const qsizetype own = windowsFromBelow().contains(folder)
+                              ? windowsFromBelow().indexOf(folder)
+                              : windowsFromBelow().indexOf("dialogs");
     return windowsFromBelow().contains(used) ? windowsFromBelow().indexOf(used) <= own
                                              : used != u"cli";
 }
@@ -112,6 +114,8 @@ TEST(IncludeDirection, TheRulesRefuseWhatPointsUpward) {
     EXPECT_FALSE(engineMayUse("web", "web/frm_page_setting.h"));
     EXPECT_FALSE(engineMayUse("web", "editor/frm_map.h"));
     EXPECT_TRUE(windowMayUse("web", "dialogs/combo_color.h"));
+    EXPECT_TRUE(windowMayUse("web", "widgets/icons.h"));
+    EXPECT_FALSE(windowMayUse("widgets", "dialogs/combo_color.h"));
     EXPECT_FALSE(windowMayUse("web", "editor/frm_map.h"));
     EXPECT_FALSE(windowMayUse("editor", "app/desktop_shell.h"));
     EXPECT_FALSE(windowMayUse("app", "cli/console_shell.h"));

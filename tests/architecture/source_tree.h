@@ -21,7 +21,7 @@ struct SourceFile {
 inline bool isWindow(const QString& path) {
     const QString folder = path.section(u'/', 0, 0);
     return folder == u"app" || folder == u"editor" || folder == u"dialogs" ||
-           path.section(u'/', -1).startsWith(QLatin1String("frm"));
+           folder == u"widgets" || path.section(u'/', -1).startsWith(QLatin1String("frm"));
 }
 
 inline QString sourceFolder() {

@@ -179,4 +179,15 @@ TEST(Animation, FilesThatCannotBeShownSayWhy) {
     EXPECT_EQ(errorOf(folder.file("large.gif")), error_number::FileAccess);
 }
 
+TEST(AnimationStill, IsTheFirstImageScaledDownWhereItIsLarger) {
+    const Animation moving = Animation::fromEncoded(
+        testing::small_gif::file(40, 20, {testing::small_gif::dot(0), testing::small_gif::dot(1)}));
+    EXPECT_EQ(moving.bytes(), 2 * 40 * 20 * 4);
+    const Animation same = moving.still({40, 20});
+    EXPECT_FALSE(same.moves());
+    EXPECT_EQ(same.pictureAt(0), moving.images().front().picture);
+    EXPECT_EQ(moving.still({10, 10}).size(), QSize(10, 5));
+    EXPECT_EQ(moving.still({100, 5}).size(), QSize(10, 5));
+}
+
 }  // namespace nubivane

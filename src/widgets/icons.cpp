@@ -1,4 +1,4 @@
-#include "editor/icons.h"
+#include "widgets/icons.h"
 
 #include <QApplication>
 #include <QFile>

@@ -16,11 +16,14 @@ namespace nubivane {
 class AnimationCache;
 
 /// The picture files of a folder with their animations, which are decoded on other threads and come
-/// in one by one.
+/// in one by one. Once they take `MaxListBytes` together, those that follow stand still, so that a
+/// folder of thousands costs no more than that and a small picture each.
 class SymbolListModel : public QAbstractListModel {
     Q_OBJECT
 
   public:
+    static constexpr qint64 MaxListBytes = qint64{128} * 1024 * 1024;
+
     SymbolListModel(AnimationCache& animations, QObject* parent);
     ~SymbolListModel() override;
 
@@ -56,6 +59,7 @@ class SymbolListModel : public QAbstractListModel {
     std::vector<Row> rows_;
     std::shared_ptr<Loader> loader_;
     int generation_ = 0;
+    qint64 bytes_ = 0;  ///< taken by the animations that are here
 };
 
 /// A list of moving thumbnails, `listImageSymbols(i)`.
@@ -71,7 +75,10 @@ class ListImage : public QListView {
     /// 0 when nothing is selected, otherwise counted from 1.
     int selectedIndex() const { return currentIndex().isValid() ? currentIndex().row() + 1 : 0; }
     QString selectedFile() const;
+    /// Selects the thumbnail of a file if it is there.
+    void selectFile(const QString& file);
 
+    std::function<void()> selectionChanged;  ///< not called when a folder is listed anew
     std::function<void(const QString& file)> dragStarting;
     std::function<void(const QString& file)> activatedFile;  ///< Enter or a double click
 

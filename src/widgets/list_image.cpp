@@ -1,5 +1,6 @@
-#include "editor/list_image.h"
+#include "widgets/list_image.h"
 
+#include "collections/picture_check.h"
 #include "core/host_files.h"
 #include "core/path_text.h"
 #include "picture/animation_cache.h"
@@ -11,7 +12,6 @@
 #include <QThreadPool>
 
 #include <algorithm>
-#include <array>
 #include <atomic>
 
 namespace nubivane {
@@ -23,16 +23,6 @@ constexpr int CellWidth = 78;  // at least
 constexpr int Spacing = 2;
 constexpr int CaptionLines = 2;
 constexpr int CellPadding = 4;
-
-bool isSymbolFile(const QString& name) {
-    if (!name.contains(u'.')) {
-        return false;
-    }
-    constexpr std::array known = {"gif", "jpg", "jpeg", "png"};
-    const QString extension = getExtension(name).toLower();
-    return std::any_of(known.begin(), known.end(),
-                       [&](const char* text) { return extension == QLatin1String(text); });
-}
 
 /// "partly-cloudy.gif" reads "partly cloudy".
 QString captionOf(const QString& path) {
@@ -63,9 +53,10 @@ void SymbolListModel::load(const QString& folder) {
     ++generation_;
     loader_.reset();
     rows_.clear();
+    bytes_ = 0;
     if (!folder.isEmpty()) {
         for (const QString& name : host_files::fileNames(folder)) {
-            if (isSymbolFile(name)) {
+            if (hasPictureExtension(name)) {
                 rows_.push_back({folder + u'\\' + name, nullptr});
             }
         }
@@ -99,6 +90,11 @@ void SymbolListModel::arrived(int generation, int row, std::shared_ptr<const Ani
     if (generation != generation_) {
         return;
     }
+    if (animation && bytes_ + animation->bytes() > MaxListBytes) {
+        constexpr int Side = 2 * ThumbnailSize;  // sharp on a dense screen too
+        animation = std::make_shared<const Animation>(animation->still({Side, Side}));
+    }
+    bytes_ += animation ? animation->bytes() : 0;
     rows_[static_cast<std::size_t>(row)].animation = std::move(animation);
     Q_EMIT dataChanged(index(row), index(row));
     Q_EMIT animationsArrived();
@@ -220,8 +216,15 @@ ListImage::ListImage(AnimationCache& animations, QWidget* parent)
         play();
     });
     connect(model_, &SymbolListModel::animationsArrived, this, [this] {
-        if (!timer_.isActive()) {
-            play();
+        // A thousand come in one after the other; what is in sight is looked at now and then.
+        constexpr int Pause = 20;
+        if (isVisible() && !timer_.isActive()) {
+            timer_.start(Pause);
+        }
+    });
+    connect(selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
+        if (selectionChanged) {
+            selectionChanged();
         }
     });
     connect(this, &QListView::doubleClicked, this, [this](const QModelIndex& index) {
@@ -237,6 +240,15 @@ void ListImage::load(const QString& folder) {
 
 QString ListImage::selectedFile() const {
     return currentIndex().isValid() ? model_->path(currentIndex().row()) : QString();
+}
+
+void ListImage::selectFile(const QString& file) {
+    for (int row = 0; row < model_->rowCount(); ++row) {
+        if (model_->path(row) == file) {
+            setCurrentIndex(model_->index(row));
+            return;
+        }
+    }
 }
 
 /// Sets the timer to the next image that is due among the thumbnails in sight.

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QToolBar>
+
+#include <functional>
+
+namespace nubivane {
+
+/// One button of a dialog's tool bar.
+struct DialogTool {
+    const char* name;  ///< object name of action and button
+    const char* icon;
+    QString text;           ///< below the icon
+    QString hint;           ///< what it does, for the tool tip
+    QKeySequence shortcut;  ///< in the whole dialog; may be empty
+};
+
+/// A tool bar with words below its icons, whose buttons the keyboard reaches too.
+class DialogTools : public QToolBar {
+    Q_OBJECT
+
+  public:
+    DialogTools(const char* name, const QString& title, QWidget* parent);
+
+    QAction* add(const DialogTool& tool, std::function<void()> handler);
+};
+
+}  // namespace nubivane

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "picture/animation.h"
+#include "widgets/picture_box.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <memory>
+
+namespace nubivane {
+
+/// A box in which an animation plays as long as it can be seen.
+class GifAnimator : public PictureBox {
+    Q_OBJECT
+
+  public:
+    explicit GifAnimator(QWidget* parent);
+
+    /// Plays an animation from its start; nothing empties the box.
+    void setAnimation(std::shared_ptr<const Animation> animation);
+    bool isPlaying() const { return timer_.isActive(); }
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+  private:
+    void showImageOfNow();
+
+    std::shared_ptr<const Animation> animation_;
+    QElapsedTimer time_;
+    QTimer timer_;
+};
+
+}  // namespace nubivane
