@@ -7,7 +7,7 @@ import math
 
 import cairo
 
-from ink import colour, lettering, outlined, radial, ribbon, vertical, wave
+from ink import colour, lettering, outlined, ribbon, vertical, wave
 from draw_wind import DIRECTIONS
 
 HIGH = (colour("7ab6ff"), colour("2560c8"), colour("0f2f6e"))
@@ -16,6 +16,8 @@ COLD = (colour("3f83ee"), colour("0f3380"))
 WARM = (colour("ee4a45"), colour("7c1014"))
 OCCLUDED = (colour("b04fd0"), colour("521263"))
 TROUGH = (colour("c98a3a"), colour("6b3f0c"))
+COLD_AIR = (colour("d6ecff"), colour("2f7fdf"), colour("113f80"))
+WARM_AIR = (colour("ffe9c9"), colour("ee5a32"), colour("7c1f0c"))
 
 
 # Pressure systems -----------------------------------------------------------------------------------------------------
@@ -293,7 +295,8 @@ def table():
         "low-d": (letter("D", LOW), 1, 10, 32), "low-t": (letter("T", LOW), 1, 10, 32),
         "high-turning": (letter("H", HIGH, 1), 12, 11, 48), "low-turning": (letter("L", LOW, -1), 12, 9, 48),
         "high-turning-south": (letter("H", HIGH, -1), 12, 11, 48), "low-turning-south": (letter("L", LOW, 1), 12, 9, 48),
-        "high-building": (letter("H", HIGH, trend=1), 12, 11, 40), "high-weakening": (letter("H", HIGH, trend=-1), 12, 11, 40),
+        "high-building": (letter("H", HIGH, trend=1), 12, 11, 40),
+        "high-weakening": (letter("H", HIGH, trend=-1), 12, 11, 40),
         "low-filling": (letter("L", LOW, trend=1), 12, 11, 40), "low-deepening": (letter("L", LOW, trend=-1), 12, 11, 40),
         "hurricane": (tropical(False, (colour("e8423f"), colour("6c0d14"))), 16, 7, 32),
         "tropical-storm": (tropical(True, (colour("f28a2e"), colour("7c3c05"))), 16, 9, 32),
@@ -307,8 +310,8 @@ def table():
         for kind in ("cold", "warm", "occluded"):
             yield f"{kind}-front-{name}", (front(kind, number * 45), 12, 12, 32)
         yield f"stationary-front-{name}", (still_front(number * 45), 16, 12, 32)
-        yield f"cold-air-{name}", (air(number * 45 + 180, (colour("d6ecff"), colour("2f7fdf"), colour("113f80"))), 10, 10, 40)
-        yield f"warm-air-{name}", (air(number * 45 + 180, (colour("ffe9c9"), colour("ee5a32"), colour("7c1f0c"))), 10, 10, 40)
+        yield f"cold-air-{name}", (air(number * 45 + 180, COLD_AIR), 10, 10, 40)
+        yield f"warm-air-{name}", (air(number * 45 + 180, WARM_AIR), 10, 10, 40)
 
 
 TABLE = dict(table())

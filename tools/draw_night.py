@@ -178,7 +178,8 @@ def phase(lit):
             context.close_path()
             context.scale(mirror, 1)
             context.clip()
-            context.set_source(radial(0, 0, radius * 1.1, (0, colour("fffdf0")), (0.6, colour("ffeeb4")), (1, colour("efc75f"))))
+            context.set_source(radial(0, 0, radius * 1.1, (0, colour("fffdf0")), (0.6, colour("ffeeb4")),
+                                      (1, colour("efc75f"))))
             context.paint()
             for x, y, size in SEAS:
                 context.arc(x, y, size, 0, 2 * math.pi)
@@ -222,7 +223,8 @@ TABLE = {
     "mostly-cloudy-night": (mostly_cloudy, 14, 12, 64),
     "cloudy-night": (cloudy, 12, 14, 56),
     "overcast-night": (overcast, 12, 14, 48),
-    "drizzle-night": (under_cloud(dropping(((20, 0.2), (28, 0.7), (36, 0.0), (44, 0.5), (52, 0.9)), size=0.62, top=40)), 14, 9, 64),
+    "drizzle-night": (under_cloud(dropping(((20, 0.2), (28, 0.7), (36, 0.0), (44, 0.5), (52, 0.9)), size=0.62, top=40)),
+                      14, 9, 64),
     "light-rain-night": (under_cloud(dropping(LIGHT_RAIN, top=40)), 14, 8, 64),
     "rain-night": (under_cloud(dropping(RAIN, top=40)), 14, 7, 64),
     "heavy-rain-night": (under_cloud(hard_rain, "storm"), 14, 7, 64),
@@ -232,7 +234,8 @@ TABLE = {
     "thundery-showers-night": (out_of_moonlight(thundery, "dark"), 16, 8, 80),
     "light-snow-night": (under_cloud(flaking(((24, 0.35), (34, 0.85), (44, 0.60)), 5.6)), 16, 11, 64),
     "snow-night": (under_cloud(flaking(((17, 0.38), (28, 0.72), (38, 0.28), (49, 0.62)), 5.6)), 16, 10, 64),
-    "heavy-snow-night": (under_cloud(flaking(((14, 0.32), (22, 0.72), (30, 0.22), (39, 0.62), (47, 0.35), (51, 0.80), (34, 0.98)), 5.2),
+    "heavy-snow-night": (under_cloud(flaking(((14, 0.32), (22, 0.72), (30, 0.22), (39, 0.62), (47, 0.35), (51, 0.80),
+                                              (34, 0.98)), 5.2),
                                      "dark"), 14, 10, 64),
     "snow-showers-night": (out_of_moonlight(flaking(((26, 0.30), (37, 0.68), (48, 0.36)), 5.4, top=41)), 14, 11, 72),
     "sleet-night": (under_cloud(sleety), 16, 8, 72),

@@ -107,7 +107,7 @@ def tide(trend):
         gauge(context)
         # The level comes in on a slow wave and the loop's seam lies where it stands still.
         lift = 3.0 * wave(t)
-        surf(context, t, ((43.0 - lift, 0), (52.0 - lift * 0.6, 1), (59.0, 2)), 1.6)
+        surf(context, t, ((41.0 - lift, 0), (50.0 - lift * 0.6, 1), (57.6, 2)), 1.6)
 
         def arrow(c):
             for x, y in ((0, -12), (10, 0), (4.2, 0), (4.2, 12), (-4.2, 12), (-4.2, 0), (-10, 0)):
@@ -120,8 +120,8 @@ def tide(trend):
 def tide_mark(high):
     def paint(context, t):
         gauge(context)
-        top = 22.0 if high else 51.0
-        rows = [(top + 9.3 * number, min(2, number)) for number in range(5) if top + 9.3 * number < 61]
+        top = 21.0 if high else 48.5
+        rows = [(top + 9.1 * number, min(2, number)) for number in range(5) if top + 9.1 * number < 58]
         surf(context, t, rows, 1.6)
     return paint
 
@@ -241,7 +241,7 @@ def sailing_boat(context, t):
         c.close_path()
     outlined(context, hull, vertical(-5, 7, colour("e0a766"), colour("a76a2f")), WOOD_LINE, 1.2)
     context.restore()
-    surf(context, t, ((51.0, 1), (58.5, 2)), 2.0)
+    surf(context, t, ((50.0, 1), (57.2, 2)), 2.0)
 
 
 def buoy(context, t):
@@ -264,9 +264,9 @@ def buoy(context, t):
     context.restore()
     ribbon(context, lambda c: (c.move_to(0, -23), c.line_to(0, -31)), 2.0, STEEL, STEEL_LINE, 0.9)
     glow = 0.5 + 0.5 * wave(t, 0.25)
+    shade = tuple(dull + (bright - dull) * glow for dull, bright in zip(colour("d9b25a"), colour("ffe14a")))
     outlined(context, lambda c: c.arc(0, -34, 4.2, 0, 2 * math.pi),
-             radial(0, -34, 4.2, (0, colour("fffbe0")), (1, tuple(a + (b - a) * glow for a, b in zip(colour("d9b25a"), colour("ffe14a"))))),
-             colour("8a6410"), 1.0)
+             radial(0, -34, 4.2, (0, colour("fffbe0")), (1, shade)), colour("8a6410"), 1.0)
     context.restore()
     surf(context, t, ((49.0, 1), (57.5, 2)))
 
@@ -308,7 +308,7 @@ def lighthouse(context, t):
         c.close_path()
     outlined(context, roof, colour("e2483d"), colour("7c1f14"), 1.0)
     ribbon(context, lambda c: (c.move_to(26, 18.6), c.line_to(38, 18.6)), 2.2, STEEL, STEEL_LINE, 0.9)
-    surf(context, t, ((53.0, 1), (59.0, 2)), 1.6)
+    surf(context, t, ((51.5, 1), (57.8, 2)), 1.6)
 
 
 def flag(shades, line, halves=False, square=False, count=1):
@@ -360,18 +360,18 @@ def anchor(context, t):
         c.line_to(44, 24)
         c.new_sub_path()
         c.arc(32, 33, 22, math.radians(22), math.radians(158))
-    ribbon(context, shape, 5.0, colour("4a7fae"), colour("173f66"), 1.3)
-    ribbon(context, lambda c: c.arc(32, 11.5, 5.2, 0, 2 * math.pi), 3.6, colour("4a7fae"), colour("173f66"), 1.3)
+    ribbon(context, shape, 5.0, colour("5e97cb"), colour("173f66"), 1.3)
+    ribbon(context, lambda c: c.arc(32, 11.5, 5.2, 0, 2 * math.pi), 3.6, colour("5e97cb"), colour("173f66"), 1.3)
     for side in (-1, 1):
         def fluke(c):
             c.move_to(32 + side * 25, 34)
             c.line_to(32 + side * 13.5, 43)
             c.line_to(32 + side * 24, 48)
             c.close_path()
-        outlined(context, fluke, colour("4a7fae"), colour("173f66"), 1.2)
+        outlined(context, fluke, colour("5e97cb"), colour("173f66"), 1.2)
     shape(context)
     context.set_line_width(5.0)
-    context.set_source_rgba(*colour("4a7fae"))
+    context.set_source_rgba(*colour("5e97cb"))
     context.stroke()
 
 

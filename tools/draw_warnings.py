@@ -61,7 +61,8 @@ def sign(pictogram, degree):
 # Pictograms -----------------------------------------------------------------------------------------------------------
 
 def wind(context, t, ink, ground):
-    for number, (start, end, y, radius, side) in enumerate(((17, 32, 34, 4.6, -1), (13, 41, 42, 5.2, -1), (20, 34, 49.5, 3.6, 1))):
+    for number, (start, end, y, radius, side) in enumerate(((17, 32, 34, 4.6, -1), (13, 41, 42, 5.2, -1),
+                                                            (20, 34, 49.5, 3.6, 1))):
         shift = 1.6 * wave(t, number / 3)
         context.move_to(start + shift, y)
         context.line_to(end + shift, y)

@@ -85,8 +85,8 @@ def calm(context, t):
 
 # Force ----------------------------------------------------------------------------------------------------------------
 
-BEAUFORT_SHADES = ("8fa3b5", "7fb2d6", "63b5c9", "57b89a", "6cba5f", "96c04a", "d8c23c", "f0b02e", "f2952c", "ee7431", "e4533a",
-                   "cf3050", "a82a7c")
+BEAUFORT_SHADES = ("8fa3b5", "7fb2d6", "63b5c9", "57b89a", "6cba5f", "96c04a", "d8c23c", "f0b02e", "f2952c", "ee7431",
+                   "e4533a", "cf3050", "a82a7c")
 
 
 def beaufort(number):
@@ -143,7 +143,8 @@ def variable(context, t):
     for turn in (0, math.pi):
         context.save()
         context.rotate(turn)
-        ribbon(context, lambda c: c.arc(0, 0, 14.5, math.radians(-150), math.radians(-38)), 5.0, colour("4e9fdd"), ARROW_LINE, 1.2)
+        bend = (lambda c: c.arc(0, 0, 14.5, math.radians(-150), math.radians(-38)))
+        ribbon(context, bend, 5.0, colour("4e9fdd"), ARROW_LINE, 1.2)
 
         def tip(c):
             c.move_to(14.5 * math.cos(math.radians(-4)), 14.5 * math.sin(math.radians(-4)))
@@ -151,13 +152,18 @@ def variable(context, t):
             c.line_to(7.0 * math.cos(math.radians(-44)), 7.0 * math.sin(math.radians(-44)))
             c.close_path()
         outlined(context, tip, colour("4e9fdd"), ARROW_LINE, 1.2)
-        ribbon(context, lambda c: c.arc(0, 0, 14.5, math.radians(-146), math.radians(-44)), 2.0, ARROW_LIGHT, colour("4e9fdd"), 0.0)
+        context.new_path()
+        context.arc(0, 0, 14.5, math.radians(-146), math.radians(-44))
+        context.set_line_width(2.0)
+        context.set_source_rgba(*ARROW_LIGHT)
+        context.stroke()
         context.restore()
 
 
 TABLE = {f"wind-{name}": (wind_arrow(number * 45 + 180), 9, 10, 32) for number, name in enumerate(DIRECTIONS)}
 for force, (_, _, _, _, images) in FORCES.items():
-    TABLE.update({f"wind-{name}-{force}": (forced_arrow(number * 45 + 180, force), images, 12 if force == "light" else 10, 32)
+    delay = 12 if force == "light" else 10
+    TABLE.update({f"wind-{name}-{force}": (forced_arrow(number * 45 + 180, force), images, delay, 32)
                   for number, name in enumerate(DIRECTIONS)})
 TABLE["calm"] = (calm, 12, 14, 32)
 TABLE["variable"] = (variable, 12, 14, 32)

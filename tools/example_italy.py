@@ -1,7 +1,7 @@
 """The single-day forecast: Italy, from the night to the evening, with symbols of the night where it is dark."""
 
-from project_file import ALICE_BLUE, DARK_BLUE, FIRE_BRICK, GAP, LEMON, LIGHT_STEEL, Label, Period, Project
-from project_file import Symbol, city, places
+from project_file import (ALICE_BLUE, DARK_BLUE, FIRE_BRICK, GAP, LEMON, LIGHT_STEEL, Label, Period, Project, Symbol, city,
+                          places)
 
 MAP = "italy.jpg"
 at = places(MAP)
@@ -67,7 +67,8 @@ PERIODS = [
             ANCONA=("set-1\\sun", "Sunny"), ROME=("set-1\\mostly-sunny", "Sunny, cloud later", "www.example.org/rome"),
             NAPLES=("set-1\\sun", "Sunny"), BARI=("set-1\\sun", "Sunny"), COSENZA=("set-1\\mostly-sunny", "Mostly sunny"),
             PALERMO=("set-1\\sun", "Sunny"), CAGLIARI=("set-1\\showers", "Showers"),
-            LIGURIAN_SEA=("wind\\wind-sw-strong", "South-west 6 Beaufort"), TYRRHENIAN_SEA=("wind\\wind-sw", "South-west 4 Beaufort"),
+            LIGURIAN_SEA=("wind\\wind-sw-strong", "South-west 6 Beaufort"),
+            TYRRHENIAN_SEA=("wind\\wind-sw", "South-west 4 Beaufort"),
             ADRIATIC_SEA=("wind\\wind-se", "South-east 4 Beaufort"), IONIAN_SEA=("wind\\wind-s", "South 3 Beaufort")) +
         [Symbol("fronts\\cold-front-e", at(7.1, 42.3), "Cold front, moves east"),
          Symbol("fronts\\cold-front-e", at(7.0, 40.9), "Cold front, moves east")],
@@ -76,7 +77,8 @@ PERIODS = [
         "Afternoon", "Thunderstorms from Tuscany to Naples",
         "Thursday, 12 to 18: the front crosses the Apennines",
         (("North",
-          "Steady rain over Lombardy and Veneto, 20 to 40 litres. Clearing from the west: Turin sees the sun again at four."),
+          "Steady rain over Lombardy and Veneto, 20 to 40 litres. Clearing from the west: Turin sees the sun "
+          "again at four."),
          ("Centre and Sardinia",
           "Thunderstorms with hail and squalls move through Tuscany, Umbria and Lazio. Sardinia has sun and showers in "
           "turn, and the mistral blows at force eight."),
@@ -85,11 +87,13 @@ PERIODS = [
         sky(TURIN=("set-1\\partly-cloudy", "Clearing"), ALPS=("set-1\\snow", "Snow above 1400 metres"),
             VENICE=("set-1\\heavy-rain", "Heavy rain", "www.example.org/venice"),
             FLORENCE=("set-1\\thunderstorm", "Thunderstorms with hail", "www.example.org/florence"),
-            ANCONA=("set-1\\showers", "Showers"), ROME=("set-1\\thundery-showers", "Thundery showers", "www.example.org/rome"),
+            ANCONA=("set-1\\showers", "Showers"),
+            ROME=("set-1\\thundery-showers", "Thundery showers", "www.example.org/rome"),
             NAPLES=("set-1\\mostly-cloudy", "Storms by evening"), BARI=("set-1\\mostly-sunny", "Warm and sunny"),
             COSENZA=("set-1\\sun", "Sunny"), PALERMO=("set-1\\hot", "Up to 27 degrees"),
             CAGLIARI=("set-1\\windy", "Sun, showers, gale"), LIGURIAN_SEA=("wind\\wind-nw-storm", "Mistral, 9 Beaufort"),
-            TYRRHENIAN_SEA=("wind\\wind-sw-strong", "South-west 7 Beaufort"), ADRIATIC_SEA=("wind\\wind-se-strong", "Sirocco, 6 Beaufort"),
+            TYRRHENIAN_SEA=("wind\\wind-sw-strong", "South-west 7 Beaufort"),
+            ADRIATIC_SEA=("wind\\wind-se-strong", "Sirocco, 6 Beaufort"),
             IONIAN_SEA=("wind\\wind-s", "South 5 Beaufort")) +
         [Symbol("fronts\\cold-front-e", at(10.9, 40.95), "Cold front, moves east"),
          Symbol("warnings\\thunderstorm-orange", at(9.3, 41.6), "Thunderstorms from Tuscany to Lazio")],
@@ -105,16 +109,19 @@ PERIODS = [
          ("South and Sicily",
           "Thunderstorms from Naples to Calabria, heaviest before ten. Sicily gets rain by midnight. The sirocco gives way "
           "to wind from the north-west.")),
-        sky(TURIN=("night\\clear-night", "Clear"), ALPS=("night\\frost-night", "Frost"), VENICE=("night\\mostly-clear-night", "Clearing"),
+        sky(TURIN=("night\\clear-night", "Clear"), ALPS=("night\\frost-night", "Frost"),
+            VENICE=("night\\mostly-clear-night", "Clearing"),
             FLORENCE=("night\\clear-night", "Clear"), ANCONA=("night\\showers-night", "Last showers"),
             ROME=("night\\partly-cloudy-night", "Cloud breaks up"),
             NAPLES=("night\\thunderstorm-night", "Thunderstorms", "www.example.org/naples"),
             BARI=("night\\rain-night", "Rain"), COSENZA=("night\\thundery-showers-night", "Thundery showers"),
             PALERMO=("night\\light-rain-night", "Rain by midnight"), CAGLIARI=("night\\mostly-clear-night", "Mostly clear"),
-            LIGURIAN_SEA=("wind\\wind-n", "North 5 Beaufort"), TYRRHENIAN_SEA=("wind\\wind-nw-strong", "North-west 7 Beaufort"),
+            LIGURIAN_SEA=("wind\\wind-n", "North 5 Beaufort"),
+            TYRRHENIAN_SEA=("wind\\wind-nw-strong", "North-west 7 Beaufort"),
             ADRIATIC_SEA=("wind\\wind-nw", "North-west 5 Beaufort"), IONIAN_SEA=("wind\\wind-w", "West 5 Beaufort")),
         towns(TURIN=6, VENICE=8, FLORENCE=7, ROME=11, NAPLES=14, BARI=15, PALERMO=18, CAGLIARI=11) +
-        [Label(f"{GAP}Friday: sunny and cool{GAP}", (120, 560), 12, DARK_BLUE, bold=False, ground=ALICE_BLUE, border=LIGHT_STEEL)]),
+        [Label(f"{GAP}Friday: sunny and cool{GAP}", (120, 560), 12, DARK_BLUE, bold=False, ground=ALICE_BLUE,
+               border=LIGHT_STEEL)]),
 ]
 
 PROJECT = Project("italy", MAP, PERIODS)

@@ -1,8 +1,8 @@
 """The marine forecast: the Mediterranean today, tonight and tomorrow, with wind, waves and warnings."""
 
 from chart import pressure
-from project_file import ALICE_BLUE, DARK_BLUE, FIRE_BRICK, GAP, LEMON, LIGHT_STEEL, Label, Period, Project, Symbol
-from project_file import high, low, places
+from project_file import (ALICE_BLUE, DARK_BLUE, FIRE_BRICK, GAP, LEMON, LIGHT_STEEL, Label, Period, Project, Symbol, high,
+                          low, places)
 
 MAP = "mediterranean.jpg"
 SIZE = (800, 520)
@@ -20,7 +20,8 @@ def beside(place, right=0, down=0):
 
 def sea_area(place, wind, waves, says, right=46):
     """Wind and, beside it, the height of the waves."""
-    return [Symbol("wind\\" + wind, beside(place, -right // 2), says), Symbol("sea\\" + waves, beside(place, right // 2 + 10), says)]
+    return [Symbol("wind\\" + wind, beside(place, -right // 2), says),
+            Symbol("sea\\" + waves, beside(place, right // 2 + 10), says)]
 
 
 def name(text, place, right=5, down=42):
@@ -64,11 +65,13 @@ PERIODS = [
         sea_area(LIBYAN, "wind-nw-light", "sea-calm", "North-west 2, smooth") +
         sea_area(LEVANT, "calm", "sea-calm", "Light winds, smooth") +
         sea_area(BLACK_SEA, "wind-ne", "sea-moderate", "North-east 4, moderate sea") +
-        [Symbol("sea\\flag-storm", at(-3.5, 41.6), "Storm warning for the Gulf of Lions", note="Valid until 18 UTC; next issue at noon."),
+        [Symbol("sea\\flag-storm", at(-3.5, 41.6), "Storm warning for the Gulf of Lions",
+                note="Valid until 18 UTC; next issue at noon."),
          Symbol("set-1\\thunderstorm", at(9.2, 36.0, -20, 0), "Thundery squalls along the front"),
          Symbol("set-1\\sun", at(33.0, 39.3), "Sunny"), Symbol("set-1\\mostly-sunny", at(15.0, 31.2), "Mostly sunny")],
         NAMES + low(at(9.0, 44.4, -30, -16), "994") + high(at(28.0, 45.6, 0, 6), "1026") +
-        [Label(f"{GAP}Storm: Gulf of Lions{GAP}", at(3.0, 43.9, -110, -10), 10, FIRE_BRICK, ground=LEMON, border=FIRE_BRICK)],
+        [Label(f"{GAP}Storm: Gulf of Lions{GAP}", at(3.0, 43.9, -110, -10), 10, FIRE_BRICK, ground=LEMON,
+               border=FIRE_BRICK)],
         today_chart),
     Period(
         "Tonight", "The low crosses Italy",
@@ -92,8 +95,10 @@ PERIODS = [
          Symbol("night\\thunderstorm-night", at(9.9, 43.6, 14, -14), "Thunderstorms"),
          Symbol("sea\\waterspout", at(13.2, 36.6, -10, 30), "Waterspouts are possible"),
          Symbol("sea\\high-tide", at(15.4, 44.0), "High water in Venice at 23 UTC"),
-         Symbol("night\\clear-night", at(33.0, 39.3), "Clear"), Symbol("night\\mostly-clear-night", at(15.0, 31.2), "Mostly clear")],
-        NAMES + [Label(f"{GAP}Gale: Lions, Sardinia{GAP}", at(3.0, 43.9, -110, -10), 10, FIRE_BRICK, ground=LEMON, border=FIRE_BRICK)]),
+         Symbol("night\\clear-night", at(33.0, 39.3), "Clear"),
+         Symbol("night\\mostly-clear-night", at(15.0, 31.2), "Mostly clear")],
+        NAMES + [Label(f"{GAP}Gale: Lions, Sardinia{GAP}", at(3.0, 43.9, -110, -10), 10, FIRE_BRICK, ground=LEMON,
+                       border=FIRE_BRICK)]),
     Period(
         "Tomorrow", "Gale moves to the Ionian Sea",
         "Saturday: the mistral dies down, rough in the centre",
@@ -116,10 +121,12 @@ PERIODS = [
         [Symbol("sea\\sailing-boat", at(3.0, 38.9, -10, 24), "Good sailing in the west"),
          Symbol("set-1\\sun", at(-3.6, 40.4), "Sunny"), Symbol("set-1\\sandstorm", at(20.6, 29.4), "Dust from the desert"),
          Symbol("set-1\\rain", at(24.6, 43.8), "Rain, thunder at times"),
-         Symbol("set-1\\mostly-sunny", at(8.6, 34.0), "Dry"), Symbol("sea\\flag-gale", at(15.0, 31.2), "Gale warning for the Ionian Sea")],
+         Symbol("set-1\\mostly-sunny", at(8.6, 34.0), "Dry"),
+         Symbol("sea\\flag-gale", at(15.0, 31.2), "Gale warning for the Ionian Sea")],
         NAMES + high(at(1.5, 45.4, 0, -14), "1027") + low(at(18.9, 41.4, 0, -22), "998") +
         [Label(f"{GAP}Gale: Ionian Sea{GAP}", at(10.0, 30.2, 0, -4), 10, FIRE_BRICK, ground=LEMON, border=FIRE_BRICK),
-         Label(f"{GAP}Sunday: fine in the west{GAP}", (92, 500), 10, DARK_BLUE, bold=False, ground=ALICE_BLUE, border=LIGHT_STEEL)],
+         Label(f"{GAP}Sunday: fine in the west{GAP}", (92, 500), 10, DARK_BLUE, bold=False, ground=ALICE_BLUE,
+               border=LIGHT_STEEL)],
         tomorrow_chart),
 ]
 

@@ -6,7 +6,7 @@ list below keeps the order in which it goes into the file.
 
 import io
 import os
-from dataclasses import dataclass, field
+from dataclasses import dataclass
 
 import numpy as np
 from PIL import Image

@@ -5,8 +5,6 @@ Times are shares of the loop, 0 to 1; positions are pixels in a field of 64 x 64
 
 import math
 
-import cairo
-
 from ink import (SLANT, colour, drop, flake, mist_bar, outlined, pellet, radial, ribbon, streak, wave)
 
 
@@ -175,7 +173,8 @@ def thermometer(context, x, level, red):
 
 def sea(amplitude, length, sharpness, foam=False):
     """Three rows of waves; sharpness 0 is a sine, towards 1 the crests get steep."""
-    tones = ((colour("a9daf3"), colour("3a83bd")), (colour("6dbbea"), colour("2a70ae")), (colour("3f97d8"), colour("1d5a98")))
+    tones = ((colour("a9daf3"), colour("3a83bd")), (colour("6dbbea"), colour("2a70ae")),
+             (colour("3f97d8"), colour("1d5a98")))
 
     def paint(context, t):
         for row, (fill, line) in enumerate(tones):
