@@ -95,9 +95,9 @@ def beaufort(number):
         shade = colour(BEAUFORT_SHADES[number])
         dark = tuple(part * 0.52 for part in shade[:3]) + (1.0,)
         pale = tuple(part * 0.45 + 0.55 for part in shade[:3]) + (1.0,)
-        for index in range(4):
+        for index in range(4 if number else 0):
             angle = math.pi / 2 * (index + t)
-            length = 0.06 * number + 0.2
+            length = 0.035 * number + 0.16
             ribbon(context, lambda c: c.arc(24, 24, 20.0, angle - length, angle + length), 2.4, shade, dark, 1.0)
         outlined(context, lambda c: c.arc(24, 24, 15.2, 0, 2 * math.pi),
                  radial(24, 24, 15.2, (0, pale), (0.55, shade), (1, shade)), dark, 1.2)
@@ -169,4 +169,4 @@ TABLE["calm"] = (calm, 12, 14, 32)
 TABLE["variable"] = (variable, 12, 14, 32)
 TABLE["gusts"] = (gusty, 12, 8, 32)
 TABLE["windsock"] = (windsock, 14, 8, 48)
-TABLE.update({f"beaufort-{number}": (beaufort(number), 12, max(8, 16 - number), 40) for number in range(13)})
+TABLE.update({f"beaufort-{number}": (beaufort(number), 12 if number else 1, max(8, 16 - number), 40) for number in range(13)})
