@@ -8,7 +8,7 @@ import math
 import cairo
 
 from ink import colour, lettering, outlined, ribbon, vertical, wave
-from draw_wind import DIRECTIONS
+from draw_wind import SIDES
 
 HIGH = (colour("7ab6ff"), colour("2560c8"), colour("0f2f6e"))
 LOW = (colour("ff9a8a"), colour("d3262e"), colour("6c0d14"))
@@ -306,12 +306,12 @@ def table():
         "trough": (trough(0), 10, 12, 24), "trough-rising": (trough(45), 10, 12, 24),
         "trough-level": (trough(90), 10, 12, 24), "trough-falling": (trough(-45), 10, 12, 24),
     }.items()
-    for number, name in enumerate(DIRECTIONS):
+    for number, name in enumerate(SIDES):
         for kind in ("cold", "warm", "occluded"):
-            yield f"{kind}-front-{name}", (front(kind, number * 45), 12, 12, 32)
-        yield f"stationary-front-{name}", (still_front(number * 45), 16, 12, 32)
-        yield f"cold-air-{name}", (air(number * 45 + 180, COLD_AIR), 10, 10, 40)
-        yield f"warm-air-{name}", (air(number * 45 + 180, WARM_AIR), 10, 10, 40)
+            yield f"{kind}-front-to-{name}", (front(kind, number * 45), 12, 12, 32)
+        yield f"stationary-front-to-{name}", (still_front(number * 45), 16, 12, 32)
+        yield f"cold-air-from-{name}", (air(number * 45 + 180, COLD_AIR), 10, 10, 40)
+        yield f"warm-air-from-{name}", (air(number * 45 + 180, WARM_AIR), 10, 10, 40)
 
 
 TABLE = dict(table())

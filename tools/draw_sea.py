@@ -5,7 +5,7 @@ Swell is named after the side that it comes from, as winds are.
 
 import math
 
-from draw_wind import DIRECTIONS
+from draw_wind import SIDES
 from ink import colour, lettering, outlined, radial, ribbon, vertical, wave
 from weather import mist_bars, sea, thermometer, whirl
 
@@ -407,5 +407,6 @@ TABLE = {
     "flag-storm": (flag(("e0433f",), "6c0d14", square=True), 12, 9, 40),
     "flag-hurricane": (flag(("e0433f",), "6c0d14", square=True, count=2), 12, 9, 40),
 }
-TABLE.update({f"swell-{name}": (swell(number * 45 + 180), 12, 9, 32) for number, name in enumerate(DIRECTIONS)})
-TABLE.update({f"waves-{metres.replace('.', '-')}-m": (height(metres), 12, 11, 40) for metres in HEIGHTS})
+TABLE.update({f"swell-from-{name}": (swell(number * 45 + 180), 12, 9, 32) for number, name in enumerate(SIDES)})
+TABLE.update({"waves-half-m" if metres == "0.5" else f"waves-{metres.zfill(2)}-m": (height(metres), 12, 11, 40)
+              for metres in HEIGHTS})

@@ -13,6 +13,7 @@ from weather import gusts
 SIDE = 48
 ARROW, ARROW_LIGHT, ARROW_LINE = colour("2f7fc4"), colour("bfe3fb"), colour("17436e")
 DIRECTIONS = ("n", "ne", "e", "se", "s", "sw", "w", "nw")
+SIDES = ("north", "northeast", "east", "southeast", "south", "southwest", "west", "northwest")
 
 # The arrow's left and right shade, its outline, its lights; half its shaft; images that a light needs for its way.
 FORCES = {
@@ -169,4 +170,5 @@ TABLE["calm"] = (calm, 12, 14, 32)
 TABLE["variable"] = (variable, 12, 14, 32)
 TABLE["gusts"] = (gusty, 12, 8, 32)
 TABLE["windsock"] = (windsock, 14, 8, 48)
-TABLE.update({f"beaufort-{number}": (beaufort(number), 12 if number else 1, max(8, 16 - number), 40) for number in range(13)})
+TABLE.update({f"beaufort-{number:02}": (beaufort(number), 12 if number else 1, max(8, 16 - number), 40)
+              for number in range(13)})

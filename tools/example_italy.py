@@ -70,8 +70,8 @@ PERIODS = [
             LIGURIAN_SEA=("wind\\wind-sw-strong", "South-west 6 Beaufort"),
             TYRRHENIAN_SEA=("wind\\wind-sw", "South-west 4 Beaufort"),
             ADRIATIC_SEA=("wind\\wind-se", "South-east 4 Beaufort"), IONIAN_SEA=("wind\\wind-s", "South 3 Beaufort")) +
-        [Symbol("fronts\\cold-front-e", at(7.1, 42.3), "Cold front, moves east"),
-         Symbol("fronts\\cold-front-e", at(7.0, 40.9), "Cold front, moves east")],
+        [Symbol("fronts\\cold-front-to-east", at(7.1, 42.3), "Cold front, moves east"),
+         Symbol("fronts\\cold-front-to-east", at(7.0, 40.9), "Cold front, moves east")],
         towns(TURIN=9, VENICE=11, FLORENCE=14, ANCONA=16, ROME=17, NAPLES=18, BARI=18, PALERMO=20, CAGLIARI=16)),
     Period(
         "Afternoon", "Thunderstorms from Tuscany to Naples",
@@ -95,7 +95,7 @@ PERIODS = [
             TYRRHENIAN_SEA=("wind\\wind-sw-strong", "South-west 7 Beaufort"),
             ADRIATIC_SEA=("wind\\wind-se-strong", "Sirocco, 6 Beaufort"),
             IONIAN_SEA=("wind\\wind-s", "South 5 Beaufort")) +
-        [Symbol("fronts\\cold-front-e", at(10.9, 40.95), "Cold front, moves east"),
+        [Symbol("fronts\\cold-front-to-east", at(10.9, 40.95), "Cold front, moves east"),
          Symbol("warnings\\thunderstorm-orange", at(9.3, 41.6), "Thunderstorms from Tuscany to Lazio")],
         towns(TURIN=13, VENICE=10, FLORENCE=14, ROME=17, NAPLES=20, BARI=23, PALERMO=27, CAGLIARI=17) +
         [Label(f"{GAP}Hail and squalls{GAP}", at(10.6, 42.75, -112, 10), 10, FIRE_BRICK, ground=LEMON, border=FIRE_BRICK)]),

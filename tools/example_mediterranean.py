@@ -58,10 +58,10 @@ PERIODS = [
           "Adriatic: south-east 5 to 6, waves of 2 metres in the north."),
          ("Eastern basin",
           "Aegean: north 3, slight sea. Levant: light winds, smooth. Morning mist on the coast of Cilicia.")),
-        sea_area(LIONS, "wind-nw-storm", "waves-5-m", "North-west 9, waves of 5 m") +
-        sea_area(ALBORAN, "wind-w", "waves-1-m", "West 5, waves of 1 m") +
-        sea_area(TYRRHENIAN, "wind-sw-strong", "waves-3-m", "South-west 6, waves of 3 m") +
-        sea_area(IONIAN, "wind-s", "waves-1-m", "South 4, waves of 1 m") +
+        sea_area(LIONS, "wind-nw-storm", "waves-05-m", "North-west 9, waves of 5 m") +
+        sea_area(ALBORAN, "wind-w", "waves-01-m", "West 5, waves of 1 m") +
+        sea_area(TYRRHENIAN, "wind-sw-strong", "waves-03-m", "South-west 6, waves of 3 m") +
+        sea_area(IONIAN, "wind-s", "waves-01-m", "South 4, waves of 1 m") +
         sea_area(LIBYAN, "wind-nw-light", "sea-calm", "North-west 2, smooth") +
         sea_area(LEVANT, "calm", "sea-calm", "Light winds, smooth") +
         sea_area(BLACK_SEA, "wind-ne", "sea-moderate", "North-east 4, moderate sea") +
@@ -84,14 +84,14 @@ PERIODS = [
           "south-east 7, high water in Venice at 23 UTC."),
          ("Eastern basin",
           "Aegean: south 3 to 4. Levant: light winds, clear.")),
-        sea_area(LIONS, "wind-nw-storm", "waves-4-m", "North-west 8, waves of 4 m") +
+        sea_area(LIONS, "wind-nw-storm", "waves-04-m", "North-west 8, waves of 4 m") +
         sea_area(ALBORAN, "variable", "sea-slight", "Variable 2 to 3, slight sea") +
-        sea_area(TYRRHENIAN, "wind-sw-strong", "waves-4-m", "South-west 7, waves of 4 m") +
-        sea_area(IONIAN, "wind-s-strong", "waves-2-m", "South 6, waves of 2 m") +
-        sea_area(LIBYAN, "wind-w", "waves-1-m", "West 4, waves of 1 m") +
+        sea_area(TYRRHENIAN, "wind-sw-strong", "waves-04-m", "South-west 7, waves of 4 m") +
+        sea_area(IONIAN, "wind-s-strong", "waves-02-m", "South 6, waves of 2 m") +
+        sea_area(LIBYAN, "wind-w", "waves-01-m", "West 4, waves of 1 m") +
         sea_area(LEVANT, "wind-w-light", "sea-calm", "West 2, smooth") +
         sea_area(BLACK_SEA, "wind-e", "sea-moderate", "East 4, moderate sea") +
-        [Symbol("sea\\swell-nw", at(7.8, 38.0, -8, 10), "Swell from the north-west, 3 m"),
+        [Symbol("sea\\swell-from-northwest", at(7.8, 38.0, -8, 10), "Swell from the north-west, 3 m"),
          Symbol("night\\thunderstorm-night", at(9.9, 43.6, 14, -14), "Thunderstorms"),
          Symbol("sea\\waterspout", at(13.2, 36.6, -10, 30), "Waterspouts are possible"),
          Symbol("sea\\high-tide", at(15.4, 44.0), "High water in Venice at 23 UTC"),
@@ -111,12 +111,12 @@ PERIODS = [
          ("Eastern basin",
           "Aegean: south 6, in the evening 7, waves of 3 metres. Levant: south-west 4, first clouds. Dust from Libya "
           "towards Crete.")),
-        sea_area(LIONS, "wind-nw", "waves-2-m", "North-west 5, waves of 2 m") +
+        sea_area(LIONS, "wind-nw", "waves-02-m", "North-west 5, waves of 2 m") +
         sea_area(ALBORAN, "variable", "sea-slight", "Variable 2 to 3, slight sea") +
-        sea_area(TYRRHENIAN, "wind-n", "waves-2-m", "North 5, waves of 2 m") +
-        sea_area(IONIAN, "wind-nw-storm", "waves-5-m", "North-west 8, waves of 5 m") +
-        sea_area(LIBYAN, "wind-sw-strong", "waves-3-m", "South-west 7, waves of 3 m") +
-        sea_area(LEVANT, "wind-sw", "waves-1-m", "South-west 4, waves of 1 m") +
+        sea_area(TYRRHENIAN, "wind-n", "waves-02-m", "North 5, waves of 2 m") +
+        sea_area(IONIAN, "wind-nw-storm", "waves-05-m", "North-west 8, waves of 5 m") +
+        sea_area(LIBYAN, "wind-sw-strong", "waves-03-m", "South-west 7, waves of 3 m") +
+        sea_area(LEVANT, "wind-sw", "waves-01-m", "South-west 4, waves of 1 m") +
         sea_area(BLACK_SEA, "wind-s", "sea-moderate", "South 4, moderate sea") +
         [Symbol("sea\\sailing-boat", at(3.0, 38.9, -10, 24), "Good sailing in the west"),
          Symbol("set-1\\sun", at(-3.6, 40.4), "Sunny"), Symbol("set-1\\sandstorm", at(20.6, 29.4), "Dust from the desert"),
