@@ -33,7 +33,7 @@ NAMES = [name("Alboran", ALBORAN, 2, 38), name("Lions", LIONS), name("Tyrrhenian
 
 
 def today_chart(chart):
-    field = pressure(SIZE, ((300, 120, -19, 75, 1.3, 20), (690, 60, 11, 150, 1.4, 0), (40, 330, 8, 170, 1.2, 0)))
+    field = pressure(SIZE, ((300, 120, -19, 75, 1.3, 20), (690, 60, 11, 150, 1.4, 0), (40, 330, 8, 170, 1.2, 0)), base=1015.0)
     chart.isobars(field, range(988, 1032, 4))
     chart.front("cold", ((306, 132), (300, 190), (262, 250), (196, 292)), side=1)
     chart.front("warm", ((306, 132), (350, 150), (384, 190)), side=1)
@@ -69,7 +69,7 @@ PERIODS = [
                 note="Valid until 18 UTC; next issue at noon."),
          Symbol("set-1\\thunderstorm", at(9.2, 36.0, -20, 0), "Thundery squalls along the front"),
          Symbol("set-1\\sun", at(33.0, 39.3), "Sunny"), Symbol("set-1\\mostly-sunny", at(15.0, 31.2), "Mostly sunny")],
-        NAMES + low(at(9.0, 44.4, -30, -16), "994") + high(at(28.0, 45.6, 0, 6), "1026") +
+        NAMES + low(at(9.0, 44.4, -30, -16), "995") + high(at(28.0, 45.6, 0, 6), "1026") +
         [Label(f"{GAP}Storm: Gulf of Lions{GAP}", at(3.0, 43.9, -110, -10), 10, FIRE_BRICK, ground=LEMON,
                border=FIRE_BRICK)],
         today_chart),
