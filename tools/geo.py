@@ -32,7 +32,7 @@ class Topology:
 
     def _ring(self, indices):
         pieces = [self._arc(indices[0])] + [self._arc(i)[1:] for i in indices[1:]]
-        return np.concatenate(pieces)
+        return unwrapped(np.concatenate(pieces))
 
     @staticmethod
     def _polygons(geometry):
@@ -56,19 +56,61 @@ class Topology:
                 result += [self._ring(ring) for ring in polygon]
         return result
 
-    def borders(self, name):
-        """The arcs that two outlines of an object share.
+    def lines(self, name):
+        """All lines of an object, rivers for one."""
+        result = []
+        for geometry in self._geometries(name):
+            arcs = geometry.get("arcs", [])
+            for line in arcs if geometry["type"] == "MultiLineString" else [arcs]:
+                if line:
+                    result.append(self._ring(line))
+        return result
+
+    def borders(self, name, wanted=lambda properties: True):
+        """The arcs that two outlines of an object share; `wanted` picks outlines by their properties.
 
         Drawing arcs and not outlines paints every border once; painted twice, its smoothed edge would come out darker.
         """
         uses = {}
         for geometry in self._geometries(name):
+            if not wanted(geometry.get("properties", {})):
+                continue
             for polygon in self._polygons(geometry):
                 for ring in polygon:
                     for index in ring:
                         key = index if index >= 0 else ~index
                         uses[key] = uses.get(key, 0) + 1
-        return [self.arcs[i] for i, count in sorted(uses.items()) if count > 1]
+        return [unwrapped(self.arcs[i]) for i, count in sorted(uses.items()) if count > 1]
+
+
+def turns(points, box):
+    """The points once for each whole turn of the globe that brings them near the box, whose sides may pass 180."""
+    west, east = points[:, 0].min(), points[:, 0].max()
+    for turn in (-360.0, 0.0, 360.0):
+        if west + turn <= box[2] and east + turn >= box[0]:
+            yield points + (turn, 0.0) if turn else points
+
+
+def unwrapped(points):
+    """The same outline without leaps from one side of the antimeridian to the other; longitudes may pass 180."""
+    points = points.copy()
+    points[:, 0] = np.unwrap(points[:, 0], period=360)
+    around = points[-1, 0] - points[0, 0]
+    if abs(around) > 180 and np.array_equal(points[0, 1], points[-1, 1]):
+        # Only Antarctica goes around the globe: it is closed over the pole.
+        points = np.concatenate((points, [(points[-1, 0], -90.0), (points[0, 0], -90.0), points[0]]))
+    return points
+
+
+def densify(points, step):
+    """Points added so that no side is longer than `step` degrees: a parallel is no straight line on most maps."""
+    gaps = np.abs(np.diff(points, axis=0)).max(axis=1)
+    counts = np.maximum(1, np.ceil(gaps / step)).astype(int)
+    if len(counts) == 0 or counts.max() == 1:
+        return points
+    pieces = [start + (end - start) * (np.arange(count) / count)[:, None]
+              for start, end, count in zip(points[:-1], points[1:], counts)]
+    return np.concatenate(pieces + [points[-1:]])
 
 
 def clip_ring(ring, box):
@@ -133,11 +175,56 @@ class LambertConic:
     def inverse(self, points):
         x = points[:, 0]
         y = self.rho0 + points[:, 1]
-        rho = np.hypot(x, y)
-        angle = np.arctan2(x, y)
+        rho = np.hypot(x, y) * np.sign(self.n)
+        angle = np.arctan2(x * np.sign(self.n), y * np.sign(self.n))
         longitude = np.degrees(self.lon0 + angle / self.n)
         latitude = np.degrees(2 * np.arctan((self.f / rho) ** (1 / self.n)) - np.pi / 2)
         return np.column_stack((longitude, latitude))
+
+
+class LambertAzimuthal:
+    """Lambert's equal-area projection of a sphere onto a plane that touches it in the middle: for whole continents."""
+
+    def __init__(self, centre_longitude, centre_latitude):
+        self.lon0 = math.radians(centre_longitude)
+        self.sin0, self.cos0 = math.sin(math.radians(centre_latitude)), math.cos(math.radians(centre_latitude))
+
+    def forward(self, points):
+        longitude = np.radians(points[:, 0]) - self.lon0
+        latitude = np.radians(points[:, 1])
+        sin, cos = np.sin(latitude), np.cos(latitude)
+        along = self.sin0 * sin + self.cos0 * cos * np.cos(longitude)
+        k = np.sqrt(2 / np.maximum(1 + along, 1e-9))
+        return np.column_stack((k * cos * np.sin(longitude),
+                                -k * (self.cos0 * sin - self.sin0 * cos * np.cos(longitude))))
+
+    def inverse(self, points):
+        x, y = points[:, 0], -points[:, 1]
+        rho = np.maximum(np.hypot(x, y), 1e-12)
+        c = 2 * np.arcsin(np.minimum(rho / 2, 1))
+        latitude = np.arcsin(np.cos(c) * self.sin0 + y * np.sin(c) * self.cos0 / rho)
+        longitude = np.arctan2(x * np.sin(c), rho * self.cos0 * np.cos(c) - y * self.sin0 * np.sin(c))
+        return np.column_stack((np.degrees(self.lon0 + longitude), np.degrees(latitude)))
+
+
+class Patterson:
+    """Patterson's cylindrical projection: the whole world in a rectangle, with less stretch at the poles than most."""
+
+    TERMS = ((1, 1.0148), (5, 0.23185), (7, -0.14499), (9, 0.02406))
+
+    def __init__(self, centre_longitude):
+        self.lon0 = math.radians(centre_longitude)
+        self.latitudes = np.radians(np.linspace(-90, 90, 3601))
+        self.heights = sum(factor * self.latitudes ** power for power, factor in self.TERMS)
+
+    def forward(self, points):
+        latitude = np.radians(points[:, 1])
+        y = sum(factor * latitude ** power for power, factor in self.TERMS)
+        return np.column_stack((np.radians(points[:, 0]) - self.lon0, -y))
+
+    def inverse(self, points):
+        latitude = np.interp(-points[:, 1], self.heights, self.latitudes)
+        return np.column_stack((np.degrees(points[:, 0] + self.lon0), np.degrees(latitude)))
 
 
 class MapFrame:
@@ -179,6 +266,6 @@ class MapFrame:
         degrees = self.to_degrees(edge)
         west, south = degrees.min(axis=0) - margin
         east, north = degrees.max(axis=0) + margin
-        if west < -180 or east > 180 or north > 89:
-            raise ValueError("the region reaches the antimeridian or the pole")
+        if east - west > 370 or north > 89:
+            raise ValueError("the region holds the pole or more than the world")
         return west, south, east, north

@@ -8,6 +8,8 @@ import math
 import cairo
 import numpy as np
 
+import typeface
+
 OVERSAMPLING = 4
 LINE = 1.15  # width of an outline outside its shape
 
@@ -75,6 +77,21 @@ def ribbon(context, path, width, fill, line, weight=LINE):
         else:
             context.set_source(ink)
         context.stroke()
+
+
+def lettering(context, text, x, y, points, fill, line, weight=LINE, most=1000):
+    """Bold text with its ink centred at (x, y), narrowed where it would be wider than `most` pixels."""
+    typeface.select(context, points, True, False)
+    extents = context.text_extents(text)
+    context.save()
+    context.translate(x, y)
+    context.scale(min(1.0, most / extents.width), 1)
+
+    def letters(c):
+        c.move_to(-extents.x_bearing - extents.width / 2, -extents.y_bearing - extents.height / 2)
+        c.text_path(text)
+    outlined(context, letters, fill, line, weight)
+    context.restore()
 
 
 # Clouds ---------------------------------------------------------------------------------------------------------------

@@ -1,4 +1,4 @@
-"""Large inland waters, which the outline data lack: rough shores set down by hand, in degrees.
+"""Inland waters that the data lack or have too roughly for a country's map: shores set down by hand, in degrees.
 
 `SHORES` are closed outlines, smoothed when drawn; `LONG_LAKES` are middle lines with a width in kilometres;
 `ROUND_LAKES` are ellipses (centre, half axes in kilometres east and north).

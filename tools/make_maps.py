@@ -1,95 +1,24 @@
 #!/usr/bin/python3
-"""Draws the base maps in content/Maps.
+"""Draws the base maps in content/Maps: the regions and styles of regions.py.
 
 A further map is one entry in REGIONS, a further look one entry in STYLES, and the pair one line in MAPS.
 """
 
 import argparse
 import os
-from dataclasses import dataclass, field
 
 import cairo
 import numpy as np
 from PIL import Image, ImageFilter
 
+import ground
 import lakes
-from geo import REPOSITORY, LambertConic, MapFrame, Topology, clip_line, clip_ring
+from geo import REPOSITORY, MapFrame, Topology, clip_line, clip_ring, densify, turns
+from regions import MAPS, REGIONS, STYLES, UNDRAWN_BORDERS
 
 OVERSAMPLING = 4
 JPEG = {"format": "JPEG", "quality": 92, "subsampling": 0, "optimize": True}
-
-
-@dataclass(frozen=True)
-class Region:
-    centre: tuple           # longitude, latitude of the picture's middle
-    degrees_wide: float     # degrees of longitude between the picture's sides, at the middle latitude
-    parallels: tuple        # standard parallels; a sixth of the height inside the upper and lower edge serves
-    detail: str             # Natural Earth scale, "10m" or "50m"
-    graticule: float        # degrees between its lines
-    focus: tuple = ()       # countries set off from their neighbours
-    smallest_island: float = 0.0  # outlines below this area in square pixels are left out
-    size: tuple = (800, 600)
-
-
-@dataclass(frozen=True)
-class Style:
-    shallow: tuple          # sea at the coast
-    deep: tuple             # open sea
-    land: tuple             # pairs (latitude, colour), from south to north
-    other_land: tuple       # colour and share mixed into land outside the region's focus
-    coast: tuple            # colour and opacity
-    border: tuple
-    graticule_sea: tuple
-    graticule_land: tuple
-    rim: tuple              # thin light along the coast, inside the land
-    texture: float          # strength of the slow variation of land colour
-    coast_width: float = 0.8
-    border_width: float = 0.8
-    glow: tuple = field(default=((5, 0.35), (16, 0.35), (48, 0.30)))  # reach in pixels, weight
-
-
-REGIONS = {
-    "europe": Region(centre=(14.0, 53.4), degrees_wide=89, parallels=(40, 66), detail="50m", graticule=10,
-                     smallest_island=1.2),
-    "italy": Region(centre=(12.4, 41.95), degrees_wide=19.6, parallels=(38, 46), detail="10m", graticule=2,
-                    focus=("Italy", "San Marino", "Vatican"), smallest_island=0.8),
-}
-
-STYLES = {
-    "natural": Style(
-        shallow=(216, 234, 243), deep=(169, 204, 226),
-        land=((28, (240, 230, 204)), (35, (237, 231, 205)), (41, (229, 232, 203)), (48, (217, 230, 199)),
-              (58, (206, 225, 196)), (66, (214, 227, 209)), (74, (228, 233, 226))),
-        other_land=((238, 236, 226), 0.62),
-        coast=((104, 142, 160), 0.85), border=((140, 142, 122), 0.75),
-        graticule_sea=((255, 255, 255), 0.45), graticule_land=((120, 140, 110), 0.13),
-        rim=((255, 255, 250), 0.55), texture=7.0),
-    "light": Style(
-        shallow=(236, 244, 249), deep=(208, 226, 238),
-        land=((0, (247, 246, 240)),),
-        other_land=((240, 240, 238), 0.80),
-        coast=((138, 160, 176), 0.9), border=((172, 176, 176), 0.85),
-        graticule_sea=((255, 255, 255), 0.6), graticule_land=((150, 160, 165), 0.12),
-        rim=((255, 255, 255), 0.5), texture=2.0),
-    "dark": Style(
-        shallow=(44, 70, 96), deep=(24, 42, 64),
-        land=((0, (74, 90, 92)),),
-        other_land=((58, 72, 80), 0.75),
-        coast=((150, 184, 204), 0.7), border=((150, 164, 160), 0.55),
-        graticule_sea=((160, 190, 215), 0.16), graticule_land=((200, 220, 220), 0.08),
-        rim=((120, 140, 140), 0.35), texture=4.0),
-}
-
-# Lines of control that most states do not recognise as borders; an arc whose middle lies in such a box is not drawn.
-UNDRAWN_BORDERS = (
-    (32.5, 45.6, 36.0, 46.4),  # Crimea's neck
-    (32.3, 34.9, 34.2, 35.3),  # across Cyprus
-)
-
-MAPS = {
-    "europe.jpg": ("europe", "natural"),
-    "italy.jpg": ("italy", "natural"),
-}
+STEP = 0.5  # degrees between the points of a line that is drawn
 
 
 def coverage(frame, paint):
@@ -113,17 +42,26 @@ def area(points):
     return abs(np.dot(x, np.roll(y, 1)) - np.dot(y, np.roll(x, 1))) / 2
 
 
-def project_rings(rings, region, frame):
+def inside_rings(rings, region, frame):
+    """Closed outlines in pixels, for filling."""
     box = frame.clip_box()
-    result = []
-    for ring in rings:
-        clipped = clip_ring(ring, box)
-        if len(clipped) < 3:
-            continue
-        points = frame.to_pixels(clipped)
-        if area(points) >= region.smallest_island:
-            result.append(points)
-    return result
+    for whole in rings:
+        for ring in turns(whole, box):
+            clipped = clip_ring(ring, box)
+            if len(clipped) >= 3:
+                points = frame.to_pixels(densify(np.concatenate((clipped, clipped[:1])), STEP))
+                if area(points) >= region.smallest_island:
+                    yield points
+
+
+def coast_lines(rings, region, frame):
+    """The outlines' shores in pixels, as open runs near the picture."""
+    box = frame.clip_box()
+    for whole in rings:
+        for ring in turns(np.concatenate((whole, whole[:1])), box):
+            if area(frame.to_pixels(ring)) >= region.smallest_island:
+                for piece in clip_line(densify(ring, STEP), box):
+                    yield frame.to_pixels(piece)
 
 
 def fill_rings(rings):
@@ -159,11 +97,43 @@ def smooth_outline(points, rounds=2):
     return points
 
 
-def lake_coverage(region, frame, grow=0.0):
+def holds(ring, point):
+    """Whether a ring goes around a point."""
+    x, y = (ring - point).T
+    after_x, after_y = np.roll(x, -1), np.roll(y, -1)
+    crossing = (y > 0) != (after_y > 0)
+    at = x + (after_x - x) * -y / np.where(crossing, after_y - y, 1)
+    return bool(np.count_nonzero(crossing & (at > 0)) % 2)
+
+
+def lake_shapes(waters, region, frame):
+    """Shores in pixels: by hand where they are, for those are finer, and otherwise from the data."""
+    kilometre = frame.scale / ground.EARTH_RADIUS
+    box = frame.clip_box(margin=0)
+    by_hand = [np.array(shore) for shore in lakes.SHORES.values()] if region.detail == "10m" else []
+    middles = [shore.mean(axis=0) for shore in by_hand]
+    shores = [frame.to_pixels(smooth_outline(shore)) for shore in by_hand]
+    from_data = [ring for whole in waters.rings("lakes") for ring in turns(whole, box)]
+    known = []
+    for ring in from_data:
+        known.append(ring)
+        if not any(holds(ring, middle) for middle in middles):
+            shores.append(frame.to_pixels(smooth_outline(ring)))
+    if region.detail != "10m":
+        for shore in (np.array(shore) for shore in lakes.SHORES.values()):
+            if not any(holds(ring, shore.mean(axis=0)) for ring in known):
+                shores.append(frame.to_pixels(smooth_outline(shore)))
+    for centre, east, north in lakes.ROUND_LAKES.values():
+        if not any(holds(ring, centre) for ring in known):
+            turn = np.linspace(0, 2 * np.pi, 40)[:-1]
+            middle = frame.to_pixels([centre])[0]
+            shores.append(middle + np.column_stack((np.cos(turn) * east, np.sin(turn) * north)) * kilometre)
+    return [shore for shore in shores if area(shore) > 4]
+
+
+def lake_coverage(shores, frame, grow=0.0):
     """Share of inland water; `grow` widens every lake by that many pixels, which gives its shore line."""
-    kilometre = frame.scale / 6371.0
-    shores = [frame.to_pixels(smooth_outline(np.array(shore))) for shore in lakes.SHORES.values()]
-    shores = [shore for shore in shores if area(shore) > 5]
+    kilometre = frame.scale / ground.EARTH_RADIUS
 
     def paint(context):
         fill_rings(shores)(context)
@@ -173,27 +143,19 @@ def lake_coverage(region, frame, grow=0.0):
             pixels = width * kilometre
             if pixels > 0.8:
                 stroke_lines([frame.to_pixels(np.array(line))], pixels + 2 * grow)(context)
-        for centre, east, north in lakes.ROUND_LAKES.values():
-            x, y = frame.to_pixels([centre])[0]
-            if east * north * kilometre ** 2 > 1.2:
-                context.save()
-                context.translate(x, y)
-                context.scale(east * kilometre + grow, north * kilometre + grow)
-                context.arc(0, 0, 1, 0, 2 * np.pi)
-                context.restore()
-                context.fill()
     return coverage(frame, paint)
 
 
-def visible_borders(lines, box):
+def visible_lines(lines, frame):
+    """Borders or rivers in pixels, without those that are not to be seen."""
+    box = frame.clip_box()
     for line in lines:
-        for hidden in UNDRAWN_BORDERS:
-            west, south, east, north = hidden
-            middle = line.mean(axis=0)
-            if west < middle[0] < east and south < middle[1] < north:
-                break
-        else:
-            yield from clip_line(line, box)
+        middle = line.mean(axis=0)
+        if any(west < middle[0] < east and south < middle[1] < north for west, south, east, north in UNDRAWN_BORDERS):
+            continue
+        for turned in turns(line, box):
+            for run in clip_line(densify(turned, STEP), box):
+                yield frame.to_pixels(run)
 
 
 def graticule(region, frame):
@@ -201,10 +163,10 @@ def graticule(region, frame):
     step = region.graticule
     lines = []
     for longitude in np.arange(np.floor(west / step) * step, east + step, step):
-        latitudes = np.linspace(south, north, 100)
+        latitudes = np.linspace(max(south, -89), min(north, 89), 200)
         lines.append(frame.to_pixels(np.column_stack((np.full_like(latitudes, longitude), latitudes))))
     for latitude in np.arange(np.floor(south / step) * step, min(north + step, 89), step):
-        longitudes = np.linspace(west, east, 200)
+        longitudes = np.linspace(west, east, 400)
         lines.append(frame.to_pixels(np.column_stack((longitudes, np.full_like(longitudes, latitude)))))
     return lines
 
@@ -218,67 +180,74 @@ def blur(values, radius):
     return blurred[pad:-pad, pad:-pad]
 
 
-def slow_noise(shape, seed):
-    """Smooth variation between -1 and 1 in patches of some 40 to 160 pixels."""
-    random = np.random.RandomState(seed)  # the legacy generator's sequence is frozen, which keeps the maps repeatable
-    total = np.zeros(shape)
-    for cells, weight in ((6, 0.6), (12, 0.3), (24, 0.1)):
-        grid = random.uniform(0, 255, (cells * 3 // 4, cells)).astype(np.uint8)
-        image = Image.fromarray(grid).resize((shape[1], shape[0]), Image.BICUBIC)
-        total += weight * (np.asarray(image, dtype=float) / 127.5 - 1)
-    return total
-
-
 def mix(base, colour, share):
     share = np.asarray(share)[..., None]
     return base * (1 - share) + np.asarray(colour, dtype=float) * share
 
 
-def draw_map(region, style):
-    projection = LambertConic(region.centre[0], region.centre[1], *region.parallels)
-    frame = MapFrame(projection, region.size, region.centre, region.degrees_wide)
-    land_topology = Topology(f"land-{region.detail}.json")
-    countries = Topology(f"countries-{region.detail}.json")
-    box = frame.clip_box()
-
-    land_rings = project_rings(land_topology.rings("land"), region, frame)
-    land = coverage(frame, fill_rings(land_rings))
-    shape = land.shape
-
-    near = sum(weight * blur(land, reach) for reach, weight in style.glow)
-    near = np.clip(near * 1.6, 0, 1)
-    sea = mix(np.broadcast_to(np.array(style.deep, float), shape + (3,)), style.shallow, near)
-
-    _, latitude = frame.degree_grid()
-    latitudes = [entry[0] for entry in style.land]
-    ground = np.stack([np.interp(latitude, latitudes, [entry[1][channel] for entry in style.land])
-                       for channel in range(3)], axis=-1)
-    ground = ground + (slow_noise(shape, 7) * style.texture)[..., None] * np.array([1.0, 0.85, 0.55])
+def land_colours(region, style, frame, land, countries):
+    longitude, latitude = frame.degree_grid()
+    from_equator = [entry[0] for entry in style.land]
+    picture = np.stack([np.interp(np.abs(latitude), from_equator, [entry[1][channel] for entry in style.land])
+                        for channel in range(3)], axis=-1)
+    for kind, share in ground.climates(longitude, latitude):
+        if kind in style.climate:
+            colour, most = style.climate[kind]
+            picture = mix(picture, colour, share * most)
+    variation = ground.slow_noise(land.shape, 7) * style.texture
+    picture = picture + variation[..., None] * np.array([1.0, 0.85, 0.55])
+    mountains, light = ground.relief(frame)
+    picture = mix(picture, style.rock[0], mountains * style.rock[1])
     if region.focus:
-        focus_rings = project_rings(countries.rings("countries", region.focus), region, frame)
-        focus = coverage(frame, fill_rings(focus_rings))
+        rings = list(inside_rings(countries.rings("countries", region.focus), region, frame))
+        focus = coverage(frame, fill_rings(rings))
         # The two outlines need not agree to the last point: along the coast the land's own edge decides.
         outside = np.clip(land - focus, 0, 1) / np.maximum(land, 1e-6)
-        ground = mix(ground, style.other_land[0], style.other_land[1] * outside)
-    rim = np.clip(1 - blur(land, 2.2), 0, 1) * 2
-    ground = mix(ground, style.rim[0], np.clip(rim, 0, 1) * style.rim[1])
+        picture = mix(picture, style.other_land[0], style.other_land[1] * outside)
+    picture = picture + (light * style.relief)[..., None]
+    rim = np.clip((1 - blur(land, 2.2)) * 2, 0, 1)
+    return mix(picture, style.rim[0], rim * style.rim[1])
 
+
+def sea_colours(style, land):
+    near = sum(weight * blur(land, reach) for reach, weight in style.glow)
+    near = np.clip(near * 1.6, 0, 1)
+    return mix(np.broadcast_to(np.array(style.deep, float), land.shape + (3,)), style.shallow, near)
+
+
+def draw_lines(picture, region, style, frame, coast, countries, waters):
+    """Rivers, borders, the coast and lakes, from the bottom up."""
+    def stroke(lines, width, ink):
+        return mix(picture, ink[0], coverage(frame, stroke_lines(list(lines), width)) * ink[1])
+
+    if region.rivers:
+        picture = stroke(visible_lines(waters.lines("rivers"), frame), region.rivers, style.river)
+    if region.states:
+        inner = waters.borders("subunits", lambda properties: properties["gu"] in region.states)
+        picture = stroke(visible_lines(inner, frame), style.border_width, style.state)
+    picture = stroke(visible_lines(countries.borders("countries"), frame), style.border_width, style.border)
+    picture = stroke(coast, style.coast_width, style.coast)
+    shapes = lake_shapes(waters, region, frame)
+    lake = lake_coverage(shapes, frame)
+    shore = np.clip(lake_coverage(shapes, frame, grow=style.coast_width / 2) - lake, 0, 1)
+    picture = mix(picture, style.shallow, lake)
+    return mix(picture, style.coast[0], shore * style.coast[1])
+
+
+def draw_map(region, style):
+    frame = MapFrame(region.projection(), region.size, region.centre, region.degrees_wide)
+    countries = Topology(f"countries-{region.detail}.json")
+    waters = Topology("waters-50m.json")
+    outlines = Topology(f"land-{region.detail}.json").rings("land")
+    land = coverage(frame, fill_rings(list(inside_rings(outlines, region, frame))))
+
+    sea = sea_colours(style, land)
+    soil = land_colours(region, style, frame, land, countries)
     grid = coverage(frame, stroke_lines(graticule(region, frame), 0.7))
     sea = mix(sea, style.graticule_sea[0], grid * style.graticule_sea[1])
-    ground = mix(ground, style.graticule_land[0], grid * style.graticule_land[1])
-
-    picture = sea * (1 - land[..., None]) + ground * land[..., None]
-
-    borders = countries.borders("countries")
-    border_lines = [frame.to_pixels(run) for run in visible_borders(borders, box)]
-    border = coverage(frame, stroke_lines(border_lines, style.border_width))
-    picture = mix(picture, style.border[0], border * style.border[1])
-    coast = coverage(frame, stroke_lines(land_rings, style.coast_width, closed=True))
-    picture = mix(picture, style.coast[0], coast * style.coast[1])
-    lake = lake_coverage(region, frame)
-    shore = np.clip(lake_coverage(region, frame, grow=style.coast_width / 2) - lake, 0, 1)
-    picture = mix(picture, style.shallow, lake)
-    picture = mix(picture, style.coast[0], shore * style.coast[1])
+    soil = mix(soil, style.graticule_land[0], grid * style.graticule_land[1])
+    picture = sea * (1 - land[..., None]) + soil * land[..., None]
+    picture = draw_lines(picture, region, style, frame, list(coast_lines(outlines, region, frame)), countries, waters)
     return Image.fromarray(np.clip(picture + 0.5, 0, 255).astype(np.uint8), "RGB")
 
 
@@ -287,9 +256,10 @@ def main():
     parser.add_argument("--output", default=os.path.join(REPOSITORY, "content", "Maps"))
     parser.add_argument("--region", choices=sorted(REGIONS), help="draw one picture of this region instead")
     parser.add_argument("--style", choices=sorted(STYLES), default="natural")
+    parser.add_argument("names", nargs="*", help="draw only these shipped maps, without .jpg")
     arguments = parser.parse_args()
     os.makedirs(arguments.output, exist_ok=True)
-    chosen = MAPS
+    chosen = {name: pair for name, pair in MAPS.items() if not arguments.names or name[:-4] in arguments.names}
     if arguments.region:
         chosen = {f"{arguments.region}-{arguments.style}.jpg": (arguments.region, arguments.style)}
     for name, (region, style) in chosen.items():
