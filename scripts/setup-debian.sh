@@ -6,7 +6,7 @@ set -euo pipefail
 build_packages=(
     g++ cmake ninja-build ccache mold
     qt6-base-dev qt6-image-formats-plugins libqt6svg6
-    libgif-dev libimagequant-dev libjpeg-dev rapidjson-dev
+    libcurl4-openssl-dev libgif-dev libimagequant-dev libjpeg-dev rapidjson-dev
 )
 test_packages=(
     libgtest-dev libgmock-dev
@@ -14,9 +14,11 @@ test_packages=(
     fonts-liberation2
     chromium chromium-driver python3 python3-selenium
     xvfb xdotool libxml2-utils imagemagick binutils bsdutils
+    python3-pyftpdlib python3-openssl vsftpd openssl
 )
 
-bench_packages=(libbenchmark-dev python3-pil libxml2-utils imagemagick libjpeg-turbo-progs)
+bench_packages=(libbenchmark-dev python3-pil libxml2-utils imagemagick libjpeg-turbo-progs
+    curl lftp python3-pyftpdlib)
 fuzz_packages=(clang libclang-rt-14-dev)
 
 packages=("${build_packages[@]}")

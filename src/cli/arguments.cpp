@@ -76,7 +76,8 @@ void parseCommand(Words& words, Arguments& result) {
             return;
         } else {
             const CommandOption& option = findOption(*result.command, word);
-            const QString value = words.takeValueOf(word);
+            const bool takesValue = *option.value != '\0';
+            const QString value = takesValue ? words.takeValueOf(word) : QString();
             checkValue(option, value);
             result.options.insert(word, value);
         }
@@ -115,6 +116,25 @@ Arguments parse(Words words) {
     throw UsageError{"a command is needed"};
 }
 
+/// A command with its arguments and options, in lines that fit a terminal.
+QString usageOf(const Command& command) {
+    constexpr qsizetype widest = 80;
+    QString text;
+    QString line = "  " + QLatin1String(command.name) + ' ' + QLatin1String(command.arguments);
+    for (const CommandOption& option : command.options) {
+        QString words = QLatin1String(option.name);
+        if (*option.value != '\0') {
+            words += ' ' + QLatin1String(option.value);
+        }
+        if (line.size() + words.size() + 3 > widest) {
+            text += line + '\n';
+            line = "     ";
+        }
+        line += " [" + words + ']';
+    }
+    return text + line;
+}
+
 }  // namespace
 
 std::optional<Arguments> parseArguments(const QStringList& words, QString& error) {
@@ -136,11 +156,7 @@ QString helpText() {
         "\n"
         "Commands:\n";
     for (const Command& command : commands()) {
-        text += "  " + QLatin1String(command.name) + ' ' + QLatin1String(command.arguments);
-        for (const CommandOption& option : command.options) {
-            text += " [" + QLatin1String(option.name) + ' ' + QLatin1String(option.value) + ']';
-        }
-        text += "\n      " + QLatin1String(command.summary) + '\n';
+        text += usageOf(command) + "\n      " + QLatin1String(command.summary) + '\n';
     }
     text += "\nExit code: 0 done, 1 failed, 2 wrong usage. Messages go to stderr.\n";
     return text;

@@ -32,10 +32,11 @@ struct CommandContext {
     Editor editor() { return {workspace, shell, noWindow}; }
 };
 
-/// An option of a command; all take a value.
+/// An option of a command.
 struct CommandOption {
     const char* name;   ///< with its dashes
-    const char* value;  ///< what the help calls it; alternatives parted by "|" are the only values
+    const char* value;  ///< what the help calls it; alternatives parted by "|" are the only values,
+                        ///< and an empty text means that the option takes none
 };
 
 /// One row of the table from which both parsing and help are made.
@@ -55,6 +56,8 @@ std::span<const Command> commands();
 int runShow(CommandContext& context);
 int runSave(CommandContext& context);
 int runPage(CommandContext& context);
+int runPlan(CommandContext& context);
+int runUpload(CommandContext& context);
 int runSettingsGet(CommandContext& context);
 int runSettingsSet(CommandContext& context);
 int runSettingsDelete(CommandContext& context);

@@ -10,6 +10,7 @@ namespace nubivane {
 namespace error_number {
 inline constexpr int DamagedProject = -100;
 inline constexpr int UnsupportedVersion = -200;
+inline constexpr int UploadStopped = -100;
 inline constexpr int InvalidArgument = 5;  ///< an unknown key of a list or table
 inline constexpr int OutOfRange = 9;       ///< a position outside a list
 inline constexpr int TypeMismatch = 13;    ///< a text that is no number where one is needed

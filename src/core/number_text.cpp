@@ -55,6 +55,10 @@ std::optional<double> rounded(QStringView text) {
 
 }  // namespace
 
+std::optional<double> toNumber(QStringView text) {
+    return parse(text);
+}
+
 std::optional<qint16> toInt16(QStringView text) {
     return narrow<qint16>(rounded(text));
 }

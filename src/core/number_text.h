@@ -9,6 +9,9 @@ namespace nubivane {
 /// Numbers as files and windows write them: decimal digits with an optional sign, an optional
 /// fraction and blanks around.
 
+/// The number as it stands, or nothing when the text is none.
+std::optional<double> toNumber(QStringView text);
+
 /// The number rounded to a whole one (half to even), or nothing when the text is no number or the
 /// result lies outside 16 or 32 bits.
 std::optional<qint16> toInt16(QStringView text);

@@ -1,6 +1,7 @@
 #include "project/project_writer.h"
 
 #include "core/path_text.h"
+#include "core/xml_text.h"
 #include "model/workspace.h"
 
 #include <QXmlStreamWriter>
@@ -11,24 +12,6 @@ namespace {
 
 QString flagText(bool flag) {
     return flag ? QStringLiteral("True") : QStringLiteral("False");
-}
-
-/// The text without what XML 1.0 forbids: most control characters, lone surrogates and the last
-/// two characters of the basic plane.
-QString allowed(const QString& text) {
-    QString result;
-    result.reserve(text.size());
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar c = text[i];
-        if (c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
-            result += c;
-            result += text[++i];
-        } else if (!c.isSurrogate() && c < QChar(0xFFFE) &&
-                   (c >= u' ' || c == u'\t' || c == u'\n' || c == u'\r')) {
-            result += c;
-        }
-    }
-    return result;
 }
 
 }  // namespace
@@ -47,7 +30,7 @@ class ProjectWriter::Document {
     }
 
     void attribute(const char* name, const QString& value) {
-        xml_.writeAttribute(QLatin1String(name), allowed(value));
+        xml_.writeAttribute(QLatin1String(name), allowedInXml(value));
     }
     void attribute(const char* name, qint64 value) { attribute(name, QString::number(value)); }
     void flag(const char* name, bool value) { attribute(name, flagText(value)); }
@@ -56,7 +39,7 @@ class ProjectWriter::Document {
     /// read it as a line feed.
     void child(const char* name, const QString& value) {
         start(name);
-        const QStringList parts = allowed(value).split(u'\r');
+        const QStringList parts = allowedInXml(value).split(u'\r');
         for (qsizetype i = 0; i < parts.size(); ++i) {
             if (i > 0) {
                 xml_.writeEntityReference("#13");

@@ -14,6 +14,8 @@ TEST_F(Help, MentionsEveryCommandAndOption) {
     EXPECT_EQ(result.err, "");
     for (const char* word :
          {"show PROJECT\n", "save PROJECT [TARGET.nvpf]\n", "page PROJECT [--type 1|2|3|4]\n",
+          "plan PROJECT [--symbols] [--maps] [--html-page]\n", "upload PROJECT [--initialize]",
+          "[--host H]", "[--port P]", "[--user U]", "[--password-file F]\n",
           "settings get SECTION GROUP KEY [DEFAULT]\n", "settings set SECTION GROUP KEY VALUE\n",
           "settings delete SECTION GROUP KEY\n", "--program-folder DIR", "--settings FILE",
           "--help", "--version"}) {

@@ -67,6 +67,11 @@ INSTANTIATE_TEST_SUITE_P(
                  "\"save\" takes PROJECT [TARGET.nvpf]"},
         WrongUse{"PageWithoutProject", {"page", "--type", "1"}, "\"page\" takes PROJECT"},
         WrongUse{"PageWithTwoProjects", {"page", "a.nvpf", "b.nvpf"}, "\"page\" takes PROJECT"},
+        WrongUse{"PlanWithoutProject", {"plan", "--symbols"}, "\"plan\" takes PROJECT"},
+        WrongUse{
+            "AFlagTakesNoValue", {"plan", "a.nvpf", "--symbols", "1"}, "\"plan\" takes PROJECT"},
+        WrongUse{"HostWithoutValue", {"upload", "a.nvpf", "--host"}, "--host needs a value"},
+        WrongUse{"UploadWithoutProject", {"upload"}, "\"upload\" takes PROJECT"},
         WrongUse{"GetWithoutKey",
                  {"settings", "get", "S", "G"},
                  "\"settings get\" takes SECTION GROUP KEY [DEFAULT]"},

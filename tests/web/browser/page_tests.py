@@ -20,11 +20,13 @@ import content_tests
 import extended_tests
 import interval_tests
 import slider_tests
+import upload_tests
 from browser import Browser, Unavailable
 from page_case import PageCase
 from program import Program
 
-MODULES = (content_tests, buttons_tests, extended_tests, interval_tests, slider_tests)
+MODULES = (content_tests, buttons_tests, extended_tests, interval_tests, slider_tests,
+           upload_tests)
 FAILED, SKIPPED = 1, 77
 
 

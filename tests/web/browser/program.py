@@ -2,6 +2,7 @@
 
 import shutil
 import subprocess
+import tempfile
 from dataclasses import dataclass
 from pathlib import Path
 
@@ -68,6 +69,17 @@ class Program:
         hidden = any(key == "Show forecast text" and str(value) != "1" for _, _, key, value in settings)
         return Page(project, page_type, folder, not hidden)
 
+    def upload(self, page, port):
+        """Sends a page with all that belongs to it to the tests' own FTP server on a port."""
+        with tempfile.TemporaryDirectory() as scratch:
+            # Settings of its own: those beside the page stay as they are.
+            settings, password = Path(scratch, SETTINGS_FILE), Path(scratch, "password")
+            password.write_text("secret")
+            base = [self._cli, "--program-folder", page.folder, "--settings", settings]
+            self._call(*base, "settings", "set", SETTINGS, "Ftp", "nubivane folder", "nVane")
+            self._call(*base, "upload", page.folder / "project.nvpf", "--initialize", "--host", "127.0.0.1",
+                       "--port", str(port), "--user", "user", "--password-file", password)
+
     def _store(self, folder, settings):
         if not settings:
             return
@@ -79,7 +91,10 @@ class Program:
         file.write_bytes(self._settings[settings])
 
     def _run(self, folder, *arguments):
-        command = [self._cli, "--program-folder", folder, "--settings", folder / SETTINGS_FILE, *arguments]
+        self._call(self._cli, "--program-folder", folder, "--settings", folder / SETTINGS_FILE, *arguments)
+
+    @staticmethod
+    def _call(*command):
         done = subprocess.run(command, capture_output=True, text=True, timeout=60, check=False)
         if done.returncode or done.stderr:
             raise RuntimeError(f"{' '.join(map(str, command))} ended with {done.returncode}: {done.stderr.strip()}")

@@ -1,0 +1,10 @@
+# The publisher's servers and addresses. A deployment sets them; without them each service tells
+# that it cannot connect.
+foreach(service REPORT PACK VERSION)
+    set(NUBIVANE_${service}_HOST "" CACHE STRING "FTP server of the service ${service}")
+    set(NUBIVANE_${service}_USER "" CACHE STRING "User name there")
+    set(NUBIVANE_${service}_PASSWORD "" CACHE STRING "Password there")
+endforeach()
+set(NUBIVANE_DOWNLOAD_HOST "" CACHE STRING "Web server of the installers")
+set(NUBIVANE_WEB_ADDRESS "" CACHE STRING "Web address in the About box")
+set(NUBIVANE_SUPPORT_ADDRESS "" CACHE STRING "E-mail address of the support in the About box")

@@ -1,0 +1,22 @@
+#include "cli/command.h"
+#include "cli/streams.h"
+#include "upload/upload_plan.h"
+
+namespace nubivane {
+
+int runPlan(CommandContext& context) {
+    openNamedProject(context, context.arguments[0]);
+    const UploadPlan plan = buildUploadPlan(
+        context.workspace, context.options.contains("--symbols"),
+        context.options.contains("--maps"), context.options.contains("--html-page"));
+    QString lines;
+    for (const cUpload& step : plan) {
+        lines += QStringList{step.Command, step.Param1, step.Param2,
+                             step.ErrorCauseStop ? QStringLiteral("1") : QStringLiteral("0")}
+                     .join(u'\t') +
+                 u'\n';
+    }
+    return streams::writeResult(lines.toUtf8()) ? exit_code::Done : exit_code::Failed;
+}
+
+}  // namespace nubivane

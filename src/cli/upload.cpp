@@ -1,0 +1,101 @@
+#include "cli/command.h"
+#include "cli/streams.h"
+#include "core/error.h"
+#include "core/host_files.h"
+#include "upload/reachable.h"
+#include "upload/upload_commands.h"
+
+#include <optional>
+
+namespace nubivane {
+
+namespace {
+
+/// Shows a run as the share of it that is done.
+class ProgressView : public UploadView {
+  public:
+    explicit ProgressView(Shell& shell) : shell_(shell) {}
+
+    void setProgress(int percent) override { shell_.setProgress(percent); }
+    void close() override { shell_.hideProgress(); }
+
+  private:
+    Shell& shell_;
+};
+
+/// The first line of a file. A password on the command line would be seen by everybody.
+QString readPassword(const QString& hostFile) {
+    constexpr qint64 maxBytes = 4096;
+    QByteArray line = host_files::read(modelPath(hostFile), maxBytes);
+    if (const qsizetype end = line.indexOf('\n'); end >= 0) {
+        line.truncate(end);
+    }
+    if (line.endsWith('\r')) {
+        line.chop(1);
+    }
+    return QString::fromUtf8(line);
+}
+
+/// The port of the option, or nothing when it is none.
+std::optional<int> portOf(const QString& text) {
+    constexpr int highest = 65535;
+    bool valid = false;
+    const int port = text.toInt(&valid);
+    return valid && port >= 1 && port <= highest ? std::optional(port) : std::nullopt;
+}
+
+/// Puts what the options say in the place of what the settings say. Raises `Error`.
+void applyOptions(const QHash<QString, QString>& options, FtpSettings& settings,
+                  FtpServer& server) {
+    if (options.contains("--host")) {
+        server.host = settings.url = options.value("--host");
+    }
+    if (options.contains("--user")) {
+        server.user = settings.userName = options.value("--user");
+    }
+    if (options.contains("--password-file")) {
+        server.password = readPassword(options.value("--password-file"));
+    }
+}
+
+int failed(const QString& text) {
+    streams::printError(text);
+    return exit_code::Failed;
+}
+
+}  // namespace
+
+int runUpload(CommandContext& context) {
+    const auto port = portOf(context.options.value("--port", "21"));
+    if (!port) {
+        streams::printError("nubivane-cli: --port takes a number from 1 to 65535, not \"" +
+                                context.options.value("--port") + '"',
+                            "see nubivane-cli --help");
+        return exit_code::WrongUsage;
+    }
+    FtpSettings settings = FtpSettings::read(context.workspace.settings);
+    FtpServer server = uploadServer(context.workspace.settings);
+    server.port = *port;
+    applyOptions(context.options, settings, server);
+    openNamedProject(context, context.arguments[0]);
+
+    if (!isReachable(context.shell, server.host)) {
+        return failed("No connection to the internet is currently available");
+    }
+    const FtpCheck check = checkFtpSettings(settings);
+    if (check != FtpCheck::Complete) {
+        return failed(textOf(check));
+    }
+    const bool initialising = context.options.contains("--initialize");
+    ProgressView view(context.shell);
+    UploadRun run(context.editor(), view);
+    if (!run.runUpload(initialising, server)) {
+        return exit_code::Failed;
+    }
+    if (initialising) {
+        rememberInitialized(context.workspace.settings);
+    }
+    return exit_code::Done;
+}
+
+}  // namespace nubivane

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace nubivane {
+
+/// Makes the transfer library ready; to be called before any other thread uses it.
+void initializeCurl();
+
+}  // namespace nubivane

@@ -1,0 +1,169 @@
+#include "cli_fixture.h"
+#include "support/ftp_servers.h"
+
+namespace nubivane::testing {
+
+namespace {
+
+class UploadCommand : public CliTest {
+  protected:
+    UploadCommand() {
+        set("Ftp", "nubivane folder", "nVane");
+        writeFile(beside("password"), QByteArray(FtpPassword) + "\nnot this line\n");
+    }
+
+    void set(const QString& group, const QString& key, const QString& value) const {
+        const QString section =
+            QStringLiteral("Nubivane\\6.0.0\\Settings") + (group == u"Upload" ? "\\Ftp" : "");
+        EXPECT_EQ(run({"settings", "set", section, group, key, value}).exitCode, 0);
+    }
+    QByteArray get(const QString& group, const QString& key) const {
+        const QString section =
+            QStringLiteral("Nubivane\\6.0.0\\Settings") + (group == u"Upload" ? "\\Ftp" : "");
+        return run({"settings", "get", section, group, key, "none"}).out.trimmed();
+    }
+
+    /// The options that name a server.
+    QStringList to(const FtpServerProcess& server) const {
+        return {"--host", "127.0.0.1", "--port",          QString::number(server.port()),
+                "--user", FtpUser,     "--password-file", beside("password")};
+    }
+
+    /// What the page needs, by path on the server.
+    QMap<QString, QByteArray> site() const {
+        QMap<QString, QByteArray> files;
+        QDirIterator entries(programFolder(), QDir::Files, QDirIterator::Subdirectories);
+        while (entries.hasNext()) {
+            const QString path = entries.next();
+            files.insert("nVane/" + QDir(programFolder()).relativeFilePath(path), readFile(path));
+        }
+        return files;
+    }
+};
+
+constexpr char NoConnection[] = "Unable to establish a connection to the remote server\n";
+
+}  // namespace
+
+TEST_F(UploadCommand, AnInitialisationSendsTheWholeSite) {
+    OwnFtpServer server;
+    const QString project = useSoundProject();
+    ASSERT_EQ(run({"page", project}).exitCode, 0);
+    const ProcessResult result = run(QStringList{"upload", project, "--initialize"} + to(server));
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(server.tree(), site());
+    EXPECT_EQ(get("Upload", "initialized"), "1");
+    EXPECT_EQ(get("Upload", "symbols"), "2");
+    EXPECT_EQ(get("Upload", "maps"), "2");
+    EXPECT_EQ(get("Upload", "html page"), "2");
+}
+
+TEST_F(UploadCommand, OtherwiseTheSettingsChoose) {
+    OwnFtpServer server;
+    const QString project = useSoundProject();
+    ASSERT_EQ(run({"page", project}).exitCode, 0);
+    set("Upload", "html page", "1");
+    EXPECT_EQ(run(QStringList{"upload", project} + to(server)).exitCode, 0);
+    EXPECT_EQ(server.tree().keys(),
+              QStringList({"nVane/Forecast.htm", "nVane/Forecast.js", "nVane/Web/Forecast1.jpg",
+                           "nVane/Web/Forecast2.jpg"}));
+    EXPECT_EQ(get("Upload", "initialized"), "none");
+    EXPECT_EQ(get("Upload", "html page"), "1");
+}
+
+TEST_F(UploadCommand, TheSettingsNameTheServerToo) {
+    OwnFtpServer server;
+    set("Ftp", "url", "127.0.0.1");
+    set("Ftp", "username", FtpUser);
+    set("Ftp", "password", FtpPassword);
+    set("Upload", "symbols", "1");
+    const ProcessResult result =
+        run({"upload", useSoundProject(), "--port", QString::number(server.port())});
+    EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
+    EXPECT_TRUE(server.tree().contains("nVane/Symbols/set-1/sun.gif"));
+}
+
+TEST_F(UploadCommand, WhatIsMissingIsToldAndSendsNothing) {
+    OwnFtpServer server;
+    const QString project = useSoundProject();
+    const QString port = QString::number(server.port());
+    ProcessResult result = run({"upload", project});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.err, "Enter a valid ftp address\n");
+    result = run({"upload", project, "--host", "127.0.0.1", "--port", port});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.err, "Enter a valid ftp username\n");
+    result = run(QStringList{"upload", project} + to(server));
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.err, "There is no file to upload. Change upload settings and retry\n");
+    set("Ftp", "nubivane folder", "");
+    result = run(QStringList{"upload", project} + to(server));
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.err, "Enter a valid Nubivane folder\n");
+    EXPECT_EQ(server.commands(), QStringList());
+}
+
+TEST_F(UploadCommand, AFailureIsToldWithItsCause) {
+    OwnFtpServer server({"--fault", "CWD:2=550 not today"});
+    ProcessResult result =
+        run(QStringList{"upload", useSoundProject(), "--initialize"} + to(server));
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, "Cannot find Web folder\n  550 not today\n");
+    EXPECT_EQ(get("Upload", "initialized"), "none");
+}
+
+TEST_F(UploadCommand, AWrongPasswordIsToldWithoutShowingIt) {
+    OwnFtpServer server;
+    writeFile(beside("password"), "hunter2");
+    const ProcessResult result =
+        run(QStringList{"upload", useSoundProject(), "--initialize"} + to(server));
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.err.startsWith(NoConnection)) << result.err.toStdString();
+    EXPECT_FALSE(result.err.contains("hunter2"));
+}
+
+TEST_F(UploadCommand, APasswordFileThatCannotBeReadIsAFailure) {
+    OwnFtpServer server;
+    QFile::remove(beside("password"));
+    const ProcessResult result =
+        run(QStringList{"upload", useSoundProject(), "--initialize"} + to(server));
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_NE(result.err, "");
+    EXPECT_EQ(server.commands(), QStringList());
+}
+
+TEST_F(UploadCommand, APasswordFileMayEndItsLineAsItLikes) {
+    for (const char* end : {"", "\n", "\r\n"}) {
+        OwnFtpServer server;
+        writeFile(beside("password"), QByteArray(FtpPassword) + end);
+        EXPECT_EQ(
+            run(QStringList{"upload", useSoundProject(), "--initialize"} + to(server)).exitCode, 0);
+        QFile::remove(beside("project.nvpf"));
+        QFile::remove(beside("project.nvpx"));
+    }
+}
+
+TEST_F(UploadCommand, APortThatIsNoneIsWrongUsage) {
+    for (const char* port : {"0", "65536", "-1", "ftp", "21a", ""}) {
+        const ProcessResult result = run({"upload", "a.nvpf", "--port", port});
+        EXPECT_EQ(result.exitCode, 2) << port;
+        EXPECT_EQ(result.err,
+                  QByteArray("nubivane-cli: --port takes a number from 1 to 65535, not \"") + port +
+                      "\"\n  see nubivane-cli --help\n");
+    }
+}
+
+TEST_F(UploadCommand, ADamagedProjectSendsNothing) {
+    OwnFtpServer server;
+    const ProcessResult result =
+        run(QStringList{"upload", useProject("project/defects/not-xml.nvpf"), "--initialize"} +
+            to(server));
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.err.contains(DamagedText)) << result.err.toStdString();
+    EXPECT_EQ(server.commands(), QStringList());
+}
+
+}  // namespace nubivane::testing

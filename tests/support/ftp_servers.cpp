@@ -1,0 +1,267 @@
+#include "support/ftp_servers.h"
+
+#include "support/processes.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QSet>
+#include <QStandardPaths>
+#include <QThread>
+
+#include <arpa/inet.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace nubivane::testing {
+
+namespace {
+
+constexpr char SystemPython[] = "/usr/bin/python3";
+constexpr int StartMs = 20000;
+
+sockaddr_in loopback(int port) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(static_cast<quint16>(port));
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    return address;
+}
+
+bool answers(int port) {
+    const int socket = ::socket(AF_INET, SOCK_STREAM, 0);
+    const sockaddr_in address = loopback(port);
+    const bool connected =
+        ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    ::close(socket);
+    return connected;
+}
+
+QString findServer(const QString& name) {
+    const QString found = QStandardPaths::findExecutable(name);
+    return found.isEmpty() ? QStandardPaths::findExecutable(name, {"/usr/sbin", "/usr/local/sbin"})
+                           : found;
+}
+
+}  // namespace
+
+FtpServerProcess::FtpServerProcess() {
+    QDir().mkpath(root());
+}
+
+FtpServerProcess::~FtpServerProcess() {
+    process_.terminate();
+    if (process_.state() != QProcess::NotRunning && !process_.waitForFinished(3000)) {
+        process_.kill();
+        process_.waitForFinished();
+    }
+}
+
+QMap<QString, QByteArray> FtpServerProcess::tree() const {
+    QMap<QString, QByteArray> files;
+    QDirIterator entries(root(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (entries.hasNext()) {
+        const QString path = entries.next();
+        files.insert(QDir(root()).relativeFilePath(path), readFile(path));
+    }
+    return files;
+}
+
+int FtpServerProcess::freePort() {
+    const int socket = ::socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address = loopback(0);
+    socklen_t size = sizeof address;
+    ::bind(socket, reinterpret_cast<sockaddr*>(&address), size);
+    ::getsockname(socket, reinterpret_cast<sockaddr*>(&address), &size);
+    ::close(socket);
+    return ntohs(address.sin_port);
+}
+
+void FtpServerProcess::start(const QString& program, const QStringList& arguments) {
+    process_.setProcessChannelMode(QProcess::MergedChannels);
+    process_.start(program, arguments);
+    if (!process_.waitForStarted(StartMs)) {
+        obstacle_ = program + ": " + process_.errorString();
+    }
+}
+
+bool FtpServerProcess::waitForPort() {
+    QElapsedTimer timer;
+    timer.start();
+    while (obstacle_.isEmpty() && !answers(port_)) {
+        if (process_.waitForFinished(20) || timer.elapsed() > StartMs) {
+            obstacle_ = "the server does not start: " + QString::fromUtf8(process_.readAll());
+        }
+    }
+    return obstacle_.isEmpty();
+}
+
+OwnFtpServer::OwnFtpServer(const QStringList& options) {
+    start(SystemPython, QStringList{"-B", testFile("support/ftp_server.py"), root(), "--log",
+                                    folder_.file("log")} +
+                            options);
+    if (process_.waitForReadyRead(StartMs)) {
+        port_ = process_.readLine().trimmed().toInt();
+    }
+    if (port_ == 0) {
+        ADD_FAILURE() << "the tests' own server does not start: "
+                      << process_.readAll().toStdString();
+    }
+}
+
+OwnFtpServer::~OwnFtpServer() {
+    process_.closeWriteChannel();
+}
+
+QStringList OwnFtpServer::commands(bool numbered) const {
+    QStringList lines;
+    if (QFileInfo::exists(folder_.file("log"))) {
+        lines = QString::fromUtf8(readFile(folder_.file("log"))).split(u'\n', Qt::SkipEmptyParts);
+    }
+    if (!numbered) {
+        for (QString& line : lines) {
+            line = line.section(u' ', 1);
+        }
+    }
+    return lines;
+}
+
+int OwnFtpServer::connections() const {
+    QSet<QString> numbers;
+    for (const QString& line : commands(true)) {
+        numbers += line.section(u' ', 0, 0);
+    }
+    return static_cast<int>(numbers.size());
+}
+
+RealFtpServer::RealFtpServer(const QString& kind, bool tls) {
+    if (tls) {
+        makeCertificate();
+    }
+    port_ = freePort();
+    if (kind == u"pyftpdlib") {
+        startPyftpdlib(tls);
+    } else if (kind == u"vsftpd") {
+        startVsftpd(tls);
+    } else if (kind == u"proftpd") {
+        startProftpd();
+    } else if (kind == u"pure-ftpd") {
+        startPureFtpd();
+    }
+    waitForPort();
+}
+
+QByteArray RealFtpServer::log() const {
+    return QFileInfo::exists(folder_.file("log")) ? readFile(folder_.file("log")) : QByteArray();
+}
+
+void RealFtpServer::makeCertificate() {
+    const ProcessResult made =
+        runProgram("openssl", {"req", "-x509", "-newkey", "rsa:2048", "-nodes", "-days", "2",
+                               "-subj", "/CN=127.0.0.1", "-addext", "subjectAltName=IP:127.0.0.1",
+                               "-keyout", folder_.file("key.pem"), "-out", certificate()});
+    ASSERT_EQ(made.exitCode, 0) << made.err.toStdString();
+    writeFile(folder_.file("both.pem"),
+              readFile(folder_.file("key.pem")) + readFile(certificate()));
+}
+
+void RealFtpServer::startPyftpdlib(bool tls) {
+    QStringList words{"-B",
+                      testFile("support/pyftpdlib_server.py"),
+                      root(),
+                      QString::number(port_),
+                      FtpUser,
+                      FtpPassword,
+                      folder_.file("log")};
+    if (tls) {
+        words << folder_.file("both.pem");
+    }
+    start(SystemPython, words);
+}
+
+void RealFtpServer::startVsftpd(bool tls) {
+    // Anonymous logins only: all others would need an account of the system.
+    login_ = {"anonymous", "tests@localhost"};
+    const QString program = findServer("vsftpd");
+    if (program.isEmpty()) {
+        obstacle_ = "vsftpd is not installed";
+        return;
+    }
+    QDir().mkpath(folder_.file("empty"));
+    QString text = QStringLiteral(
+                       "listen=YES\nlisten_port=%1\nlisten_address=127.0.0.1\nbackground=NO\n"
+                       "run_as_launching_user=YES\nseccomp_sandbox=NO\nisolate_network=NO\n"
+                       "anonymous_enable=YES\nno_anon_password=YES\nlocal_enable=NO\n"
+                       "anon_root=%2\nsecure_chroot_dir=%3\nallow_writeable_chroot=YES\n"
+                       "write_enable=YES\nanon_upload_enable=YES\nanon_mkdir_write_enable=YES\n"
+                       "anon_other_write_enable=YES\nanon_umask=022\n"
+                       "anon_world_readable_only=NO\nconnect_from_port_20=NO\n"
+                       "xferlog_enable=YES\nlog_ftp_protocol=YES\nvsftpd_log_file=%4\n")
+                       .arg(port_)
+                       .arg(root(), folder_.file("empty"), folder_.file("log"));
+    if (tls) {
+        text +=
+            "ssl_enable=YES\nallow_anon_ssl=YES\nforce_local_logins_ssl=NO\n"
+            "force_local_data_ssl=NO\nrsa_cert_file=" +
+            folder_.file("both.pem") + '\n';
+    }
+    writeFile(folder_.file("vsftpd.conf"), text.toUtf8());
+    start(program, {folder_.file("vsftpd.conf")});
+}
+
+void RealFtpServer::startProftpd() {
+    const QString program = findServer("proftpd");
+    if (program.isEmpty()) {
+        obstacle_ = "proftpd is not installed";
+        return;
+    }
+    const ProcessResult hash = runProgram("openssl", {"passwd", "-6", FtpPassword});
+    writeFile(folder_.file("passwd"), QStringLiteral("%1:%2:%3:%4::%5:/bin/sh\n")
+                                          .arg(FtpUser, QString::fromUtf8(hash.out.trimmed()))
+                                          .arg(::getuid())
+                                          .arg(::getgid())
+                                          .arg(root())
+                                          .toUtf8());
+    QFile::setPermissions(folder_.file("passwd"), QFile::ReadOwner | QFile::WriteOwner);
+    writeFile(
+        folder_.file("proftpd.conf"),
+        QStringLiteral("ServerName tests\nServerType standalone\nDefaultAddress 127.0.0.1\n"
+                       "Port %1\nUseIPv6 off\nUser #%2\nGroup #%3\nAuthOrder mod_auth_file.c\n"
+                       "AuthUserFile %4/passwd\nRequireValidShell off\nRootLogin on\n"
+                       "DefaultRoot ~\nAllowOverwrite on\nWtmpLog off\n"
+                       "PidFile %4/pid\nScoreboardFile %4/scoreboard\n"
+                       "SystemLog %4/system\nTransferLog none\n"
+                       "ExtendedLog %4/log ALL\nUseReverseDNS off\n")
+            .arg(port_)
+            .arg(::getuid())
+            .arg(::getgid())
+            .arg(folder_.path())
+            .toUtf8());
+    start(program, {"-n", "-c", folder_.file("proftpd.conf")});
+}
+
+void RealFtpServer::startPureFtpd() {
+    const QString program = findServer("pure-ftpd");
+    const QString maker = findServer("pure-pw");
+    if (program.isEmpty() || maker.isEmpty()) {
+        obstacle_ = "pure-ftpd is not installed";
+        return;
+    }
+    const QString users = folder_.file("users");
+    const QString script = QStringLiteral(
+        "printf '%s\\n%s\\n' \"$1\" \"$1\" | \"$0\" useradd \"$2\" -f \"$3\" "
+        "-u 1000 -g 1000 -d \"$4\" && \"$0\" mkdb \"$3.pdb\" -f \"$3\"");
+    const ProcessResult made =
+        runProgram("sh", {"-c", script, maker, FtpPassword, FtpUser, users, root()});
+    if (made.exitCode != 0 || ::chown(root().toLocal8Bit().constData(), 1000, 1000) != 0) {
+        obstacle_ = "pure-ftpd cannot be set up: " + QString::fromUtf8(made.err);
+        return;
+    }
+    QFile::setPermissions(folder_.path(), QFile::Permissions(0x7755));
+    start(program,
+          {"-S", QStringLiteral("127.0.0.1,%1").arg(port_), "-l", "puredb:" + users + ".pdb", "-A",
+           "-E", "-H", "-u", "1", "-g", folder_.file("pid")});
+}
+
+}  // namespace nubivane::testing

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "support/fixtures.h"
+#include "upload/ftp_types.h"
+
+#include <QMap>
+#include <QProcess>
+
+#include <utility>
+
+namespace nubivane::testing {
+
+/// A user's name and password that all servers of the tests take.
+inline constexpr char FtpUser[] = "user";
+inline constexpr char FtpPassword[] = "secret";
+
+/// A server on a free port of this machine, with a folder of its own as its root. Ends with the
+/// object.
+class FtpServerProcess {
+  public:
+    virtual ~FtpServerProcess();
+
+    /// Why the server cannot be run here; empty when it runs.
+    const QString& obstacle() const { return obstacle_; }
+
+    FtpServer address() const { return {"127.0.0.1", port_, login_.first, login_.second}; }
+    int port() const { return port_; }
+    QString root() const { return folder_.file("root"); }
+    /// Host path of something in the root.
+    QString file(const QString& relative) const { return root() + u'/' + relative; }
+
+    /// Every file below the root with its content, by relative path.
+    QMap<QString, QByteArray> tree() const;
+
+  protected:
+    FtpServerProcess();
+
+    /// Starts a program and waits until it answers on the port.
+    void start(const QString& program, const QStringList& arguments);
+    bool waitForPort();
+    static int freePort();
+
+    TemporaryFolder folder_;
+    QProcess process_;
+    int port_ = 0;
+    std::pair<QString, QString> login_{FtpUser, FtpPassword};
+    QString obstacle_;
+};
+
+/// The tests' own server: takes both separators, writes down every command, fails on request.
+class OwnFtpServer : public FtpServerProcess {
+  public:
+    /// `options` are those of ftp_server.py, such as "--fault", "#3=drop".
+    explicit OwnFtpServer(const QStringList& options = {});
+    ~OwnFtpServer() override;
+
+    /// The commands so far, with their connection's number when `numbered`.
+    QStringList commands(bool numbered = false) const;
+    /// How many control connections sent anything.
+    int connections() const;
+};
+
+/// A real server; "vsftpd", "pyftpdlib", "proftpd", "pure-ftpd". With `tls` (not all of them can)
+/// it offers encryption under the certificate of `certificate()`.
+class RealFtpServer : public FtpServerProcess {
+  public:
+    explicit RealFtpServer(const QString& kind, bool tls = false);
+
+    /// PEM file of a certificate made for this test, which stands for 127.0.0.1.
+    QString certificate() const { return folder_.file("certificate.pem"); }
+    QByteArray log() const;
+
+  private:
+    void startPyftpdlib(bool tls);
+    void startVsftpd(bool tls);
+    void startProftpd();
+    void startPureFtpd();
+    void makeCertificate();
+};
+
+/// Short limits, so that no test waits long for a server that does not answer.
+inline FtpOptions shortLimits() {
+    FtpOptions options;
+    options.connect = 3;
+    options.response = 2;
+    options.stall = 2;
+    options.farewell = 1;
+    return options;
+}
+
+}  // namespace nubivane::testing
