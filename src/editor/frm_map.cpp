@@ -39,7 +39,9 @@ frmMap::frmMap(Workspace& workspace, Shell& shell)
       recentFiles_((buildMenuBar(*menuBar(), commands_), *menuBar()->findChild<QMenu*>("mnuFile")),
                    workspace.settings),
       frameCommands_(workspace, shell, canvas_, *viewport_, *tabs_, commands_),
-      projectCommands_({workspace, shell, *this}, commands_) {
+      projectCommands_({workspace, shell, *this}, commands_),
+      clipboardCommands_(workspace, canvas_, commands_),
+      clearCommands_(workspace, shell, canvas_, *viewport_, commands_) {
     setObjectName("frmMap");
     setWindowIcon(programIcon("nubivane"));
     setAcceptDrops(true);
@@ -102,6 +104,8 @@ void frmMap::connectCommands() {
     addAction(commands_["mnuMapRename"]);  // no menu of the bar holds it, and its key must work
     recentFiles_.chosen = [this](const QString& file) { projectCommands_.open(file); };
     projectCommands_.terminate = [] { QApplication::exit(1); };
+    clipboardCommands_.spritesChanged = [this] { refreshHint(); };
+    clearCommands_.spritesChanged = [this] { refreshHint(); };
 }
 
 void frmMap::Init(const QString& projectFile) {

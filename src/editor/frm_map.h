@@ -1,5 +1,7 @@
 #pragma once
 
+#include "editor/clear_commands.h"
+#include "editor/clipboard_commands.h"
 #include "editor/commands.h"
 #include "editor/frame_canvas.h"
 #include "editor/frame_commands.h"
@@ -46,6 +48,7 @@ class frmMap : public QMainWindow, public EditorView {
     EditorPane& pane() { return *pane_; }
     FrameCommands& frameCommands() { return frameCommands_; }
     ProjectCommands& projectCommands() { return projectCommands_; }
+    ClipboardCommands& clipboardCommands() { return clipboardCommands_; }
     bool locked() const;
 
     // EditorView.
@@ -97,6 +100,8 @@ class frmMap : public QMainWindow, public EditorView {
     RecentFilesMenu recentFiles_;
     FrameCommands frameCommands_;
     ProjectCommands projectCommands_;
+    ClipboardCommands clipboardCommands_;
+    ClearCommands clearCommands_;
     QPointer<QWidget> focused_;  ///< where the keyboard was before input was forbidden
     QRect normalGeometry_;
     bool initialized_ = false;
