@@ -11,6 +11,7 @@
 #include "editor/startup.h"
 #include "editor/window_geometry.h"
 #include "project/save_project.h"
+#include "web/frm_page_setting.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -101,6 +102,11 @@ void frmMap::connectCommands() {
     refreshLock();
     commands_.handle("mnuRefreshSymbols", [this] { palette_->refreshCurrentList(); });
     commands_.handle("mnuSommario", [this] { showHelp(); });
+    commands_.handle("mnuImpostazioni", [this] {
+        frmPageSetting dialog(workspace_, shell_, this);
+        dialog.openHelp = [this](const QString&) { showHelp(); };
+        dialog.Init();
+    });
     addAction(commands_["mnuMapRename"]);  // no menu of the bar holds it, and its key must work
     recentFiles_.chosen = [this](const QString& file) { projectCommands_.open(file); };
     projectCommands_.terminate = [] { QApplication::exit(1); };

@@ -9,12 +9,11 @@ TEST_F(LaterCommands, AreThereAndDisabled) {
     start();
     placeSymbol({200, 150});
     for (const char* name :
-         {"mnuSetPrinter",    "mnuPrint",      "mnuCopySymbols",  "mnuPack",
-          "mnuOpenMap",       "mnuCollection", "subEsportaAvi",   "subEsportaFilm",
-          "subEsportaGifAni", "subEsportaBmp", "subEsportaGif",   "subEsportaJpg",
-          "subEsportaPng",    "subEsportaTif", "mnuImpostazioni", "mnuInitialize",
-          "mnuInvia",         "mnuFtpSetting", "mnuWeb",          "mnuBugReport",
-          "mnuLastVersion",   "mnuInfo"}) {
+         {"mnuSetPrinter", "mnuPrint",      "mnuCopySymbols", "mnuPack",          "mnuOpenMap",
+          "mnuCollection", "subEsportaAvi", "subEsportaFilm", "subEsportaGifAni", "subEsportaBmp",
+          "subEsportaGif", "subEsportaJpg", "subEsportaPng",  "subEsportaTif",    "mnuInitialize",
+          "mnuInvia",      "mnuFtpSetting", "mnuWeb",         "mnuBugReport",     "mnuLastVersion",
+          "mnuInfo"}) {
         EXPECT_FALSE(window().commands()[name]->isEnabled()) << name;
     }
     workspace.ProjectChanged = false;
