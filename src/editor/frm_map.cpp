@@ -10,6 +10,7 @@
 #include "editor/startup.h"
 #include "editor/window_geometry.h"
 #include "project/save_project.h"
+#include "web/frm_page_setting.h"
 #include "widgets/help_topic.h"
 #include "widgets/icons.h"
 
@@ -44,7 +45,9 @@ frmMap::frmMap(Workspace& workspace, Shell& shell)
       inputBlock_(*this),
       collectionCommands_(workspace, animations_, shell, *palette_, frameCommands_, commands_,
                           this),
-      copySpecial_(workspace, shell, canvas_, commands_, this) {
+      copySpecial_(workspace, shell, canvas_, commands_, this),
+      clipboardCommands_(workspace, canvas_, commands_),
+      clearCommands_(workspace, shell, canvas_, *viewport_, commands_) {
     setObjectName("frmMap");
     setWindowIcon(programIcon("nubivane"));
     setAcceptDrops(true);
@@ -104,10 +107,19 @@ void frmMap::connectCommands() {
     refreshLock();
     commands_.handle("mnuRefreshSymbols", [this] { palette_->refreshCurrentList(); });
     commands_.handle("mnuSommario", [this] { openHelpTopic(workspace_, shell_, "index.htm"); });
+    commands_.handle("mnuImpostazioni", [this] {
+        frmPageSetting dialog(workspace_, shell_, this);
+        dialog.openHelp = [this](const QString& topic) {
+            openHelpTopic(workspace_, shell_, topic);
+        };
+        dialog.Init();
+    });
     addAction(commands_["mnuMapRename"]);  // no menu of the bar holds it, and its key must work
     recentFiles_.chosen = [this](const QString& file) { projectCommands_.open(file); };
     copySpecial_.projectChanged = [this] { markChanged(); };
     projectCommands_.terminate = [] { QApplication::exit(1); };
+    clipboardCommands_.spritesChanged = [this] { refreshHint(); };
+    clearCommands_.spritesChanged = [this] { refreshHint(); };
 }
 
 void frmMap::Init(const QString& projectFile) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "editor/clear_commands.h"
+#include "editor/clipboard_commands.h"
 #include "editor/collection_commands.h"
 #include "editor/commands.h"
 #include "editor/copy_special.h"
@@ -49,6 +51,7 @@ class frmMap : public QMainWindow, public EditorView {
     FrameCommands& frameCommands() { return frameCommands_; }
     ProjectCommands& projectCommands() { return projectCommands_; }
     CopySpecial& copySpecial() { return copySpecial_; }
+    ClipboardCommands& clipboardCommands() { return clipboardCommands_; }
     bool locked() const;
     bool acceptsInput() const { return !inputBlock_.isActive(); }
 
@@ -103,6 +106,8 @@ class frmMap : public QMainWindow, public EditorView {
     InputBlock inputBlock_;
     CollectionCommands collectionCommands_;
     CopySpecial copySpecial_;
+    ClipboardCommands clipboardCommands_;
+    ClearCommands clearCommands_;
     QRect normalGeometry_;
     bool initialized_ = false;
 };

@@ -165,7 +165,12 @@ class cSprites {
     /// The Symbol of a key; the key of a Label is an error.
     cSymbol& Item(const QString& key) const { return symbols_.Item(key); }
 
+    /// Tells these lists from those of any other Frame, also from one that later stands in their
+    /// place: with a key it names a sprite for good. It expires with the lists.
+    std::weak_ptr<const void> identity() const { return identity_; }
+
   private:
+    std::shared_ptr<const void> identity_ = std::make_shared<char>();
     cLabels labels_;
     cSymbols symbols_;
 };

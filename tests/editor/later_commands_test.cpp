@@ -11,8 +11,8 @@ TEST_F(LaterCommands, AreThereAndDisabled) {
     for (const char* name :
          {"mnuSetPrinter", "mnuPrint", "mnuPack", "subEsportaAvi", "subEsportaFilm",
           "subEsportaGifAni", "subEsportaBmp", "subEsportaGif", "subEsportaJpg", "subEsportaPng",
-          "subEsportaTif", "mnuImpostazioni", "mnuInitialize", "mnuInvia", "mnuFtpSetting",
-          "mnuWeb", "mnuBugReport", "mnuLastVersion", "mnuInfo"}) {
+          "subEsportaTif", "mnuInitialize", "mnuInvia", "mnuFtpSetting", "mnuWeb", "mnuBugReport",
+          "mnuLastVersion", "mnuInfo"}) {
         EXPECT_FALSE(window().commands()[name]->isEnabled()) << name;
     }
     workspace.ProjectChanged = false;

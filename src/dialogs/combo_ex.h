@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QComboBox>
+
+namespace nubivane {
+
+/// A plain combo box for forms that scroll: the wheel goes on scrolling the form over a box that
+/// has not been chosen, and the list is no taller than a few rows.
+class comboEx : public QComboBox {
+    Q_OBJECT
+
+  public:
+    explicit comboEx(QWidget* parent = nullptr);
+
+  protected:
+    void wheelEvent(QWheelEvent* event) override;
+};
+
+}  // namespace nubivane

@@ -1,0 +1,54 @@
+#include "editor/clear_commands.h"
+
+#include "core/error.h"
+#include "core/shell.h"
+#include "editor/commands.h"
+#include "editor/frame_canvas.h"
+#include "editor/map_viewport.h"
+
+namespace nubivane {
+
+namespace {
+
+bool confirmed(Shell& shell, const char* question) {
+    return shell.messageBox({question, Icon::Question, Buttons::YesNo, {}}) == Answer::Yes;
+}
+
+}  // namespace
+
+ClearCommands::ClearCommands(Workspace& workspace, Shell& shell, FrameCanvas& canvas,
+                             MapViewport& viewport, Commands& commands)
+    : workspace_(workspace), shell_(shell), canvas_(canvas), viewport_(viewport) {
+    commands.handle("mnuDelAllSymbols", [this] { deleteAllSprites(); });
+    commands.handle("mnuPulisci", [this] { clearMap(); });
+}
+
+void ClearCommands::deleteAllSprites() {
+    if (!confirmed(shell_, "Are you sure you want to delete all symbols in the map ?")) {
+        return;
+    }
+    canvas_.selection().clearSelection();
+    canvas_.sprites().unloadFrameSprites(workspace_.Status.CurrentFrame, true);
+    spritesChanged();
+}
+
+void ClearCommands::clearMap() {
+    if (!confirmed(shell_, "Are you sure you want to clear map ?")) {
+        return;
+    }
+    Picture map;
+    try {
+        map = workspace_.loadCurrentMap();
+    } catch (const Error& error) {
+        shell_.messageBox({error.description(), Icon::Critical, Buttons::Ok, error.cause()});
+        return;
+    }
+    // A figure still being drawn is of this Frame's drawings too.
+    canvas_.resetDrawing();
+    workspace_.pctPanel.setPicture(workspace_.Status.CurrentFrame, map);
+    workspace_.pctMap.setPicture(map);
+    canvas_.widget().showPicture();
+    viewport_.update();
+}
+
+}  // namespace nubivane
