@@ -39,7 +39,8 @@ frmMap::frmMap(Workspace& workspace, Shell& shell)
       recentFiles_((buildMenuBar(*menuBar(), commands_), *menuBar()->findChild<QMenu*>("mnuFile")),
                    workspace.settings),
       frameCommands_(workspace, shell, canvas_, *viewport_, *tabs_, commands_),
-      projectCommands_({workspace, shell, *this}, commands_) {
+      projectCommands_({workspace, shell, *this}, commands_),
+      propertyCommands_(workspace, shell, canvas_, commands_, *this) {
     setObjectName("frmMap");
     setWindowIcon(programIcon("nubivane"));
     setAcceptDrops(true);

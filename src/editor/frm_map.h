@@ -7,6 +7,7 @@
 #include "editor/map_viewport.h"
 #include "editor/palette.h"
 #include "editor/project_commands.h"
+#include "editor/property_commands.h"
 #include "editor/recent_files_menu.h"
 #include "editor/tool_strip.h"
 #include "model/editor_view.h"
@@ -46,6 +47,7 @@ class frmMap : public QMainWindow, public EditorView {
     EditorPane& pane() { return *pane_; }
     FrameCommands& frameCommands() { return frameCommands_; }
     ProjectCommands& projectCommands() { return projectCommands_; }
+    PropertyCommands& propertyCommands() { return propertyCommands_; }
     bool locked() const;
 
     // EditorView.
@@ -97,6 +99,7 @@ class frmMap : public QMainWindow, public EditorView {
     RecentFilesMenu recentFiles_;
     FrameCommands frameCommands_;
     ProjectCommands projectCommands_;
+    PropertyCommands propertyCommands_;
     QPointer<QWidget> focused_;  ///< where the keyboard was before input was forbidden
     QRect normalGeometry_;
     bool initialized_ = false;
