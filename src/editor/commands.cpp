@@ -31,6 +31,7 @@ constexpr std::array table = {
     CommandRow{"mnuDelAllSymbols", "Delete all", "delete-all", "", ""},
     CommandRow{"mnuRestore", "Restore", "restore", "", "Restore"},
     CommandRow{"mnuProperty", "Property", "property", "F4", "Properties"},
+    CommandRow{"btnProperty", "Property", "property", "", "Properties (F4)"},
     CommandRow{"mnuCollection", "Collections", "collections", "", "Symbol collections"},
     CommandRow{"mnuPack", "Get extended pack", "pack", "", ""},
     CommandRow{"mnuRefreshSymbols", "Refresh list", "refresh", "", ""},

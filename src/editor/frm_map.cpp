@@ -47,7 +47,8 @@ frmMap::frmMap(Workspace& workspace, Shell& shell)
                           this),
       copySpecial_(workspace, shell, canvas_, commands_, this),
       clipboardCommands_(workspace, canvas_, commands_),
-      clearCommands_(workspace, shell, canvas_, *viewport_, commands_) {
+      clearCommands_(workspace, shell, canvas_, *viewport_, commands_),
+      propertyCommands_(workspace, shell, canvas_, commands_, *this) {
     setObjectName("frmMap");
     setWindowIcon(programIcon("nubivane"));
     setAcceptDrops(true);

@@ -12,6 +12,7 @@
 #include "editor/map_viewport.h"
 #include "editor/palette.h"
 #include "editor/project_commands.h"
+#include "editor/property_commands.h"
 #include "editor/recent_files_menu.h"
 #include "editor/tool_strip.h"
 #include "model/editor_view.h"
@@ -52,6 +53,7 @@ class frmMap : public QMainWindow, public EditorView {
     ProjectCommands& projectCommands() { return projectCommands_; }
     CopySpecial& copySpecial() { return copySpecial_; }
     ClipboardCommands& clipboardCommands() { return clipboardCommands_; }
+    PropertyCommands& propertyCommands() { return propertyCommands_; }
     bool locked() const;
     bool acceptsInput() const { return !inputBlock_.isActive(); }
 
@@ -108,6 +110,7 @@ class frmMap : public QMainWindow, public EditorView {
     CopySpecial copySpecial_;
     ClipboardCommands clipboardCommands_;
     ClearCommands clearCommands_;
+    PropertyCommands propertyCommands_;
     QRect normalGeometry_;
     bool initialized_ = false;
 };

@@ -4,9 +4,11 @@
 #include "editor/canvas_clock.h"
 
 #include <QDragEnterEvent>
+#include <QHelpEvent>
 #include <QMimeData>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QToolTip>
 
 namespace nubivane {
 
@@ -47,6 +49,26 @@ void MapCanvas::showPicture() {
     picture_ = QPixmap::fromImage(std::move(image));
     resize(workspace_.pctMap.Width(), workspace_.pctMap.Height());
     update();
+}
+
+bool MapCanvas::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        showToolTip(*static_cast<QHelpEvent*>(event));
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+/// The tip of the Symbol under the pointer, as its text stands.
+void MapCanvas::showToolTip(const QHelpEvent& event) {
+    const auto* symbol = dynamic_cast<const GifSymbol*>(sprites_.at(toMap(event.pos())));
+    if (symbol && !symbol->ToolTipText.isEmpty()) {
+        QToolTip::showText(event.globalPos(),
+                           "<qt>" + symbol->ToolTipText.toHtmlEscaped() + "</qt>", this,
+                           toWidget(symbol->rect));
+    } else {
+        QToolTip::hideText();
+    }
 }
 
 void MapCanvas::paintEvent(QPaintEvent* event) {

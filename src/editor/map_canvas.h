@@ -8,6 +8,8 @@
 
 #include <functional>
 
+class QHelpEvent;
+
 namespace nubivane {
 
 class CanvasClock;
@@ -37,6 +39,7 @@ class MapCanvas : public QWidget {
     std::function<void(const QString&, QPoint)> dropped;
 
   protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -48,6 +51,7 @@ class MapCanvas : public QWidget {
     void hideEvent(QHideEvent* event) override;
 
   private:
+    void showToolTip(const QHelpEvent& event);
     void paintMap(QPainter& painter, const QRect& mapRect);
 
     Workspace& workspace_;

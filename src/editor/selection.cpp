@@ -34,10 +34,15 @@ void Selection::clearSelection() {
 }
 
 void Selection::follow() {
-    const SpriteControl* selected = control();
-    if (selected && selector_) {
+    if (const SpriteControl* selected = control()) {
+        surround(selected->rect);
+    }
+}
+
+void Selection::surround(const QRect& sprite) {
+    if (selector_) {
         changed(selector_->paintedRect());
-        selector_->surround(selected->rect);
+        selector_->surround(sprite);
         changed(selector_->paintedRect());
     }
 }

@@ -24,6 +24,8 @@ class Selection {
     void clearSelection();
     /// Puts the frame around the control again after it has moved.
     void follow();
+    /// Puts the frame, if there is one, around a rectangle of the map.
+    void surround(const QRect& sprite);
 
     bool isEmpty() const;
     /// The selected control, or nothing.

@@ -15,6 +15,12 @@ QString SpriteControl::key() const {
     return getField(Tag, 2);
 }
 
+void GifSymbol::setAnimation(std::shared_ptr<const Animation> other) {
+    animation = std::move(other);
+    playing_ = false;
+    image_ = 0;
+}
+
 void GifSymbol::StartAnimation(qint64 nowMs) {
     if (animation && animation->moves()) {
         playing_ = true;
@@ -47,11 +53,12 @@ void GifSymbol::paint(QPainter& painter) const {
 
 void LblTesto::show(const cLabel& label) {
     look_ = label;
+    look_.BorderColor = 0;
     rect.setSize(labelSize(label));
 }
 
 void LblTesto::paint(QPainter& painter) const {
-    paintLabel(painter, look_, rect);
+    paintLabel(painter, look_, rect, FontStrikethru);
 }
 
 }  // namespace nubivane

@@ -38,6 +38,10 @@ class SpriteControl {
 class GifSymbol : public SpriteControl {
   public:
     std::shared_ptr<const Animation> animation;  ///< nothing when its file cannot be shown
+    QString ToolTipText;                         ///< shown while the pointer rests on it
+
+    /// Shows the first image of another animation, standing still.
+    void setAnimation(std::shared_ptr<const Animation> other);
 
     void StartAnimation(qint64 nowMs);
     void StopAnimation() { playing_ = false; }
@@ -59,7 +63,10 @@ class GifSymbol : public SpriteControl {
 /// A text label.
 class LblTesto : public SpriteControl {
   public:
-    /// Takes over text, font, colours and border of a model's Label, and its size from them.
+    bool FontStrikethru = false;  ///< the control's own: a Label's flag is not taken over by `show`
+
+    /// Takes over text, font, colours and border of a model's Label, and its size from them. The
+    /// colour of a border is for pages alone.
     void show(const cLabel& label);
 
     void paint(QPainter& painter) const override;

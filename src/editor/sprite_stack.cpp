@@ -133,4 +133,16 @@ void SpriteStack::show(SpriteControl& control) {
     changed(control.rect);
 }
 
+void SpriteStack::setFileName(GifSymbol& control, const QString& file) {
+    control.setAnimation(animations_.get(file));
+    changed(control.rect);
+    playingChanged();
+}
+
+void SpriteStack::showLabel(LblTesto& control, const cLabel& label) {
+    changed(control.rect);
+    control.show(label);
+    changed(control.rect);
+}
+
 }  // namespace nubivane

@@ -76,6 +76,10 @@ class SpriteStack {
     /// Moves a control and has both places painted.
     void Move(SpriteControl& control, const QRect& rect);
     void show(SpriteControl& control);
+    /// A Symbol's control shows another file, standing still.
+    void setFileName(GifSymbol& control, const QString& file);
+    /// A Label's control takes over the looks of a Label.
+    void showLabel(LblTesto& control, const cLabel& label);
 
   private:
     void unload(SpriteControl* control);

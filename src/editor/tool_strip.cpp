@@ -98,7 +98,7 @@ ToolStrip::ToolStrip(Commands& commands, SettingsStore& settings, QWidget* paren
                            {"btnLock", "mnuLock"},
                            {"btnSymbols", "mnuCollection"},
                            {"btnMap", "mnuOpenMap"},
-                           {"btnProperty", "mnuProperty"}},
+                           {"btnProperty", "btnProperty"}},
                           commands, this)) {
     for (ToolBar* bar : {standardBar_, mapBar_}) {
         bar->moved = [this, bar](QPoint wanted) { moveBar(*bar, wanted); };

@@ -53,7 +53,7 @@ QSize labelSize(const cLabel& label) {
     return text + QSize(frame, frame);
 }
 
-void paintLabel(QPainter& painter, const cLabel& label, const QRect& rect) {
+void paintLabel(QPainter& painter, const cLabel& label, const QRect& rect, bool strikeOut) {
     painter.save();
     if (label.BackColor != NoColor) {
         painter.fillRect(rect, colorOf(label.BackColor));
@@ -64,7 +64,9 @@ void paintLabel(QPainter& painter, const cLabel& label, const QRect& rect) {
         painter.drawRect(rect.adjusted(0, 0, -1, -1));
         text.adjust(1, 1, -1, -1);
     }
-    painter.setFont(fontOf(label));
+    QFont font = fontOf(label);
+    font.setStrikeOut(strikeOut);
+    painter.setFont(font);
     painter.setPen(colorOf(label.Forecolor));
     painter.drawText(text, Qt::AlignLeft | Qt::AlignTop | Qt::TextExpandTabs | Qt::TextDontClip,
                      withPlainLineEnds(label.Text));

@@ -20,7 +20,8 @@ QFont mapFont(const QString& family, int points, bool bold, bool italic, bool un
 /// The size in pixels that a Label's text gives it, its border included.
 QSize labelSize(const cLabel& label);
 
-/// Paints a Label into a rectangle of the size that `labelSize` gives.
-void paintLabel(QPainter& painter, const cLabel& label, const QRect& rect);
+/// Paints a Label into a rectangle of the size that `labelSize` gives. Its own flag for strike-out
+/// has no form on a map; `strikeOut` is for a control that was just given it.
+void paintLabel(QPainter& painter, const cLabel& label, const QRect& rect, bool strikeOut = false);
 
 }  // namespace nubivane

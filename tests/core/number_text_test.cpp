@@ -110,4 +110,13 @@ TEST(RoundedQuotient, LargeNumeratorsKeepEveryDigit) {
     EXPECT_EQ(roundedQuotient(std::numeric_limits<qint64>::max(), 2), qint64{1} << 62);
 }
 
+TEST(NumberText, ANumberForComparingKeepsItsFraction) {
+    EXPECT_EQ(toNumber(u" -19.5 "), -19.5);
+    EXPECT_EQ(toNumber(u"+7"), 7.0);
+    EXPECT_EQ(toNumber(u"99999999999"), 99999999999.0);
+    EXPECT_EQ(toNumber(u""), std::nullopt);
+    EXPECT_EQ(toNumber(u"1e2"), std::nullopt);
+    EXPECT_EQ(toNumber(u"inf"), std::nullopt);
+}
+
 }  // namespace nubivane

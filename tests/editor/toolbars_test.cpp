@@ -48,7 +48,7 @@ TEST_F(ToolBars, TheMapBarHasItsButtonsAndTheirCommands) {
     start();
     EXPECT_EQ(buttonsOf(map()), QStringList({"btnStationDelete > mnuDelSymbol", "btnLock > mnuLock",
                                              "btnSymbols > mnuCollection", "btnMap > mnuOpenMap",
-                                             "btnProperty > mnuProperty"}));
+                                             "btnProperty > btnProperty"}));
 }
 
 TEST_F(ToolBars, EveryButtonHasAPictureAndAHint) {

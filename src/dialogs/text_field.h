@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QLineEdit>
+
+#include <functional>
+
+namespace nubivane {
+
+class Shell;
+
+/// A one-line field of a form that commits at once. Enter stays in the field and selects it.
+class TextField : public QLineEdit {
+    Q_OBJECT
+
+  public:
+    explicit TextField(QWidget* parent = nullptr);
+
+  protected:
+    /// What Enter does before the field is selected.
+    virtual void entered() {}
+    /// The keyboard has gone to another field of the same window.
+    virtual void left() {}
+
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+};
+
+/// A field whose text is checked by Enter and on leaving: a good one is applied, a bad one is
+/// replaced by the value that stands, and an error box says why.
+class CheckedField : public TextField {
+    Q_OBJECT
+
+  public:
+    CheckedField(Shell& shell, const char* refusal, QWidget* parent = nullptr);
+
+    /// Applies a text if it is good and tells whether it was. Without one the field is at rest.
+    std::function<bool(const QString&)> apply;
+    /// The value that stands, as text.
+    std::function<QString()> value;
+
+    /// Checks and applies the text now, with the box if it is bad.
+    void commit();
+    /// Shows the value that stands and says that the text was refused.
+    void refuse();
+
+  protected:
+    void entered() override { commit(); }
+    void left() override;
+
+  private:
+    bool take();
+
+    Shell& shell_;
+    const char* refusal_;
+};
+
+}  // namespace nubivane

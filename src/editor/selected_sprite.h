@@ -1,0 +1,35 @@
+#pragma once
+
+#include "dialogs/sprite_on_map.h"
+#include "editor/frame_canvas.h"
+
+namespace nubivane {
+
+/// The selected sprite's control on the canvas, as the property windows see it.
+class SelectedSprite : public SpriteOnMap {
+  public:
+    explicit SelectedSprite(FrameCanvas& canvas) : canvas_(canvas) {}
+
+    /// Whether there is one at all.
+    bool exists() const { return control() != nullptr; }
+
+    QRect rect() const override;
+    void Move(const QRect& rect) override;
+    QRect framedRect() const override;
+    void setFramedRect(const QRect& rect) override;
+    void show(const cLabel& label) override;
+    void setFontStrikethru(bool strikethru) override;
+    void StopAnimation() override;
+    void StartAnimation() override;
+    void setFileName(const QString& path) override;
+    void setToolTipText(const QString& text) override;
+
+  private:
+    SpriteControl* control() const { return canvas_.selection().control(); }
+    GifSymbol* symbol() const { return dynamic_cast<GifSymbol*>(control()); }
+    LblTesto* label() const { return dynamic_cast<LblTesto*>(control()); }
+
+    FrameCanvas& canvas_;
+};
+
+}  // namespace nubivane
