@@ -1,6 +1,7 @@
 #include "editor/collection_commands.h"
 
 #include "collections/frm_maps_collection.h"
+#include "collections/frm_symbol_selection.h"
 #include "collections/frm_symbols_collection.h"
 #include "collections/map_files.h"
 #include "core/error.h"
@@ -32,6 +33,12 @@ void CollectionCommands::mnuCollection() {
     if (std::exchange(collections.IsChanged, false)) {
         palette_.loadSymbolsCollections();
     }
+}
+
+QString CollectionCommands::chooseSymbol(QWidget* over) {
+    frmSymbolSelection window(workspace_, animations_, shell_, over);
+    window.exec();
+    return window.FileName().value_or(QString());
 }
 
 void CollectionCommands::mnuOpenMap() {

@@ -21,6 +21,9 @@ class CollectionCommands {
                        Palette& palette, FrameCommands& frameCommands, Commands& commands,
                        QWidget* window);
 
+    /// Shows the picker of a symbol over a window; the path chosen, or an empty text.
+    QString chooseSymbol(QWidget* over);
+
   private:
     void mnuCollection();
     void mnuOpenMap();

@@ -4,6 +4,7 @@
 #include "core/settings_store.h"
 #include "core/shell.h"
 #include "core/version.h"
+#include "dialogs/frm_symbol_property.h"
 #include "editor/editor_pane.h"
 #include "editor/menus.h"
 #include "editor/sprite_keys.h"
@@ -118,6 +119,9 @@ void frmMap::connectCommands() {
     addAction(commands_["mnuMapRename"]);  // no menu of the bar holds it, and its key must work
     recentFiles_.chosen = [this](const QString& file) { projectCommands_.open(file); };
     copySpecial_.projectChanged = [this] { markChanged(); };
+    propertyCommands_.openSymbolSelection = [this](frmSymbolProperty& properties) {
+        properties.setSelectedSymbol(collectionCommands_.chooseSymbol(&properties));
+    };
     projectCommands_.terminate = [] { QApplication::exit(1); };
     clipboardCommands_.spritesChanged = [this] { refreshHint(); };
     clearCommands_.spritesChanged = [this] { refreshHint(); };
