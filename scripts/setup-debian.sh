@@ -13,7 +13,7 @@ test_packages=(
     clang-format clang-tidy
     fonts-liberation2
     chromium chromium-driver python3 python3-selenium
-    xvfb xdotool libxml2-utils imagemagick binutils bsdutils
+    xvfb xdotool xclip libxml2-utils imagemagick binutils bsdutils
 )
 
 bench_packages=(libbenchmark-dev python3-pil libxml2-utils imagemagick libjpeg-turbo-progs)
