@@ -13,7 +13,7 @@ test_packages=(
     clang-format clang-tidy
     fonts-liberation2
     chromium chromium-driver python3 python3-selenium
-    xvfb xdotool libxml2-utils imagemagick binutils bsdutils
+    xvfb xdotool xclip libxml2-utils imagemagick binutils bsdutils
     python3-pyftpdlib python3-openssl vsftpd openssl
 )
 
