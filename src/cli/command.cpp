@@ -15,6 +15,13 @@ namespace {
 
 constexpr std::array pageOptions = {CommandOption{"--type", "1|2|3|4"}};
 
+constexpr CommandOption compression{"--compression", "1|2|3"};
+constexpr std::array aniGifOptions = {compression};
+constexpr std::array videoOptions = {CommandOption{"--width", "W"}, CommandOption{"--height", "H"},
+                                     compression};
+constexpr std::array filmOptions = {CommandOption{"--interval", "HUNDREDTHS"},
+                                    CommandOption{"--from", "FRAME"}};
+
 constexpr std::array table = {
     Command{"show", "PROJECT", "print the project as one JSON object", 1, 1, {}, runShow},
     Command{"save",
@@ -28,6 +35,38 @@ constexpr std::array table = {
             "make the web page (1 buttons, 2 extended view, 3 time interval, 4 slider;\n"
             "      without --type the setting decides) and print the files written",
             1, 1, pageOptions, runPage},
+    Command{"still",
+            "PROJECT FRAME FILE",
+            "write a Frame as a bmp, gif, jpg, png or tif file and print its name;\n"
+            "      FRAME may be \"all\", and FILE then holds %d where its number comes",
+            3,
+            3,
+            {},
+            runStill,
+            true},
+    Command{"anigif", "PROJECT FRAME FILE",
+            "write a Frame with its moving symbols as a GIF; --compression leaves out\n"
+            "      every second image, or two of three",
+            3, 3, aniGifOptions, runAniGif, true},
+    Command{"film", "PROJECT FILE",
+            "write all Frames as a GIF, or an MP4 if FILE ends so, one image each, for\n"
+            "      100 hundredths of a second without --interval; --from is the Frame whose\n"
+            "      symbols stand on the first image",
+            2, 2, filmOptions, runFilm, true},
+    Command{"avi", "PROJECT FRAME FILE",
+            "write a Frame with its moving symbols as an AVI video, as large as its map\n"
+            "      without --width and --height",
+            3, 3, videoOptions, runAvi, true},
+    Command{"mp4", "PROJECT FRAME FILE", "the same as an MP4 video", 3, 3, videoOptions, runMp4,
+            true},
+    Command{"print",
+            "PROJECT FRAME FILE.pdf",
+            "print a Frame, 96 pixels to the inch",
+            3,
+            3,
+            {},
+            runPrint,
+            true},
     Command{
         "settings get", "SECTION GROUP KEY [DEFAULT]", "print a setting", 3, 4, {}, runSettingsGet},
     Command{"settings set", "SECTION GROUP KEY VALUE", "store a setting", 4, 4, {}, runSettingsSet},
