@@ -7,6 +7,7 @@ build_packages=(
     g++ cmake ninja-build ccache mold
     qt6-base-dev qt6-image-formats-plugins libqt6svg6
     libcurl4-openssl-dev libgif-dev libimagequant-dev libjpeg-dev rapidjson-dev
+    pkg-config libavformat-dev libavcodec-dev libswscale-dev libavutil-dev
 )
 test_packages=(
     libgtest-dev libgmock-dev
@@ -14,11 +15,14 @@ test_packages=(
     fonts-liberation2
     chromium chromium-driver python3 python3-selenium
     xvfb xdotool xclip libxml2-utils imagemagick binutils bsdutils
+    ffmpeg gifsicle poppler-utils
     python3-pyftpdlib python3-openssl vsftpd openssl
 )
 
-bench_packages=(libbenchmark-dev python3-pil libxml2-utils imagemagick libjpeg-turbo-progs
-    curl lftp python3-pyftpdlib)
+bench_packages=(
+    libbenchmark-dev python3-pil python3-numpy libxml2-utils imagemagick libjpeg-turbo-progs
+    ffmpeg gifsicle curl lftp python3-pyftpdlib
+)
 fuzz_packages=(clang libclang-rt-14-dev)
 
 packages=("${build_packages[@]}")

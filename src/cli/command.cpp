@@ -20,6 +20,13 @@ constexpr std::array uploadOptions = {
     CommandOption{"--initialize", ""}, CommandOption{"--host", "H"}, CommandOption{"--port", "P"},
     CommandOption{"--user", "U"}, CommandOption{"--password-file", "F"}};
 
+constexpr CommandOption compression{"--compression", "1|2|3"};
+constexpr std::array aniGifOptions = {compression};
+constexpr std::array videoOptions = {CommandOption{"--width", "W"}, CommandOption{"--height", "H"},
+                                     compression};
+constexpr std::array filmOptions = {CommandOption{"--interval", "HUNDREDTHS"},
+                                    CommandOption{"--from", "FRAME"}};
+
 constexpr std::array table = {
     Command{"show", "PROJECT", "print the project as one JSON object", 1, 1, {}, runShow},
     Command{"save",
@@ -41,6 +48,38 @@ constexpr std::array table = {
             "send the groups of files chosen in the settings, or all with --initialize;\n"
             "      the other options stand in for the settings, and for port 21",
             1, 1, uploadOptions, runUpload},
+    Command{"still",
+            "PROJECT FRAME FILE",
+            "write a Frame as a bmp, gif, jpg, png or tif file and print its name;\n"
+            "      FRAME may be \"all\", and FILE then holds %d where its number comes",
+            3,
+            3,
+            {},
+            runStill,
+            true},
+    Command{"anigif", "PROJECT FRAME FILE",
+            "write a Frame with its moving symbols as a GIF; --compression leaves out\n"
+            "      every second image, or two of three",
+            3, 3, aniGifOptions, runAniGif, true},
+    Command{"film", "PROJECT FILE",
+            "write all Frames as a GIF, or an MP4 if FILE ends so, one image each, for\n"
+            "      100 hundredths of a second without --interval; --from is the Frame whose\n"
+            "      symbols stand on the first image",
+            2, 2, filmOptions, runFilm, true},
+    Command{"avi", "PROJECT FRAME FILE",
+            "write a Frame with its moving symbols as an AVI video, as large as its map\n"
+            "      without --width and --height",
+            3, 3, videoOptions, runAvi, true},
+    Command{"mp4", "PROJECT FRAME FILE", "the same as an MP4 video", 3, 3, videoOptions, runMp4,
+            true},
+    Command{"print",
+            "PROJECT FRAME FILE.pdf",
+            "print a Frame, 96 pixels to the inch",
+            3,
+            3,
+            {},
+            runPrint,
+            true},
     Command{
         "settings get", "SECTION GROUP KEY [DEFAULT]", "print a setting", 3, 4, {}, runSettingsGet},
     Command{"settings set", "SECTION GROUP KEY VALUE", "store a setting", 4, 4, {}, runSettingsSet},

@@ -48,6 +48,7 @@ struct Command {
     int maxArguments;
     std::span<const CommandOption> options;
     int (*execute)(CommandContext& context);  ///< returns the exit code; may raise `Error`
+    bool drawsText = false;                   ///< needs fonts, which take a while to set up
 };
 
 std::span<const Command> commands();
@@ -58,6 +59,12 @@ int runSave(CommandContext& context);
 int runPage(CommandContext& context);
 int runPlan(CommandContext& context);
 int runUpload(CommandContext& context);
+int runStill(CommandContext& context);
+int runAniGif(CommandContext& context);
+int runFilm(CommandContext& context);
+int runAvi(CommandContext& context);
+int runMp4(CommandContext& context);
+int runPrint(CommandContext& context);
 int runSettingsGet(CommandContext& context);
 int runSettingsSet(CommandContext& context);
 int runSettingsDelete(CommandContext& context);

@@ -6,9 +6,11 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QGuiApplication>
 
 #include <clocale>
 #include <cstring>
+#include <memory>
 
 #ifdef Q_OS_UNIX
 #include <langinfo.h>
@@ -26,6 +28,16 @@ void chooseUtf8() {
         qputenv("LC_ALL", "C.UTF-8");
     }
 #endif
+}
+
+/// Fonts need an application with a screen; any will do, so it is one that shows nothing.
+std::unique_ptr<QCoreApplication> makeApplication(const Arguments& arguments, int& argc,
+                                                  char* argv[]) {
+    if (!arguments.command->drawsText) {
+        return std::make_unique<QCoreApplication>(argc, argv);
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    return std::make_unique<QGuiApplication>(argc, argv);
 }
 
 ProgramFolder chooseFolder(const Arguments& arguments) {
@@ -81,6 +93,6 @@ int main(int argc, char* argv[]) {
             break;
     }
     chooseUtf8();
-    const QCoreApplication application(argc, argv);
+    const auto application = makeApplication(*arguments, argc, argv);
     return run(*arguments);
 }

@@ -11,12 +11,14 @@ namespace error_number {
 inline constexpr int DamagedProject = -100;
 inline constexpr int UnsupportedVersion = -200;
 inline constexpr int UploadStopped = -100;
-inline constexpr int InvalidArgument = 5;  ///< an unknown key of a list or table
-inline constexpr int OutOfRange = 9;       ///< a position outside a list
-inline constexpr int TypeMismatch = 13;    ///< a text that is no number where one is needed
+inline constexpr int UnsupportedFormat = -1001;  ///< a picture file's name ends in no known format
+inline constexpr int InvalidArgument = 5;        ///< an unknown key of a list or table
+inline constexpr int OutOfRange = 9;             ///< a position outside a list
+inline constexpr int TypeMismatch = 13;          ///< a text that is no number where one is needed
 inline constexpr int FileNotFound = 53;
 inline constexpr int FileAccess = 75;       ///< reading or writing failed
 inline constexpr int InvalidPicture = 481;  ///< bytes that are no picture, or one beyond our limits
+inline constexpr int InvalidVideo = 482;    ///< the encoder refused
 }  // namespace error_number
 
 /// A failure of the engine.

@@ -79,10 +79,15 @@ std::vector<int> rowOrder(int height, bool interlaced) {
     return rows;
 }
 
+}  // namespace
+
 /// Walks the records of one file and paints its images on a canvas of the screen's size.
 class GifReader {
   public:
-    explicit GifReader(const QByteArray& bytes) : source_{bytes} {
+    /// What bounds the images together.
+    enum class Limits { AllAtOnce, None };
+
+    GifReader(const QByteArray& bytes, Limits limits) : source_{bytes}, limits_(limits) {
         int error = 0;
         file_.reset(DGifOpen(&source_, readBytes, &error));
         if (!file_) {
@@ -90,20 +95,28 @@ class GifReader {
         }
     }
 
-    std::vector<GifImage> read() {
+    /// Nothing at the end of the file or where it is damaged.
+    std::optional<GifImage> next() {
         GifRecordType record = UNDEFINED_RECORD_TYPE;
-        while (DGifGetRecordType(file_.get(), &record) == GIF_OK &&
-               record != TERMINATE_RECORD_TYPE) {
-            const bool ok = record == IMAGE_DESC_RECORD_TYPE ? readImage() : readExtension();
-            if (!ok) {
+        while (!ended_ && DGifGetRecordType(file_.get(), &record) == GIF_OK) {
+            complete_ = record == TERMINATE_RECORD_TYPE;
+            if (record == IMAGE_DESC_RECORD_TYPE) {
+                std::optional<GifImage> image = readImage();
+                ended_ = !image;
+                return image;
+            }
+            if (complete_ || !readExtension()) {
                 break;
             }
         }
-        if (images_.empty()) {
-            refuse(file_->Error == 0 ? QStringLiteral("the GIF holds no image")
-                                     : reason(file_->Error));
-        }
-        return std::move(images_);
+        ended_ = true;
+        return std::nullopt;
+    }
+
+    bool complete() const { return complete_; }
+
+    QString whyNoImage() const {
+        return file_->Error == 0 ? QStringLiteral("the GIF holds no image") : reason(file_->Error);
     }
 
   private:
@@ -123,15 +136,15 @@ class GifReader {
         return ok;
     }
 
-    /// False where the file ends or is damaged; the canvas may then be half painted.
-    bool readImage() {
+    /// Nothing where the file ends or is damaged; the canvas may then be half painted.
+    std::optional<GifImage> readImage() {
         if (DGifGetImageDesc(file_.get()) != GIF_OK) {
-            return false;
+            return std::nullopt;
         }
         const GifImageDesc& place = file_->Image;
         const QRect rect(place.Left, place.Top, place.Width, place.Height);
         checkLimits(rect);
-        if (images_.empty()) {
+        if (canvas_.isNull()) {
             makeCanvas(rect);
         } else {
             dispose();
@@ -144,24 +157,26 @@ class GifReader {
                 ? canvas_
                 : QImage();
         if (!paint(rect, place, control.TransparentColor)) {
-            return false;
+            return std::nullopt;
         }
-        images_.push_back({canvas_, control.DelayTime});
+        ++count_;
         lastRect_ = rect;
         lastDisposal_ = control.DisposalMode;
-        return true;
+        return GifImage{canvas_, control.DelayTime};
     }
 
     void checkLimits(const QRect& rect) {
-        if (images_.size() == MaxGifImages) {
+        if (limits_ == Limits::None) {
+            return;
+        }
+        if (count_ == MaxGifImages) {
             refuse(QStringLiteral("more than %1 images").arg(MaxGifImages));
         }
         codedPixels_ += qint64{rect.width()} * rect.height();
         if (codedPixels_ > MaxPicturePixels) {
             refuse(QStringLiteral("the images have more than %1 pixels").arg(MaxPicturePixels));
         }
-        const auto count = static_cast<qint64>(images_.size()) + 1;
-        if (count > 1 && count * canvas_.sizeInBytes() > MaxGifBytes) {
+        if (count_ > 0 && (count_ + 1) * canvas_.sizeInBytes() > MaxGifBytes) {
             refuse(QStringLiteral("the decoded images take more than %1 bytes").arg(MaxGifBytes));
         }
     }
@@ -241,7 +256,10 @@ class GifReader {
     Source source_;
     std::unique_ptr<GifFileType, CloseGif> file_;
     std::optional<GraphicsControlBlock> control_;  ///< for the image to come
-    std::vector<GifImage> images_;
+    Limits limits_;
+    bool ended_ = false;
+    bool complete_ = false;
+    qint64 count_ = 0;  ///< images so far
     qint64 codedPixels_ = 0;
     QImage canvas_;
     QImage before_;  ///< what comes back after the last image; null when nothing does
@@ -249,14 +267,33 @@ class GifReader {
     int lastDisposal_ = DISPOSAL_UNSPECIFIED;
 };
 
-}  // namespace
-
 bool isGif(const QByteArray& bytes) {
     return bytes.startsWith(GIF87_STAMP) || bytes.startsWith(GIF89_STAMP);
 }
 
 std::vector<GifImage> readGif(const QByteArray& bytes) {
-    return GifReader(bytes).read();
+    GifReader reader(bytes, GifReader::Limits::AllAtOnce);
+    std::vector<GifImage> images;
+    while (std::optional<GifImage> image = reader.next()) {
+        images.push_back(std::move(*image));
+    }
+    if (images.empty()) {
+        refuse(reader.whyNoImage());
+    }
+    return images;
+}
+
+GifImages::GifImages(const QByteArray& bytes)
+    : reader_(std::make_unique<GifReader>(bytes, GifReader::Limits::None)) {}
+
+GifImages::~GifImages() = default;
+
+std::optional<GifImage> GifImages::next() {
+    return reader_->next();
+}
+
+bool GifImages::complete() const {
+    return reader_->complete();
 }
 
 }  // namespace nubivane

@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QImage>
 
+#include <memory>
+#include <optional>
 #include <vector>
 
 namespace nubivane {
@@ -33,5 +35,24 @@ bool isGif(const QByteArray& bytes);
 /// Raises `Error` (InvalidPicture) when not one image is whole or a limit is exceeded. A still
 /// picture may be as large as any other; `MaxGifBytes` counts where there are several images.
 std::vector<GifImage> readGif(const QByteArray& bytes);
+
+class GifReader;
+
+/// The images of a GIF one after the other, for files of our own that may be longer than could be
+/// held decoded: of the limits only those of the screen count. Raises `Error` (InvalidPicture) when
+/// the bytes are no GIF.
+class GifImages {
+  public:
+    explicit GifImages(const QByteArray& bytes);
+    ~GifImages();
+
+    /// Nothing at the end of the file or where it is damaged.
+    std::optional<GifImage> next();
+    /// True when the end was reached and nothing was damaged.
+    bool complete() const;
+
+  private:
+    std::unique_ptr<GifReader> reader_;
+};
 
 }  // namespace nubivane

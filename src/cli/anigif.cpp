@@ -1,0 +1,20 @@
+#include "cli/export_arguments.h"
+#include "core/error.h"
+#include "export/gif_export.h"
+
+namespace nubivane {
+
+int runAniGif(CommandContext& context) {
+    openNamedProject(context, context.arguments[0]);
+    const qint32 frame = frameNumber(context, context.arguments[1]);
+    try {
+        ConsoleWatcher watcher(context.shell);
+        saveAniGif(context.workspace, frame, modelPath(context.arguments[2]),
+                   compressionOf(context), watcher);
+    } catch (const Error& error) {
+        failSaving(error);
+    }
+    return printWritten({context.arguments[2]});
+}
+
+}  // namespace nubivane

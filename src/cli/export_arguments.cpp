@@ -1,0 +1,33 @@
+#include "cli/export_arguments.h"
+
+#include "cli/streams.h"
+#include "core/error.h"
+
+namespace nubivane {
+
+qint32 frameNumber(const CommandContext& context, const QString& text) {
+    bool isNumber = false;
+    const int number = text.toInt(&isNumber);
+    const qint32 count = context.workspace.Frames().Count();
+    if (!isNumber || number < 1 || number > count) {
+        throw Error(error_number::OutOfRange, "command line", "There is no Frame \"" + text + "\".",
+                    QStringLiteral("the project has Frames 1 to %1").arg(count));
+    }
+    return number;
+}
+
+int compressionOf(const CommandContext& context) {
+    return context.options.value("--compression", "1").toInt();
+}
+
+int printWritten(const QStringList& hostFiles) {
+    return streams::writeResult(hostFiles.join(u'\n').toUtf8() + '\n') ? exit_code::Done
+                                                                       : exit_code::Failed;
+}
+
+void failSaving(const Error& error) {
+    throw Error(error.number(), error.source(), "An error occurred while saving the file.",
+                QString::fromUtf8(error.what()));
+}
+
+}  // namespace nubivane

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "cli/command.h"
+#include "export/export_watcher.h"
+
+#include <QString>
+
+namespace nubivane {
+
+/// What the commands that export have in common.
+
+/// The number of a Frame of the open project. Raises `Error` when there is none of that name.
+qint32 frameNumber(const CommandContext& context, const QString& text);
+
+/// The number of `--compression`, 1 when it is not given.
+int compressionOf(const CommandContext& context);
+
+/// Shows the progress of an export on the console.
+class ConsoleWatcher : public ExportWatcher {
+  public:
+    explicit ConsoleWatcher(ConsoleShell& shell) : progress_(shell, 0), shell_(shell) {}
+
+    void setProgress(int percent) override { shell_.setProgress(percent); }
+
+  private:
+    ProgressGuard progress_;
+    ConsoleShell& shell_;
+};
+
+/// Prints the names of files that were written, and returns the exit code.
+int printWritten(const QStringList& hostFiles);
+
+/// Ends an export that raised an error: its text as the windows show it, with the cause.
+[[noreturn]] void failSaving(const Error& error);
+
+}  // namespace nubivane

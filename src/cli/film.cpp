@@ -1,0 +1,43 @@
+#include "cli/export_arguments.h"
+#include "core/error.h"
+#include "export/video_export.h"
+
+namespace nubivane {
+
+namespace {
+
+constexpr char OneSecond[] = "100";
+
+/// The whole part of a number counts, as in the editor.
+qint16 intervalOf(const CommandContext& context) {
+    bool isNumber = false;
+    const double number = context.options.value("--interval", OneSecond).toDouble(&isNumber);
+    if (!isNumber || !(number >= MinFrameInterval && number < MaxFrameInterval + 1)) {
+        throw Error(error_number::OutOfRange, "command line", "Insert a valid frames interval",
+                    QStringLiteral("--interval takes %1 to %2 hundredths of a second")
+                        .arg(MinFrameInterval)
+                        .arg(MaxFrameInterval));
+    }
+    return static_cast<qint16>(number);
+}
+
+}  // namespace
+
+int runFilm(CommandContext& context) {
+    openNamedProject(context, context.arguments[0]);
+    const FilmOptions options{
+        .current = frameNumber(context, context.options.value("--from", "1")),
+        .FrameInterval = intervalOf(context),
+    };
+    try {
+        ConsoleWatcher watcher(context.shell);
+        const QString path = modelPath(context.arguments[1]);
+        const bool mp4 = path.endsWith(QLatin1String(".mp4"), Qt::CaseInsensitive);
+        (mp4 ? saveFilmMp4 : saveFilm)(context.workspace, path, options, watcher);
+    } catch (const Error& error) {
+        failSaving(error);
+    }
+    return printWritten({context.arguments[1]});
+}
+
+}  // namespace nubivane

@@ -1,0 +1,21 @@
+#include "cli/export_arguments.h"
+#include "core/error.h"
+#include "export/export_stage.h"
+#include "export/print_export.h"
+
+namespace nubivane {
+
+int runPrint(CommandContext& context) {
+    openNamedProject(context, context.arguments[0]);
+    const qint32 frame = frameNumber(context, context.arguments[1]);
+    try {
+        printToPdf(canvasToPrint(renderFrame(context.workspace, frame)),
+                   modelPath(context.arguments[2]));
+    } catch (const Error& error) {
+        throw Error(error.number(), error.source(), "An error occurred while printing.",
+                    QString::fromUtf8(error.what()));
+    }
+    return printWritten({context.arguments[2]});
+}
+
+}  // namespace nubivane

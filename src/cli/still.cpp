@@ -1,0 +1,60 @@
+#include "cli/export_arguments.h"
+#include "core/error.h"
+#include "core/parallel.h"
+#include "export/still_export.h"
+
+namespace nubivane {
+
+namespace {
+
+constexpr char Number[] = "%d";
+
+/// The files of all Frames, from a name that holds their number once.
+QStringList filesOfAll(const CommandContext& context, const QString& name) {
+    if (name.count(QLatin1String(Number)) != 1) {
+        throw Error(error_number::InvalidArgument, "command line",
+                    "The name of the files must hold %d once.",
+                    "\"all\" writes a file for each Frame, and its number takes the place of %d");
+    }
+    QStringList files;
+    for (qint32 i = 1; i <= context.workspace.Frames().Count(); ++i) {
+        files += QString(name).replace(QLatin1String(Number), QString::number(i));
+    }
+    return files;
+}
+
+void saveAll(CommandContext& context, const QStringList& files) {
+    const auto count = static_cast<std::size_t>(files.size());
+    const ProgressGuard progress(context.shell, 0);
+    parallelFor(
+        count,
+        [&](std::size_t i) {
+            ExportWatcher nobody;
+            saveMapFile(context.workspace, static_cast<qint32>(i) + 1,
+                        modelPath(files[static_cast<qsizetype>(i)]), nobody);
+        },
+        [&](std::size_t done) { context.shell.setProgress(static_cast<int>(100 * done / count)); });
+}
+
+}  // namespace
+
+int runStill(CommandContext& context) {
+    openNamedProject(context, context.arguments[0]);
+    const QString frame = context.arguments[1];
+    const QString name = context.arguments[2];
+    const bool all = frame == u"all";
+    const QStringList files = all ? filesOfAll(context, name) : QStringList{name};
+    try {
+        if (all) {
+            saveAll(context, files);
+        } else {
+            ConsoleWatcher watcher(context.shell);
+            saveMapFile(context.workspace, frameNumber(context, frame), modelPath(name), watcher);
+        }
+    } catch (const Error& error) {
+        failSaving(error);
+    }
+    return printWritten(files);
+}
+
+}  // namespace nubivane

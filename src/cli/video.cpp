@@ -1,0 +1,51 @@
+#include "cli/export_arguments.h"
+#include "core/error.h"
+#include "export/video_export.h"
+#include "picture/video_writer.h"
+
+namespace nubivane {
+
+namespace {
+
+/// A side in pixels; 0 when it is not given.
+int sideOf(const CommandContext& context, const QString& option) {
+    if (!context.options.contains(option)) {
+        return 0;
+    }
+    bool isNumber = false;
+    const int side = context.options.value(option).toInt(&isNumber);
+    if (!isNumber || side < 2 || side > MaxVideoSide) {
+        throw Error(error_number::OutOfRange, "command line",
+                    option + " is no size of a video: \"" + context.options.value(option) + "\".",
+                    QStringLiteral("it takes 2 to %1 pixels").arg(MaxVideoSide));
+    }
+    return side;
+}
+
+int run(CommandContext& context, decltype(saveAvi)& save) {
+    openNamedProject(context, context.arguments[0]);
+    const qint32 frame = frameNumber(context, context.arguments[1]);
+    const VideoOptions options{
+        .size = {sideOf(context, "--width"), sideOf(context, "--height")},
+        .compression = compressionOf(context),
+    };
+    try {
+        ConsoleWatcher watcher(context.shell);
+        save(context.workspace, frame, modelPath(context.arguments[2]), options, watcher);
+    } catch (const Error& error) {
+        failSaving(error);
+    }
+    return printWritten({context.arguments[2]});
+}
+
+}  // namespace
+
+int runAvi(CommandContext& context) {
+    return run(context, saveAvi);
+}
+
+int runMp4(CommandContext& context) {
+    return run(context, saveMp4);
+}
+
+}  // namespace nubivane

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+
+namespace nubivane {
+
+class ExportWatcher;
+class Workspace;
+
+/// Writes a Frame as a GIF in which its Symbols move, for one pass of the longest animation.
+/// `compression` is 1 to `MaxCompression`. An existing file is deleted; the new one appears when it
+/// is whole. Raises `Error`.
+void saveAniGif(Workspace& workspace, qint32 frame, const QString& GifFileName, int compression,
+                ExportWatcher& watcher);
+
+/// What a film is made with.
+struct FilmOptions {
+    qint32 current = 1;        ///< the Frame that is current when the film is begun
+    qint16 FrameInterval = 1;  ///< how long each Frame stays, in hundredths of a second
+};
+inline constexpr int MinFrameInterval = 1;
+inline constexpr int MaxFrameInterval = 1000;
+
+/// Writes all Frames as one GIF, one image for each. The first image shows the map of Frame 1 under
+/// the sprites of the current Frame, every other one Frame as it is. Raises `Error`.
+void saveFilm(Workspace& workspace, const QString& GifFileName, const FilmOptions& options,
+              ExportWatcher& watcher);
+
+}  // namespace nubivane

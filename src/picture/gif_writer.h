@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QImage>
+#include <QRgb>
+
+#include <functional>
+#include <vector>
+
+namespace nubivane {
+
+/// How hard `GifWriter` tries to find the fewest bytes for an image.
+enum class GifEffort {
+    Quick,   ///< one way of writing each image
+    Search,  ///< tries palettes, codings and tables, and takes the shortest
+};
+
+/// Writes a moving GIF (GIF89a, endless) of opaque pictures (RGB32), all of one size, without
+/// changing a colour. Of each image only the rectangle that differs from the one before is written,
+/// and in it what has not changed may be transparent.
+///
+/// The pictures must be such that a GIF can hold them: the first of at most 256 colours; in each
+/// later one at most 255 among the pixels that changed, or 256 in the whole. `Error`
+/// (InvalidPicture) otherwise.
+class GifWriter {
+  public:
+    using Sink = std::function<void(const QByteArray&)>;
+
+    /// `palette`: the colours of the whole animation where they are known and at most 256;
+    /// otherwise those of the first image serve as the common ones.
+    GifWriter(QSize size, Sink sink, GifEffort effort, std::vector<QRgb> palette = {});
+
+    /// An image and how long it stays, in hundredths of a second. What exceeds the 65535 that an
+    /// image can stay is written as further images that change nothing.
+    void addImage(const QImage& picture, qint64 hundredths);
+    void finish();
+
+  private:
+    void writeStart();
+    void writeImage(const QImage& picture, int hundredths);
+
+    QSize size_;
+    Sink sink_;
+    GifEffort effort_;
+    std::vector<QRgb> palette_;
+    QImage last_;
+};
+
+/// The part of two pictures of one size in which they differ; empty when they are equal.
+QRect changedRect(const QImage& before, const QImage& after);
+
+}  // namespace nubivane

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QImage>
+#include <QRgb>
+
+#include <memory>
+#include <vector>
+
+struct liq_attr;
+struct liq_histogram;
+struct liq_result;
+
+namespace nubivane {
+
+/// A colour and the number of its pixels.
+struct CountedColor {
+    QRgb color;
+    quint32 pixels;
+};
+
+/// Finds the palette that suits many colours best, and dithers pictures with it. Raises `Error`
+/// (InvalidPicture) when that fails, which only a lack of memory explains.
+class Quantizer {
+  public:
+    /// For a palette of 2 to 256 colours.
+    explicit Quantizer(int colors);
+    ~Quantizer();
+
+    /// The pixels of a picture (RGB32); where `counts` is given, those that are not 0 in it, which
+    /// holds a byte for each pixel.
+    void add(const QImage& picture, const std::vector<uchar>& counts = {});
+    /// Colours by the number of their pixels; at most `MaxColors` at a time.
+    void add(const std::vector<CountedColor>& colors);
+    static constexpr std::size_t MaxColors = 2048;
+    /// Colours that the palette is to hold exactly.
+    void keep(const std::vector<QRgb>& colors);
+
+    std::vector<QRgb> palette();
+    /// The palette, after a picture (RGB32) was dithered with it in place.
+    std::vector<QRgb> paletteAndDither(QImage& picture);
+
+  private:
+    using LiqResult = std::unique_ptr<liq_result, void (*)(liq_result*)>;
+    LiqResult quantize();
+
+    std::unique_ptr<liq_attr, void (*)(liq_attr*)> attributes_;
+    std::unique_ptr<liq_histogram, void (*)(liq_histogram*)> histogram_;
+};
+
+/// Answers with the nearest colour of a palette, each question once.
+class NearestColor {
+  public:
+    explicit NearestColor(std::vector<QRgb> palette);
+
+    QRgb of(QRgb color);
+
+  private:
+    struct Answer {
+        QRgb color;
+        QRgb nearest;
+    };
+    std::vector<QRgb> palette_;
+    std::vector<Answer> known_;
+};
+
+}  // namespace nubivane

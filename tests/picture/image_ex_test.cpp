@@ -1,0 +1,190 @@
+#include "picture/image_ex.h"
+
+#include "core/error.h"
+#include "core/host_files.h"
+#include "picture/gif_reader.h"
+#include "picture/image_codec.h"
+#include "picture/made_pictures.h"
+#include "picture/small_gif.h"
+#include "support/fixtures.h"
+
+#include <QDir>
+
+#include <numeric>
+
+namespace nubivane::testing {
+
+namespace {
+
+class ImageExTest : public ::testing::Test {
+  protected:
+    QString host(const QString& name = "a.gif") const { return folder.file(name); }
+    QString path(const QString& name = "a.gif") const { return host_files::toModel(host(name)); }
+    QStringList files() const { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden); }
+
+    std::vector<GifImage> images() const { return readGif(readFile(host())); }
+
+    std::vector<int> delays() const {
+        std::vector<int> result;
+        for (const GifImage& image : images()) {
+            result.push_back(image.delay);
+        }
+        return result;
+    }
+
+    /// A column that shows a picture lying on a map of its own.
+    static FrameColumn column(double hundredths, const QImage& picture, const QImage& map = {}) {
+        return {hundredths, picture.size(), [picture, map] {
+                    return Capture{picture, map.isNull() ? picture : map};
+                }};
+    }
+
+    /// `count` pictures, each another, each for the same time.
+    static FrameList listOf(int count, double hundredths) {
+        FrameList list;
+        for (int i = 0; i < count; ++i) {
+            list.push_back(column(hundredths, withSquare(scattered({30, 20}, 50), {i % 25, 3, 4, 4},
+                                                         QColor(0, i, 255))));
+        }
+        return list;
+    }
+
+    TemporaryFolder folder;
+};
+
+}  // namespace
+
+TEST_F(ImageExTest, SavesInTheFormatThatTheExtensionNames) {
+    const QImage picture = scattered({12, 9}, 40);
+    for (const char* name : {"a.bmp", "a.gif", "a.png", "a.tif", "b.PNG"}) {
+        ImageEx(picture).SaveImage(path(name));
+        const QByteArray bytes = readFile(host(name));
+        EXPECT_EQ(probePicture(bytes).format, formatOfExtension(QString(name).right(3))) << name;
+        EXPECT_EQ(decodePicture(bytes).convertToFormat(QImage::Format_RGB32), picture) << name;
+    }
+    EXPECT_THROW(ImageEx(picture).SaveImage(path("a.webp")), Error);
+}
+
+TEST_F(ImageExTest, WholeDelaysStandAsTheyAre) {
+    ImageEx::AssembleGif(listOf(3, 50), path());
+    EXPECT_EQ(delays(), std::vector<int>({50, 50, 50}));
+}
+
+TEST_F(ImageExTest, FractionsAreSpreadSoThatTheWholeIsRight) {
+    // 3.3 each: at 3.3, 6.6, 9.9, 13.2 hundredths, rounded 3, 7, 10, 13.
+    ImageEx::AssembleGif(listOf(4, 3.3), path());
+    EXPECT_EQ(delays(), std::vector<int>({3, 4, 3, 3}));
+    ImageEx::AssembleGif(listOf(21, 3.3), path());
+    const std::vector<int> all = delays();
+    EXPECT_EQ(all.size(), 21U);
+    EXPECT_EQ(std::accumulate(all.begin(), all.end(), 0), 69);
+}
+
+TEST_F(ImageExTest, AnImageThatWouldShowForNoTimeIsLeftOut) {
+    // 0.4 each: at 0.4, 0.8, 1.2, 1.6, 2.0, rounded 0, 1, 1, 2, 2.
+    ImageEx::AssembleGif(listOf(5, 0.4), path());
+    EXPECT_EQ(delays(), std::vector<int>({1, 1}));
+}
+
+TEST_F(ImageExTest, ASingleImageIsWrittenHoweverShort) {
+    ImageEx::AssembleGif(listOf(1, 0.1), path());
+    EXPECT_EQ(delays(), std::vector<int>({0}));
+}
+
+TEST_F(ImageExTest, AnEmptyListIsRefusedAndWritesNothing) {
+    EXPECT_THROW(ImageEx::AssembleGif({}, path()), Error);
+    EXPECT_EQ(files(), QStringList());
+}
+
+TEST_F(ImageExTest, SmallerImagesStandOnAWhiteSheet) {
+    const QImage large = plainImage({40, 30}, Qt::red);
+    const QImage small = plainImage({20, 35}, Qt::blue);
+    ImageEx::AssembleGif({column(10, large), column(10, small)}, path());
+    const std::vector<GifImage> all = images();
+    ASSERT_EQ(all.size(), 2U);
+    EXPECT_EQ(all[0].picture.size(), QSize(40, 35));
+    EXPECT_EQ(all[0].picture.pixel(39, 29), qRgb(255, 0, 0));
+    EXPECT_EQ(all[0].picture.pixel(39, 30), qRgb(255, 255, 255));
+    EXPECT_EQ(all[1].picture.pixel(19, 34), qRgb(0, 0, 255));
+    EXPECT_EQ(all[1].picture.pixel(20, 0), qRgb(255, 255, 255));
+}
+
+TEST_F(ImageExTest, ACaptureIsMadeOnceAndInTurn) {
+    QStringList made;
+    FrameList list = listOf(3, 10);
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        list[i].capture = [&made, i, capture = list[i].capture] {
+            made << QString::number(i);
+            return capture();
+        };
+    }
+    ImageEx::AssembleGif(list, path(), [&made](int done, int count) {
+        made << QStringLiteral("%1 of %2").arg(done).arg(count);
+    });
+    EXPECT_EQ(made, QStringList({"0", "1 of 3", "1", "2 of 3", "2", "3 of 3"}));
+}
+
+TEST_F(ImageExTest, ACaptureThatFailsLeavesNoFile) {
+    FrameList list = listOf(3, 10);
+    list[2].capture = []() -> Capture { throw Error(error_number::FileNotFound, "test", "gone"); };
+    EXPECT_THROW(ImageEx::AssembleGif(list, path()), Error);
+    EXPECT_EQ(files(), QStringList());
+}
+
+TEST_F(ImageExTest, OptimizingChangesBytesAndNothingElse) {
+    ImageEx::AssembleGif(listOf(10, 7), path());
+    const QByteArray before = readFile(host());
+    const std::vector<GifImage> shown = images();
+    ImageEx::OptimizeGif(path(), path(), 2);
+    EXPECT_LT(readFile(host()).size(), before.size());
+    const std::vector<GifImage> optimized = images();
+    ASSERT_EQ(optimized.size(), shown.size());
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        EXPECT_EQ(optimized[i].picture, shown[i].picture) << i;
+        EXPECT_EQ(optimized[i].delay, shown[i].delay) << i;
+    }
+    EXPECT_EQ(files(), QStringList({"a.gif"}));
+}
+
+TEST_F(ImageExTest, OptimizingCanWriteToAnotherName) {
+    ImageEx::AssembleGif(listOf(10, 7), path());
+    const QByteArray before = readFile(host());
+    ImageEx::OptimizeGif(path(), path("b.gif"), 2);
+    EXPECT_EQ(readFile(host()), before);
+    EXPECT_LT(readFile(host("b.gif")).size(), before.size());
+}
+
+TEST_F(ImageExTest, OptimizingTwiceChangesNothingMore) {
+    ImageEx::AssembleGif(listOf(10, 7), path());
+    ImageEx::OptimizeGif(path(), path(), 2);
+    const QByteArray once = readFile(host());
+    ImageEx::OptimizeGif(path(), path(), 2);
+    EXPECT_EQ(readFile(host()), once);
+}
+
+TEST_F(ImageExTest, AGifWithSeeThroughPlacesIsPassedOnAsItIs) {
+    // A screen of 4 x 4 of which one pixel is painted.
+    const QByteArray gif = small_gif::file(4, 4, {small_gif::control(5), small_gif::dot()});
+    writeFile(host(), gif);
+    ImageEx::OptimizeGif(path(), path(), 2);
+    EXPECT_EQ(readFile(host()), gif);
+    ImageEx::OptimizeGif(path(), path("b.gif"), 2);
+    EXPECT_EQ(readFile(host("b.gif")), gif);
+}
+
+TEST_F(ImageExTest, ADamagedGifIsPassedOnAsItIs) {
+    ImageEx::AssembleGif(listOf(10, 7), path());
+    const QByteArray damaged = readFile(host()).chopped(40);
+    writeFile(host(), damaged);
+    ImageEx::OptimizeGif(path(), path(), 2);
+    EXPECT_EQ(readFile(host()), damaged);
+}
+
+TEST_F(ImageExTest, WhatIsNoGifIsRefused) {
+    writeFile(host(), "no picture");
+    EXPECT_THROW(ImageEx::OptimizeGif(path(), path(), 2), Error);
+    EXPECT_THROW(ImageEx::OptimizeGif(path("none.gif"), path(), 2), Error);
+    EXPECT_EQ(readFile(host()), "no picture");
+}
+
+}  // namespace nubivane::testing
