@@ -67,10 +67,6 @@ std::optional<qint32> toInt32(QStringView text) {
     return narrow<qint32>(rounded(text));
 }
 
-std::optional<double> toNumber(QStringView text) {
-    return parse(text);
-}
-
 std::optional<qint32> integerPart(QStringView text) {
     const std::optional<double> value = parse(text);
     return narrow<qint32>(value ? std::optional(std::trunc(*value)) : std::nullopt);

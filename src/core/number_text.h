@@ -17,9 +17,6 @@ std::optional<double> toNumber(QStringView text);
 std::optional<qint16> toInt16(QStringView text);
 std::optional<qint32> toInt32(QStringView text);
 
-/// The number as it stands, for comparing it before it is rounded.
-std::optional<double> toNumber(QStringView text);
-
 /// The number with its fraction cut off.
 std::optional<qint32> integerPart(QStringView text);
 
