@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the release programs and runs all benchmarks: bench/run.sh [BUILD_FOLDER]
-# Needs libbenchmark-dev, python3-pil, libxml2-utils, imagemagick and libjpeg-turbo-progs.
+# Needs what setup-debian.sh installs for "bench".
 set -euo pipefail
 cd "$(dirname "$0")/.."
 build=${1:-build/bench}
