@@ -9,7 +9,8 @@ cmake --preset bench -B "$build" >/dev/null
 cmake --build "$build" --target bench
 
 for python in python3 /usr/bin/python3; do
-    "$python" -c 'import PIL' 2>/dev/null && break
+    "$python" -c 'import PIL, numpy' 2>/dev/null && break
 done
 "$python" bench/whole_program.py "$build" "$build/bench/work"
+"$python" bench/animations.py "$build" "$build/bench/animations"
 "$build/bench/bench_engine" --benchmark_min_time=0.3

@@ -1,0 +1,88 @@
+// bench_captures PROGRAM_FOLDER PROJECT anigif|film FOLDER: writes the captures of Frame 1, or of a
+// film of a second for each Frame, as FOLDER/0001.png and so on, for other encoders to work on.
+
+#include "core/error.h"
+#include "core/host_files.h"
+#include "core/settings_store.h"
+#include "core/shell.h"
+#include "export/capture_plan.h"
+#include "export/film_stage.h"
+#include "model/editor.h"
+#include "model/editor_view.h"
+#include "model/workspace.h"
+#include "project/open_project.h"
+
+#include <QGuiApplication>
+#include <QTemporaryDir>
+
+#include <cstdio>
+
+using namespace nubivane;
+
+namespace {
+
+/// Nobody is there to ask or tell anything.
+class SilentShell : public Shell {
+  public:
+    Answer messageBox(const Message&) override { return Answer::Ok; }
+    QString openFileName(const FileRequest&) override { return {}; }
+    QString saveFileName(const FileRequest&) override { return {}; }
+    std::optional<qint32> chooseColor(qint32) override { return std::nullopt; }
+    void setProgress(int) override {}
+    void hideProgress() override {}
+    void setPointer(Pointer) override {}
+    void processEvents() override {}
+    void wait(int) override {}
+    void openInBrowser(const QString&) override {}
+    void openAddress(const QString&) override {}
+    bool networkPresent() override { return false; }
+};
+
+bool write(const QImage& picture, const QString& folder, qint64 number) {
+    return picture.save(QStringLiteral("%1/%2.png").arg(folder).arg(number, 4, 10, QChar(u'0')));
+}
+
+bool writeAll(Workspace& workspace, bool film, const QString& folder) {
+    bool ok = true;
+    if (film) {
+        FilmStage stage(workspace, {1, 100});
+        for (qint32 i = 1; i <= stage.count(); ++i) {
+            ok = write(stage.captureFrame(i).picture, folder, i) && ok;
+        }
+        return ok;
+    }
+    ExportStage stage(workspace);
+    stage.loadMap(1);
+    stage.loadStageSprites(1);
+    const CapturePlan plan = planGif(stage.timing(), 1);
+    for (qint64 i = 0; i < plan.count(); ++i) {
+        ok = write(stage.grabStage(i * plan.interval), folder, i + 1) && ok;
+    }
+    return ok;
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    if (argc != 5) {
+        std::fputs("Usage: bench_captures PROGRAM_FOLDER PROJECT anigif|film FOLDER\n", stderr);
+        return 2;
+    }
+    try {
+        const QTemporaryDir temporary;
+        SettingsStore settings(temporary.filePath("settings.ini"));
+        Workspace workspace(ProgramFolder(host_files::toModel(QString::fromLocal8Bit(argv[1]))),
+                            settings);
+        SilentShell shell;
+        EditorView noWindow;
+        OpenProject({workspace, shell, noWindow},
+                    host_files::toModel(QString::fromLocal8Bit(argv[2])));
+        const bool film = QByteArray(argv[3]) == "film";
+        return writeAll(workspace, film, QString::fromLocal8Bit(argv[4])) ? 0 : 1;
+    } catch (const Error& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return 1;
+    }
+}
