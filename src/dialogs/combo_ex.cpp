@@ -1,5 +1,7 @@
 #include "dialogs/combo_ex.h"
 
+#include <QAbstractItemView>
+#include <QScrollBar>
 #include <QWheelEvent>
 
 namespace nubivane {
@@ -9,6 +11,13 @@ comboEx::comboEx(QWidget* parent) : QComboBox(parent) {
     setMaxVisibleItems(14);
     // Some styles would otherwise cover the whole screen with a long list.
     setStyleSheet("QComboBox { combobox-popup: 0; }");
+}
+
+void comboEx::showPopup() {
+    QAbstractItemView& list = *view();
+    list.setMinimumWidth(list.sizeHintForColumn(0) + list.verticalScrollBar()->sizeHint().width() +
+                         2 * list.frameWidth());
+    QComboBox::showPopup();
 }
 
 void comboEx::wheelEvent(QWheelEvent* event) {

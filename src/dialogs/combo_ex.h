@@ -5,12 +5,14 @@
 namespace nubivane {
 
 /// A plain combo box for forms that scroll: the wheel goes on scrolling the form over a box that
-/// has not been chosen, and the list is no taller than a few rows.
+/// has not been chosen. The list is no taller than a few rows and as wide as its items.
 class comboEx : public QComboBox {
     Q_OBJECT
 
   public:
     explicit comboEx(QWidget* parent = nullptr);
+
+    void showPopup() override;
 
   protected:
     void wheelEvent(QWheelEvent* event) override;

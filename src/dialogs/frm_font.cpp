@@ -21,8 +21,8 @@ namespace nubivane {
 namespace {
 
 constexpr int DataRole = Qt::UserRole;
-constexpr int SampleHeight = 76;  // room for the largest size of the list
-constexpr int LightFrom = 160;    // of 255: colours that a white ground would swallow
+constexpr QSize SampleSize(240, 76);  // room for the largest size of the list
+constexpr int LightFrom = 160;        // of 255: colours that a white ground would swallow
 
 struct Style {
     const char* name;
@@ -58,6 +58,13 @@ void selectData(QListWidget& list, int data) {
 void selectText(QListWidget& list, const QString& text) {
     const auto found = list.findItems(text, Qt::MatchFixedString);
     list.setCurrentItem(found.isEmpty() ? nullptr : found.first());
+}
+
+/// The selected item, or nothing. A list makes its first item the current one when it gets the
+/// keyboard, without selecting it.
+const QListWidgetItem* selectedOf(const QListWidget& list) {
+    const auto selected = list.selectedItems();
+    return selected.isEmpty() ? nullptr : selected.first();
 }
 
 /// A field that shows what a list has selected; getting the keyboard selects its text.
@@ -183,7 +190,7 @@ void frmFont::buildEffects(QBoxLayout& row) {
     lblSample_->setAutoFillBackground(true);
     // Whatever its font, the sample leaves the size of the dialog alone.
     lblSample_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
-    lblSample_->setMinimumHeight(SampleHeight);
+    lblSample_->setMinimumSize(SampleSize);
     sample->addWidget(lblSample_);
     row.addWidget(fraEffects_);
     row.addWidget(fraSample, 1);
@@ -191,7 +198,7 @@ void frmFont::buildEffects(QBoxLayout& row) {
 
 void frmFont::connectChanges() {
     for (QListWidget* list : {lstFont_, lstFontStyle_, lstFontSize_}) {
-        connect(list, &QListWidget::currentRowChanged, this, &frmFont::refresh);
+        connect(list, &QListWidget::itemSelectionChanged, this, &frmFont::refresh);
     }
     for (QCheckBox* check : {chkUnderline_, chkOverline_, chkStrikeout_}) {
         connect(check, &QCheckBox::toggled, this, &frmFont::refresh);
@@ -224,13 +231,13 @@ void frmFont::fill(const FontValues& font) {
 /// What the controls say, and what the object has where nothing is selected.
 FontValues frmFont::chosen() const {
     FontValues font = opened_;
-    if (const QListWidgetItem* family = lstFont_->currentItem()) {
+    if (const QListWidgetItem* family = selectedOf(*lstFont_)) {
         font.FontName = family->text();
     }
-    if (const QListWidgetItem* size = lstFontSize_->currentItem()) {
+    if (const QListWidgetItem* size = selectedOf(*lstFontSize_)) {
         font.FontSize = size->data(DataRole).toInt();
     }
-    if (const QListWidgetItem* style = lstFontStyle_->currentItem()) {
+    if (const QListWidgetItem* style = selectedOf(*lstFontStyle_)) {
         const Style& each = styles[static_cast<std::size_t>(style->data(DataRole).toInt())];
         font.FontBold = each.bold;
         font.FontItalic = each.italic;
@@ -248,7 +255,7 @@ void frmFont::refresh() {
     const FontValues font = chosen();
     txtSelectedFont_->setText(font.FontName);
     txtSelectedSize_->setText(QString::number(font.FontSize));
-    const QListWidgetItem* style = lstFontStyle_->currentItem();
+    const QListWidgetItem* style = selectedOf(*lstFontStyle_);
     txtSelectedStyle_->setText(style ? style->text() : QString());
 
     QFont sample =

@@ -17,7 +17,9 @@ namespace nubivane {
 namespace {
 
 constexpr int ColumnWidth = 153;
-constexpr int ColumnWidthBesideBar = 135;  // leaves room for the list's scroll bar
+constexpr int BarWidth = 18;  // room for the list's scroll bar
+constexpr int ButtonMargin = 12;
+constexpr int ButtonGap = 6;
 constexpr int RowsWithoutBar = 17;
 constexpr int PanelWidth = 330;
 
@@ -72,7 +74,12 @@ QWidget* frmFramePropertyDetail::buildList() {
     lstItems_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     lstItems_->header()->setStretchLastSection(false);
     const int frame = 2 * lstItems_->frameWidth();
-    lstItems_->setFixedWidth(ColumnWidth + frame);
+    const int buttonWidth = fontMetrics().horizontalAdvance(cmdRemove_->text()) + 2 * ButtonMargin;
+    // Large letters need more.
+    columnWidth_ =
+        std::max({ColumnWidth, fontMetrics().horizontalAdvance("Element 000") + 2 * BarWidth,
+                  2 * buttonWidth + ButtonGap - frame});
+    lstItems_->setFixedWidth(columnWidth_ + frame);
     lstItems_->addTopLevelItem(new QTreeWidgetItem({"Element 1"}));
     const int rowHeight = std::max(1, lstItems_->sizeHintForRow(0));
     lstItems_->clear();
@@ -86,12 +93,14 @@ QWidget* frmFramePropertyDetail::buildList() {
     column->addWidget(label);
     column->addWidget(lstItems_, 1);
     auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(ButtonGap);
     cmdAdd_->setObjectName("cmdAdd");
     cmdRemove_->setObjectName("cmdRemove");
     for (QPushButton* button : {cmdAdd_, cmdRemove_}) {
         button->setAutoDefault(false);
-        // Two of them fit below the list.
+        // Both fit below the list.
         button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        button->setMinimumWidth(buttonWidth);
         buttons->addWidget(button);
     }
     column->addLayout(buttons);
@@ -118,7 +127,8 @@ void frmFramePropertyDetail::refreshRows(int selected) {
         for (int i = 1; i <= count(); ++i) {
             lstItems_->addTopLevelItem(new QTreeWidgetItem({"Element " + QString::number(i)}));
         }
-        lstItems_->setColumnWidth(0, count() > RowsWithoutBar ? ColumnWidthBesideBar : ColumnWidth);
+        lstItems_->setColumnWidth(
+            0, count() > RowsWithoutBar ? columnWidth_ - BarWidth : columnWidth_);
         lstItems_->setCurrentItem(lstItems_->topLevelItem(selected - 1));
     }
     enablePanel(count() > 0);

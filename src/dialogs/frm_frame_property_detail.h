@@ -32,6 +32,7 @@ class frmFramePropertyDetail : public QDialog {
     int count() const;
 
     cForecast* forecast_ = nullptr;
+    int columnWidth_ = 0;
     QTreeWidget* lstItems_;
     QPushButton* cmdAdd_;
     QPushButton* cmdRemove_;

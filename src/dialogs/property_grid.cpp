@@ -76,10 +76,7 @@ PropertyGrid::PropertyGrid(const QString& heading, QWidget* parent)
 void PropertyGrid::addSection(const QString& title) {
     section_ = title;
     auto* label = boldLabel(title, fraContainer_->fraText());
-    label->setAutoFillBackground(true);
-    label->setBackgroundRole(QPalette::Window);
-    label->setForegroundRole(QPalette::WindowText);
-    label->setMargin(3);
+    label->setContentsMargins(0, 4, 0, 2);
     rows_->addWidget(label, line_, 0, 1, 2);
     finishRow();
 }
@@ -88,6 +85,10 @@ QLineEdit* PropertyGrid::addReadOnly(const PropertyRow& row, const QString& name
     auto* field = new QLineEdit;
     field->setReadOnly(true);
     field->setFrame(false);
+    // Without a ground of its own it does not look like a field to write in.
+    QPalette colors = field->palette();
+    colors.setColor(QPalette::Base, Qt::transparent);
+    field->setPalette(colors);
     addRow(row, name, field);
     return field;
 }
@@ -164,7 +165,7 @@ void PropertyGrid::finishRow() {
     sepLine->setObjectName("sepLine" + QString::number(++separators_));
     sepLine->setFixedHeight(1);
     sepLine->setAutoFillBackground(true);
-    sepLine->setBackgroundRole(QPalette::Midlight);
+    sepLine->setBackgroundRole(QPalette::Mid);
     rows_->addWidget(sepLine, line_ + 1, 0, 1, 2);
     rows_->setRowStretch(line_, 0);
     line_ += 2;

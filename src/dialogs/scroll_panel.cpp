@@ -11,16 +11,17 @@ namespace nubivane {
 
 namespace {
 
-constexpr int LeastRows = 3;
+constexpr int LeastRows = 5;
 
 }  // namespace
 
 ScrollPanel::ScrollPanel(QWidget* parent)
-    : QFrame(parent), fraText_(new QWidget(this)), VScroll_(new QScrollBar(Qt::Vertical, this)) {
+    : QFrame(parent),
+      view_(new QWidget(this)),
+      fraText_(new QWidget(view_)),
+      VScroll_(new QScrollBar(Qt::Vertical, this)) {
     setObjectName("fraContainer");
     setFrameShape(QFrame::StyledPanel);
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::Base);
     fraText_->setObjectName("fraText");
     fraText_->installEventFilter(this);
     VScroll_->setObjectName("VScroll");
@@ -45,18 +46,18 @@ void ScrollPanel::arrange() {
     VScroll_->setGeometry(room.right() + 1 - barWidth, room.top(), barWidth, room.height());
     VScroll_->setPageStep(std::max(1, room.height() / Step));
     VScroll_->setMaximum(steps);
-    fraText_->resize(room.width() - (steps > 0 ? barWidth : 0), room.height() + steps * Step);
+    view_->setGeometry(room.adjusted(0, 0, steps > 0 ? -barWidth : 0, 0));
+    fraText_->resize(view_->width(), room.height() + steps * Step);
     place();
 }
 
 void ScrollPanel::place() {
-    fraText_->move(contentsRect().topLeft() - QPoint(0, VScroll_->value() * Step));
+    fraText_->move(0, -VScroll_->value() * Step);
 }
 
 void ScrollPanel::ensureVisible(const QWidget& part) {
-    const QRect room = contentsRect();
-    const int top = part.mapTo(this, QPoint(0, 0)).y() - room.top();
-    const int below = top + part.height() - room.height();
+    const int top = part.mapTo(view_, QPoint(0, 0)).y();
+    const int below = top + part.height() - view_->height();
     if (top < 0) {
         VScroll_->setValue(VScroll_->value() + (top - (Step - 1)) / Step);
     } else if (below > 0) {

@@ -36,6 +36,7 @@ class ScrollPanel : public QFrame {
     void arrange();
     void place();
 
+    QWidget* view_;  ///< keeps the panel off the frame's edge
     QWidget* fraText_;
     QScrollBar* VScroll_;
 };
