@@ -133,7 +133,7 @@ class ListImage::Painter : public QStyledItemDelegate {
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
         // The columns share the whole width; a caption of a long word in a large font still fits.
         const int least = std::max(CellWidth, 9 * option.fontMetrics.averageCharWidth() + 8);
-        const int room = list_.viewport()->width() - Spacing;
+        const int room = list_.viewport()->width() - 3 * Spacing;  // views keep some for a bar
         const int columns = std::max(1, room / (least + Spacing));
         return {std::max(least, room / columns - Spacing),
                 ThumbnailSize + 3 * CellPadding + CaptionLines * option.fontMetrics.height()};

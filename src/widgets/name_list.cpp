@@ -76,7 +76,7 @@ class NameList::Field : public QStyledItemDelegate {
 
 NameList::NameList(QWidget* parent) : QListWidget(parent) {
     setItemDelegate(new Field(*this));
-    setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
+    setEditTriggers(QAbstractItemView::EditKeyPressed);
     setUniformItemSizes(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTextElideMode(Qt::ElideMiddle);

@@ -59,8 +59,9 @@ TEST_F(SymbolSelectionWindow, EnterAndADoubleClickOnAThumbnailChooseIt) {
     QTest::keyClick(&thumbnails(), Qt::Key_Return);
     EXPECT_EQ(window().FileName(), workspace.folder.symbols() + "\\sea\\wave.png");
     start();
-    QTest::mouseDClick(thumbnails().viewport(), Qt::LeftButton, {},
-                       thumbnails().visualRect(thumbnails().symbols().index(0)).center());
+    const QPoint cell = thumbnails().visualRect(thumbnails().symbols().index(0)).center();
+    QTest::mouseClick(thumbnails().viewport(), Qt::LeftButton, {}, cell);
+    QTest::mouseDClick(thumbnails().viewport(), Qt::LeftButton, {}, cell);
     EXPECT_EQ(window().FileName(), workspace.folder.symbols() + "\\sea\\wave.png");
     EXPECT_FALSE(window().isVisible());
 }

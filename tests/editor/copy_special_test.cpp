@@ -248,15 +248,15 @@ TEST_F(CopyingSpecially, EachMissingChoiceGetsItsBoxAndTheKeyboardGoesThere) {
         destination->setCurrentIndex(-1);
         shell.expectMessage("Select the source map.", Icon::Exclamation);
         testing::clickPart(dialog, "cmdOK");
-        EXPECT_TRUE(source->hasFocus());
+        EXPECT_EQ(dialog.focusWidget(), source);
         source->setCurrentIndex(1);
         shell.expectMessage("Select the destination map.", Icon::Exclamation);
         testing::clickPart(dialog, "cmdOK");
-        EXPECT_TRUE(destination->hasFocus());
+        EXPECT_EQ(dialog.focusWidget(), destination);
         destination->setCurrentIndex(1);
         shell.expectMessage("Source and destination map cannot be the same.", Icon::Exclamation);
         testing::clickPart(dialog, "cmdOK");
-        EXPECT_TRUE(destination->hasFocus());
+        EXPECT_EQ(dialog.focusWidget(), destination);
         EXPECT_TRUE(dialog.isVisible());
         EXPECT_EQ(window().copySpecial().CopyInfo, "");
     });

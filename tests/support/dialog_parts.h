@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLineEdit>
+#include <QPointer>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -33,13 +34,15 @@ inline void showActive(QWidget& window) {
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
 }
 
-/// Types into the field that has the keyboard, in place of what it holds, and presses a key.
+/// Types into the field that has the keyboard, in place of what it holds, presses a key, and waits
+/// until the field has closed and what was typed has been dealt with.
 inline void typeName(const QString& name, Qt::Key key = Qt::Key_Return) {
-    auto* field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    const QPointer field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
     ASSERT_TRUE(field);
     field->selectAll();
     QTest::keyClicks(field, name);
     QTest::keyClick(field, key);
+    EXPECT_TRUE(QTest::qWaitFor([&field] { return field.isNull(); }));
     QApplication::processEvents();
 }
 
