@@ -33,7 +33,8 @@ NAMES = [name("Alboran", ALBORAN, 2, 38), name("Lions", LIONS), name("Tyrrhenian
 
 
 def today_chart(chart):
-    field = pressure(SIZE, ((300, 120, -19, 75, 1.3, 20), (690, 60, 11, 150, 1.4, 0), (40, 330, 8, 170, 1.2, 0)), base=1015.0)
+    field = pressure(SIZE, ((300, 120, -19, 75, 1.3, 20), (690, 60, 11, 150, 1.4, 0), (40, 330, 8, 170, 1.2, 0)),
+                     base=1015.0)
     chart.isobars(field, range(988, 1032, 4))
     chart.front("cold", ((306, 132), (300, 190), (262, 250), (196, 292)), side=1)
     chart.front("warm", ((306, 132), (350, 150), (384, 190)), side=1)

@@ -95,7 +95,8 @@ class GifSymbols : public ::testing::Test {
         while (walk.hasNext()) {
             files << walk.next();
         }
-        EXPECT_GE(files.size(), 43);
+        files.sort();
+        EXPECT_GE(files.size(), 6 * 24);
     }
 
     QStringList files;
@@ -115,21 +116,27 @@ TEST_F(GifSymbols, AllEqualWhatQtDecodesTimesIncluded) {
     }
 }
 
-TEST_F(GifSymbols, AllEqualWhatImageMagickCoalesces) {
+TEST_F(GifSymbols, ASampleEqualsWhatImageMagickCoalesces) {
+    // That program is slow: a sample spread over all collections has to do.
+    constexpr int EveryNth = 6;
+    QStringList sample;
+    for (int i = 0; i < files.size(); i += EveryNth) {
+        sample << files[i];
+    }
     const QString convert = QStandardPaths::findExecutable("convert");
     if (convert.isEmpty()) {
         GTEST_SKIP() << "ImageMagick is not installed";
     }
     // One call for all: the program takes long to start.
     QStringList arguments = {"-depth", "8"};
-    for (const QString& file : files) {
+    for (const QString& file : sample) {
         arguments << "(" << file << "-coalesce"
                   << ")";
     }
     const ProcessResult other = runProgram(convert, arguments << "RGBA:-");
     ASSERT_EQ(other.exitCode, 0) << other.err.toStdString();
     qsizetype at = 0;
-    for (const QString& file : files) {
+    for (const QString& file : sample) {
         SCOPED_TRACE(file.toStdString());
         const QImage all = strip(readGif(readFile(file)));
         ASSERT_LE(at + all.sizeInBytes(), other.out.size());
