@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/commands.h"
+#include "editor/drawing/draw_strip.h"
 #include "editor/frame_canvas.h"
 #include "editor/frame_commands.h"
 #include "editor/frame_tabs.h"
@@ -40,6 +41,7 @@ class frmMap : public QMainWindow, public EditorView {
     Commands& commands() { return commands_; }
     FrameCanvas& canvas() { return canvas_; }
     MapViewport& viewport() { return *viewport_; }
+    DrawStrip& pctTlbDraw() { return *pctTlbDraw_; }
     FrameTabs& tabs() { return *tabs_; }
     Palette& palette() { return *palette_; }
     ToolStrip& toolStrip() { return *strip_; }
@@ -63,6 +65,7 @@ class frmMap : public QMainWindow, public EditorView {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
@@ -90,6 +93,7 @@ class frmMap : public QMainWindow, public EditorView {
     ToolStrip* strip_;
     Palette* palette_;
     FrameTabs* tabs_;
+    DrawStrip* pctTlbDraw_;
     EditorPane* pane_;
     QProgressBar* pBarMain_;
     QMenu* menuPopup_;
