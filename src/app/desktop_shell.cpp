@@ -2,6 +2,7 @@
 
 #include "core/host_files.h"
 #include "core/version.h"
+#include "picture/color_value.h"
 
 #include <QApplication>
 #include <QColorDialog>
@@ -123,14 +124,12 @@ QString DesktopShell::saveFileName(const FileRequest& request) {
 }
 
 std::optional<qint32> DesktopShell::chooseColor(qint32 initial) {
-    const QColor start = initial < 0
-                             ? QColor(Qt::black)
-                             : QColor(initial & 0xff, initial >> 8 & 0xff, initial >> 16 & 0xff);
+    const QColor start = initial < 0 ? QColor(Qt::black) : colorOf(initial);
     const QColor chosen = QColorDialog::getColor(start, dialogParent());
     if (!chosen.isValid()) {
         return std::nullopt;
     }
-    return chosen.red() | chosen.green() << 8 | chosen.blue() << 16;
+    return valueOf(chosen);
 }
 
 void DesktopShell::setProgress(int percent) {

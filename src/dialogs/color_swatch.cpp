@@ -1,15 +1,11 @@
 #include "dialogs/color_swatch.h"
 
 #include "model/forecast.h"
+#include "picture/color_value.h"
 
 #include <QPainter>
 
 namespace nubivane {
-
-QColor colorOf(qint32 color) {
-    return color == NoColor ? QColor()
-                            : QColor(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
-}
 
 void paintSwatch(QPainter& painter, const QRect& rect, qint32 color) {
     painter.save();

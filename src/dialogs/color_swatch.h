@@ -1,12 +1,8 @@
 #pragma once
 
-#include <QColor>
 #include <QWidget>
 
 namespace nubivane {
-
-/// The colour that a number stands for, red in its low byte; an invalid one for "none".
-QColor colorOf(qint32 color);
 
 /// Paints a field of a colour with a thin edge; "none" is a white field with a stroke through it.
 void paintSwatch(QPainter& painter, const QRect& rect, qint32 color);

@@ -3,6 +3,7 @@
 #include "dialogs/color_swatch.h"
 #include "dialogs/screen_fonts.h"
 #include "export/label_painter.h"
+#include "picture/color_value.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>

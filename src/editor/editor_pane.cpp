@@ -19,14 +19,17 @@ constexpr int PaletteGap = 10;
 
 }  // namespace
 
-EditorPane::EditorPane(ToolStrip& strip, Palette& palette, MapViewport& viewport, FrameTabs& tabs)
+EditorPane::EditorPane(ToolStrip& strip, Palette& palette, MapViewport& viewport,
+                       DrawStrip& pctTlbDraw, FrameTabs& tabs)
     : strip_(strip),
       palette_(palette),
       viewport_(viewport),
+      pctTlbDraw_(pctTlbDraw),
       tabs_(tabs),
       lineUp_(new QFrame(this)),
       pctSplitter_(new QWidget(this)) {
-    for (QWidget* part : std::initializer_list<QWidget*>{&strip_, &palette_, &viewport_, &tabs_}) {
+    for (QWidget* part :
+         std::initializer_list<QWidget*>{&strip_, &palette_, &viewport_, &pctTlbDraw_, &tabs_}) {
         part->setParent(this);
     }
     lineUp_->setFrameStyle(QFrame::HLine | QFrame::Sunken);
@@ -57,10 +60,11 @@ void EditorPane::layoutMap() {
 
     const int left = splitterLeft_ + SplitterWidth;
     const int tabsHeight = tabs_.tabDay()->sizeHint().height() + 2;
-    viewport_.setGeometry(left, top, std::max(0, width() - left),
-                          std::max(0, bottom - top - tabsHeight));
-    tabs_.setGeometry(left, std::max(0, bottom - tabsHeight), std::max(0, width() - left),
-                      tabsHeight);
+    const int toolsWidth = pctTlbDraw_.sizeHint().width();
+    const int mapWidth = std::max(0, width() - left - toolsWidth);
+    viewport_.setGeometry(left, top, mapWidth, std::max(0, bottom - top - tabsHeight));
+    pctTlbDraw_.setGeometry(left + mapWidth, top, toolsWidth, std::max(0, bottom - top));
+    tabs_.setGeometry(left, std::max(0, bottom - tabsHeight), mapWidth, tabsHeight);
     viewport_.setScrollBars();
     inLayout_ = false;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/drawing/draw_strip.h"
 #include "editor/frame_tabs.h"
 #include "editor/map_viewport.h"
 #include "editor/palette.h"
@@ -12,12 +13,13 @@
 namespace nubivane {
 
 /// Everything between menu bar and status bar: the strip of tool bars, the palette, the splitter,
-/// the map on its ground, the Frame tabs. `layoutMap` gives each its place.
+/// the map on its ground, the drawing tools, the Frame tabs. `layoutMap` gives each its place.
 class EditorPane : public QWidget {
     Q_OBJECT
 
   public:
-    EditorPane(ToolStrip& strip, Palette& palette, MapViewport& viewport, FrameTabs& tabs);
+    EditorPane(ToolStrip& strip, Palette& palette, MapViewport& viewport, DrawStrip& pctTlbDraw,
+               FrameTabs& tabs);
 
     void layoutMap();
 
@@ -36,6 +38,7 @@ class EditorPane : public QWidget {
     ToolStrip& strip_;
     Palette& palette_;
     MapViewport& viewport_;
+    DrawStrip& pctTlbDraw_;
     FrameTabs& tabs_;
     QFrame* lineUp_;
     QWidget* pctSplitter_;

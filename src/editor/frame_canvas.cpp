@@ -12,6 +12,7 @@ FrameCanvas::FrameCanvas(Workspace& workspace, AnimationCache& animations, Shell
       clock_(sprites_),
       mouse_(workspace, sprites_, selection_, shell),
       placement_(workspace, sprites_, selection_, shell),
+      drawing_(workspace, sprites_, selection_, mouse_, shell),
       widget_(new MapCanvas(workspace, sprites_, selection_, mouse_, clock_, parent)) {
     sprites_.now = [this] { return clock_.now(); };
     sprites_.playingChanged = [this] { clock_.schedule(); };
@@ -20,11 +21,12 @@ FrameCanvas::FrameCanvas(Workspace& workspace, AnimationCache& animations, Shell
     widget_->dropped = [this](const QString& payload, QPoint position) {
         placement_.drop(payload, position);
     };
+    drawing_.attach(*widget_);
 }
 
 void FrameCanvas::resetDrawing() {
     mouse_.cancel();
-    workspace_.pctMap.wipeScratchLayer();
+    drawing_.reset();
 }
 
 void FrameCanvas::showFrame(qint32 frame) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/canvas_clock.h"
+#include "editor/drawing/map_drawing.h"
 #include "editor/map_canvas.h"
 #include "editor/selection.h"
 #include "editor/sprite_mouse.h"
@@ -12,8 +13,8 @@ namespace nubivane {
 class AnimationCache;
 class Shell;
 
-/// The canvas with all that lives on it, wired together: layers, sprites, selection, gestures and
-/// the clock.
+/// The canvas with all that lives on it, wired together: layers, sprites, selection, gestures,
+/// drawing and the clock.
 class FrameCanvas {
   public:
     FrameCanvas(Workspace& workspace, AnimationCache& animations, Shell& shell, QWidget* parent);
@@ -24,6 +25,7 @@ class FrameCanvas {
     SpriteMouse& mouse() { return mouse_; }
     SpritePlacement& placement() { return placement_; }
     CanvasClock& clock() { return clock_; }
+    MapDrawing& drawing() { return drawing_; }
 
     /// Drops what is unfinished: the scratch layer and a gesture under way.
     void resetDrawing();
@@ -38,6 +40,7 @@ class FrameCanvas {
     CanvasClock clock_;
     SpriteMouse mouse_;
     SpritePlacement placement_;
+    MapDrawing drawing_;
     MapCanvas* widget_;  ///< owned by its parent
 };
 

@@ -35,7 +35,8 @@ frmMap::frmMap(Workspace& workspace, Shell& shell)
       strip_(new ToolStrip(commands_, workspace.settings, this)),
       palette_(new Palette(workspace, animations_, shell, this)),
       tabs_(new FrameTabs(workspace, shell, this)),
-      pane_(new EditorPane(*strip_, *palette_, *viewport_, *tabs_)),
+      pctTlbDraw_(new DrawStrip(canvas_.drawing(), commands_, this)),
+      pane_(new EditorPane(*strip_, *palette_, *viewport_, *pctTlbDraw_, *tabs_)),
       pBarMain_(new QProgressBar(this)),
       menuPopup_(buildSpriteMenu(commands_, this)),
       menuMap_(buildFrameMenu(commands_, this)),
@@ -77,14 +78,8 @@ void frmMap::connectCanvas() {
     canvas_.mouse().projectChanged = [this] { markChanged(); };
     canvas_.mouse().showMenu = [this](SpriteControl&) { menuPopup_->popup(QCursor::pos()); };
     canvas_.placement().projectChanged = [this] { markChanged(); };
-    canvas_.widget().mapPressed = [this](QPoint, Qt::MouseButton button) {
-        if (workspace_.Status.CurrentTool == u"cursor") {
-            canvas_.selection().clearSelection();
-            if (button == Qt::RightButton) {
-                menuPopup_->popup(QCursor::pos());
-            }
-        }
-    };
+    canvas_.drawing().projectChanged = [this] { markChanged(); };
+    canvas_.drawing().showMenu = [this] { menuPopup_->popup(QCursor::pos()); };
     canvas_.widget().dropAllowed = [this] {
         return workspace_.Status.CurrentTool == u"cursor" && palette_->dropAllowed();
     };
@@ -134,7 +129,7 @@ void frmMap::Init(const QString& projectFile) {
     removeTemporaryFolder(workspace_.folder);
     palette_->loadTabs(restoreCheckedCollections(workspace_));
 
-    workspace_.Status.CurrentTool = "cursor";
+    canvas_.drawing().Init();
     workspace_.resetProject();
     workspace_.clearTempPicture();
     tabs_->setTabDay(true);
@@ -188,7 +183,7 @@ void frmMap::refreshLock() {
                               : tr("Lock the symbols in their places"));
 }
 
-/// The keyboard walks as the eye does: bars, palette, splitter, map, Frame tabs.
+/// The keyboard walks as the eye does: bars, palette, splitter, map, drawing tools, Frame tabs.
 void frmMap::orderFocus() {
     QList<QWidget*> order;
     for (ToolBar* bar : {strip_->standardBar(), strip_->mapBar()}) {
@@ -196,7 +191,8 @@ void frmMap::orderFocus() {
             order << button;
         }
     }
-    order << palette_->focusOrder() << pane_->splitter() << &canvas_.widget() << tabs_->tabDay();
+    order << palette_->focusOrder() << pane_->splitter() << &canvas_.widget()
+          << pctTlbDraw_->focusOrder() << tabs_->tabDay();
     for (qsizetype i = 1; i < order.size(); ++i) {
         setTabOrder(order[i - 1], order[i]);
     }
@@ -226,6 +222,12 @@ void frmMap::rebuildFrameTabs() {
     frameCommands_.refresh();
 }
 
+/// The window of a figure being drawn is not this one: it is closed to input by itself.
+void frmMap::setEnabled(bool enabled) {
+    inputBlock_.setActive(!enabled);
+    canvas_.drawing().setEnabled(enabled);
+}
+
 void frmMap::showMap() {
     canvas_.widget().showPicture();
     viewport_->setScrollBars();
@@ -251,6 +253,13 @@ bool frmMap::eventFilter(QObject* watched, QEvent* event) {
     return QMainWindow::eventFilter(watched, event);
 }
 
+/// What no control wanted: the keys for a figure work wherever the keyboard is.
+void frmMap::keyPressEvent(QKeyEvent* event) {
+    if (!canvas_.drawing().pressKey(event->key())) {
+        QMainWindow::keyPressEvent(event);
+    }
+}
+
 void frmMap::closeEvent(QCloseEvent* event) {
     if (!queryUnload()) {
         event->ignore();
@@ -258,6 +267,7 @@ void frmMap::closeEvent(QCloseEvent* event) {
     }
     shell_.setPointer(Pointer::ArrowWithHourglass);
     shell_.processEvents();
+    canvas_.resetDrawing();
     unloadFrameSprites();
     storeState();
     shell_.setPointer(Pointer::Default);

@@ -5,6 +5,7 @@
 #include "editor/collection_commands.h"
 #include "editor/commands.h"
 #include "editor/copy_special.h"
+#include "editor/drawing/draw_strip.h"
 #include "editor/frame_canvas.h"
 #include "editor/frame_commands.h"
 #include "editor/frame_tabs.h"
@@ -45,6 +46,7 @@ class frmMap : public QMainWindow, public EditorView {
     Commands& commands() { return commands_; }
     FrameCanvas& canvas() { return canvas_; }
     MapViewport& viewport() { return *viewport_; }
+    DrawStrip& pctTlbDraw() { return *pctTlbDraw_; }
     FrameTabs& tabs() { return *tabs_; }
     Palette& palette() { return *palette_; }
     ToolStrip& toolStrip() { return *strip_; }
@@ -58,7 +60,7 @@ class frmMap : public QMainWindow, public EditorView {
     bool acceptsInput() const { return !inputBlock_.isActive(); }
 
     // EditorView.
-    void setEnabled(bool enabled) override { inputBlock_.setActive(!enabled); }
+    void setEnabled(bool enabled) override;
     void setCaption(const QString& text) override { setWindowTitle(text); }
     void clearSelection() override { canvas_.selection().clearSelection(); }
     void unloadFrameSprites() override;
@@ -72,6 +74,7 @@ class frmMap : public QMainWindow, public EditorView {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
@@ -98,6 +101,7 @@ class frmMap : public QMainWindow, public EditorView {
     ToolStrip* strip_;
     Palette* palette_;
     FrameTabs* tabs_;
+    DrawStrip* pctTlbDraw_;
     EditorPane* pane_;
     QProgressBar* pBarMain_;
     QMenu* menuPopup_;

@@ -1,6 +1,5 @@
 #include "editor/map_canvas.h"
 
-#include "core/error.h"
 #include "editor/canvas_clock.h"
 
 #include <QDragEnterEvent>
@@ -35,18 +34,7 @@ MapCanvas::MapCanvas(Workspace& workspace, SpriteStack& sprites, Selection& sele
 }
 
 void MapCanvas::showPicture() {
-    QImage image;
-    try {
-        image = workspace_.pctMap.image().image();
-    } catch (const Error&) {
-        // A Frame whose picture is damaged behind its header shows as an empty sheet.
-    }
-    if (image.isNull() && workspace_.pctMap.ScaleWidth() > 0) {
-        image = QImage(workspace_.pctMap.ScaleWidth(), workspace_.pctMap.ScaleHeight(),
-                       QImage::Format_RGB32);
-        image.fill(Qt::white);
-    }
-    picture_ = QPixmap::fromImage(std::move(image));
+    picture_ = QPixmap::fromImage(workspace_.pctMap.pixels());
     resize(workspace_.pctMap.Width(), workspace_.pctMap.Height());
     update();
 }
@@ -71,6 +59,14 @@ void MapCanvas::showToolTip(const QHelpEvent& event) {
     }
 }
 
+void MapCanvas::takeOver(const QRect& mapRect) {
+    if (!mapRect.isEmpty() && !picture_.isNull()) {
+        QPainter(&picture_).drawImage(mapRect.topLeft(), workspace_.pctMap.persistentLayer(),
+                                      mapRect);
+        updateMap(mapRect);
+    }
+}
+
 void MapCanvas::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.setPen(FrameColor);
@@ -87,6 +83,10 @@ void MapCanvas::paintMap(QPainter& painter, const QRect& mapRect) {
     painter.save();
     painter.setClipRect(mapRect, Qt::IntersectClip);
     painter.drawPixmap(mapRect, picture_, mapRect);
+    const QRect drawn = mapRect & workspace_.pctMap.scratchArea();
+    if (!drawn.isEmpty()) {
+        painter.drawImage(drawn, workspace_.pctMap.scratch(), drawn);
+    }
     for (const SpriteControl* control : sprites_.controls()) {
         if (control->visible && control->rect.intersects(mapRect)) {
             control->paint(painter);
@@ -109,23 +109,15 @@ void MapCanvas::mousePressEvent(QMouseEvent* event) {
 
 void MapCanvas::mouseMoveEvent(QMouseEvent* event) {
     const QPoint position = toMap(event->position().toPoint());
-    if (mouse_.move(position, event->buttons())) {
-        return;
-    }
-    if (workspace_.Status.CurrentTool != u"cursor") {
-        return;
-    }
-    if (const auto shape = mouse_.cursorAt(position)) {
-        setCursor(*shape);
-    } else if (sprites_.at(position)) {
-        setCursor(Qt::SizeAllCursor);
-    } else {
-        unsetCursor();
+    if (!mouse_.move(position, event->buttons())) {
+        mapMoved(position);
     }
 }
 
 void MapCanvas::mouseReleaseEvent(QMouseEvent* event) {
-    mouse_.release(event->button());
+    if (!mouse_.release(event->button())) {
+        mapReleased(event->button());
+    }
 }
 
 void MapCanvas::dragEnterEvent(QDragEnterEvent* event) {

@@ -29,11 +29,15 @@ class MapCanvas : public QWidget {
 
     /// Takes over the picture of the surface anew: its size and all its pixels.
     void showPicture();
+    /// Takes over a part of the surface's persistent layer, which was drawn on.
+    void takeOver(const QRect& mapRect);
     /// Paints a part of the map again.
     void updateMap(const QRect& mapRect) { update(toWidget(mapRect)); }
 
-    /// What a press on the bare map does, with its position and button.
+    /// What the mouse does on the bare map, with position or button.
     std::function<void(QPoint, Qt::MouseButton)> mapPressed;
+    std::function<void(QPoint)> mapMoved;
+    std::function<void(Qt::MouseButton)> mapReleased;
     /// Whether and how a drop is taken; the text is the drag's payload.
     std::function<bool()> dropAllowed;
     std::function<void(const QString&, QPoint)> dropped;
@@ -59,7 +63,7 @@ class MapCanvas : public QWidget {
     Selection& selection_;
     SpriteMouse& mouse_;
     CanvasClock& clock_;
-    QPixmap picture_;  ///< the surface as it is shown
+    QPixmap picture_;  ///< the surface's persistent layer as it is shown
 };
 
 }  // namespace nubivane

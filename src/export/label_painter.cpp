@@ -1,6 +1,7 @@
 #include "export/label_painter.h"
 
 #include "model/forecast.h"
+#include "picture/color_value.h"
 
 #include <QFontMetrics>
 #include <QPainter>
@@ -23,11 +24,6 @@ QString withPlainLineEnds(QString text) {
 QFont fontOf(const cLabel& label) {
     return mapFont(label.FontName, label.FontSize, label.FontBold, label.FontItalic,
                    label.FontUnderline);
-}
-
-/// The platform's colour value has red in its low byte.
-QColor colorOf(qint32 color) {
-    return QColor(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "picture/picture.h"
 
 #include <QImage>
+#include <QRect>
 
 namespace nubivane {
 
@@ -18,12 +19,25 @@ class MapSurface {
 
     /// The persistent layer for drawing. Whoever asks is going to change it.
     QImage& persistentLayer();
-    /// The scratch layer for drawing: transparent, of the size of the map.
-    QImage& scratchLayer();
-    void wipeScratchLayer() { scratch_ = QImage(); }
+    /// The persistent layer for looking at. A picture that is damaged behind its header is an empty
+    /// sheet, and so is what a picture leaves transparent.
+    QImage pixels() const;
 
-    /// `Image`: the composite of both layers. The very picture that was set while nothing has
-    /// been drawn since.
+    /// The scratch layer for drawing inside `area`: transparent, of the size of the map.
+    QImage& scratchLayer(const QRect& area);
+    QImage& scratchLayer() { return scratchLayer({QPoint(), picture_.size()}); }
+    /// The scratch layer for looking at; what lies on it is inside `scratchArea`.
+    const QImage& scratch() const { return scratch_; }
+    const QRect& scratchArea() const { return scratchArea_; }
+    /// Each costs what was drawn, not the map, and returns where that was.
+    QRect wipeScratchLayer();
+    /// Moves what was drawn down to the persistent layer.
+    QRect commitScratchLayer();
+
+    /// Both layers as they lie on each other.
+    QImage composite() const;
+    /// `Image`: the composite as a picture. The very one that was set while nothing has been drawn
+    /// since.
     Picture image() const;
 
     /// Inner size: that of the picture.
@@ -36,7 +50,8 @@ class MapSurface {
   private:
     Picture picture_;
     QImage drawn_;    ///< the persistent layer once something was drawn on it, else null
-    QImage scratch_;  ///< null while empty
+    QImage scratch_;  ///< null until it is drawn on
+    QRect scratchArea_;
 };
 
 }  // namespace nubivane

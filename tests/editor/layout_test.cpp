@@ -10,13 +10,14 @@ class Layout : public testing::CanvasFixture {
     QWidget& splitter() { return *pane().findChild<QWidget*>("pctSplitter"); }
 };
 
-TEST_F(Layout, TheViewportTakesWhatTheSplitterLeaves) {
+TEST_F(Layout, TheViewportTakesWhatTheSplitterAndTheToolsLeave) {
     start();
+    const int tools = window().pctTlbDraw().width();
     for (const int left : {150, 200, 250}) {
         pane().setSplitterLeft(left);
         EXPECT_EQ(splitter().x(), left);
         EXPECT_EQ(window().viewport().x(), left + 6);
-        EXPECT_EQ(window().viewport().width(), pane().width() - left - 6);
+        EXPECT_EQ(window().viewport().width(), pane().width() - left - 6 - tools);
         EXPECT_EQ(window().tabs().x(), left + 6);
         EXPECT_EQ(window().tabs().width(), window().viewport().width());
     }

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QDialog>
+
+#include <functional>
+
+namespace nubivane {
+
+class SettingsStore;
+
+/// `frmDrawAction`: the small floating window that ends the editing of a figure. It lets the
+/// keyboard stay on the map, where Enter and Esc do the same. Closing it by its box means cancel.
+class frmDrawAction : public QDialog {
+    Q_OBJECT
+
+  public:
+    frmDrawAction(SettingsStore& settings, QWidget* owner);
+
+    std::function<void()> DrawApply;
+    std::function<void()> DrawCancel;
+
+    /// Keeps its place, vanishes and goes as soon as no event of its own is being worked on.
+    void unload();
+
+  protected:
+    void reject() override { DrawCancel(); }
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    void restorePlace();
+
+    SettingsStore& settings_;
+    bool placed_ = false;
+};
+
+}  // namespace nubivane

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QCursor>
+
+namespace nubivane {
+
+/// The pointers that are pictures: "drawcur", "erasecur", "color".
+QCursor toolPointer(const char* key);
+
+}  // namespace nubivane
