@@ -128,7 +128,8 @@ TEST_F(VideoExport, AnMp4LastsAsLongAsItsCaptures) {
     EXPECT_TRUE(found.contains("pix_fmt=yuv420p"));
     EXPECT_TRUE(found.contains("nb_read_frames=11"));
     EXPECT_TRUE(found.contains("duration=1.100000")) << found.join(u' ').toStdString();
-    EXPECT_GT(psnr(frameOf("a.mp4", 5), renderFrame(workspace, 1, 500)), 28);
+    // Colours have half the resolution here, and the blue of this map changes from pixel to pixel.
+    EXPECT_GT(psnr(frameOf("a.mp4", 5), renderFrame(workspace, 1, 500)), 25);
 }
 
 TEST_F(VideoExport, AnMp4OfOddSidesLosesAPixel) {
