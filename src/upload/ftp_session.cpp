@@ -359,9 +359,14 @@ bool FtpSession::list(const Sink& sink) {
     return perform() || (curl_->code == CURLE_FTP_COULDNT_RETR_FILE && replyCode_ == NothingThere);
 }
 
+/// Closed at the end, the library would wait for the reply to the last command as long as it likes.
+/// A call without any command closes the connection under our own limit.
 void FtpSession::disconnect() {
-    if (curl_ && curl_->handle) {
+    if (connected_ && prepare({})) {
+        curl_->set(CURLOPT_NOBODY, 1L);
+        curl_->set(CURLOPT_FORBID_REUSE, 1L);
         curl_->set(CURLOPT_SERVER_RESPONSE_TIMEOUT, static_cast<long>(options_.farewell));
+        perform();
     }
     connected_ = false;
     curl_.reset();

@@ -11,6 +11,8 @@
 #include <QThread>
 
 #include <arpa/inet.h>
+#include <grp.h>
+#include <pwd.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -224,20 +226,18 @@ void RealFtpServer::startProftpd() {
                                           .arg(root())
                                           .toUtf8());
     QFile::setPermissions(folder_.file("passwd"), QFile::ReadOwner | QFile::WriteOwner);
-    writeFile(
-        folder_.file("proftpd.conf"),
-        QStringLiteral("ServerName tests\nServerType standalone\nDefaultAddress 127.0.0.1\n"
-                       "Port %1\nUseIPv6 off\nUser #%2\nGroup #%3\nAuthOrder mod_auth_file.c\n"
-                       "AuthUserFile %4/passwd\nRequireValidShell off\nRootLogin on\n"
-                       "DefaultRoot ~\nAllowOverwrite on\nWtmpLog off\n"
-                       "PidFile %4/pid\nScoreboardFile %4/scoreboard\n"
-                       "SystemLog %4/system\nTransferLog none\n"
-                       "ExtendedLog %4/log ALL\nUseReverseDNS off\n")
-            .arg(port_)
-            .arg(::getuid())
-            .arg(::getgid())
-            .arg(folder_.path())
-            .toUtf8());
+    writeFile(folder_.file("proftpd.conf"),
+              QStringLiteral("ServerName tests\nServerType standalone\nDefaultAddress 127.0.0.1\n"
+                             "Port %1\nUseIPv6 off\nUser %2\nGroup %3\nAuthOrder mod_auth_file.c\n"
+                             "AuthUserFile %4/passwd\nRequireValidShell off\nRootLogin on\n"
+                             "DefaultRoot ~\nAllowOverwrite on\nWtmpLog off\n"
+                             "PidFile %4/pid\nScoreboardFile %4/scoreboard\n"
+                             "SystemLog %4/system\nTransferLog none\n"
+                             "ExtendedLog %4/log ALL\nUseReverseDNS off\n")
+                  .arg(port_)
+                  .arg(QLatin1String(::getpwuid(::getuid())->pw_name),
+                       QLatin1String(::getgrgid(::getgid())->gr_name), folder_.path())
+                  .toUtf8());
     start(program, {"-n", "-c", folder_.file("proftpd.conf")});
 }
 
