@@ -118,7 +118,7 @@ TEST_F(DesktopShellBox, AFileIsChosenFromTheFolderAskedFor) {
         EXPECT_EQ(dialog->windowTitle(), "Open project");
         EXPECT_EQ(dialog->nameFilters(), QStringList("Nubivane files (*.nvpf)"));
         dialog->findChild<QLineEdit*>("fileNameEdit")->setText("week.nvpf");
-        dialog->accept();
+        static_cast<QDialog*>(dialog)->accept();
     });
     FileRequest request;
     request.title = "Open project";
