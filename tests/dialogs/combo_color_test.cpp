@@ -3,6 +3,7 @@
 #include "model/color_table.h"
 #include "support/fixtures.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QColor>
 #include <QSet>
@@ -126,6 +127,15 @@ TEST(ComboColor, TheWheelLeavesABoxAloneThatHasNotTheFocus) {
     QApplication::sendEvent(combo, &wheel);
     EXPECT_EQ(combo->color(), 255);
     EXPECT_FALSE(wheel.isAccepted());
+}
+
+TEST(ComboColor, TheListShowsWholeNamesUnderANarrowBox) {
+    comboColor combo;
+    combo.setFixedWidth(60);
+    combo.show();
+    combo.showPopup();
+    EXPECT_GE(combo.view()->viewport()->width(), combo.view()->sizeHintForColumn(0));
+    combo.hidePopup();
 }
 
 }  // namespace nubivane
