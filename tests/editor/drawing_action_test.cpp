@@ -153,7 +153,7 @@ TEST_F(DrawingAction, WhileTheMainWindowIsShutItIsShutToo) {
 
 TEST_F(DrawingAction, AtFirstItIsCentredOverTheMainWindow) {
     startFigure();
-    const QPoint away = action()->geometry().center() - window().frameGeometry().center();
+    const QPoint away = action()->frameGeometry().center() - window().frameGeometry().center();
     EXPECT_LE(away.manhattanLength(), 2);
 }
 
@@ -172,7 +172,8 @@ TEST_F(DrawingAction, APlaceBesideTheScreenIsBroughtBack) {
         settings.set(Setting::DrawDialogTop, far);
         settings.set(Setting::DrawDialogLeft, far);
         startFigure();
-        EXPECT_TRUE(action()->screen()->availableGeometry().contains(action()->geometry())) << far;
+        EXPECT_TRUE(action()->screen()->availableGeometry().contains(action()->frameGeometry()))
+            << far;
     }
 }
 
@@ -180,7 +181,7 @@ TEST_F(DrawingAction, APlaceThatIsNoNumberIsTheCentre) {
     settings.set(Setting::DrawDialogTop, "top");
     settings.set(Setting::DrawDialogLeft, "300");
     startFigure();
-    const QPoint away = action()->geometry().center() - window().frameGeometry().center();
+    const QPoint away = action()->frameGeometry().center() - window().frameGeometry().center();
     EXPECT_LE(away.manhattanLength(), 2);
 }
 

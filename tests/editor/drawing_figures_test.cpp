@@ -77,7 +77,7 @@ class DrawingFigures : public testing::DrawingFixture {
     static std::vector<QPoint> row(int count) {
         std::vector<QPoint> points;
         for (int i = 0; i < count; ++i) {
-            points.emplace_back(20 + 30 * i, i % 2 == 0 ? 80 : 300);
+            points.emplace_back(20 + 30 * i, i % 2 == 0 ? 80 + 3 * i : 300 - 7 * i);
         }
         return points;
     }

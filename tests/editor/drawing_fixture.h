@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <QPushButton>
 
+#include <algorithm>
+#include <cstdlib>
 #include <functional>
 
 namespace nubivane::testing {
@@ -72,15 +74,14 @@ class DrawingFixture : public CanvasFixture {
     }
     /// A black outline five pixels from the middle, filled with white squares.
     void expectHandle(QPoint centre) {
-        expect([&](QPainter& painter) {
-            painter.setPen(QPen(Qt::black, 1));
-            painter.drawRect(centre.x() - 5, centre.y() - 5, 10, 10);
-            painter.setPen(QPen(Qt::white, 1));
-            for (int half = 4; half >= 1; --half) {
-                painter.drawRect(centre.x() - half, centre.y() - half, 2 * half, 2 * half);
+        for (int y = -5; y <= 5; ++y) {
+            for (int x = -5; x <= 5; ++x) {
+                const bool outline = std::max(std::abs(x), std::abs(y)) == 5;
+                if (expected.valid(centre + QPoint(x, y))) {
+                    expected.setPixelColor(centre + QPoint(x, y), outline ? Qt::black : Qt::white);
+                }
             }
-            painter.drawPoint(centre);
-        });
+        }
     }
     void expectDotted(QPoint from, QPoint to) {
         expect([&](QPainter& painter) {

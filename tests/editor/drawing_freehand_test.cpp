@@ -130,6 +130,7 @@ TEST_F(DrawingFreehand, ALaterStrokeLeavesTheEarlierOneAndItsSnapshot) {
 
 TEST_F(DrawingFreehand, AMoveHasOnlyThePensRectanglePaintedAgain) {
     startWithPen("5");
+    canvas().setFocus();
     QApplication::processEvents();
     PaintRecorder recorder(canvas());
     press({100, 100});

@@ -43,7 +43,7 @@ frmDrawAction::frmDrawAction(SettingsStore& settings, QWidget* owner)
     row->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-/// Only now is the size known.
+/// Only now is the size known, but for the frame, which will be much like the main window's.
 void frmDrawAction::showEvent(QShowEvent* event) {
     if (!placed_) {
         placed_ = true;
@@ -55,11 +55,13 @@ void frmDrawAction::showEvent(QShowEvent* event) {
 void frmDrawAction::restorePlace() {
     const auto top = settings_.number(Setting::DrawDialogTop);
     const auto left = settings_.number(Setting::DrawDialogLeft);
-    QRect place(QPoint(), sizeHint());
+    layout()->activate();
+    const QWidget& owner = *parentWidget();
+    QRect place(QPoint(), size() + owner.frameGeometry().size() - owner.size());
     if (top && left) {
         place.moveTo(*left / TwipsPerPixel, *top / TwipsPerPixel);
     } else {
-        place.moveCenter(parentWidget()->frameGeometry().center());
+        place.moveCenter(owner.frameGeometry().center());
     }
     move(insideScreen(place.topLeft(), place.size(), screen()->availableGeometry()));
 }

@@ -223,6 +223,10 @@ void MapDrawing::commit() {
 }
 
 void MapDrawing::commitStroke() {
+    // As long as the last snapshot shares the pixels, drawing on them would copy the whole picture.
+    if (workspace_.pctMap.ScaleWidth() > 0) {
+        workspace_.pctPanel.setPicture(workspace_.Status.CurrentFrame, Picture());
+    }
     commit();
     workspace_.storeCurrentFrame();
     startAnimation();
