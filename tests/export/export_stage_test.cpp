@@ -4,6 +4,8 @@
 #include "export/label_painter.h"
 #include "stage_fixture.h"
 
+#include <QPainter>
+
 namespace nubivane::testing {
 
 namespace {
