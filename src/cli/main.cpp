@@ -30,6 +30,14 @@ void chooseUtf8() {
 #endif
 }
 
+/// A screen of no display needs no folder for its run either, but Qt would complain of a missing
+/// one on stderr, where schedulers see every word.
+void dropRuntimeFolderComplaint(QtMsgType, const QMessageLogContext&, const QString& text) {
+    if (!text.startsWith(QLatin1String("QStandardPaths:"))) {
+        streams::writeError(text + '\n');
+    }
+}
+
 /// Fonts need an application with a screen; any will do, so it is one that shows nothing.
 std::unique_ptr<QCoreApplication> makeApplication(const Arguments& arguments, int& argc,
                                                   char* argv[]) {
@@ -37,6 +45,7 @@ std::unique_ptr<QCoreApplication> makeApplication(const Arguments& arguments, in
         return std::make_unique<QCoreApplication>(argc, argv);
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(dropRuntimeFolderComplaint);
     return std::make_unique<QGuiApplication>(argc, argv);
 }
 

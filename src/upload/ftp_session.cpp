@@ -256,6 +256,10 @@ bool FtpSession::prepare(const QByteArray& name) {
     if (encrypted_) {
         curl.set(CURLOPT_USE_SSL, static_cast<long>(CURLUSESSL_TRY));
         curl.set(CURLOPT_FTPSSLAUTH, static_cast<long>(CURLFTPAUTH_TLS));
+        // Servers want each data connection to go on with the session of the control connection,
+        // which tickets of version 1.3, good for one use each, do not serve.
+        curl.set(CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2) |
+                                         static_cast<long>(CURL_SSLVERSION_MAX_TLSv1_2));
         if (!options_.certificates.isEmpty()) {
             curl.set(CURLOPT_CAINFO, options_.certificates.toLocal8Bit().constData());
         }

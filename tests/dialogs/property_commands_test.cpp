@@ -96,6 +96,7 @@ TEST_F(PropertyWindows, TheSelectionStaysWhenTheWindowCloses) {
 TEST_F(PropertyWindows, ASymbolCannotBeExchangedWithoutAPicker) {
     startActive();
     placeSymbol({100, 100});
+    window().propertyCommands().openSymbolSelection = nullptr;
     withProperties(
         [](QWidget& modal) { EXPECT_FALSE(part<QWidget>(modal, "cmdSymbol").isEnabled()); });
 }

@@ -18,6 +18,12 @@ class PropertyPlace : public testing::PropertyFixture {
                              QString::number(twips));
     }
     void deselect() { window().clearSelection(); }
+    /// A window's place is that of its frame's corner, and its size is without the frame.
+    static QRect placeOf(const QWidget& dialog) { return {dialog.pos(), dialog.size()}; }
+    static void put(QWidget& dialog, const QRect& place) {
+        dialog.move(place.topLeft());
+        dialog.resize(place.size());
+    }
     QRect screen() { return QGuiApplication::primaryScreen()->availableGeometry(); }
 };
 
@@ -26,7 +32,7 @@ TEST_F(PropertyPlace, OpensOverTheEditorTheFirstTime) {
     withProperties([this](QWidget& dialog) {
         // 5180 and 3740 twips of 15 to the pixel.
         EXPECT_EQ(dialog.size(), QSize(345, 249).expandedTo(dialog.minimumSizeHint()));
-        const QPoint away = dialog.geometry().center() - window().frameGeometry().center();
+        const QPoint away = placeOf(dialog).center() - window().frameGeometry().center();
         EXPECT_LE(std::abs(away.x()), 1);
         EXPECT_LE(std::abs(away.y()), 1);
     });
@@ -34,7 +40,7 @@ TEST_F(PropertyPlace, OpensOverTheEditorTheFirstTime) {
 
 TEST_F(PropertyPlace, IsStoredInTwipsOnClosing) {
     start();
-    withProperties([](QWidget& dialog) { dialog.setGeometry(120, 130, 400, 500); });
+    withProperties([](QWidget& dialog) { put(dialog, {120, 130, 400, 500}); });
     EXPECT_EQ(setting("Left"), "1800");
     EXPECT_EQ(setting("Top"), "1950");
     EXPECT_EQ(setting("Width"), "6000");
@@ -44,7 +50,7 @@ TEST_F(PropertyPlace, IsStoredInTwipsOnClosing) {
 TEST_F(PropertyPlace, EscStoresItToo) {
     start();
     withProperties([](QWidget& dialog) {
-        dialog.setGeometry(120, 130, 400, 500);
+        put(dialog, {120, 130, 400, 500});
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });
     EXPECT_EQ(setting("Width"), "6000");
@@ -52,23 +58,23 @@ TEST_F(PropertyPlace, EscStoresItToo) {
 
 TEST_F(PropertyPlace, TheThreeWindowsShareTheirPlace) {
     start();
-    withProperties([](QWidget& dialog) { dialog.setGeometry(120, 130, 400, 500); });
+    withProperties([](QWidget& dialog) { put(dialog, {120, 130, 400, 500}); });
     placeLabel({100, 100});
     withProperties([](QWidget& dialog) {
         EXPECT_EQ(dialog.objectName(), "frmLabelProperty");
-        EXPECT_EQ(dialog.geometry(), QRect(120, 130, 400, 500));
-        dialog.setGeometry(140, 150, 420, 520);
+        EXPECT_EQ(placeOf(dialog), QRect(120, 130, 400, 500));
+        put(dialog, {140, 150, 420, 520});
     });
     placeSymbol({200, 100});
     withProperties([](QWidget& dialog) {
         EXPECT_EQ(dialog.objectName(), "frmSymbolProperty");
-        EXPECT_EQ(dialog.geometry(), QRect(140, 150, 420, 520));
-        dialog.setGeometry(160, 170, 440, 540);
+        EXPECT_EQ(placeOf(dialog), QRect(140, 150, 420, 520));
+        put(dialog, {160, 170, 440, 540});
     });
     deselect();
     withProperties([](QWidget& dialog) {
         EXPECT_EQ(dialog.objectName(), "frmFrameProperty");
-        EXPECT_EQ(dialog.geometry(), QRect(160, 170, 440, 540));
+        EXPECT_EQ(placeOf(dialog), QRect(160, 170, 440, 540));
     });
 }
 
@@ -78,7 +84,7 @@ TEST_F(PropertyPlace, APlaceOffTheScreenIsBroughtBack) {
         store("Left", far);
         store("Top", far);
         withProperties(
-            [this](QWidget& dialog) { EXPECT_TRUE(screen().contains(dialog.geometry())); });
+            [this](QWidget& dialog) { EXPECT_TRUE(screen().contains(placeOf(dialog))); });
     }
 }
 
@@ -88,7 +94,7 @@ TEST_F(PropertyPlace, ASizeOutOfAllMeasureIsCutToTheScreen) {
         store("Width", size);
         store("Height", size);
         withProperties([this](QWidget& dialog) {
-            EXPECT_TRUE(screen().contains(dialog.geometry()));
+            EXPECT_TRUE(screen().contains(placeOf(dialog)));
             EXPECT_GE(dialog.width(), dialog.minimumSizeHint().width());
             EXPECT_GE(dialog.height(), dialog.minimumSizeHint().height());
         });
@@ -109,7 +115,7 @@ TEST_F(PropertyPlace, WhatIsNoNumberCountsAsNothing) {
 TEST_F(PropertyPlace, TheForecastTextKeepsOutOfIt) {
     start();
     withProperties([](QWidget& dialog) {
-        dialog.setGeometry(120, 130, 400, 500);
+        put(dialog, {120, 130, 400, 500});
         testing::withModal([&] { click(dialog, "cmdForecastText"); },
                            [](QWidget& detail) { detail.setGeometry(1, 2, 700, 600); });
     });

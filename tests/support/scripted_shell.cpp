@@ -37,7 +37,8 @@ void ScriptedShell::expectColorDialog(qint32 initial, std::optional<qint32> chos
 Answer ScriptedShell::messageBox(const Message& message) {
     causes << message.cause;
     if (messages_.empty()) {
-        ADD_FAILURE() << "unexpected message: " << message.text.toStdString();
+        ADD_FAILURE() << "unexpected message: " << message.text.toStdString() << "\n"
+                      << message.cause.toStdString();
         return Answer::Cancel;
     }
     const Expected expected = messages_.front();

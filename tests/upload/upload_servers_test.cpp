@@ -78,10 +78,11 @@ INSTANTIATE_TEST_SUITE_P(Kinds, UploadServers,
 namespace {
 
 class UploadEncryption : public UploadServers {};
+class VerifiedEncryption : public UploadServers {};
 
 }  // namespace
 
-TEST_P(UploadEncryption, IsUsedUnderACertificateThatVerifies) {
+TEST_P(VerifiedEncryption, IsUsedForTheWholeUpload) {
     const RealFtpServer server(QLatin1String(GetParam()), true);
     if (!server.obstacle().isEmpty()) {
         GTEST_SKIP() << server.obstacle().toStdString();
@@ -103,6 +104,9 @@ TEST_P(UploadEncryption, IsDoneWithoutUnderACertificateThatDoesNot) {
     EXPECT_TRUE(server.tree() == wholeSite());
     EXPECT_FALSE(server.log().contains("PROT")) << server.log().toStdString();
 }
+
+INSTANTIATE_TEST_SUITE_P(Kinds, VerifiedEncryption, ::testing::Values("vsftpd"),
+                         [](const auto& test) { return std::string(test.param); });
 
 INSTANTIATE_TEST_SUITE_P(Kinds, UploadEncryption, ::testing::Values("pyftpdlib", "vsftpd"),
                          [](const auto& test) { return std::string(test.param); });
