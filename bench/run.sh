@@ -14,3 +14,4 @@ done
 "$python" bench/whole_program.py "$build" "$build/bench/work"
 "$python" bench/animations.py "$build" "$build/bench/animations"
 "$build/bench/bench_engine" --benchmark_min_time=0.3
+"$build/bench/bench_editor" "$build/Nubivane"

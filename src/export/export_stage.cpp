@@ -138,9 +138,10 @@ QImage ExportStage::grabStage(qint64 time) const {
         }
     }
     for (const cLabel& label : labels_) {
-        const QRect rect({label.PosX, label.PosY}, labelSize(label));
-        if (touches(rect.topLeft(), rect.size(), stage.size())) {
-            paintLabel(painter, label, rect);
+        const QPoint position(label.PosX, label.PosY);
+        const QSize size = labelSize(label);
+        if (touches(position, size, stage.size())) {
+            paintLabel(painter, label, QRect(position, size));
         }
     }
     return stage;

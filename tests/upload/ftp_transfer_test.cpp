@@ -220,7 +220,7 @@ TEST_F(Transfer, ALocalFileThatIsMissingIsNotSent) {
 TEST_F(Transfer, EmptyAndLargeFilesTravelBothWays) {
     OwnFtpServer server;
     QByteArray large;
-    for (int i = 0; i < 3000000; ++i) {
+    for (unsigned i = 0; i < 3000000; ++i) {
         large += static_cast<char>(i * 7919 >> 8);
     }
     ASSERT_TRUE(transfer.Connect(server.address()));

@@ -44,7 +44,7 @@ TEST_P(UploadServers, HoldTheTreeThatThePageNeeds) {
     }
     addAwkwardNames();
     QByteArray large;
-    for (int i = 0; i < 2000000; ++i) {
+    for (unsigned i = 0; i < 2000000; ++i) {
         large += static_cast<char>(i * 7919 >> 7);
     }
     writeFile(host("Maps/europe.jpg"), large);
