@@ -3,6 +3,7 @@
 #include "collections/scan_collections.h"
 #include "core/host_files.h"
 #include "core/shell.h"
+#include "widgets/dialog_tools.h"
 
 #include <QDir>
 #include <QFormLayout>
@@ -14,17 +15,6 @@
 #include <utility>
 
 namespace nubivane {
-
-namespace {
-
-QLineEdit* readOnlyField(const char* name, QWidget* parent) {
-    auto* field = new QLineEdit(parent);
-    field->setObjectName(name);
-    field->setReadOnly(true);
-    return field;
-}
-
-}  // namespace
 
 CollectionPane::CollectionPane(Workspace& workspace, AnimationCache& animations, Shell& shell,
                                Boxes boxes, QWidget* parent)

@@ -21,13 +21,6 @@ namespace nubivane {
 
 namespace {
 
-QLineEdit* readOnlyField(const char* name, QWidget* parent) {
-    auto* field = new QLineEdit(parent);
-    field->setObjectName(name);
-    field->setReadOnly(true);
-    return field;
-}
-
 void setBold(QListWidgetItem& row, bool bold) {
     QFont font = row.font();
     font.setBold(bold);
@@ -71,15 +64,15 @@ void frmMapsCollection::buildTools() {
                             [this, handler] { (this->*handler)(); });
     };
     using Self = frmMapsCollection;
-    needMap_ << tool("btnDeleteMap", "map-delete", tr("Delete"), tr("Delete the map"), {},
+    needMap_ << tool("btnDeleteMap", "map-delete", tr("Delete"), tr("delete map"), {},
                      &Self::deleteMapAsked);
-    needMap_ << tlbMap_->add({"btnRenameMap", "map-rename", tr("Rename"), tr("Rename the map"), {}},
+    needMap_ << tlbMap_->add({"btnRenameMap", "map-rename", tr("Rename"), tr("rename map"), {}},
                              [this] { lvwCollection_->startRenaming(); });
     tlbMap_->addSeparator();
-    tool("btnImportMap", "map-import", tr("Import map"), tr("Import a map"), QKeySequence("Ctrl+I"),
+    tool("btnImportMap", "map-import", tr("Import map"), tr("import map"), QKeySequence("Ctrl+I"),
          &Self::importMap);
-    tool("btnSetDefaultMap", "map-default", tr("Set as default"),
-         tr("Begin new projects with this map"), {}, &Self::setSelectedAsDefault);
+    tool("btnSetDefaultMap", "map-default", tr("Set as default"), tr("set as default map"), {},
+         &Self::setSelectedAsDefault);
     tlbMap_->addSeparator();
     tlbMap_->add({"cmdHelp", "help", tr("Help"), tr("Help"), QKeySequence(Qt::Key_F1)}, [this] {
         openHelpTopic(workspace_, shell_, "MapSelection.htm", "Help file not found");

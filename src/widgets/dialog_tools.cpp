@@ -35,4 +35,11 @@ QAction* DialogTools::add(const DialogTool& tool, std::function<void()> handler)
     return action;
 }
 
+QLineEdit* readOnlyField(const char* name, QWidget* parent) {
+    auto* field = new QLineEdit(parent);
+    field->setObjectName(name);
+    field->setReadOnly(true);
+    return field;
+}
+
 }  // namespace nubivane

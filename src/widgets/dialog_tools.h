@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLineEdit>
 #include <QToolBar>
 
 #include <functional>
@@ -24,5 +25,8 @@ class DialogTools : public QToolBar {
 
     QAction* add(const DialogTool& tool, std::function<void()> handler);
 };
+
+/// A field whose text can be marked and copied, not changed.
+QLineEdit* readOnlyField(const char* name, QWidget* parent);
 
 }  // namespace nubivane

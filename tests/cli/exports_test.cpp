@@ -5,6 +5,7 @@
 #include <sys/resource.h>
 
 #include <csignal>
+#include <string_view>
 
 namespace nubivane::testing {
 
@@ -35,15 +36,6 @@ class Exports : public CliTest {
         EXPECT_TRUE(result.err.startsWith(text + "\n  ")) << result.err.toStdString();
         EXPECT_EQ(outputs(), QStringList());
         EXPECT_FALSE(QFile::exists(host("~temp")));
-    }
-
-    /// The text is that of the command's window or stands alone; either way the Frame is named.
-    void expectNoFrame(const ProcessResult& result, const QByteArray& frame) const {
-        EXPECT_EQ(result.exitCode, 1);
-        EXPECT_EQ(result.out, "");
-        EXPECT_TRUE(result.err.contains("There is no Frame \"" + frame + "\"."))
-            << result.err.toStdString();
-        EXPECT_EQ(outputs(), QStringList());
     }
 
     QString project;
@@ -88,10 +80,15 @@ TEST_F(Exports, AnEndingThatNamesNoFormatIsAFailure) {
 TEST_F(Exports, AFrameThatIsNotThereIsAFailure) {
     for (const char* frame : {"0", "3", "-1", "x", "", "1.5", "99999999999"}) {
         for (const char* command : {"still", "anigif", "avi", "mp4", "print"}) {
-            expectNoFrame(run({command, project, frame, out("a.gif")}), frame);
+            const ProcessResult result = run({command, project, frame, out("a.gif")});
+            const QByteArray text = QByteArray("There is no Frame \"") + frame + "\".";
+            // The text of the window that saves stills comes first, the cause below it.
+            const bool still = command == std::string_view("still");
+            expectFailed(result, still ? "An error occurred while saving the file." : text);
+            EXPECT_TRUE(result.err.contains(text)) << result.err.toStdString();
         }
     }
-    expectNoFrame(run({"film", project, out("a.gif"), "--from", "3"}), "3");
+    expectFailed(run({"film", project, out("a.gif"), "--from", "3"}), "There is no Frame \"3\".");
 }
 
 TEST_F(Exports, AProjectThatIsNotThereIsAFailure) {

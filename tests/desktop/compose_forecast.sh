@@ -31,23 +31,6 @@ value() {
     python3 "$here/project_value.py" "$program/nubivane-cli" "$project" "$1"
 }
 
-# saved WHAT EXPRESSION: saves until what the project then says is true.
-saved() {
-    wait_for "$1" save_and_ask "$2"
-    echo "ok: $1"
-}
-
-# A key that comes while a drag or a dialog is still going away is lost, so that one may not do.
-save_and_ask() {
-    local try
-    keys ctrl+s
-    for try in 1 2 3 4 5; do
-        value "$1" >/dev/null && return
-        sleep 0.1
-    done
-    return 1
-}
-
 # symbol FRAME NUMBER FIELD, both from 0.
 symbol() {
     value "frames[$1]['Symbols'][$2]['$3']"

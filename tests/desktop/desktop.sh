@@ -166,3 +166,21 @@ drag_picture_covers() {
     [ $((2 * X + WIDTH - 2 * $1)) -ge -2 ] && [ $((2 * X + WIDTH - 2 * $1)) -le 2 ] &&
         [ $((2 * Y + HEIGHT - 2 * $2)) -ge -2 ] && [ $((2 * Y + HEIGHT - 2 * $2)) -le 2 ]
 }
+
+# saved WHAT EXPRESSION: saves until what `value EXPRESSION` of the
+# script then asks of the project is true.
+saved() {
+    wait_for "$1" save_and_ask "$2"
+    echo "ok: $1"
+}
+
+# A key that comes while a drag or a dialog is still going away is lost, so that one may not do.
+save_and_ask() {
+    local try
+    keys ctrl+s
+    for try in 1 2 3 4 5; do
+        value "$1" >/dev/null && return
+        sleep 0.1
+    done
+    return 1
+}

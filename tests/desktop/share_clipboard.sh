@@ -21,22 +21,10 @@ program=$work/program
 project=$work/europe.nvpf
 cp "$here"/../../examples/europe.nvp[fx] "$work/"
 
-# saved WHAT EXPRESSION: saves until what the last Frame's `symbols` then say is true.
-saved() {
-    wait_for "$1" save_and_ask "$2"
-    echo "ok: $1"
-}
-
-# A key that comes while a window is still going away is lost, so that one may not do.
-save_and_ask() {
-    local try
-    keys ctrl+s
-    for try in 1 2 3 4 5; do
-        python3 "$here/project_value.py" "$program/nubivane-cli" "$project" \
-            "(lambda symbols: $1)(frames[-1]['Symbols'])" >/dev/null && return
-        sleep 0.1
-    done
-    return 1
+# value EXPRESSION: whether it is true of the last Frame's `symbols`.
+value() {
+    python3 "$here/project_value.py" "$program/nubivane-cli" "$project" \
+        "(lambda symbols: $1)(frames[-1]['Symbols'])"
 }
 
 # clipboard_is BYTES: what another program gets, in hexadecimal.

@@ -71,35 +71,11 @@ TEST_F(FrameDetail, WithoutElementsOnlyAddIsEnabled) {
 TEST_F(FrameDetail, HasTheRowsOfHeaderAndBody) {
     add("a", "b");
     withDetail([](QWidget& window) {
-        for (const char* line : {"Header", "Body"}) {
-            const auto named = [&](const char* prefix, const char* rest) {
-                return QByteArray(prefix) + line + rest;
-            };
-            const QByteArray names[] = {named("txt", "Font"),
-                                        named("txt", "FontSize"),
-                                        named("txt", "Fontbold"),
-                                        named("txt", "FontItalic"),
-                                        named("txt", "FontUnderline"),
-                                        named("txt", "FontOverline"),
-                                        named("txt", "FontStrikethourht"),
-                                        named("txt", "ForeColor"),
-                                        named("cbo", "Backcolor"),
-                                        named("txt", "Text"),
-                                        named("cmd", "Font")};
-            expectRows(window,
-                       {{names[0], "Font", "Font", "Sets font"},
-                        {names[1], "Size", "Size", "Sets font size"},
-                        {names[2], "Bold", "Bold", "Sets font bold attribute"},
-                        {names[3], "Italic", "Italic", "Sets font italic attribute"},
-                        {names[4], "Underline", "Underline", "Sets underline effect"},
-                        {names[5], "Overline", "Overline", "Sets overline effect"},
-                        {names[6], "Strikeout", "Strikeout", "Sets strikeout effect"},
-                        {names[7], "Color", "Color", "Sets font color"},
-                        {names[8], "Back color", "Back color",
-                         "Sets background color used to display text"},
-                        {names[9], "Text", "Text",
-                         QByteArray(line) == "Header" ? "Sets header text" : "Sets body text"},
-                        {names[10], "Font", "Font", "Sets font"}});
+        for (const QByteArray line : {"Header", "Body"}) {
+            expectFontRows(window, line);
+            expectRows(window, {{"txt" + line + "Text", "Text", "Text",
+                                 line == "Header" ? "Sets header text" : "Sets body text"},
+                                {"cmd" + line + "Font", "Font", "Font", "Sets font"}});
         }
     });
 }

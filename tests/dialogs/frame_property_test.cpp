@@ -30,39 +30,15 @@ TEST_F(FrameProperty, HasTheRowsOfATitleAndASubtitle) {
     forecast().Title().Border = 1;
     forecast().Subtitle().Border = 1;
     withProperties([](QWidget& window) {
-        for (const char* line : {"Title", "subTitle"}) {
-            const auto named = [&](const char* prefix, const char* rest) {
-                return QByteArray(prefix) + line + rest;
-            };
-            const QByteArray names[] = {named("txt", "Font"),
-                                        named("txt", "FontSize"),
-                                        named("txt", "Fontbold"),
-                                        named("txt", "FontItalic"),
-                                        named("txt", "FontUnderline"),
-                                        named("txt", "FontOverline"),
-                                        named("txt", "FontStrikethourht"),
-                                        named("txt", "ForeColor"),
-                                        named("cbo", "Backcolor"),
-                                        named("cbo", "Border"),
-                                        named("cbo", "BorderColor"),
-                                        named("cbo", "Align"),
-                                        named("txt", "Text")};
-            expectRows(window,
-                       {{names[0], "Font", "Font", "Sets font"},
-                        {names[1], "Size", "Size", "Sets font size"},
-                        {names[2], "Bold", "Bold", "Sets font bold attribute"},
-                        {names[3], "Italic", "Italic", "Sets font italic attribute"},
-                        {names[4], "Underline", "Underline", "Sets underline effect"},
-                        {names[5], "Overline", "Overline", "Sets overline effect"},
-                        {names[6], "Strikeout", "Strikeout", "Sets strikeout effect"},
-                        {names[7], "Color", "Color", "Sets font color"},
-                        {names[8], "Back color", "Back color",
-                         "Sets background color used to display text"},
-                        {names[9], "Border", "Border", "Sets border style"},
-                        {names[10], "Border color", "Border color", "Sets border color"},
-                        {names[11], "Alignment", "Alignment", "Sets alignment of text"},
-                        {names[12], "Text", "Text",
-                         QByteArray(line) == "Title" ? "Sets title text" : "Sets subtitle text"}});
+        for (const QByteArray line : {"Title", "subTitle"}) {
+            expectFontRows(window, line);
+            expectRows(window, {{"cbo" + line + "Border", "Border", "Border", "Sets border style"},
+                                {"cbo" + line + "BorderColor", "Border color", "Border color",
+                                 "Sets border color"},
+                                {"cbo" + line + "Align", "Alignment", "Alignment",
+                                 "Sets alignment of text"},
+                                {"txt" + line + "Text", "Text", "Text",
+                                 line == "Title" ? "Sets title text" : "Sets subtitle text"}});
         }
     });
 }

@@ -77,6 +77,23 @@ class PropertyFixture : public CanvasFixture {
         }
         return {};
     }
+    /// The rows of one text's font and colours, `line` being the middle of their fields' names.
+    static void expectFontRows(QWidget& window, const QByteArray& line) {
+        expectRows(
+            window,
+            {{"txt" + line + "Font", "Font", "Font", "Sets font"},
+             {"txt" + line + "FontSize", "Size", "Size", "Sets font size"},
+             {"txt" + line + "Fontbold", "Bold", "Bold", "Sets font bold attribute"},
+             {"txt" + line + "FontItalic", "Italic", "Italic", "Sets font italic attribute"},
+             {"txt" + line + "FontUnderline", "Underline", "Underline", "Sets underline effect"},
+             {"txt" + line + "FontOverline", "Overline", "Overline", "Sets overline effect"},
+             {"txt" + line + "FontStrikethourht", "Strikeout", "Strikeout",
+              "Sets strikeout effect"},
+             {"txt" + line + "ForeColor", "Color", "Color", "Sets font color"},
+             {"cbo" + line + "Backcolor", "Back color", "Back color",
+              "Sets background color used to display text"}});
+    }
+
     static void expectRows(QWidget& window, std::initializer_list<ShownRow> rows) {
         for (const ShownRow& row : rows) {
             auto& field = part<QWidget>(window, row.field.constData());
