@@ -12,6 +12,7 @@
 
 #include <QButtonGroup>
 #include <QCheckBox>
+#include <QDialogButtonBox>
 #include <QFocusEvent>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -69,7 +70,7 @@ frmPageSetting::frmPageSetting(Workspace& workspace, Shell& shell, QWidget* pare
     column->addWidget(makeGeneralFrame());
     column->addWidget(makeDisplayFrame());
     column->addStretch();
-    column->addLayout(makeButtons());
+    column->addWidget(makeButtons());
     cboBackcolor_->setColor(NoColor);
     watchChanges();
 }
@@ -162,17 +163,23 @@ void frmPageSetting::addTimer(QGridLayout& grid, int row) {
     enableTimer();
 }
 
-QBoxLayout* frmPageSetting::makeButtons() {
-    auto* row = new QHBoxLayout;
-    row->addStretch();
-    auto* cmdOK = makeButton("cmdOK", tr("OK"), &frmPageSetting::cmdOK_Click);
-    cmdOK->setDefault(true);
-    row->addWidget(cmdOK);
-    row->addWidget(makeButton("cmdCancel", tr("Cancel"), &frmPageSetting::reject));
-    cmdApply_ = makeButton("cmdApply", tr("App&ly"), &frmPageSetting::cmdApply_Click);
-    row->addWidget(cmdApply_);
-    row->addWidget(makeButton("cmdHelp", tr("&Help"), &frmPageSetting::cmdHelp_Click));
-    return row;
+/// Of the desktop's own kind and order.
+QDialogButtonBox* frmPageSetting::makeButtons() {
+    auto* box = new QDialogButtonBox(this);
+    const auto add = [&](QDialogButtonBox::StandardButton kind, const char* name,
+                         const QString& caption, void (frmPageSetting::*click)()) {
+        QPushButton* button = box->addButton(kind);
+        button->setObjectName(name);
+        button->setText(caption);
+        connect(button, &QPushButton::clicked, this, click);
+        return button;
+    };
+    add(QDialogButtonBox::Ok, "cmdOK", tr("OK"), &frmPageSetting::cmdOK_Click)->setDefault(true);
+    add(QDialogButtonBox::Cancel, "cmdCancel", tr("Cancel"), &frmPageSetting::reject);
+    cmdApply_ = add(QDialogButtonBox::Apply, "cmdApply", tr("App&ly"),
+                    &frmPageSetting::cmdApply_Click);
+    add(QDialogButtonBox::Help, "cmdHelp", tr("&Help"), &frmPageSetting::cmdHelp_Click);
+    return box;
 }
 
 QPushButton* frmPageSetting::makeButton(const char* name, const QString& caption,

@@ -4,10 +4,10 @@
 
 #include <functional>
 
-class QBoxLayout;
 class QButtonGroup;
 class QCheckBox;
 class QComboBox;
+class QDialogButtonBox;
 class QGridLayout;
 class QLabel;
 class QLineEdit;
@@ -46,7 +46,7 @@ class frmPageSetting : public QDialog {
     QWidget* makeDisplayFrame();
     void addTypes(QGridLayout& grid);
     void addTimer(QGridLayout& grid, int row);
-    QBoxLayout* makeButtons();
+    QDialogButtonBox* makeButtons();
     QPushButton* makeButton(const char* name, const QString& caption,
                             void (frmPageSetting::*click)());
     QLineEdit* makeTextBox(const char* name);

@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QPointer>
 #include <QStyledItemDelegate>
+#include <QTextLayout>
 #include <QThreadPool>
 
 #include <algorithm>
@@ -168,17 +169,24 @@ class ListImage::Painter : public QStyledItemDelegate {
     }
 
   private:
-    /// In at most two lines, the second one cut with an ellipsis.
+    /// In at most two lines, broken between words; what is still too long ends with an ellipsis.
     static void paintCaption(QPainter& painter, const QRect& area, const QString& caption) {
+        QTextLayout layout(caption, painter.font());
+        layout.beginLayout();
+        QTextLine line = layout.createLine();
+        line.setLineWidth(area.width());
+        const int broken = line.isValid() ? line.textLength() : 0;
+        layout.endLayout();
         const QFontMetrics metrics = painter.fontMetrics();
-        const qsizetype blank = caption.indexOf(u' ');
-        const bool oneLine = blank < 0 || metrics.horizontalAdvance(caption) <= area.width();
-        const QString first = oneLine ? caption : caption.left(blank);
-        const QString second = oneLine ? QString() : caption.mid(blank + 1);
-        const int flags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextSingleLine;
-        painter.drawText(area, flags, metrics.elidedText(first, Qt::ElideRight, area.width()));
-        painter.drawText(area.translated(0, metrics.height()), flags,
-                         metrics.elidedText(second, Qt::ElideRight, area.width()));
+        const auto paintLine = [&](int number, const QString& text) {
+            const bool fits = metrics.horizontalAdvance(text) <= area.width();
+            painter.drawText(area.translated(0, number * metrics.height()),
+                             Qt::AlignHCenter | Qt::AlignTop | Qt::TextSingleLine,
+                             fits ? text
+                                  : metrics.elidedText(text, Qt::ElideRight, area.width()));
+        };
+        paintLine(0, caption.left(broken).trimmed());
+        paintLine(1, caption.mid(broken).trimmed());
     }
 
     void paintThumbnail(QPainter& painter, const QRect& area, const Animation& animation) const {
