@@ -49,12 +49,7 @@ textX=$((windowX + 600)) textY=$((windowY + 480))
 
 drag_and_drop $firstX $symbolY $fogX $fogY
 keys ctrl+s
-wait_for "the file dialog" find_window '^Save project$'
-dialog=$(find_window '^Save project$')
-focus "$dialog"
-xdotool type --delay 10 "$project"
-xdotool key Return
-wait_for "the file dialog closes" not find_window '^Save project$'
+choose_file 'Save project' "$project"
 wait_for "a first symbol, saved under a name typed in the dialog" value \
     "len(frames) == 1 and [s['FileGif'][-7:] for s in frames[0]['Symbols']] == ['fog.gif']"
 wait_for "the caption tells the name" find_window '^tomorrow.nvpf - Nubivane$'

@@ -129,6 +129,65 @@ keys() {
     xdotool key --delay 20 "$@"
 }
 
+# menu X ITEM: the main menu's head at X, then the ITEMth entry, where lines between them count not.
+menu() {
+    local i
+    focus "$window"
+    xdotool mousemove $((windowX + $1)) $((windowY + 9)) click 1
+    sleep 0.2
+    for ((i = 0; i < $2; ++i)); do xdotool key Down; done
+    xdotool key Return
+}
+
+# enter TITLE: the keyboard goes to the new window of that title; `dialog` is its id.
+enter() {
+    wait_for "the window \"$1\"" opened "$1"
+    dialog=$(find_window "^$1\$")
+    focus "$dialog"
+}
+
+# Some windows open others of their own title.
+opened() {
+    local found
+    found=$(find_window "^$1\$") && [ "$found" != "${dialog:-}" ]
+}
+
+# leave KEY…: presses keys until the window in which the keyboard is goes; the next one is not
+# worked before `enter` or `back`.
+leave() {
+    xdotool key --delay 20 "$@"
+    wait_for "a window closes" not visible "$dialog"
+}
+
+visible() {
+    xdotool search --onlyvisible --class '^Nubivane$' | grep -qx "$1"
+}
+
+# back ID: the keyboard returns to a window that has opened another.
+back() {
+    dialog=$1
+    focus "$dialog"
+}
+
+# choose_file TITLE FILE: in a dialog for files.
+choose_file() {
+    enter "$1"
+    xdotool type --delay 10 "$2"
+    leave Return
+}
+
+# fill TEXT: replaces what stands in the field.
+fill() {
+    xdotool key ctrl+a
+    xdotool type --delay 10 "$1"
+}
+
+# tab N: on to the Nth field from here.
+tab() {
+    local i
+    for ((i = 0; i < $1; ++i)); do xdotool key --delay 20 Tab; done
+}
+
 # drag X Y X2 Y2: presses, moves in steps that a hand would make, and lets go.
 drag() {
     xdotool mousemove "$1" "$2" mousedown 1 \
