@@ -15,3 +15,4 @@ done
 "$python" bench/animations.py "$build" "$build/bench/animations"
 "$build/bench/bench_engine" --benchmark_min_time=0.3
 "$build/bench/bench_editor" "$build/Nubivane"
+"$python" bench/editor_process.py "$build" "$build/bench/editor"
