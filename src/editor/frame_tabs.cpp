@@ -3,6 +3,7 @@
 #include "core/shell.h"
 
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMouseEvent>
 
 #include <algorithm>
@@ -37,7 +38,8 @@ FrameTabs::FrameTabs(Workspace& workspace, Shell& shell, QWidget* parent)
       workspace_(workspace),
       shell_(shell),
       tabDay_(new QTabBar(this)),
-      txtDay_(new QLineEdit(this)) {
+      txtDay_(new QLineEdit(this)),
+      allFrames_(new QToolButton(this)) {
     tabDay_->setObjectName("tabDay");
     tabDay_->setAccessibleName(tr("Forecast periods"));
     tabDay_->setShape(QTabBar::RoundedSouth);
@@ -50,6 +52,15 @@ FrameTabs::FrameTabs(Workspace& workspace, Shell& shell, QWidget* parent)
     txtDay_->setAccessibleName(tr("Name of the period"));
     txtDay_->hide();
     txtDay_->installEventFilter(this);
+    allFrames_->setObjectName("allFrames");
+    allFrames_->setAccessibleName(tr("All forecast periods"));
+    allFrames_->setToolTip(tr("All forecast periods"));
+    allFrames_->setAutoRaise(true);
+    allFrames_->setArrowType(Qt::UpArrow);
+    allFrames_->setPopupMode(QToolButton::InstantPopup);
+    allFrames_->setMenu(new QMenu(allFrames_));
+    allFrames_->hide();
+    connect(allFrames_->menu(), &QMenu::aboutToShow, this, &FrameTabs::listFrames);
     connect(tabDay_, &QTabBar::currentChanged, this, [this] {
         txtDay_->hide();
         if (workspace_.TabEventsEnabled && frameSelected) {
@@ -76,6 +87,7 @@ void FrameTabs::setTabDay(bool newProject) {
             setCaption(i - 1, workspace_.Frames().Item(i).Texts().Label);
         }
     }
+    layoutStrip();
     select(1);
 }
 
@@ -84,6 +96,7 @@ void FrameTabs::append(const QString& caption) {
     captions_ << caption;
     tabDay_->addTab({});
     setCaption(count() - 1, caption);
+    layoutStrip();
     tabDay_->setCurrentIndex(count() - 1);
 }
 
@@ -91,6 +104,7 @@ void FrameTabs::remove(int frame) {
     const TabEventsGuard quiet(workspace_.TabEventsEnabled);
     captions_.removeAt(frame - 1);
     tabDay_->removeTab(frame - 1);
+    layoutStrip();
 }
 
 void FrameTabs::select(int frame) {
@@ -191,13 +205,30 @@ void FrameTabs::commitName() {
         return;
     }
     setCaption(tabDay_->currentIndex(), name);
+    layoutStrip();
     workspace_.Frames().Item(workspace_.Status.CurrentFrame).Texts().Label = name;
     txtDay_->hide();
     tabDay_->setFocus();
 }
 
-void FrameTabs::resizeEvent(QResizeEvent*) {
-    tabDay_->setGeometry(0, 0, width(), height());
+void FrameTabs::listFrames() {
+    QMenu& menu = *allFrames_->menu();
+    menu.clear();
+    for (int index = 0; index < count(); ++index) {
+        QAction* frame = menu.addAction(tabDay_->tabText(index));
+        frame->setCheckable(true);
+        frame->setChecked(index == tabDay_->currentIndex());
+        connect(frame, &QAction::triggered, tabDay_,
+                [this, index] { tabDay_->setCurrentIndex(index); });
+    }
+}
+
+void FrameTabs::layoutStrip() {
+    const bool tooMany = tabDay_->sizeHint().width() > width();
+    const int button = tooMany ? allFrames_->sizeHint().width() : 0;
+    allFrames_->setVisible(tooMany);
+    allFrames_->setGeometry(width() - button, 0, button, height());
+    tabDay_->setGeometry(0, 0, width() - button, height());
 }
 
 }  // namespace nubivane

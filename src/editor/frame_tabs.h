@@ -4,6 +4,7 @@
 
 #include <QLineEdit>
 #include <QTabBar>
+#include <QToolButton>
 #include <QWidget>
 
 #include <functional>
@@ -13,7 +14,7 @@ namespace nubivane {
 class Shell;
 
 /// `tabDay`, the strip with a tab for each Frame, and `txtDay`, the field laid over a tab to rename
-/// it. The strip scrolls when there are more tabs than fit.
+/// it. The strip scrolls when there are more tabs than fit, and a button beside it lists them all.
 class FrameTabs : public QWidget {
     Q_OBJECT
 
@@ -42,6 +43,7 @@ class FrameTabs : public QWidget {
 
     QTabBar* tabDay() const { return tabDay_; }
     QLineEdit* txtDay() const { return txtDay_; }
+    QToolButton* allFrames() const { return allFrames_; }
 
     std::function<void()> frameSelected;        ///< another tab was chosen by the person
     std::function<void(QPoint)> menuRequested;  ///< right press, global position
@@ -49,18 +51,21 @@ class FrameTabs : public QWidget {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+    void resizeEvent(QResizeEvent*) override { layoutStrip(); }
 
   private:
     bool pressTab(const QPoint& position, Qt::MouseButton button, const QPoint& global);
     bool renameKey(int key);
     void commitName();
     void setCaption(int index, const QString& caption);
+    void listFrames();
+    void layoutStrip();
 
     Workspace& workspace_;
     Shell& shell_;
     QTabBar* tabDay_;
     QLineEdit* txtDay_;
+    QToolButton* allFrames_;
     QStringList captions_;
     bool refusing_ = false;
 };

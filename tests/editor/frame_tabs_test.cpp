@@ -1,5 +1,8 @@
 #include "support/editor_fixture.h"
 
+#include <QMenu>
+#include <QTimer>
+
 namespace nubivane {
 
 /// The strip with a tab for each Frame.
@@ -207,6 +210,34 @@ TEST_F(FrameTabsStrip, TwoHundredFramesCanBeInsertedAndAllReached) {
     trigger("mnuFrameRemove");
     EXPECT_EQ(workspace.Frames().Count(), 199);
     EXPECT_EQ(captions().first(), "Map2");
+}
+
+TEST_F(FrameTabsStrip, AButtonListsAllFramesOnceTheyDoNotFit) {
+    start();
+    QToolButton& button = *window().tabs().allFrames();
+    insert(2);
+    EXPECT_FALSE(button.isVisible());
+    insert(37);
+    ASSERT_TRUE(button.isVisible());
+    EXPECT_LE(bar().geometry().right(), button.geometry().left());
+
+    QTimer::singleShot(0, [&] {
+        const auto listed = button.menu()->actions();
+        ASSERT_EQ(listed.size(), 40);
+        EXPECT_EQ(listed[6]->text(), "Map7");
+        EXPECT_TRUE(listed[39]->isChecked());
+        EXPECT_FALSE(listed[6]->isChecked());
+        button.menu()->setActiveAction(listed[6]);
+        QTest::keyClick(button.menu(), Qt::Key_Return);
+    });
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_EQ(window().tabs().selected(), 7);
+    EXPECT_EQ(workspace.Status.CurrentFrame, 7);
+
+    for (int i = 0; i < 37; ++i) {
+        trigger("mnuFrameRemove");
+    }
+    EXPECT_FALSE(button.isVisible());
 }
 
 }  // namespace nubivane
