@@ -17,6 +17,7 @@ test_packages=(
     xvfb xdotool xclip libxml2-utils imagemagick binutils bsdutils
     ffmpeg gifsicle poppler-utils
     python3-pyftpdlib python3-openssl vsftpd openssl
+    appstream bash-completion desktop-file-utils lintian man-db mmdebstrap shared-mime-info
 )
 
 bench_packages=(
