@@ -21,7 +21,7 @@ foreach(folder ${NUBIVANE_CONTENT_FOLDERS})
     install(DIRECTORY content/${folder} DESTINATION . COMPONENT portable)
 endforeach()
 install(FILES ${NUBIVANE_EXAMPLES} DESTINATION Examples COMPONENT portable)
-install(FILES README.md CHANGELOG.md DESTINATION . COMPONENT portable)
+install(FILES packaging/portable/README.txt CHANGELOG.md DESTINATION . COMPONENT portable)
 
 # Not part of a plain `cmake --install`.
 set(system COMPONENT system EXCLUDE_FROM_ALL)
