@@ -8,6 +8,7 @@ build_packages=(
     qt6-base-dev qt6-image-formats-plugins libqt6svg6
     libcurl4-openssl-dev libgif-dev libimagequant-dev libjpeg-dev rapidjson-dev
     pkg-config libavformat-dev libavcodec-dev libswscale-dev libavutil-dev
+    dpkg-dev file
 )
 test_packages=(
     libgtest-dev libgmock-dev

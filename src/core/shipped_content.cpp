@@ -43,7 +43,7 @@ QStringList filesBelow(const QString& folder) {
     QStringList names;
     QDirIterator files(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
     while (files.hasNext()) {
-        names += QDir(folder).relativeFilePath(files.next());
+        names += files.next().mid(folder.size() + 1);
     }
     names.sort();
     return names;
@@ -71,7 +71,7 @@ bool isSame(const QFileInfo& one, const QFileInfo& other) {
 /// The user's own version of one of the program's folders, which may differ in case.
 QString ownFolder(const QString& own, const char* name) {
     const QString path = host_files::toModel(own) + u'\\' + QLatin1String(name);
-    const QString host = host_files::toHost(path);
+    QString host = host_files::toHost(path);
     QDir().mkpath(host);
     return host;
 }
