@@ -19,11 +19,10 @@ class SystemWide : public CliTest {
     QString own(const QString& name) const { return beside("data/Nubivane/" + name); }
 
     ProcessResult runInstalled(const QStringList& words) const {
-        return runProgram("env",
-                          QStringList{"-i", "HOME=" + temporary.path(),
-                                      "XDG_DATA_HOME=" + beside("data"),
-                                      "XDG_CONFIG_HOME=" + beside("config"), installed()} +
-                              words);
+        return runProgram(
+            "env", QStringList{"-i", "HOME=" + temporary.path(), "XDG_DATA_HOME=" + beside("data"),
+                               "XDG_CONFIG_HOME=" + beside("config"), installed()} +
+                       words);
     }
 
     QStringList entries(const QString& folder) const {
@@ -68,9 +67,8 @@ TEST_F(SystemWide, AFolderWithItsContentBesideItIsAPortableOne) {
     QFile::copy(cliProgram(), host("nubivane-cli"));
     QDir().mkpath(host("Maps"));
     copyFolder(programFolder(), beside("share/nubivane"));
-    const ProcessResult result =
-        runProgram("env", {"-i", "HOME=" + temporary.path(), host("nubivane-cli"), "page",
-                           useSoundProject()});
+    const ProcessResult result = runProgram(
+        "env", {"-i", "HOME=" + temporary.path(), host("nubivane-cli"), "page", useSoundProject()});
     EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
     EXPECT_TRUE(QFile::exists(host("Forecast.htm")));
     EXPECT_FALSE(QFile::exists(beside(".local/share/Nubivane")));

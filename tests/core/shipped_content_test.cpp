@@ -1,4 +1,5 @@
 #include "core/shipped_content.h"
+
 #include "support/fixtures.h"
 
 #include <QDateTime>
