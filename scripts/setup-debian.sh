@@ -8,6 +8,7 @@ build_packages=(
     qt6-base-dev qt6-image-formats-plugins libqt6svg6
     libcurl4-openssl-dev libgif-dev libimagequant-dev libjpeg-dev rapidjson-dev
     pkg-config libavformat-dev libavcodec-dev libswscale-dev libavutil-dev
+    dpkg-dev file
 )
 test_packages=(
     libgtest-dev libgmock-dev
@@ -17,6 +18,7 @@ test_packages=(
     xvfb xdotool xclip libxml2-utils imagemagick binutils bsdutils
     ffmpeg gifsicle poppler-utils
     python3-pyftpdlib python3-openssl vsftpd openssl
+    appstream bash-completion desktop-file-utils lintian man-db mmdebstrap shared-mime-info
 )
 
 bench_packages=(

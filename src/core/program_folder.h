@@ -10,8 +10,9 @@ class ProgramFolder {
   public:
     explicit ProgramFolder(QString path) : path_(std::move(path)) {}
 
-    /// The folder of the executable; where that cannot be written (a system-wide installation),
-    /// the user's own data folder, filled from the shipped content at the first start.
+    /// The folder of the executable. In its place comes the user's own data folder, filled from the
+    /// shipped content, where that folder cannot be written or where the programs are installed
+    /// system-wide: executables in one folder, content in "../share/nubivane" beside it.
     static ProgramFolder ofThisProgram();
 
     const QString& path() const { return path_; }

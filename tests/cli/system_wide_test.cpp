@@ -1,0 +1,77 @@
+#include "cli_fixture.h"
+
+namespace nubivane::testing {
+
+namespace {
+
+/// The program as a package puts it there: executables in "bin", content in "share/nubivane".
+class SystemWide : public CliTest {
+  protected:
+    SystemWide() {
+        QDir().mkpath(beside("usr/bin"));
+        QFile::copy(cliProgram(), installed());
+        QDir().mkpath(beside("usr/share"));
+        copyFolder(programFolder(), beside("usr/share/nubivane"));
+        QDir().mkpath(beside("usr/share/nubivane/Maps"));
+    }
+
+    QString installed() const { return beside("usr/bin/nubivane-cli"); }
+    QString own(const QString& name) const { return beside("data/Nubivane/" + name); }
+
+    ProcessResult runInstalled(const QStringList& words) const {
+        return runProgram(
+            "env", QStringList{"-i", "HOME=" + temporary.path(), "XDG_DATA_HOME=" + beside("data"),
+                               "XDG_CONFIG_HOME=" + beside("config"), installed()} +
+                       words);
+    }
+
+    QStringList entries(const QString& folder) const {
+        QStringList names;
+        QDirIterator found(beside(folder), QDir::AllEntries | QDir::NoDotAndDotDot,
+                           QDirIterator::Subdirectories);
+        while (found.hasNext()) {
+            names += found.next();
+        }
+        names.sort();
+        return names;
+    }
+};
+
+}  // namespace
+
+TEST_F(SystemWide, PagesAreMadeInTheUsersOwnFolder) {
+    const QStringList before = entries("usr");
+    const ProcessResult result = runInstalled({"page", useSoundProject()});
+    EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
+    EXPECT_EQ(result.err, "");
+    EXPECT_TRUE(QFile::exists(own("Forecast.htm")));
+    EXPECT_TRUE(QFile::exists(own("Web/Forecast1.jpg")));
+    EXPECT_EQ(QDir(own("Symbols")).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
+              QDir(host("Symbols")).entryList(QDir::Dirs | QDir::NoDotAndDotDot));
+    EXPECT_EQ(entries("usr"), before);
+}
+
+TEST_F(SystemWide, AnUpgradeLeavesTheUsersChoicesAlone) {
+    const QString project = useSoundProject();
+    ASSERT_EQ(runInstalled({"page", project}).exitCode, 0);
+    QDir(own("Symbols/set-1")).removeRecursively();
+    writeFile(own("Maps/mine.jpg"), "mine");
+    writeFile(beside("usr/share/nubivane/Maps/new.jpg"), "new");
+    ASSERT_EQ(runInstalled({"show", project}).exitCode, 0);
+    EXPECT_FALSE(QFile::exists(own("Symbols/set-1")));
+    EXPECT_EQ(readFile(own("Maps/mine.jpg")), "mine");
+    EXPECT_EQ(readFile(own("Maps/new.jpg")), "new");
+}
+
+TEST_F(SystemWide, AFolderWithItsContentBesideItIsAPortableOne) {
+    QFile::copy(cliProgram(), host("nubivane-cli"));
+    QDir().mkpath(host("Maps"));
+    copyFolder(programFolder(), beside("share/nubivane"));
+    const ProcessResult result = runProgram(
+        "env", {"-i", "HOME=" + temporary.path(), host("nubivane-cli"), "page", useSoundProject()});
+    EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
+    EXPECT_TRUE(QFile::exists(host("Forecast.htm")));
+    EXPECT_FALSE(QFile::exists(beside(".local/share/Nubivane")));
+}
+
+}  // namespace nubivane::testing
