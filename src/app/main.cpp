@@ -7,6 +7,7 @@
 #include "core/settings_store.h"
 #include "core/version.h"
 #include "editor/frm_map.h"
+#include "editor/startup.h"
 #include "widgets/icons.h"
 
 #include <QApplication>
@@ -48,7 +49,7 @@ int main(int argc, char* argv[]) {
 
     const ProgramFolder folder = ProgramFolder::ofThisProgram();
     SingleInstance instance(folder.path());
-    if (instance.raiseOther()) {
+    if (!instance.isFirst()) {
         return 0;
     }
     DesktopShell shell;
@@ -58,13 +59,12 @@ int main(int argc, char* argv[]) {
     QString project = projectArgument(QApplication::arguments().mid(1));
     if (!project.isEmpty()) {
         if (!isStartableProject(project)) {
+            prepareFolders(folder);  // as every start does
             shell.messageBox({notStartableText(project), Icon::Critical, Buttons::Ok, {}});
             return 1;
         }
         project = host_files::toModel(QFileInfo(project).absoluteFilePath());
     }
-    instance.listen();
-
     SettingsStore settings(SettingsStore::standardFile());
     Workspace workspace(folder, settings);
     frmMap window(workspace, shell);

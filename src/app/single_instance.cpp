@@ -1,7 +1,9 @@
 #include "app/single_instance.h"
 
 #include <QCryptographicHash>
+#include <QDir>
 #include <QLocalSocket>
+#include <QLockFile>
 
 namespace nubivane {
 
@@ -31,10 +33,18 @@ bool SingleInstance::raiseOther() {
     return socket.waitForConnected(AnswerMs);
 }
 
-void SingleInstance::listen() {
+bool SingleInstance::isFirst() {
+    // Of two that start at once the second looks when the first can be found. Without the lock two
+    // may run, which is better than none.
+    QLockFile starting(QDir::tempPath() + '/' + name_ + ".lock");
+    starting.tryLock(2 * AnswerMs);
+    if (raiseOther()) {
+        return false;
+    }
     // What a crashed instance left behind answers nobody and would be in the way.
     QLocalServer::removeServer(name_);
     server_.listen(name_);
+    return true;
 }
 
 }  // namespace nubivane

@@ -13,14 +13,15 @@ class SingleInstance : public QObject {
   public:
     explicit SingleInstance(const QString& programFolder);
 
-    /// True when another instance runs; it has been asked to come to the front.
-    bool raiseOther();
-    /// Makes this the instance that others find.
-    void listen();
+    /// True when no other instance runs; others find this one from now on. Otherwise the other one
+    /// has been asked to come to the front.
+    bool isFirst();
 
-    std::function<void()> raised;
+    std::function<void()> raised;  ///< another instance has been started
 
   private:
+    bool raiseOther();
+
     QString name_;
     QLocalServer server_;
 };

@@ -150,6 +150,9 @@ void CollectionPane::syncChecks() {
     cSymbolsCollections& collections = workspace_.Status.SymbolsCollection();
     for (int i = 0; i < lvwCollection_->count(); ++i) {
         const QListWidgetItem* row = lvwCollection_->item(i);
+        if (!collections.contains(NameList::keyOf(row))) {
+            continue;  // its folder has gone meanwhile
+        }
         const bool checked = row->checkState() == Qt::Checked;
         cSymbolsCollection& collection = collections.Item(NameList::keyOf(row));
         if (collection.Checked != checked) {

@@ -210,7 +210,8 @@ void frmMapsCollection::deleteMapAsked() {
         return;
     }
     const bool wasDefault = row->font().bold();
-    if (!host_files::removeFile(NameList::tagOf(row))) {
+    const QString file = NameList::tagOf(row);
+    if (!host_files::removeFile(file) && host_files::fileExists(file)) {
         return;
     }
     delete row;

@@ -100,6 +100,9 @@ void frmSymbolsCollection::renameCollectionTo(const QString& key, const QString&
     if (collections.contains(name)) {
         pane_->replaceRow(key, collections.Item(name));
     }
+    if (pane_->lvwCollection()->count() != collections.Count()) {
+        pane_->fillCollectionList(name);  // folders came or went meanwhile
+    }
 }
 
 void frmSymbolsCollection::deleteCollectionAsked() {

@@ -1,6 +1,7 @@
 #include "collections/symbol_files.h"
 
 #include "collections/entry_names.h"
+#include "collections/scan_collections.h"
 #include "core/error.h"
 #include "core/host_files.h"
 #include "core/path_text.h"
@@ -25,6 +26,13 @@ bool anySymbol(const cFrames& frames, Test test) {
     return false;
 }
 
+/// The collections after a look at the disk, where folders may have gone while a window was open.
+cSymbolsCollections& collectionsOnDisk(Workspace& workspace) {
+    cSymbolsCollections& collections = workspace.Status.SymbolsCollection();
+    scanCollections(collections, workspace.folder);
+    return collections;
+}
+
 }  // namespace
 
 bool usesCollection(const cFrames& frames, const QString& folder) {
@@ -39,8 +47,8 @@ bool usesSymbol(const cFrames& frames, const QString& file) {
 
 QString createCollection(Workspace& workspace) {
     const QString symbols = workspace.folder.symbols();
+    cSymbolsCollections& collections = collectionsOnDisk(workspace);
     const QString name = newCollectionName(symbols);
-    cSymbolsCollections& collections = workspace.Status.SymbolsCollection();
     if (name.isEmpty() || collections.contains(name)) {
         return {};
     }
@@ -56,7 +64,10 @@ QString createCollection(Workspace& workspace) {
 }
 
 QString renameCollection(Workspace& workspace, const QString& key, const QString& newName) {
-    cSymbolsCollections& collections = workspace.Status.SymbolsCollection();
+    cSymbolsCollections& collections = collectionsOnDisk(workspace);
+    if (!collections.contains(key)) {
+        return {};
+    }
     const cSymbolsCollection& collection = collections.Item(key);
     const QString newPath = workspace.folder.symbols() + u'\\' + newName;
     if (newPath.toLower() == collection.Path.toLower()) {
@@ -81,7 +92,10 @@ QString renameCollection(Workspace& workspace, const QString& key, const QString
 }
 
 QString deleteCollection(Workspace& workspace, const QString& key) {
-    cSymbolsCollections& collections = workspace.Status.SymbolsCollection();
+    cSymbolsCollections& collections = collectionsOnDisk(workspace);
+    if (!collections.contains(key)) {
+        return {};
+    }
     const QString path = collections.Item(key).Path;
     if (usesCollection(workspace.Frames(), path)) {
         return QLatin1String(CollectionInUse);

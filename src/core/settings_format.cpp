@@ -8,14 +8,16 @@ namespace {
 
 constexpr char Header[] = "# Nubivane settings";
 
-/// Control characters, "%" and, in keys, "=" as "%XX"; blanks at the ends too, which editors strip.
+/// Control characters, "%" and, in keys, "=" and the "#" that would begin a comment as "%XX";
+/// blanks at the ends too, which editors strip.
 QByteArray escaped(const QString& text, bool isKey) {
     const QByteArray utf8 = text.toUtf8();
     QByteArray result;
     for (qsizetype i = 0; i < utf8.size(); ++i) {
         const auto c = static_cast<uchar>(utf8[i]);
         const bool atEnd = i == 0 || i + 1 == utf8.size();
-        if (c < 0x20 || c == 0x7F || c == '%' || (isKey && c == '=') || (c == ' ' && atEnd)) {
+        const bool wouldMislead = isKey && (c == '=' || (c == '#' && i == 0));
+        if (c < 0x20 || c == 0x7F || c == '%' || wouldMislead || (c == ' ' && atEnd)) {
             result += '%' + QByteArray::number(c, 16).toUpper().rightJustified(2, '0');
         } else {
             result += static_cast<char>(c);

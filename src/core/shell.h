@@ -32,7 +32,10 @@ struct FileRequest {
 /// the command line and tests each have a shell of their own.
 class Shell {
   public:
+    Shell() = default;
     virtual ~Shell() = default;
+    Shell(const Shell&) = delete;
+    Shell& operator=(const Shell&) = delete;
 
     virtual Answer messageBox(const Message& message) = 0;
 
@@ -60,6 +63,10 @@ class Shell {
     virtual void openAddress(const QString& url) = 0;
     /// Whether the machine has any network beyond itself.
     virtual bool networkPresent() = 0;
+
+  private:
+    friend class HourglassGuard;
+    int hourglasses_ = 0;
 };
 
 /// Shows the progress bar while it lives.
@@ -74,11 +81,20 @@ class ProgressGuard {
     Shell& shell_;
 };
 
-/// Shows the hourglass while it lives.
+/// Shows the hourglass while it lives. A command may call others that show it themselves: the
+/// outermost one takes it away.
 class HourglassGuard {
   public:
-    explicit HourglassGuard(Shell& shell) : shell_(shell) { shell_.setPointer(Pointer::Hourglass); }
-    ~HourglassGuard() { shell_.setPointer(Pointer::Default); }
+    explicit HourglassGuard(Shell& shell) : shell_(shell) {
+        if (shell_.hourglasses_++ == 0) {
+            shell_.setPointer(Pointer::Hourglass);
+        }
+    }
+    ~HourglassGuard() {
+        if (--shell_.hourglasses_ == 0) {
+            shell_.setPointer(Pointer::Default);
+        }
+    }
     HourglassGuard(const HourglassGuard&) = delete;
     HourglassGuard& operator=(const HourglassGuard&) = delete;
 

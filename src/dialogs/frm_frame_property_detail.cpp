@@ -74,7 +74,7 @@ QWidget* frmFramePropertyDetail::buildList() {
     lstItems_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     lstItems_->header()->setStretchLastSection(false);
     const int frame = 2 * lstItems_->frameWidth();
-    const int buttonWidth = fontMetrics().horizontalAdvance(cmdRemove_->text()) + 2 * ButtonMargin;
+    const int buttonWidth = fontMetrics().horizontalAdvance(tr("Remove")) + 2 * ButtonMargin;
     // Large letters need more.
     columnWidth_ =
         std::max({ColumnWidth, fontMetrics().horizontalAdvance("Element 000") + 2 * BarWidth,

@@ -1,5 +1,7 @@
 #include "dialogs/frm_label_property.h"
 
+#include "core/path_text.h"
+
 namespace nubivane {
 
 namespace {
@@ -84,7 +86,7 @@ void frmLabelProperty::connectCommits() {
 
 void frmLabelProperty::commitBackColor() {
     label_->BackColor = cboBackcolor_->color();
-    control_.show(*label_);
+    control_.setBackColor(label_->BackColor);
 }
 
 void frmLabelProperty::commitBorder() {
@@ -95,7 +97,7 @@ void frmLabelProperty::commitBorder() {
 }
 
 bool frmLabelProperty::commitText(const QString& text) {
-    if (text.trimmed().isEmpty()) {
+    if (trimBlanks(text).isEmpty()) {
         return false;
     }
     label_->Text = text;

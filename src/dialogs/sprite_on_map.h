@@ -21,8 +21,10 @@ class SpriteOnMap {
     virtual QRect framedRect() const = 0;
     virtual void setFramedRect(const QRect& rect) = 0;
 
-    /// A Label's control takes over text, font, colours and border, and its size from them.
+    /// A Label's control takes over text, font, text colour and border, and its size from them.
     virtual void show(const cLabel& label) = 0;
+    /// -1 is transparent. The control's alone, since a pasted Label shows none at first.
+    virtual void setBackColor(qint32 color) = 0;
     /// Strike-through stands in the control alone until the Frame is visited again.
     virtual void setFontStrikethru(bool strikethru) = 0;
 

@@ -144,10 +144,7 @@ SpriteControl* ClipboardCommands::add(const std::unique_ptr<cLabel>& copy) {
         copy->FontStrikethourht, copy->BackColor, copy->Forecolor, QString::number(copy->Border),
         copy->BorderColor, copy->Note);
     control.Tag = "2|" + label.Key_ + '|';
-    // The background appears when the Frame is shown anew.
-    cLabel look = label;
-    look.BackColor = NoColor;
-    control.show(look);
+    control.show(label);  // its background appears when the Frame is shown anew
     control.rect.moveTo(PastePosition);
     return &control;
 }

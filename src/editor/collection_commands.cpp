@@ -35,10 +35,10 @@ void CollectionCommands::mnuCollection() {
     }
 }
 
-QString CollectionCommands::chooseSymbol(QWidget* over) {
+std::optional<QString> CollectionCommands::chooseSymbol(QWidget* over) {
     frmSymbolSelection window(workspace_, animations_, shell_, over);
     window.exec();
-    return window.FileName().value_or(QString());
+    return window.FileName();
 }
 
 void CollectionCommands::mnuOpenMap() {

@@ -3,6 +3,7 @@
 #include "model/workspace.h"
 
 #include <functional>
+#include <optional>
 
 class QWidget;
 
@@ -21,8 +22,9 @@ class CollectionCommands {
                        Palette& palette, FrameCommands& frameCommands, Commands& commands,
                        QWidget* window);
 
-    /// Shows the picker of a symbol over a window; the path chosen, or an empty text.
-    QString chooseSymbol(QWidget* over);
+    /// Shows the picker of a symbol over a window; the path chosen, an empty text where the person
+    /// wants none, nothing after Escape.
+    std::optional<QString> chooseSymbol(QWidget* over);
 
   private:
     void mnuCollection();

@@ -39,6 +39,7 @@ void CopySpecial::copyBetweenFrames(const QString& request) {
     const qint32 current = workspace_.Status.CurrentFrame;
     const bool isShown = current == source || current == destination;
     if (isShown) {
+        canvas_.resetDrawing();
         canvas_.selection().clearSelection();
         canvas_.sprites().unloadFrameSprites(current);
     }

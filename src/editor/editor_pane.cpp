@@ -51,14 +51,15 @@ void EditorPane::layoutMap() {
     const int top = strip_.height() + 4;
     const int bottom = height();
 
-    const bool paletteFits = splitterLeft_ > SmallestPalette;
+    const int splitter = withinReach(splitterLeft_);
+    const bool paletteFits = splitter > SmallestPalette;
     palette_.setVisible(paletteFits);
     if (paletteFits) {
-        palette_.setGeometry(0, top, splitterLeft_ - PaletteGap / 2, std::max(0, bottom - top - 2));
+        palette_.setGeometry(0, top, splitter - PaletteGap / 2, std::max(0, bottom - top - 2));
     }
-    pctSplitter_->setGeometry(splitterLeft_, top, SplitterWidth, std::max(0, bottom - top));
+    pctSplitter_->setGeometry(splitter, top, SplitterWidth, std::max(0, bottom - top));
 
-    const int left = splitterLeft_ + SplitterWidth;
+    const int left = splitter + SplitterWidth;
     const int tabsHeight = tabs_.tabDay()->sizeHint().height() + 2;
     const int toolsWidth = pctTlbDraw_.sizeHint().width();
     const int mapWidth = std::max(0, width() - left - toolsWidth);
@@ -74,10 +75,15 @@ void EditorPane::setSplitterLeft(int left) {
     layoutMap();
 }
 
+/// Where a splitter can stand in a window of this width, whatever was stored in a wider one.
+int EditorPane::withinReach(int left) const {
+    return std::clamp(left, 0, std::max(SmallestSplitterLeft, width() / 2));
+}
+
 void EditorPane::dragSplitter(int x) {
     if (!inLayout_) {
-        setSplitterLeft(std::clamp(splitterLeft_ + x, SmallestSplitterLeft,
-                                   std::max(SmallestSplitterLeft, width() / 2)));
+        setSplitterLeft(
+            std::max(SmallestSplitterLeft, withinReach(withinReach(splitterLeft_) + x)));
     }
 }
 

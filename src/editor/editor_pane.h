@@ -33,6 +33,7 @@ class EditorPane : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
+    int withinReach(int left) const;
     void dragSplitter(int x);
 
     ToolStrip& strip_;

@@ -85,6 +85,7 @@ void FrameCommands::changeMap(const QString& path) {
 
 void FrameCommands::refresh() {
     commands_.setEnabled({"mnuFrameRemove"}, workspace_.Frames().Count() > 1);
+    framesChanged();
 }
 
 }  // namespace nubivane

@@ -2,6 +2,8 @@
 
 #include "model/workspace.h"
 
+#include <functional>
+
 namespace nubivane {
 
 class Commands;
@@ -23,6 +25,8 @@ class FrameCommands {
     void changeMap(const QString& path);
     /// Enables the commands that need more than one Frame.
     void refresh();
+
+    std::function<void()> framesChanged;  ///< Frames came or went, or all sprites with them
 
   private:
     void insertFrame();

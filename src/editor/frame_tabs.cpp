@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QPainter>
 
 #include <algorithm>
 
@@ -221,6 +222,10 @@ void FrameTabs::listFrames() {
         connect(frame, &QAction::triggered, tabDay_,
                 [this, index] { tabDay_->setCurrentIndex(index); });
     }
+}
+
+void FrameTabs::paintEvent(QPaintEvent*) {
+    QPainter(this).fillRect(rect(), palette().shadow());
 }
 
 void FrameTabs::layoutStrip() {

@@ -51,6 +51,7 @@ class FrameTabs : public QWidget {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent*) override;
     void resizeEvent(QResizeEvent*) override { layoutStrip(); }
 
   private:

@@ -17,6 +17,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QDragEnterEvent>
 #include <QLineEdit>
 #include <QMenu>
@@ -89,6 +90,7 @@ void frmMap::connectCanvas() {
         canvas_.widget().setFocus();
     };
     palette_->listsChanged = [this] { orderFocus(); };
+    frameCommands_.framesChanged = [this] { refreshHint(); };
     tabs_->projectChanged = [this] { markChanged(); };
     tabs_->menuRequested = [this](QPoint position) {
         frameCommands_.refresh();
@@ -115,7 +117,9 @@ void frmMap::connectCommands() {
     recentFiles_.chosen = [this](const QString& file) { projectCommands_.open(file); };
     copySpecial_.projectChanged = [this] { markChanged(); };
     propertyCommands_.openSymbolSelection = [this](frmSymbolProperty& properties) {
-        properties.setSelectedSymbol(collectionCommands_.chooseSymbol(&properties));
+        if (const auto chosen = collectionCommands_.chooseSymbol(&properties)) {
+            properties.setSelectedSymbol(*chosen);
+        }
     };
     projectCommands_.terminate = [] { QApplication::exit(1); };
     clipboardCommands_.spritesChanged = [this] { refreshHint(); };
@@ -137,7 +141,7 @@ void frmMap::Init(const QString& projectFile) {
         projectCommands_.open(projectFile);
     }
     // After a project that could not be opened there must be a map to go on with.
-    if (projectFile.isEmpty() || workspace_.Status.CurrentMap.isEmpty()) {
+    if (projectFile.isEmpty() || workspace_.pctMap.image().isEmpty()) {
         loadStartMap(workspace_);
         showMap();
     }
@@ -243,14 +247,38 @@ void frmMap::selectFirstFrame() {
 /// in a field, where Shift and arrows select text.
 bool frmMap::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress && watched->isWidgetType()) {
+        const auto& key = *static_cast<QKeyEvent*>(event);
         const auto* widget = static_cast<QWidget*>(watched);
         if (widget->window() == this && !qobject_cast<const QLineEdit*>(widget) &&
-            nudgeSelection(workspace_, canvas_.sprites(), canvas_.selection(),
-                           *static_cast<QKeyEvent*>(event))) {
+            nudgeSelection(workspace_, canvas_.sprites(), canvas_.selection(), key)) {
+            return true;
+        }
+        if (widget == &canvas_.widget() &&
+            stepSelection(workspace_, canvas_.sprites(), canvas_.selection(), key)) {
             return true;
         }
     }
+    if (event->type() == QEvent::ContextMenu) {
+        return showMenuByKey(watched, *static_cast<QContextMenuEvent*>(event));
+    }
     return QMainWindow::eventFilter(watched, event);
+}
+
+/// The mouse has its own way to the same menus.
+bool frmMap::showMenuByKey(const QObject* watched, const QContextMenuEvent& event) {
+    if (event.reason() != QContextMenuEvent::Keyboard) {
+        return false;
+    }
+    if (watched == &canvas_.widget()) {
+        menuPopup_->popup(canvas_.widget().mapToGlobal(event.pos()));
+        return true;
+    }
+    if (watched == tabs_->tabDay()) {
+        const QTabBar& tabs = *tabs_->tabDay();
+        tabs_->menuRequested(tabs.mapToGlobal(tabs.tabRect(tabs.currentIndex()).center()));
+        return true;
+    }
+    return false;
 }
 
 /// What no control wanted: the keys for a figure work wherever the keyboard is.

@@ -82,6 +82,7 @@ class frmMap : public QMainWindow, public EditorView {
     void dropEvent(QDropEvent* event) override;
 
   private:
+    bool showMenuByKey(const QObject* watched, const QContextMenuEvent& event);
     void connectCanvas();
     void connectCommands();
     void refreshSelectionCommands();

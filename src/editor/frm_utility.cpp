@@ -50,7 +50,7 @@ void frmUtility::buildLayout() {
     auto* buttons = new QDialogButtonBox(this);
     auto* cmdOK = buttons->addButton(QDialogButtonBox::Ok);
     auto* cmdCancel = buttons->addButton(QDialogButtonBox::Cancel);
-    cmdOK->setObjectName("cmdOK");
+    cmdOK->setObjectName("cmdOk");
     cmdOK->setDefault(true);
     cmdCancel->setObjectName("cmdCancel");
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);

@@ -12,6 +12,7 @@ namespace {
 constexpr int Rest = 70;   // where the map lies when nothing is scrolled, pixels
 constexpr int Margin = 5;  // free ground that must be left beside the map
 constexpr int ShadowSize = 6;
+constexpr int Notch = 120;  // of a wheel, eighths of a degree
 
 }  // namespace
 
@@ -120,8 +121,12 @@ void MapViewport::wheelEvent(QWheelEvent* event) {
     QScrollBar* bar =
         event->modifiers() & Qt::ShiftModifier || vScroll1_->isHidden() ? hScroll1_ : vScroll1_;
     if (!bar->isHidden()) {
-        const int steps = event->angleDelta().y() + event->angleDelta().x();
-        bar->setValue(bar->value() - steps / 120 * std::max(1, bar->maximum() / 8));
+        // Fine wheels and touchpads send parts of a notch.
+        wheel_ += event->angleDelta().y() + event->angleDelta().x();
+        const int notch = std::max(1, bar->maximum() / 8);
+        const int pixels = wheel_ * notch / Notch;
+        wheel_ -= pixels * Notch / notch;
+        bar->setValue(bar->value() - pixels);
     }
     event->accept();
 }

@@ -42,6 +42,7 @@ class MapViewport : public QWidget {
     QScrollBar* vScroll1_;
     QWidget* barGround_;  ///< keeps the map from showing beside and between the bars
     QString hint_;
+    int wheel_ = 0;  ///< eighths of a degree that have not yet moved the map
 };
 
 }  // namespace nubivane

@@ -21,6 +21,12 @@ namespace {
 
 constexpr int Gap = 6;
 
+/// Behind the tabs of the collections; on a dark desktop a dark blue of the same hue.
+QColor stripColor(const QPalette& palette) {
+    const QColor blue(0xA6, 0xC4, 0xED);
+    return palette.color(QPalette::Window).lightness() < 128 ? blue.darker(250) : blue;
+}
+
 /// A new label as it will look, for under the pointer.
 QPixmap newLabelPicture() {
     cLabel label;
@@ -115,7 +121,7 @@ void Palette::addCollectionTab(const QString& path) {
             place("symbol|" + file);
         }
     };
-    listImageSymbols_.push_back({path, list, false});
+    listImageSymbols_.push_back({path, list});
     tabSymbols_->addTab(getFileName(path).replace(u'&', QLatin1String("&&")));
     tabSymbols_->setCurrentIndex(tabSymbols_->count() - 1);
 }
@@ -126,8 +132,7 @@ void Palette::showCollectionTab() {
     for (std::size_t i = 0; i < listImageSymbols_.size(); ++i) {
         Tab& tab = listImageSymbols_[i];
         const bool shown = static_cast<int>(i) == selected;
-        if (shown && !tab.filled) {
-            tab.filled = true;
+        if (shown && tab.list->symbols().rowCount() == 0) {
             lblSymbolsMessage_->show();
             tab.list->load(tab.folder);
             lblSymbolsMessage_->hide();
@@ -217,13 +222,18 @@ bool Palette::eventFilter(QObject* watched, QEvent* event) {
     } else if (event->type() == QEvent::MouseButtonDblClick ||
                (event->type() == QEvent::KeyPress &&
                 (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Return ||
-                 static_cast<QKeyEvent*>(event)->key() == Qt::Key_Enter))) {
+                 static_cast<QKeyEvent*>(event)->key() == Qt::Key_Enter ||
+                 static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space))) {
         if (mayPlace()) {
             place("text");
         }
         return true;
     }
     return QWidget::eventFilter(watched, event);
+}
+
+void Palette::paintEvent(QPaintEvent*) {
+    QPainter(this).fillRect(tabSymbols_->geometry(), stripColor(palette()));
 }
 
 void Palette::resizeEvent(QResizeEvent*) {

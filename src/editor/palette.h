@@ -53,6 +53,7 @@ class Palette : public QWidget {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
@@ -63,7 +64,6 @@ class Palette : public QWidget {
     struct Tab {
         QString folder;
         ListImage* list;
-        bool filled = false;
     };
 
     Workspace& workspace_;

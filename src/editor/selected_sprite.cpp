@@ -28,6 +28,13 @@ void SelectedSprite::show(const cLabel& look) {
     }
 }
 
+void SelectedSprite::setBackColor(qint32 color) {
+    if (LblTesto* selected = label()) {
+        selected->setBackColor(color);
+        canvas_.sprites().changed(selected->rect);
+    }
+}
+
 void SelectedSprite::setFontStrikethru(bool strikethru) {
     if (LblTesto* selected = label()) {
         selected->FontStrikethru = strikethru;

@@ -18,6 +18,7 @@ class SelectedSprite : public SpriteOnMap {
     QRect framedRect() const override;
     void setFramedRect(const QRect& rect) override;
     void show(const cLabel& label) override;
+    void setBackColor(qint32 color) override;
     void setFontStrikethru(bool strikethru) override;
     void StopAnimation() override;
     void StartAnimation() override;

@@ -52,7 +52,9 @@ void GifSymbol::paint(QPainter& painter) const {
 }
 
 void LblTesto::show(const cLabel& label) {
+    const qint32 shown = look_.BackColor;
     look_ = label;
+    look_.BackColor = shown;
     look_.BorderColor = 0;
     rect.setSize(labelSize(label));
 }

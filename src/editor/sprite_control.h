@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/forecast.h"
 #include "model/sprites.h"
 #include "picture/animation.h"
 
@@ -65,9 +66,13 @@ class LblTesto : public SpriteControl {
   public:
     bool FontStrikethru = false;  ///< the control's own: a Label's flag is not taken over by `show`
 
-    /// Takes over text, font, colours and border of a model's Label, and its size from them. The
-    /// colour of a border is for pages alone.
+    LblTesto() { look_.BackColor = NoColor; }
+
+    /// Takes over text, font, text colour and border of a model's Label, and its size from them.
+    /// The colour of a border is for pages alone.
     void show(const cLabel& label);
+    /// Stays from one `show` to the next; transparent at first.
+    void setBackColor(qint32 color) { look_.BackColor = color; }
 
     void paint(QPainter& painter) const override;
     bool isResizable() const override { return false; }

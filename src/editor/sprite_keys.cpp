@@ -4,6 +4,8 @@
 
 #include <QKeyEvent>
 
+#include <algorithm>
+
 namespace nubivane {
 
 namespace {
@@ -52,6 +54,30 @@ bool nudgeSelection(Workspace& workspace, SpriteStack& sprites, Selection& selec
         sprites.Move(*control, QRect(moved, control->rect.size()));
         selection.follow();
     }
+    return true;
+}
+
+bool stepSelection(const Workspace& workspace, const SpriteStack& sprites, Selection& selection,
+                   const QKeyEvent& key) {
+    const bool up = key.key() == Qt::Key_PageUp;
+    if ((!up && key.key() != Qt::Key_PageDown) ||
+        (key.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier ||
+        workspace.Status.CurrentTool != u"cursor") {
+        return false;
+    }
+    const std::vector<SpriteControl*>& controls = sprites.controls();
+    const std::size_t count = controls.size();
+    if (count == 0) {
+        return true;
+    }
+    const auto selected = std::find(controls.begin(), controls.end(), selection.control());
+    const auto index = static_cast<std::size_t>(selected - controls.begin());
+    std::size_t next = up ? count - 1 : 0;
+    if (selected != controls.end()) {
+        next = (index + (up ? count - 1 : 1)) % count;
+    }
+    selection.clearSelection();
+    selection.select(*controls[next]);
     return true;
 }
 

@@ -11,4 +11,9 @@ namespace nubivane {
 bool nudgeSelection(Workspace& workspace, SpriteStack& sprites, Selection& selection,
                     const QKeyEvent& key);
 
+/// Page Down selects the sprite above the selected one, Page Up the one below, round and round.
+/// True when the key was one of these.
+bool stepSelection(const Workspace& workspace, const SpriteStack& sprites, Selection& selection,
+                   const QKeyEvent& key);
+
 }  // namespace nubivane

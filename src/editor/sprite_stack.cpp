@@ -31,6 +31,7 @@ void SpriteStack::loadFrameSprites(qint32 frame) {
         label.Index = control.Index;
         control.Tag = "2|" + label.Key_ + '|';
         control.show(label);
+        control.setBackColor(label.BackColor);
         control.rect.moveTo(label.PosX, label.PosY);
         show(control);
     }

@@ -50,7 +50,11 @@ std::shared_ptr<AnimationCache::Entry> AnimationCache::entryOf(const QString& ho
     if (known != entries_.cend()) {
         return *known;
     }
-    dropUnused();
+    // Not for each new file: that would be as many looks at every entry as there are files.
+    if (entries_.size() >= sweepAt_) {
+        dropUnused();
+        sweepAt_ = 2 * entries_.size() + 64;
+    }
     return *entries_.insert(hostPath, std::make_shared<Entry>());
 }
 

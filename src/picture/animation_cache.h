@@ -48,6 +48,7 @@ class AnimationCache {
 
     std::mutex mutex_;  ///< guards `entries_`; never held while a file is decoded
     QHash<QString, std::shared_ptr<Entry>> entries_;
+    qsizetype sweepAt_ = 64;  ///< entries at which those that nobody uses are looked for
 };
 
 }  // namespace nubivane

@@ -79,7 +79,7 @@ FrameReader::FrameReader(QXmlStreamReader& xml, const ProgramFolder& folder,
                          ProjectDocument& document)
     : xml_(xml), folder_(folder), document_(document) {}
 
-void FrameReader::read() {
+qint32 FrameReader::read() {
     cFrame& frame = document_.model->Frames().Add();
     {
         const QXmlStreamAttributes attributes = xml_.attributes();
@@ -121,6 +121,7 @@ void FrameReader::read() {
             xml_.skipCurrentElement();
         }
     }
+    return number_;
 }
 
 void FrameReader::readDiv(cDiv& div) {

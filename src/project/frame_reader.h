@@ -19,9 +19,9 @@ class FrameReader {
   public:
     FrameReader(QXmlStreamReader& xml, const ProgramFolder& folder, ProjectDocument& document);
 
-    /// Reads the element on which the reader stands and appends its Frame to the model. Raises
-    /// `Error`; the model then keeps what was read so far.
-    void read();
+    /// Reads the element on which the reader stands, appends its Frame to the model and returns its
+    /// number. Raises `Error`; the model then keeps what was read so far.
+    qint32 read();
 
   private:
     void readDiv(cDiv& div);

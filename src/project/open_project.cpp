@@ -21,6 +21,8 @@ namespace nubivane {
 
 namespace {
 
+constexpr int ReadingShare = 55;  ///< percent of the progress at which all Frames are read
+
 QString askForName(Editor editor) {
     FileRequest request;
     request.title = "Open project";
@@ -36,7 +38,10 @@ ProjectDocument readDocument(Editor editor, const QString& name) {
     if (!file.open(QIODevice::ReadOnly)) {
         throw damagedProject(file.fileName() + ": " + file.errorString());
     }
-    return readProjectDocument(file, editor.workspace.folder);
+    return readProjectDocument(file, editor.workspace.folder, [&](double percent) {
+        editor.shell.setProgress(static_cast<int>(percent / 100 * ReadingShare));
+        editor.shell.processEvents();
+    });
 }
 
 /// Marks the collections that the project names and returns their folders in its order; one unknown
@@ -60,18 +65,19 @@ DataBlocks readPictures(Editor editor, const QString& name, const ProjectDocumen
     return readDataBlocks(file, document.sizes, document.frames, editor.workspace.Frames().Count());
 }
 
-/// Replaces the open project by the file's. Returns whether Symbols were dropped.
-bool replaceProject(Editor editor, const QString& name) {
+/// Replaces the open project by the file's. The progress shows from where the file is one that can
+/// be read. Returns whether Symbols were dropped.
+bool replaceProject(Editor editor, const QString& name, std::optional<ProgressGuard>& progress) {
     if (!isValidProjectFile(name)) {
         throw damagedProject("the project or its data file \"" + dataFileOf(name) +
                              "\" is missing, or the name has not the extension nvpf");
     }
     Workspace& workspace = editor.workspace;
+    progress.emplace(editor.shell, 1);
+    editor.shell.processEvents();
     ProjectDocument document = readDocument(editor, name);
 
     workspace.Status.CurrentMap = workspace.folder.maps() + u'\\' + document.map;
-    editor.shell.setProgress(1);
-    editor.shell.processEvents();
     editor.view.unloadFrameSprites();
     workspace.Project = std::move(document.model);
     reloadCollections(workspace.Status.SymbolsCollection(), workspace.folder);
@@ -80,9 +86,6 @@ bool replaceProject(Editor editor, const QString& name) {
     if (document.damage) {
         throw *document.damage;
     }
-    editor.shell.setProgress(55);
-    editor.shell.processEvents();
-
     const DataBlocks blocks = readPictures(editor, name, document);
     editor.shell.setProgress(70);
     editor.shell.processEvents();
@@ -97,6 +100,15 @@ bool replaceProject(Editor editor, const QString& name) {
     return document.missingSymbols;
 }
 
+/// What could be read of a damaged project stays open: tabs and panels follow it, so that one can
+/// go on.
+void keepWhatWasRead(Editor editor) {
+    Workspace& workspace = editor.workspace;
+    workspace.clearTempPicture();
+    editor.view.rebuildFrameTabs();
+    workspace.Status.CurrentFrame = 1;
+}
+
 void showOpenedProject(Editor editor, const QString& name) {
     Workspace& workspace = editor.workspace;
     editor.view.rebuildFrameTabs();
@@ -106,10 +118,6 @@ void showOpenedProject(Editor editor, const QString& name) {
     editor.view.showMap();
     editor.view.selectFirstFrame();
     addRecentFile(workspace.settings, editor.view, name);
-    editor.shell.setProgress(100);
-    editor.shell.processEvents();
-    editor.view.setCaption(getFileName(name) + " - " + ProgramTitle);
-    workspace.ProjectChanged = false;
 }
 
 }  // namespace
@@ -128,11 +136,15 @@ void OpenProject(Editor editor, const std::optional<QString>& file) {
     {
         const HourglassGuard hourglass(editor.shell);
         const InputGuard noInput(editor.view);
-        const ProgressGuard progress(editor.shell, 0);
+        std::optional<ProgressGuard> progress;
+        const cWrapper* const before = editor.workspace.Project.get();
         if (host_files::fileExists(name)) {
             try {
-                missingSymbols = replaceProject(editor, name);
+                missingSymbols = replaceProject(editor, name, progress);
             } catch (const Error& error) {
+                if (editor.workspace.Project.get() != before) {
+                    keepWhatWasRead(editor);
+                }
                 throw error.number() == error_number::UnsupportedVersion
                     ? error
                     : damagedProject(error.cause());
@@ -141,6 +153,12 @@ void OpenProject(Editor editor, const std::optional<QString>& file) {
             editor.workspace.clearTempPicture();
         }
         showOpenedProject(editor, name);
+        if (progress) {
+            editor.shell.setProgress(100);
+            editor.shell.processEvents();
+        }
+        editor.view.setCaption(getFileName(name) + " - " + ProgramTitle);
+        editor.workspace.ProjectChanged = false;
     }
     if (missingSymbols) {
         editor.shell.messageBox(

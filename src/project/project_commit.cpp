@@ -28,9 +28,10 @@ void discard(QFile& file) {
 /// Found out before anything is renamed: afterwards there would be no way back.
 void requireReplaceable(const QString& path) {
     const QFileInfo info(path);
-    if (info.exists() && !info.isFile()) {
-        throw Error(error_number::FileAccess, "saveProject", "Cannot write the file.",
-                    path + ": it is not a file");
+    if (info.exists() && !(info.isFile() && info.isWritable())) {
+        throw Error(
+            error_number::FileAccess, "saveProject", "Cannot write the file.",
+            path + (info.isFile() ? ": it is protected from writing" : ": it is not a file"));
     }
 }
 

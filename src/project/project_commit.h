@@ -12,7 +12,8 @@ namespace nubivane {
 /// flushed. Renaming the data file is the moment at which the new project counts: a project file
 /// that still lies beside its target while the data file does not is put in place by the next
 /// opening (`completeInterruptedSave`). Names are the host's; links are followed and permissions
-/// kept. Raises `Error` (FileAccess); the old files are then as they were.
+/// kept. Raises `Error` (FileAccess); the old files are then as they were, unless the failure came
+/// after that moment.
 class ProjectCommit {
   public:
     ProjectCommit(const QString& hostProjectFile, const QString& hostDataFile);

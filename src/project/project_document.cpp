@@ -16,16 +16,14 @@ namespace nubivane {
 
 namespace {
 
-/// Enough for a hundred thousand sprites; the model takes some three times the document's size.
-constexpr qint64 MaxDocumentBytes = qint64{64} * 1024 * 1024;
-
 /// A Frame's number has 16 bits throughout the program.
 constexpr qint32 MaxFrames = std::numeric_limits<qint16>::max();
 
 class DocumentReader {
   public:
-    DocumentReader(QIODevice& device, const ProgramFolder& folder)
-        : xml_(&device), folder_(folder) {
+    DocumentReader(QIODevice& device, const ProgramFolder& folder,
+                   const std::function<void(double)>& progress)
+        : xml_(&device), folder_(folder), progress_(progress) {
         xml_.setNamespaceProcessing(false);
         document_.model = std::make_unique<cWrapper>();
     }
@@ -123,7 +121,10 @@ class DocumentReader {
                 if (document_.model->Frames().Count() == MaxFrames) {
                     throw damagedProject("the project has too many Frames");
                 }
-                frame.read();
+                const qint32 number = frame.read();
+                if (progress_ && document_.frames > 0) {
+                    progress_(100.0 * number / document_.frames);
+                }
             }
         } catch (const Error& error) {
             document_.damage = damagedProject(error.cause());
@@ -135,13 +136,15 @@ class DocumentReader {
 
     QXmlStreamReader xml_;
     const ProgramFolder& folder_;
+    const std::function<void(double)>& progress_;
     ProjectDocument document_;
     std::optional<Error> rootFailure_;
 };
 
 }  // namespace
 
-ProjectDocument readProjectDocument(QIODevice& xml, const ProgramFolder& folder) {
+ProjectDocument readProjectDocument(QIODevice& xml, const ProgramFolder& folder,
+                                    const std::function<void(double percent)>& progress) {
     if (xml.size() > MaxDocumentBytes) {
         throw damagedProject(
             QStringLiteral("the XML document has %1 bytes where at most %2 are read")
@@ -149,7 +152,7 @@ ProjectDocument readProjectDocument(QIODevice& xml, const ProgramFolder& folder)
                 .arg(MaxDocumentBytes));
     }
     guardXml(xml);
-    return DocumentReader(xml, folder).read();
+    return DocumentReader(xml, folder, progress).read();
 }
 
 }  // namespace nubivane

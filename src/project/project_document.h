@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -31,7 +32,13 @@ struct ProjectDocument {
 ///
 /// Raises `Error` with UnsupportedVersion or DamagedProject when nothing of the project can be
 /// used; damage found later, inside the Frames, is told in the result, since an open project is by
-/// then replaced by what was read. Takes no more memory than the model it builds.
-ProjectDocument readProjectDocument(QIODevice& xml, const ProgramFolder& folder);
+/// then replaced by what was read. Takes no more memory than the model it builds. `progress` is
+/// told after each Frame how far its number has come, in percent.
+ProjectDocument readProjectDocument(QIODevice& xml, const ProgramFolder& folder,
+                                    const std::function<void(double percent)>& progress = {});
+
+/// A longer document is neither read nor written, bytes: room for a hundred thousand sprites; the
+/// model takes some three times as much.
+inline constexpr qint64 MaxDocumentBytes = qint64{64} * 1024 * 1024;
 
 }  // namespace nubivane

@@ -10,6 +10,7 @@
 #include "model/workspace.h"
 #include "picture/picture.h"
 #include "project/project_commit.h"
+#include "project/project_document.h"
 #include "project/project_paths.h"
 #include "project/project_writer.h"
 #include "project/recent_files.h"
@@ -49,7 +50,7 @@ class PanelEncoder {
         std::vector<Picture> work;
         for (qint32 i = first; i <= last; ++i) {
             const Picture picture = panels_.picture(i);
-            const bool shared = !work.empty() && work.back().sharesContentWith(picture);
+            const bool shared = i > first && picture.sharesContentWith(panels_.picture(i - 1));
             work.push_back(shared ? Picture() : picture);
         }
         if (work.front().sharesContentWith(lastPicture_)) {
@@ -135,7 +136,12 @@ void writeFiles(Editor editor, const QString& name) {
         editor.shell.setProgress(30 + static_cast<int>(qint64{70} * i / frames));
         editor.shell.processEvents();
     }
-    files.commit(writer.finish());
+    const QByteArray document = writer.finish();
+    if (document.size() > MaxDocumentBytes) {
+        throw Error(error_number::FileAccess, "saveProject", "Cannot write the file.",
+                    "the project has more sprites and texts than could be opened again");
+    }
+    files.commit(document);
 }
 
 /// The save itself, with the window locked meanwhile. Returns what went wrong.

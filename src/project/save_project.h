@@ -6,7 +6,8 @@ namespace nubivane {
 
 /// Saves the project under `Status.CurrentProject`, asking for a name when there is none or when
 /// `saveAs` is set. True after success. False when there is no name to save under, or after a
-/// failure, which is told in a message; both files are then as they were.
+/// failure, which is told in a message; both files are then as they were, unless the failure came
+/// between their two renames, when the next opening completes the save.
 bool saveProject(Editor editor, bool saveAs);
 
 /// Puts the canvas into its Frame's panel and shows that panel's picture again: to be called after

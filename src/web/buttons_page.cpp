@@ -14,10 +14,6 @@ constexpr int VisibleButtons = 3;
 
 constexpr char ShowButton[] = "eval('btn_' + i.toString() + '.style.visibility = \"visible\";');";
 
-QString num(qint64 number) {
-    return QString::number(number);
-}
-
 /// A function that moves the strip by one button.
 void writeMove(TextLines& out, const char* name, const char* guard, const char* step) {
     out << "function " + QLatin1String(name) + "()"

@@ -12,10 +12,6 @@ namespace nubivane {
 
 namespace {
 
-QString num(qint64 number) {
-    return QString::number(number);
-}
-
 bool anyTitle(const cFrames& frames) {
     for (qint32 i = 1; i <= frames.Count(); ++i) {
         const cForecast& forecast = frames.Item(i).Texts().Forecast();

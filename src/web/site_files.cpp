@@ -16,6 +16,7 @@
 
 #include <functional>
 #include <future>
+#include <optional>
 #include <vector>
 
 namespace nubivane {
@@ -152,21 +153,23 @@ PageTexts makePage(const Workspace& workspace, PageType type) {
 /// Writes the map with what is drawn on it for each Frame. Raises `Error`.
 QStringList writeMapImages(Editor editor, const std::function<void()>& meanwhile) {
     Workspace& workspace = editor.workspace;
+    std::optional<MapImages> images;
     try {
         workspace.fillPanels();
         workspace.storeCurrentFrame();
+        images.emplace(workspace);
     } catch (const Error&) {
         host_files::removeFiles(workspace.folder.web());  // no page's pictures are left
         throw;
     }
-    MapImages images(workspace);
-    images.write([&] {
+    const InputGuard noInput(editor.view);  // a second page would take away this one's files
+    images->write([&] {
         meanwhile();
         editor.shell.processEvents();
     });
     QStringList files;
-    for (const QString& name : images.names()) {
-        files += images.hostPath(name);
+    for (const QString& name : images->names()) {
+        files += images->hostPath(name);
     }
     return files;
 }

@@ -17,10 +17,6 @@ QString raisedBox(int zIndex) {
            "; BORDER-LEFT: #ffffff 1px solid; BORDER-BOTTOM: #000000 1px solid; ";
 }
 
-QString num(qint64 number) {
-    return QString::number(number);
-}
-
 constexpr char LeftEnd[] = "cursor.style.left = tracker.style.left;";
 constexpr char RightEnd[] =
     "cursor.style.left = parseInt(tracker.style.left) + parseInt(tracker.style.width) - "

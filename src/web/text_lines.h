@@ -27,6 +27,11 @@ class TextLines {
     QString text_;
 };
 
+/// A number as pages and scripts hold it.
+inline QString num(qint64 number) {
+    return QString::number(number);
+}
+
 /// Says "an empty line here".
 inline constexpr char EmptyLine[] = "";
 

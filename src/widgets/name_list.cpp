@@ -105,13 +105,18 @@ QString NameList::tagOf(const QListWidgetItem* row) {
     return row ? row->data(TagRole).toString() : QString();
 }
 
+/// Where two keys differ in case alone, each finds its own row.
 QListWidgetItem* NameList::rowOf(const QString& key) const {
+    QListWidgetItem* alike = nullptr;
     for (int i = 0; i < count(); ++i) {
-        if (keyOf(item(i)).compare(key, Qt::CaseInsensitive) == 0) {
+        if (keyOf(item(i)) == key) {
             return item(i);
         }
+        if (!alike && keyOf(item(i)).compare(key, Qt::CaseInsensitive) == 0) {
+            alike = item(i);
+        }
     }
-    return nullptr;
+    return alike;
 }
 
 void NameList::startRenaming() {

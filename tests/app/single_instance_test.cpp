@@ -11,7 +11,7 @@ namespace nubivane::testing {
 
 TEST(SingleInstance, TheFirstFindsNoOther) {
     const TemporaryFolder folder;
-    EXPECT_FALSE(SingleInstance(folder.path()).raiseOther());
+    EXPECT_TRUE(SingleInstance(folder.path()).isFirst());
 }
 
 TEST(SingleInstance, TheSecondRaisesTheFirst) {
@@ -19,10 +19,10 @@ TEST(SingleInstance, TheSecondRaisesTheFirst) {
     SingleInstance first(folder.path());
     int raised = 0;
     first.raised = [&raised] { ++raised; };
-    first.listen();
+    ASSERT_TRUE(first.isFirst());
 
     SingleInstance second(folder.path());
-    EXPECT_TRUE(second.raiseOther());
+    EXPECT_FALSE(second.isFirst());
     EXPECT_TRUE(QTest::qWaitFor([&raised] { return raised == 1; }));
 }
 
@@ -31,9 +31,9 @@ TEST(SingleInstance, EveryFurtherOneRaisesTheFirstAgain) {
     SingleInstance first(folder.path());
     int raised = 0;
     first.raised = [&raised] { ++raised; };
-    first.listen();
+    ASSERT_TRUE(first.isFirst());
     for (int i = 0; i < 3; ++i) {
-        EXPECT_TRUE(SingleInstance(folder.path()).raiseOther());
+        EXPECT_FALSE(SingleInstance(folder.path()).isFirst());
     }
     EXPECT_TRUE(QTest::qWaitFor([&raised] { return raised == 3; }));
 }
@@ -42,17 +42,17 @@ TEST(SingleInstance, AProgramInAnotherFolderIsAnother) {
     const TemporaryFolder folder;
     const TemporaryFolder other;
     SingleInstance first(folder.path());
-    first.listen();
-    EXPECT_FALSE(SingleInstance(other.path()).raiseOther());
+    ASSERT_TRUE(first.isFirst());
+    EXPECT_TRUE(SingleInstance(other.path()).isFirst());
 }
 
 TEST(SingleInstance, OneThatHasEndedIsNotFound) {
     const TemporaryFolder folder;
     {
         SingleInstance first(folder.path());
-        first.listen();
+        ASSERT_TRUE(first.isFirst());
     }
-    EXPECT_FALSE(SingleInstance(folder.path()).raiseOther());
+    EXPECT_TRUE(SingleInstance(folder.path()).isFirst());
 }
 
 TEST(SingleInstance, WhatACrashedOneLeftBehindIsNotInTheWay) {
@@ -61,7 +61,7 @@ TEST(SingleInstance, WhatACrashedOneLeftBehindIsNotInTheWay) {
     ASSERT_GE(child, 0);
     if (child == 0) {
         SingleInstance crashing(folder.path());
-        crashing.listen();
+        crashing.isFirst();
         _exit(0);
     }
     int status = -1;
@@ -69,11 +69,10 @@ TEST(SingleInstance, WhatACrashedOneLeftBehindIsNotInTheWay) {
     ASSERT_EQ(status, 0);
 
     SingleInstance next(folder.path());
-    EXPECT_FALSE(next.raiseOther());
+    EXPECT_TRUE(next.isFirst());
     bool raised = false;
     next.raised = [&raised] { raised = true; };
-    next.listen();
-    EXPECT_TRUE(SingleInstance(folder.path()).raiseOther());
+    EXPECT_FALSE(SingleInstance(folder.path()).isFirst());
     EXPECT_TRUE(QTest::qWaitFor([&raised] { return raised; }));
 }
 

@@ -112,10 +112,11 @@ TEST_F(SymbolFiles, TheChecksStandInTheirOrder) {
               "A collection with the same name already exist.");
 }
 
-TEST_F(SymbolFiles, AFolderThatIsGoneCannotBeRenamedAndNothingIsSaid) {
+TEST_F(SymbolFiles, AFolderThatIsGoneIsForgottenAtItsRenamingAndNothingIsSaid) {
     ASSERT_TRUE(QDir(host("Symbols/sea")).removeRecursively());
     EXPECT_EQ(renameCollection(workspace, "sea", "ocean"), "");
-    EXPECT_TRUE(collections().contains("sea"));
+    EXPECT_FALSE(collections().contains("sea"));
+    EXPECT_FALSE(collections().contains("ocean"));
     EXPECT_FALSE(collections().IsChanged);
 }
 

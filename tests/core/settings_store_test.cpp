@@ -186,4 +186,11 @@ TEST_F(SettingsStoreTest, TheStandardFileIsTheUsersOwn) {
     EXPECT_TRUE(SettingsStore::standardFile().endsWith("/Nubivane/settings.ini"));
 }
 
+TEST(SettingsStore, ASectionThatBeginsLikeACommentIsKept) {
+    const testing::TemporaryFolder folder;
+    SettingsStore(folder.file("settings.ini")).SaveSetting("#a", "b", "c", "d");
+    SettingsStore(folder.file("settings.ini")).SaveSetting("e", "f", "g", "h");
+    EXPECT_EQ(SettingsStore(folder.file("settings.ini")).GetSetting("#a", "b", "c", "lost"), "d");
+}
+
 }  // namespace nubivane

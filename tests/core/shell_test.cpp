@@ -51,4 +51,14 @@ TEST(ProgramFolderPaths, EverythingLiesBelowTheFolder) {
     EXPECT_EQ(folder.entry("Forecast.htm"), "C:\\Nubivane\\Forecast.htm");
 }
 
+TEST(ShellGuards, TheHourglassStaysUntilTheOutermostCommandEnds) {
+    testing::ScriptedShell shell;
+    {
+        const HourglassGuard command(shell);
+        { const HourglassGuard part(shell); }
+        EXPECT_EQ(shell.pointer, Pointer::Hourglass);
+    }
+    EXPECT_EQ(shell.pointer, Pointer::Default);
+}
+
 }  // namespace nubivane

@@ -456,4 +456,26 @@ TEST_F(SymbolsCollectionWindow, AThousandSymbolsAreListedBeforeTheyAreDecoded) {
     }
 }
 
+TEST_F(SymbolsCollectionWindow, RenamingToTheNameOfAFolderThatHasGoneMeanwhile) {
+    start();
+    QDir(host("Symbols/sea")).removeRecursively();
+    rename("set-1", "sea");
+    EXPECT_EQ(names(), QStringList({"sea"}));
+    EXPECT_TRUE(exists("sea/sun.gif"));
+    clickPart(window(), "cmdOK");
+    EXPECT_TRUE(collections().contains("sea"));
+}
+
+TEST_F(SymbolsCollectionWindow, NamesThatDifferInCaseAloneKeepTheirRows) {
+    QDir(host("Symbols")).mkdir("SEA");
+    start();
+    ASSERT_EQ(rows().count(), 3);
+    rename("sea", "coast");
+    EXPECT_TRUE(exists("SEA"));
+    EXPECT_TRUE(exists("coast/wave.png"));
+    EXPECT_TRUE(names().contains("SEA"));
+    EXPECT_TRUE(names().contains("coast"));
+    clickPart(window(), "cmdOK");
+}
+
 }  // namespace nubivane

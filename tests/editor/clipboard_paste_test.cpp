@@ -2,6 +2,7 @@
 #include "export/label_painter.h"
 
 #include <QFile>
+#include <QPainter>
 
 namespace nubivane {
 
@@ -433,6 +434,36 @@ TEST_F(ClipboardPaste, InTheFieldForATabsNameTheKeysActOnTheText) {
     EXPECT_EQ(field.text(), "ap1Map1");
     EXPECT_EQ(keys(), QStringList({"S K-1"}));
     EXPECT_FALSE(selection().isEmpty());
+}
+
+TEST_F(ClipboardPaste, APastedLabelStaysTransparentWhileItsOtherPropertiesChange) {
+    startActive();
+    const QString key = placeLabel({100, 100});
+    labels().Item(key).BackColor = 0xFF0000;
+    trigger("mnuCopy");
+    trigger("mnuPaste");
+    auto* pasted = dynamic_cast<LblTesto*>(selection().control());
+    ASSERT_TRUE(pasted);
+    cLabel changed;
+    changed.Text = "21";
+    changed.FontName = "Arial";
+    changed.FontSize = 12;
+    changed.BackColor = 0xFF0000;
+    changed.Border = 1;
+    pasted->show(changed);
+    QImage shown(pasted->rect.size(), QImage::Format_RGB32);
+    shown.fill(Qt::white);
+    QPainter painter(&shown);
+    painter.translate(-pasted->rect.topLeft());
+    pasted->paint(painter);
+    painter.end();
+    EXPECT_EQ(shown.pixelColor(2, 2), QColor(Qt::white));
+    pasted->setBackColor(0xFF0000);
+    painter.begin(&shown);
+    painter.translate(-pasted->rect.topLeft());
+    pasted->paint(painter);
+    painter.end();
+    EXPECT_EQ(shown.pixelColor(2, 2), QColor(Qt::blue));
 }
 
 }  // namespace nubivane

@@ -219,7 +219,7 @@ TEST_F(CopyingSpecially, OKCopiesAsTheWindowSays) {
     inWindow([](frmUtility& dialog) {
         testing::part<QComboBox>(dialog, "cboDestMap")->setCurrentIndex(2);
         testing::clickPart(dialog, "chkOverwrite");
-        testing::clickPart(dialog, "cmdOK");
+        testing::clickPart(dialog, "cmdOk");
         EXPECT_FALSE(dialog.isVisible());
     });
     EXPECT_EQ(window().copySpecial().CopyInfo, "1|3|1");
@@ -247,15 +247,15 @@ TEST_F(CopyingSpecially, EachMissingChoiceGetsItsBoxAndTheKeyboardGoesThere) {
         source->setCurrentIndex(-1);
         destination->setCurrentIndex(-1);
         shell.expectMessage("Select the source map.", Icon::Exclamation);
-        testing::clickPart(dialog, "cmdOK");
+        testing::clickPart(dialog, "cmdOk");
         EXPECT_EQ(dialog.focusWidget(), source);
         source->setCurrentIndex(1);
         shell.expectMessage("Select the destination map.", Icon::Exclamation);
-        testing::clickPart(dialog, "cmdOK");
+        testing::clickPart(dialog, "cmdOk");
         EXPECT_EQ(dialog.focusWidget(), destination);
         destination->setCurrentIndex(1);
         shell.expectMessage("Source and destination map cannot be the same.", Icon::Exclamation);
-        testing::clickPart(dialog, "cmdOK");
+        testing::clickPart(dialog, "cmdOk");
         EXPECT_EQ(dialog.focusWidget(), destination);
         EXPECT_TRUE(dialog.isVisible());
         EXPECT_EQ(window().copySpecial().CopyInfo, "");
@@ -270,7 +270,7 @@ TEST_F(CopyingSpecially, AProjectWithOneFrameHasNothingToCopyTo) {
     inWindow([](frmUtility& dialog) {
         EXPECT_EQ(testing::part<QComboBox>(dialog, "cboSourceMap")->count(), 1);
         EXPECT_EQ(testing::part<QComboBox>(dialog, "cboDestMap")->currentIndex(), 0);
-        testing::clickPart(dialog, "cmdOK");
+        testing::clickPart(dialog, "cmdOk");
         EXPECT_TRUE(dialog.isVisible());
     });
 }

@@ -41,10 +41,10 @@ TEST_F(Layout, ASplitterFarToTheLeftHidesThePalette) {
     EXPECT_GE(window().palette().currentList()->width(), 0);
 }
 
-TEST_F(Layout, ASplitterBeyondTheWindowLeavesNoNegativeWidth) {
+TEST_F(Layout, ASplitterBeyondTheWindowLeavesTheMapInSight) {
     start();
     pane().setSplitterLeft(5000);
-    EXPECT_EQ(window().viewport().width(), 0);
+    EXPECT_GT(window().viewport().width(), 200);
     pane().setSplitterLeft(200);
     EXPECT_GT(window().viewport().width(), 0);
 }

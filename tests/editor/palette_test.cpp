@@ -170,4 +170,27 @@ TEST_F(PaletteTest, ACollectionWhoseFolderHasGoneIsAnEmptyList) {
     EXPECT_EQ(palette().currentList()->symbols().rowCount(), 0);
 }
 
+TEST_F(PaletteTest, AnEmptyListIsLookedAtAgainWhenItsTabIsVisited) {
+    check({"set-1", "sea"});
+    QFile::remove(host("Symbols/sea/wave.png"));
+    start();
+    palette().tabSymbols()->setCurrentIndex(1);
+    ASSERT_EQ(filesOf(list(2)), QStringList());
+    addSymbolTo("sea", "ship.png");
+    palette().tabSymbols()->setCurrentIndex(0);
+    palette().tabSymbols()->setCurrentIndex(1);
+    EXPECT_EQ(filesOf(list(2)), QStringList({"ship.png"}));
+}
+
+TEST_F(PaletteTest, TheStripsOfTabsHaveTheirColours) {
+    start();
+    const QImage strip = palette().grab().toImage();
+    const QRect tabs = palette().tabSymbols()->geometry();
+    EXPECT_EQ(strip.pixelColor(tabs.right() - 2, tabs.center().y()), QColor(0xA6, 0xC4, 0xED));
+    FrameTabs& frames = window().tabs();
+    const QImage below = frames.grab().toImage();
+    EXPECT_EQ(below.pixel(frames.width() - 3, frames.height() / 2),
+              frames.palette().color(QPalette::Shadow).rgb());
+}
+
 }  // namespace nubivane

@@ -94,4 +94,23 @@ TEST_F(ProjectAtStart, AfterADamagedOneANewProjectDoesNotEndTheProgram) {
     EXPECT_FALSE(ended);
 }
 
+TEST_F(ProjectAtStart, ADamagedFrameLeavesAWindowThatCanBeUsed) {
+    const QByteArray sound = testing::readFile(host("week.nvpf"));
+    QByteArray damaged = sound;
+    damaged.replace("Number=\"2\"", "Number=\"two\"");
+    ASSERT_NE(damaged, sound);
+    damaged.replace("europe.jpg", "other.jpg");
+    testing::writeFile(host("bad.nvpf"), damaged);
+    testing::writeFile(host("bad.nvpx"), testing::readFile(host("week.nvpx")));
+    shell.expectMessage("Cannot open the specified file. It could be damaged or not valid.",
+                        Icon::Critical);
+    begin("bad.nvpf");
+    EXPECT_EQ(started->tabs().count(), fresh->Frames().Count());
+    EXPECT_EQ(fresh->pctPanel.Count(), fresh->Frames().Count());
+    EXPECT_EQ(fresh->Status.CurrentMap.toLower(), model("Maps/europe.jpg").toLower());
+    EXPECT_EQ(fresh->pctMap.ScaleWidth(), 500);
+    started->commands()["mnuNewProject"]->trigger();
+    EXPECT_EQ(started->tabs().count(), 1);
+}
+
 }  // namespace nubivane

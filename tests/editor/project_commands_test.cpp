@@ -231,4 +231,34 @@ TEST_F(ProjectMenu, NewWithoutItsMapEndsTheProgram) {
     EXPECT_TRUE(ended);
 }
 
+TEST_F(ProjectMenu, AfterADamagedFrameOneCanGoOnWithWhatWasRead) {
+    start();
+    saveTwoFrames();
+    QByteArray damaged = testing::readFile(host("week.nvpf"));
+    damaged.replace("Number=\"2\"", "Number=\"two\"");
+    testing::writeFile(host("bad.nvpf"), damaged);
+    testing::writeFile(host("bad.nvpx"), testing::readFile(host("week.nvpx")));
+    trigger("mnuFrameInsert");
+    trigger("mnuFrameInsert");
+    ASSERT_EQ(workspace.Status.CurrentFrame, 4);
+    workspace.ProjectChanged = false;
+    shell.expectMessage("Cannot open the specified file. It could be damaged or not valid.",
+                        Icon::Critical);
+    openFromMenu("bad.nvpf");
+
+    ASSERT_EQ(workspace.Frames().Count(), 2);
+    EXPECT_EQ(window().tabs().count(), 2);
+    EXPECT_EQ(workspace.Status.CurrentFrame, 1);
+    placeSymbol({100, 100});
+    placeLabel({200, 100});
+    trigger("mnuMapRename");
+    QTest::keyClicks(window().tabs().txtDay(), "Sunday");
+    QTest::keyClick(window().tabs().txtDay(), Qt::Key_Return);
+    EXPECT_EQ(frame(1).Texts().Label, "Sunday");
+    trigger("mnuFrameInsert");
+    trigger("mnuFrameRemove");
+    trigger("mnuFrameRemove");
+    EXPECT_EQ(workspace.Frames().Count(), 1);
+}
+
 }  // namespace nubivane

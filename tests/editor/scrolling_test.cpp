@@ -121,4 +121,22 @@ TEST_F(Scrolling, TheWheelOverTheMapScrolls) {
     EXPECT_EQ(canvas().x(), 70);
 }
 
+TEST_F(Scrolling, PartsOfANotchAddUp) {
+    startOn({301, 250});
+    const auto turn = [this](int angle) {
+        QWheelEvent event(QPointF(50, 50), canvas().mapToGlobal(QPointF(50, 50)), {}, {0, angle},
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&view(), &event);
+    };
+    turn(-120);
+    const int whole = canvas().y();
+    ASSERT_LT(whole, 70);
+    turn(120);
+    ASSERT_EQ(canvas().y(), 70);
+    for (int i = 0; i < 8; ++i) {
+        turn(-15);
+    }
+    EXPECT_EQ(canvas().y(), whole);
+}
+
 }  // namespace nubivane

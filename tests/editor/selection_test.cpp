@@ -157,4 +157,37 @@ TEST_F(Selecting, HandlesAreDeadWhileADrawingToolIsChosen) {
     EXPECT_EQ(symbolControl(first)->rect, QRect(84, 84, 32, 32));
 }
 
+TEST_F(Selecting, PageKeysWalkTheSpritesRoundAndRound) {
+    start();
+    const QString sun = placeSymbol({100, 100});
+    const QString text = placeLabel({300, 200});
+    const auto selected = [this] {
+        return workspace.Status.CurrentShapeControlType == sprite_type::Symbol
+                   ? "symbol " + workspace.Status.CurrentShapeControlKey
+                   : "label " + workspace.Status.CurrentShapeControlKey;
+    };
+    selection().clearSelection();
+    canvas().setFocus();
+    QTest::keyClick(&canvas(), Qt::Key_PageDown);
+    EXPECT_EQ(selected(), "symbol " + sun);
+    QTest::keyClick(&canvas(), Qt::Key_PageDown);
+    EXPECT_EQ(selected(), "label " + text);
+    QTest::keyClick(&canvas(), Qt::Key_PageDown);
+    EXPECT_EQ(selected(), "symbol " + sun);
+    QTest::keyClick(&canvas(), Qt::Key_PageUp);
+    EXPECT_EQ(selected(), "label " + text);
+    EXPECT_TRUE(selection().shpSelector());
+}
+
+TEST_F(Selecting, TheMenuKeyShowsTheMenuOfTheMap) {
+    start();
+    placeSymbol({100, 100});
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, {10, 10},
+                          canvas().mapToGlobal(QPoint(10, 10)));
+    QApplication::sendEvent(&canvas(), &key);
+    auto& menu = *window().findChild<QMenu*>("MenuPopup");
+    EXPECT_TRUE(menu.isVisible());
+    menu.close();
+}
+
 }  // namespace nubivane

@@ -116,4 +116,14 @@ TEST_F(Splitter, AtZeroThePaletteIsHiddenAndADragBringsItBack) {
     EXPECT_EQ(left(), 130);
 }
 
+TEST_F(Splitter, AStoredPlaceOutOfReachLeavesTheMapVisible) {
+    start();
+    for (const char* stored : {"999999", "-500"}) {
+        settings.set(Setting::WindowSplitter, stored);
+        testing::NextStart next(workspace, settings);
+        EXPECT_GT(next.window.viewport().width(), 200) << stored;
+        EXPECT_GE(next.window.viewport().x(), 0) << stored;
+    }
+}
+
 }  // namespace nubivane

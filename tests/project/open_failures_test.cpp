@@ -76,6 +76,10 @@ class FailedOpening : public WorkspaceFixture {
         EXPECT_NE(workspace.Project.get(), oldModel);
         EXPECT_EQ(workspace.Status.CurrentMap, model("Maps/plain.png"));
         EXPECT_TRUE(view.calls.contains("unloadFrameSprites"));
+        // One can go on with what was read.
+        EXPECT_TRUE(view.calls.contains("rebuildFrameTabs"));
+        EXPECT_EQ(workspace.Status.CurrentFrame, 1);
+        EXPECT_EQ(workspace.pctPanel.Count(), workspace.Frames().Count());
     }
 
     const cWrapper* oldModel = nullptr;

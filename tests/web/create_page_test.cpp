@@ -139,7 +139,7 @@ TEST_F(CreatePage, AChangedProjectStaysChanged) {
 TEST_F(CreatePage, TheFirstFrameIsSelectedAtTheEnd) {
     workspace.Status.CurrentFrame = 2;
     ASSERT_TRUE(createPage(editor()));
-    EXPECT_EQ(view.calls, QStringList({"selectFirstFrame"}));
+    EXPECT_EQ(view.calls, QStringList({"disable", "enable", "selectFirstFrame"}));
 }
 
 TEST_F(CreatePage, TheBrowserIsGivenTheHostPathOfThePage) {
@@ -156,7 +156,7 @@ TEST_F(CreatePage, TheBrowserOpensAFinishedPageUnderTheHourglass) {
         EXPECT_TRUE(QFile::exists(host("Forecast.htm")));
         EXPECT_TRUE(QFile::exists(host("Forecast.js")));
         EXPECT_EQ(webFiles().size(), 2);
-        EXPECT_EQ(view.calls, QStringList({"selectFirstFrame"}));
+        EXPECT_EQ(view.calls, QStringList({"disable", "enable", "selectFirstFrame"}));
         EXPECT_EQ(watching.pointer, Pointer::Hourglass);
     };
     ASSERT_TRUE(createPage({workspace, watching, view}));
