@@ -107,8 +107,9 @@ def front(kind, towards):
         context.rotate(math.radians(towards))
         context.translate(0, 3 - (0 if kind == "stationary" else 2.6 * wave(t)))
         if kind == "stationary":
-            marks = [(triangle(-16), COLD), (half_circle(0, side=-1), WARM), (triangle(16), COLD)]
-            pieces = [(line(-REACH, -8), COLD), (line(8, REACH), COLD), (line(-8, 8), WARM)]
+            # Below the line only what stands out from it is seen, so that mark is the larger one.
+            marks = [(triangle(-18), COLD), (half_circle(0, 8.0, side=-1), WARM), (triangle(18), COLD)]
+            pieces = [(line(-REACH, -9), COLD), (line(9, REACH), COLD), (line(-9, 9), WARM)]
         else:
             shape = {"cold": (triangle,) * 3, "warm": (half_circle,) * 3,
                      "occluded": (triangle, half_circle, triangle)}[kind]
@@ -138,7 +139,7 @@ def still_front(towards):
         context.translate(32, 32)
         context.rotate(math.radians(towards))
         context.translate(0, 3)
-        at = -22 + 44 * (0.5 - 0.5 * math.cos(2 * math.pi * t))
+        at = 22 * math.sin(2 * math.pi * t)
         ribbon(context, line(at - 3, at + 3), 1.8, (1, 1, 1, 0.95), (1, 1, 1, 0), 0)
     return paint
 

@@ -26,7 +26,7 @@ cp "$root/tests/packaging/in_fresh_debian.sh" "$work/try.sh"
 
 set +e
 mmdebstrap --variant=minbase --format=null --quiet \
-    --skip=download/empty --skip=essential/unlink \
+    --dpkgopt=force-unsafe-io --skip=download/empty --skip=essential/unlink \
     --setup-hook='mkdir -p "$1/var/cache/apt/archives"' \
     --setup-hook="sync-in '$cache' /var/cache/apt/archives" \
     --customize-hook="touch '$work/stands'" \
