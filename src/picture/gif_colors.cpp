@@ -3,6 +3,7 @@
 #include "core/error.h"
 #include "picture/color_index.h"
 #include "picture/gif_writer.h"
+#include "picture/halftone.h"
 #include "picture/quantizer.h"
 
 #include <QHash>
@@ -13,15 +14,15 @@ namespace nubivane {
 
 namespace {
 
-/// A pixel of the shown map that nobody has seen yet: no opaque colour.
-constexpr QRgb Undecided = 0;
-
 /// Flat colours of what stands on a map that keep a place of their own, however few they are
 /// beside the map's; smaller ones are found a near colour.
 constexpr std::size_t MaxFlatColors = 48;
 constexpr quint32 LeastFlatPixels = 24;
 /// Colours in which the map shows already and which it must keep where it comes to light again.
 constexpr std::size_t MaxMapColors = 160;
+
+/// How a map is dithered: bands give way to dots, and dots to plain areas where nobody sees it.
+constexpr HalftoneWeights WholeMap{.blurred = 4, .changes = 4};
 
 QRgb* lineOf(QImage& image, int y) {
     return reinterpret_cast<QRgb*>(image.scanLine(y));
@@ -175,17 +176,16 @@ class GifColors::Step {
             }
         });
         Quantizer quantizer(first_ ? 256 : 255);
-        QImage map;
         if (newMap) {
-            map = capture_.map.copy(rect_);
-            addMap(quantizer, map);
+            addMap(quantizer, capture_.map.copy(rect_));
         }
         weigh(quantizer, byPixels(still), MaxMapColors, 1);
         weigh(quantizer, byPixels(drawn), MaxFlatColors, LeastFlatPixels);
-        NearestColor nearest(newMap ? quantizer.paletteAndDither(map) : quantizer.palette());
+        const std::vector<QRgb> palette = quantizer.palette();
         if (newMap) {
-            decideMap(map);
+            Halftone(palette, WholeMap).decide(capture_.map, rect_, state_.shownMap_);
         }
+        NearestColor nearest(palette);
         forEachChange([&](Row& line, int x, int) {
             line.out[x] = line.kind(x) == Kind::Drawn ? nearest.of(line.picture[x])
                                                       : nearest.of(line.shownMap[x]);
@@ -205,18 +205,6 @@ class GifColors::Step {
             }
         }
         quantizer.add(map, counts);
-    }
-
-    void decideMap(const QImage& dithered) {
-        for (int y = rect_.top(); y <= rect_.bottom(); ++y) {
-            Row line = row(y);
-            const QRgb* decided = constLineOf(dithered, y - rect_.top()) - rect_.left();
-            for (int x = rect_.left(); x <= rect_.right(); ++x) {
-                if (line.shownMap[x] == Undecided) {
-                    line.shownMap[x] = decided[x];
-                }
-            }
-        }
     }
 
     GifColors& state_;

@@ -18,7 +18,7 @@ struct CountedColor {
     quint32 pixels;
 };
 
-/// Finds the palette that suits many colours best, and dithers pictures with it. Raises `Error`
+/// Finds the palette that suits many colours best. Raises `Error`
 /// (InvalidPicture) when that fails, which only a lack of memory explains.
 class Quantizer {
   public:
@@ -36,8 +36,6 @@ class Quantizer {
     void keep(const std::vector<QRgb>& colors);
 
     std::vector<QRgb> palette();
-    /// The palette, after a picture (RGB32) was dithered with it in place.
-    std::vector<QRgb> paletteAndDither(QImage& picture);
 
   private:
     using LiqResult = std::unique_ptr<liq_result, void (*)(liq_result*)>;
