@@ -137,4 +137,5 @@ def measure(bench, kind, what, verb, delay):
             psnr(zip(soft, map(blurred, shown))), flicker(truth, shown), results[name].wall))
 
 
-main()
+if __name__ == "__main__":
+    main()
