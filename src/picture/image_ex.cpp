@@ -161,7 +161,7 @@ void ImageEx::SaveImage(const QString& path) const {
 }
 
 void ImageEx::AssembleGif(const FrameList& list, const QString& path,
-                          const PictureProgress& progress) {
+                          const PictureProgress& progress, GifQuality quality) {
     if (list.empty()) {
         throw Error(error_number::InvalidPicture, "gif", "Cannot encode the picture as GIF.",
                     "there is no image");
@@ -170,7 +170,7 @@ void ImageEx::AssembleGif(const FrameList& list, const QString& path,
     const std::vector<qint64> delays = spreadDelays(list);
     const int count = static_cast<int>(list.size());
     ReplacedFile file(path);
-    GifColors colors;
+    GifColors colors(quality);
     GifWriter writer(
         size, [&file](const QByteArray& bytes) { file.append(bytes); }, GifEffort::Quick);
     PictureQueue queue(writer, size);

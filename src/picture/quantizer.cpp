@@ -11,7 +11,9 @@ namespace nubivane {
 
 namespace {
 
-constexpr int Speed = 4;  // 1 is slowest; 3 finds hardly better palettes in twice the time
+// 1 is slowest; 3 finds hardly better palettes in twice the time
+constexpr int UsualSpeed = 4;
+constexpr int ThoroughSpeed = 1;
 constexpr std::size_t KnownSlots = 4096;
 
 void check(liq_error error) {
@@ -54,11 +56,12 @@ std::vector<QRgb> colorsOf(liq_result* result) {
 
 }  // namespace
 
-Quantizer::Quantizer(int colors)
+Quantizer::Quantizer(int colors, Effort effort)
     : attributes_(liq_attr_create(), liq_attr_destroy),
       histogram_(liq_histogram_create(attributes_.get()), liq_histogram_destroy) {
     check(liq_set_max_colors(attributes_.get(), colors));
-    check(liq_set_speed(attributes_.get(), Speed));
+    check(
+        liq_set_speed(attributes_.get(), effort == Effort::Thorough ? ThoroughSpeed : UsualSpeed));
 }
 
 Quantizer::~Quantizer() = default;

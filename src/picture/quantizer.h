@@ -22,8 +22,10 @@ struct CountedColor {
 /// (InvalidPicture) when that fails, which only a lack of memory explains.
 class Quantizer {
   public:
+    enum class Effort { Usual, Thorough };
+
     /// For a palette of 2 to 256 colours.
-    explicit Quantizer(int colors);
+    explicit Quantizer(int colors, Effort effort = Effort::Usual);
     ~Quantizer();
 
     /// The pixels of a picture (RGB32); where `counts` is given, those that are not 0 in it, which
