@@ -133,15 +133,16 @@ Indexed indexed(const Change& change, const Palette& palette) {
     Indexed result;
     const auto count = static_cast<std::size_t>(change.rect.width()) *
                        static_cast<std::size_t>(change.rect.height());
-    result.pixels.reserve(count);
-    result.colored.reserve(count);
-    QRgb color = 0;
+    result.pixels.resize(count);
+    result.colored.resize(count);
+    std::size_t at = 0;
+    QRgb color = 0;  // of no pixel
     int number = -1;
     int largest = 3;
     for (int y = change.rect.top(); y <= change.rect.bottom(); ++y) {
         const Change::Row row = change.row(y);
-        for (int x = change.rect.left(); x <= change.rect.right(); ++x) {
-            if (number < 0 || row.now[x] != color) {
+        for (int x = change.rect.left(); x <= change.rect.right(); ++x, ++at) {
+            if (row.now[x] != color) {
                 color = row.now[x];
                 number = palette.find(color);
             }
@@ -151,14 +152,16 @@ Indexed indexed(const Change& change, const Palette& palette) {
             }
             const int pixel = still ? 0 : number;
             largest = std::max(largest, pixel);
-            result.pixels.push_back(static_cast<std::uint8_t>(pixel));
-            result.colored.push_back(static_cast<std::uint8_t>(std::max(number, 0)));
+            result.pixels[at] = static_cast<std::uint8_t>(pixel);
+            result.colored[at] = static_cast<std::uint8_t>(std::max(number, 0));
         }
     }
     result.bits = bitsFor(static_cast<std::size_t>(largest) + 1);
-    for (std::size_t i = 0; i < count; ++i) {
-        if (result.colored[i] >> result.bits != 0) {
-            result.colored[i] = result.pixels[i];
+    if (palette.colors.size() > std::size_t{1} << result.bits) {
+        for (std::size_t i = 0; i < count; ++i) {
+            if (result.colored[i] >> result.bits != 0) {
+                result.colored[i] = result.pixels[i];
+            }
         }
     }
     return result;

@@ -307,19 +307,15 @@ class LzwEncoder {
         return finish();
     }
 
-    /// The same, with several strings followed at once.
-    QByteArray encodeLongest(const Places& places) {
-        std::size_t at = 0;
-        for (std::size_t i = 0; i <= places.size(); ++i) {
-            startOver();
-            const std::size_t end = i < places.size() ? places[i] : walk_.size();
-            StringWalk::String string = walk_.longestAt(at, walk_.at(at), end);
+    /// With one table, and several strings followed at once.
+    QByteArray encodeLongest() {
+        startOver();
+        const std::size_t end = walk_.size();
+        StringWalk::String string = walk_.longestAt(0, walk_.at(0), end);
+        write(string.code);
+        while (string.end < end) {
+            string = walk_.learnAndFollow(string, end);
             write(string.code);
-            while (string.end < end) {
-                string = walk_.learnAndFollow(string, end);
-                write(string.code);
-            }
-            at = end;
         }
         return finish();
     }
@@ -452,13 +448,11 @@ QByteArray encodeLzw(std::span<const std::uint8_t> pixels,
             best = std::move(coded);
         }
     };
-    Places places;
     if (encoder.tables() > 1) {
-        places = ClearPlan(walk, encoder.tables()).find();
-        keepShorter(LzwEncoder(walk, bits).encode(places));
-    }
-    if (walk.hasChoices()) {
-        keepShorter(LzwEncoder(walk, bits).encodeLongest(places));
+        keepShorter(LzwEncoder(walk, bits).encode(ClearPlan(walk, encoder.tables()).find()));
+    } else if (walk.hasChoices()) {
+        // In longer images the choice matters less, and takes long.
+        keepShorter(LzwEncoder(walk, bits).encodeLongest());
     }
     return best;
 }
