@@ -20,14 +20,14 @@ constexpr std::size_t MaxFlatColors = 48;
 constexpr quint32 LeastFlatPixels = 24;
 /// How much more a symbol's pixel counts than one of the map, beside which there are few: people
 /// look at the symbols.
-constexpr quint32 DrawnWeight = 3;
+constexpr quint32 DrawnWeight = 2;
 /// Colours in which the map shows already and which it must keep where it comes to light again.
 constexpr std::size_t MaxMapColors = 160;
 
 /// How a map is dithered: bands give way to dots, and dots to plain areas where nobody sees it.
 constexpr HalftoneWeights weightsOf(GifQuality quality) {
-    return quality == GifQuality::Fine ? HalftoneWeights{.blurred = 1, .changes = 1}
-                                       : HalftoneWeights{.blurred = 4, .changes = 4};
+    return quality == GifQuality::Fine ? HalftoneWeights{.blurred = 1, .changes = 0.25F}
+                                       : HalftoneWeights{.blurred = 4, .changes = 1};
 }
 
 /// How long a palette is sought.

@@ -176,8 +176,8 @@ class Halftone::Band {
         const QRgb* below = y < rect_.bottom() ? constLineOf(shown_, y + 1) : nullptr;
         auto* shown = reinterpret_cast<QRgb*>(shown_.scanLine(y));
         const int row = y - top_ + Reach;
-        const float costAlong = halftone_.weights_.changes;
-        const float costAcross = halftone_.weights_.changes * AcrossRows;
+        const float costAlong = halftone_.costOfChange_;
+        const float costAcross = halftone_.costOfChange_ * AcrossRows;
         const float own = kernel_[Reach][Reach];
         for (int x = firstX; x <= rect_.right(); x += 2) {
             if (!isOpen(x, y)) {
@@ -293,6 +293,8 @@ std::uint8_t Halftone::nearest(QRgb color) {
 void Halftone::decide(const QImage& picture, const QRect& rect, QImage& shown) {
     std::vector<char> open;
     open.reserve(static_cast<std::size_t>(rect.width()) * static_cast<std::size_t>(rect.height()));
+    double squares = 0;
+    qint64 count = 0;
     for (int y = rect.top(); y <= rect.bottom(); ++y) {
         const QRgb* right = constLineOf(picture, y);
         auto* line = reinterpret_cast<QRgb*>(shown.scanLine(y));
@@ -300,9 +302,15 @@ void Halftone::decide(const QImage& picture, const QRect& rect, QImage& shown) {
             open.push_back(line[x] == Undecided ? 1 : 0);
             if (line[x] == Undecided) {
                 line[x] = palette_[nearest(right[x])].color;
+                squares += distance(line[x], right[x]);
+                ++count;
             }
         }
     }
+    if (count == 0) {
+        return;
+    }
+    costOfChange_ = weights_.changes * static_cast<float>(squares / static_cast<double>(count));
     Band band(*this, picture, rect, open, shown);
     for (int top = rect.top(); top <= rect.bottom(); top += BandHeight) {
         band.decide(top, std::min(top + BandHeight - 1, rect.bottom()));

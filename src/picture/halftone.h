@@ -15,7 +15,8 @@ inline constexpr QRgb Undecided = 0;
 /// What counts when a pixel's colour is chosen, beside how far it is from the right one.
 struct HalftoneWeights {
     float blurred;  ///< the same of the picture as it is seen from afar, where bands would show
-    float changes;  ///< that neighbours differ, which costs bytes
+    float changes;  ///< that neighbours differ, which costs bytes: as much as so many times the
+                    ///< square by which the nearest colours miss the right ones on an average
 };
 
 /// Lays the colours of a palette on a picture of many more: as a mixture of dots where none is near
@@ -43,6 +44,7 @@ class Halftone {
     };
 
     HalftoneWeights weights_;
+    float costOfChange_ = 0;  ///< in the picture at hand
     std::vector<Entry> palette_;
     std::vector<int> cells_;  ///< by the upper bits of a colour: the place in `known_`, or -1
     std::vector<Near> known_;
