@@ -1,10 +1,13 @@
 #!/usr/bin/env python3
-"""Makes a project of one Frame with moving symbols, and one of twelve: make_frame.py KIND PROGRAM WORK
+"""Makes projects of Frames with moving symbols: make_frame.py KIND PROGRAM WORK
 
-KIND is "flat" (a map of few colours) or "shaded" (tens of thousands). The symbols are those that
-ship with the program; WORK/KIND-one.nvpf and WORK/KIND-film.nvpf are written. Needs Pillow.
+KIND is "flat" (a map of few colours) or "shaded" (tens of thousands): WORK/KIND-one.nvpf with one
+Frame and WORK/KIND-film.nvpf with twelve are written. With "shaded" also WORK/long-N.nvpf, whose
+one Frame takes N captures, and WORK/stills.nvpf, a hundred Frames with four Labels each, with
+WORK/stills.json for peers. The symbols of the shaded maps ship with the program. Needs Pillow.
 """
 import io
+import json
 import os
 import random
 import sys
@@ -12,6 +15,7 @@ import sys
 from PIL import Image, ImageDraw
 
 SYMBOLS = ["rain", "snow", "thunderstorm", "fog", "cloudy", "sun", "hail", "wind-north"]
+LENGTHS = [125, 250, 500, 1000]  # captures of the long ones, a tenth of a second each
 DRAWN = ["drop", "star", "flake", "bolt", "ring", "bar", "cross", "dot"]
 
 
@@ -45,7 +49,23 @@ def flat_symbols(folder):
                        append_images=images[1:], duration=100, loop=0, transparency=0, disposal=2)
 
 
-def frame_xml(number, size, sprites):
+def slow_symbol(path, captures):
+    """Two images whose pass takes as long as so many captures; the first counts for none."""
+    images = [Image.new("P", (9, 9), index) for index in (1, 2)]
+    for image in images:
+        image.putpalette([255, 0, 255, 240, 60, 40, 40, 60, 240])
+    images[0].save(path, save_all=True, append_images=images[1:], duration=50 * (captures - 1),
+                   loop=0)
+
+
+def label_xml(text, left, top):
+    return ('<Item Backcolor="-1" Forecolor="255" Border="0" Bordercolor="0" Fontname="Arial" '
+            'Fontsize="12" Fontbold="False" Fontitalic="False" Fontoverline="False" '
+            'Fontstrikethourht="False" Fontunderline="False" Height="20" Width="60" Left="%d" '
+            'Top="%d" Text="%s" Note=""/>' % (left, top, text))
+
+
+def frame_xml(number, size, sprites, labels=()):
     items = "".join('<Item Filename="%s" Height="64" Width="64" Left="%d" Top="%d" Link="" '
                     'Tooltip="" Note=""/>' % sprite for sprite in sprites)
     line = ("<Backcolor>-1</Backcolor><Forecolor>0</Forecolor><Border>0</Border>"
@@ -55,11 +75,13 @@ def frame_xml(number, size, sprites):
             "<FontStrikethourht>False</FontStrikethourht><Align>0</Align><Text/>")
     return ('<Frame Number="%d" Size="%d" Label="%d"><Div><Backcolor>-1</Backcolor><Border>0</Border>'
             "<BorderColor>0</BorderColor></Div><Title>%s</Title><Subtitle>%s</Subtitle>"
-            "<Symbol>%s</Symbol><Label/></Frame>" % (number, size, number, line, line, items))
+            "<Symbol>%s</Symbol><Label>%s</Label></Frame>"
+            % (number, size, number, line, line, items, "".join(label_xml(*l) for l in labels)))
 
 
-def write_project(path, name, block, sprites):
-    frames = "".join(frame_xml(i, len(block), s) for i, s in enumerate(sprites, 1))
+def write_project(path, name, block, sprites, labels=()):
+    frames = "".join(frame_xml(i, len(block), s, labels[i - 1] if labels else ())
+                     for i, s in enumerate(sprites, 1))
     with open(path, "w", encoding="utf-8") as file:
         file.write('<FILE Frames="%d" Map="%s" Size="%d" Version="2.0"><Collection/><Frames>%s'
                    "</Frames></FILE>" % (len(sprites), name, len(block), frames))
@@ -89,6 +111,22 @@ def main():
     write_project(os.path.join(work, kind + "-one.nvpf"), name, block, [scatter()])
     write_project(os.path.join(work, kind + "-film.nvpf"), name, block,
                   [scatter() for _ in range(12)])
+    if kind == "flat":
+        return
+    for captures in LENGTHS:
+        slow = "drawn\\slow-%d.gif" % captures
+        os.makedirs(os.path.join(program, "Symbols", "drawn"), exist_ok=True)
+        slow_symbol(os.path.join(program, "Symbols", *slow.split("\\")), captures)
+        write_project(os.path.join(work, "long-%d.nvpf" % captures), name, block,
+                      [scatter() + [(slow, 5, 5)]])
+    symbols = [scatter() for _ in range(100)]
+    labels = [[("%d degrees" % rng.randrange(30), rng.randrange(700), rng.randrange(560))
+               for _ in range(4)] for _ in symbols]
+    write_project(os.path.join(work, "stills.nvpf"), name, block, symbols, labels)
+    with open(os.path.join(work, "stills.json"), "w") as file:
+        json.dump({"map": os.path.join(program, "Maps", name), "symbols": [
+            [(os.path.join(program, "Symbols", *path.split("\\")), x, y) for path, x, y in frame]
+            for frame in symbols], "labels": labels}, file)
 
 
 main()

@@ -10,7 +10,7 @@ int runAniGif(CommandContext& context) {
     try {
         ConsoleWatcher watcher(context.shell);
         saveAniGif(context.workspace, frame, modelPath(context.arguments[2]),
-                   compressionOf(context), watcher);
+                   compressionOf(context), watcher, qualityOf(context));
     } catch (const Error& error) {
         failSaving(error);
     }

@@ -21,11 +21,12 @@ constexpr std::array uploadOptions = {
     CommandOption{"--user", "U"}, CommandOption{"--password-file", "F"}};
 
 constexpr CommandOption compression{"--compression", "1|2|3"};
-constexpr std::array aniGifOptions = {compression};
+constexpr CommandOption fine{"--fine", ""};
+constexpr std::array aniGifOptions = {compression, fine};
 constexpr std::array videoOptions = {CommandOption{"--width", "W"}, CommandOption{"--height", "H"},
                                      compression};
 constexpr std::array filmOptions = {CommandOption{"--interval", "HUNDREDTHS"},
-                                    CommandOption{"--from", "FRAME"}};
+                                    CommandOption{"--from", "FRAME"}, fine};
 
 constexpr std::array table = {
     Command{"show", "PROJECT", "print the project as one JSON object", 1, 1, {}, runShow},
@@ -59,12 +60,13 @@ constexpr std::array table = {
             true},
     Command{"anigif", "PROJECT FRAME FILE",
             "write a Frame with its moving symbols as a GIF; --compression leaves out\n"
-            "      every second image, or two of three",
+            "      every second image, or two of three; --fine comes closer to the colours\n"
+            "      of maps that have too many, at the cost of bytes and time",
             3, 3, aniGifOptions, runAniGif, true},
     Command{"film", "PROJECT FILE",
             "write all Frames as a GIF, or an MP4 if FILE ends so, one image each, for\n"
             "      100 hundredths of a second without --interval; --from is the Frame whose\n"
-            "      symbols stand on the first image",
+            "      symbols stand on the first image; --fine as for anigif",
             2, 2, filmOptions, runFilm, true},
     Command{"avi", "PROJECT FRAME FILE",
             "write a Frame with its moving symbols as an AVI video, as large as its map\n"

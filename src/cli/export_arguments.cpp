@@ -20,6 +20,10 @@ int compressionOf(const CommandContext& context) {
     return context.options.value("--compression", "1").toInt();
 }
 
+GifQuality qualityOf(const CommandContext& context) {
+    return context.options.contains("--fine") ? GifQuality::Fine : GifQuality::Usual;
+}
+
 int printWritten(const QStringList& hostFiles) {
     return streams::writeResult(hostFiles.join(u'\n').toUtf8() + '\n') ? exit_code::Done
                                                                        : exit_code::Failed;

@@ -2,6 +2,7 @@
 
 #include "cli/command.h"
 #include "export/export_watcher.h"
+#include "picture/gif_colors.h"
 
 #include <QString>
 
@@ -14,6 +15,9 @@ qint32 frameNumber(const CommandContext& context, const QString& text);
 
 /// The number of `--compression`, 1 when it is not given.
 int compressionOf(const CommandContext& context);
+
+/// What `--fine` asks for.
+GifQuality qualityOf(const CommandContext& context);
 
 /// Shows the progress of an export on the console.
 class ConsoleWatcher : public ExportWatcher {

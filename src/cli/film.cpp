@@ -28,6 +28,7 @@ int runFilm(CommandContext& context) {
     const FilmOptions options{
         .current = frameNumber(context, context.options.value("--from", "1")),
         .FrameInterval = intervalOf(context),
+        .quality = qualityOf(context),
     };
     try {
         ConsoleWatcher watcher(context.shell);

@@ -1,7 +1,10 @@
 #include "cli/export_arguments.h"
 #include "core/error.h"
 #include "core/parallel.h"
+#include "export/export_stage.h"
 #include "export/still_export.h"
+
+#include <algorithm>
 
 namespace nubivane {
 
@@ -24,16 +27,24 @@ QStringList filesOfAll(const CommandContext& context, const QString& name) {
 }
 
 void saveAll(CommandContext& context, const QStringList& files) {
-    const auto count = static_cast<std::size_t>(files.size());
+    // Frames that follow each other mostly show the same symbols, and stay on one stage.
+    constexpr qsizetype FramesOnAStage = 10;
+    const qsizetype stages = (files.size() + FramesOnAStage - 1) / FramesOnAStage;
     const ProgressGuard progress(context.shell, 0);
     parallelFor(
-        count,
-        [&](std::size_t i) {
+        static_cast<std::size_t>(stages),
+        [&](std::size_t number) {
+            ExportStage stage(context.workspace);
             ExportWatcher nobody;
-            saveMapFile(context.workspace, static_cast<qint32>(i) + 1,
-                        modelPath(files[static_cast<qsizetype>(i)]), nobody);
+            const qsizetype first = static_cast<qsizetype>(number) * FramesOnAStage;
+            for (qsizetype i = first; i < std::min(first + FramesOnAStage, files.size()); ++i) {
+                saveMapFile(stage, static_cast<qint32>(i) + 1, modelPath(files[i]), nobody);
+            }
         },
-        [&](std::size_t done) { context.shell.setProgress(static_cast<int>(100 * done / count)); });
+        [&](std::size_t done) {
+            context.shell.setProgress(
+                static_cast<int>(100 * static_cast<qsizetype>(done) / stages));
+        });
 }
 
 }  // namespace

@@ -18,11 +18,11 @@ constexpr int ProgressOfCaptures = 70;  // percent
 
 /// The end that all animated GIFs have in common. The captures of `list` are taken while they are
 /// written, one at a time; `captured` tells how many are done.
-void writeGif(const FrameList& list, const QString& path, const PictureProgress& captured,
-              ExportWatcher& watcher) {
+void writeGif(const FrameList& list, const QString& path, GifQuality quality,
+              const PictureProgress& captured, ExportWatcher& watcher) {
     constexpr int TryEverything = 2;
     QFile::remove(host_files::toHost(path));
-    ImageEx::AssembleGif(list, path, captured);
+    ImageEx::AssembleGif(list, path, captured, quality);
     watcher.setCaption(" Assembling file - step 2 of 4");
     watcher.setProgress(80);
     watcher.setCaption(" Optimizing file - step 3 of 4");
@@ -35,7 +35,7 @@ void writeGif(const FrameList& list, const QString& path, const PictureProgress&
 }  // namespace
 
 void saveAniGif(Workspace& workspace, qint32 frame, const QString& GifFileName, int compression,
-                ExportWatcher& watcher) {
+                ExportWatcher& watcher, GifQuality quality) {
     watcher.setCaption(" Creating frames - step 1 of 4");
     ExportStage stage(workspace);
     stage.loadMap(frame);
@@ -54,7 +54,7 @@ void saveAniGif(Workspace& workspace, qint32 frame, const QString& GifFileName, 
         }
         watcher.working();
     };
-    writeGif(list, GifFileName, captured, watcher);
+    writeGif(list, GifFileName, quality, captured, watcher);
 }
 
 void saveFilm(Workspace& workspace, const QString& GifFileName, const FilmOptions& options,
@@ -72,7 +72,7 @@ void saveFilm(Workspace& workspace, const QString& GifFileName, const FilmOption
         }
         watcher.working();
     };
-    writeGif(list, GifFileName, captured, watcher);
+    writeGif(list, GifFileName, options.quality, captured, watcher);
 }
 
 }  // namespace nubivane

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "picture/gif_colors.h"
+
 #include <QString>
 
 namespace nubivane {
@@ -11,12 +13,13 @@ class Workspace;
 /// `compression` is 1 to `MaxCompression`. An existing file is deleted; the new one appears when it
 /// is whole. Raises `Error`.
 void saveAniGif(Workspace& workspace, qint32 frame, const QString& GifFileName, int compression,
-                ExportWatcher& watcher);
+                ExportWatcher& watcher, GifQuality quality = GifQuality::Usual);
 
 /// What a film is made with.
 struct FilmOptions {
     qint32 current = 1;        ///< the Frame that is current when the film is begun
     qint16 FrameInterval = 1;  ///< how long each Frame stays, in hundredths of a second
+    GifQuality quality = GifQuality::Usual;
 };
 inline constexpr int MinFrameInterval = 1;
 inline constexpr int MaxFrameInterval = 1000;

@@ -26,8 +26,15 @@ PictureFormat formatOf(const QString& path) {
 }  // namespace
 
 void saveMapFile(Workspace& workspace, qint32 frame, const QString& path, ExportWatcher& watcher) {
+    ExportStage stage(workspace);
+    saveMapFile(stage, frame, path, watcher);
+}
+
+void saveMapFile(ExportStage& stage, qint32 frame, const QString& path, ExportWatcher& watcher) {
     watcher.setProgress(45);
-    const QImage picture = renderFrame(workspace, frame);
+    stage.loadMap(frame);
+    stage.loadStageSprites(frame);
+    const QImage picture = stage.grabStage(0);
     watcher.setProgress(70);
     const QByteArray bytes = encodePicture(picture, formatOf(path));
     host_files::writeHostFile(host_files::toHost(path), bytes);

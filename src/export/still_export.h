@@ -4,6 +4,7 @@
 
 namespace nubivane {
 
+class ExportStage;
 class ExportWatcher;
 class Workspace;
 
@@ -11,5 +12,8 @@ class Workspace;
 /// any case) name: bmp, gif, jpg, png or tif. Raises `Error`: `UnsupportedFormat` for another
 /// ending, FileAccess and others as they come. Nothing half written is left.
 void saveMapFile(Workspace& workspace, qint32 frame, const QString& path, ExportWatcher& watcher);
+
+/// The same on a stage that serves for several Frames: what they share is decoded once.
+void saveMapFile(ExportStage& stage, qint32 frame, const QString& path, ExportWatcher& watcher);
 
 }  // namespace nubivane

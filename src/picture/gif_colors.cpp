@@ -3,6 +3,7 @@
 #include "core/error.h"
 #include "picture/color_index.h"
 #include "picture/gif_writer.h"
+#include "picture/halftone.h"
 #include "picture/quantizer.h"
 
 #include <QHash>
@@ -13,15 +14,26 @@ namespace nubivane {
 
 namespace {
 
-/// A pixel of the shown map that nobody has seen yet: no opaque colour.
-constexpr QRgb Undecided = 0;
-
 /// Flat colours of what stands on a map that keep a place of their own, however few they are
 /// beside the map's; smaller ones are found a near colour.
 constexpr std::size_t MaxFlatColors = 48;
 constexpr quint32 LeastFlatPixels = 24;
+/// How much more a symbol's pixel counts than one of the map, beside which there are few: people
+/// look at the symbols.
+constexpr quint32 DrawnWeight = 2;
 /// Colours in which the map shows already and which it must keep where it comes to light again.
 constexpr std::size_t MaxMapColors = 160;
+
+/// How a map is dithered: bands give way to dots, and dots to plain areas where nobody sees it.
+constexpr HalftoneWeights weightsOf(GifQuality quality) {
+    return quality == GifQuality::Fine ? HalftoneWeights{.blurred = 1, .changes = 0.25F}
+                                       : HalftoneWeights{.blurred = 4, .changes = 1};
+}
+
+/// How long a palette is sought.
+constexpr Quantizer::Effort effortOf(GifQuality quality) {
+    return quality == GifQuality::Fine ? Quantizer::Effort::Thorough : Quantizer::Effort::Usual;
+}
 
 QRgb* lineOf(QImage& image, int y) {
     return reinterpret_cast<QRgb*>(image.scanLine(y));
@@ -47,7 +59,7 @@ std::vector<CountedColor> byPixels(const QHash<QRgb, quint32>& counts) {
 /// The first colours, as many as are allowed and large enough, are kept; of the others the largest
 /// are counted.
 void weigh(Quantizer& quantizer, std::vector<CountedColor> colors, std::size_t maxKept,
-           quint32 leastPixels) {
+           quint32 leastPixels, quint32 weight = 1) {
     std::size_t kept = 0;
     std::vector<QRgb> exact;
     while (kept < std::min(maxKept, colors.size()) && colors[kept].pixels >= leastPixels) {
@@ -56,6 +68,9 @@ void weigh(Quantizer& quantizer, std::vector<CountedColor> colors, std::size_t m
     quantizer.keep(exact);
     colors.erase(colors.begin(), colors.begin() + static_cast<std::ptrdiff_t>(kept));
     colors.resize(std::min(colors.size(), Quantizer::MaxColors));
+    for (CountedColor& color : colors) {
+        color.pixels *= weight;
+    }
     quantizer.add(colors);
 }
 
@@ -174,22 +189,30 @@ class GifColors::Step {
                     break;
             }
         });
-        Quantizer quantizer(first_ ? 256 : 255);
-        QImage map;
+        Quantizer quantizer(first_ ? 256 : 255, effortOf(state_.quality_));
         if (newMap) {
-            map = capture_.map.copy(rect_);
-            addMap(quantizer, map);
+            addMap(quantizer, capture_.map.copy(rect_));
         }
         weigh(quantizer, byPixels(still), MaxMapColors, 1);
-        weigh(quantizer, byPixels(drawn), MaxFlatColors, LeastFlatPixels);
-        NearestColor nearest(newMap ? quantizer.paletteAndDither(map) : quantizer.palette());
+        weigh(quantizer, byPixels(drawn), MaxFlatColors, LeastFlatPixels, first_ ? DrawnWeight : 1);
+        const std::vector<QRgb> palette = quantizer.palette();
+        Halftone halftone(palette, weightsOf(state_.quality_));
         if (newMap) {
-            decideMap(map);
+            halftone.decide(capture_.map, rect_, state_.shownMap_);
         }
+        NearestColor nearest(palette);
         forEachChange([&](Row& line, int x, int) {
-            line.out[x] = line.kind(x) == Kind::Drawn ? nearest.of(line.picture[x])
-                                                      : nearest.of(line.shownMap[x]);
+            const bool isDrawn = line.kind(x) == Kind::Drawn;
+            const QRgb color = isDrawn ? line.picture[x] : line.shownMap[x];
+            line.out[x] = nearest.of(color);
+            // The whole picture has few colours for what is shaded; what changes later has enough.
+            if (first_ && isDrawn && line.out[x] != color) {
+                line.out[x] = Undecided;
+            }
         });
+        if (first_) {
+            halftone.decide(capture_.picture, rect_, out_);
+        }
     }
 
     void addMap(Quantizer& quantizer, const QImage& map) {
@@ -205,18 +228,6 @@ class GifColors::Step {
             }
         }
         quantizer.add(map, counts);
-    }
-
-    void decideMap(const QImage& dithered) {
-        for (int y = rect_.top(); y <= rect_.bottom(); ++y) {
-            Row line = row(y);
-            const QRgb* decided = constLineOf(dithered, y - rect_.top()) - rect_.left();
-            for (int x = rect_.left(); x <= rect_.right(); ++x) {
-                if (line.shownMap[x] == Undecided) {
-                    line.shownMap[x] = decided[x];
-                }
-            }
-        }
     }
 
     GifColors& state_;

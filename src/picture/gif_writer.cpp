@@ -1,6 +1,7 @@
 #include "picture/gif_writer.h"
 
 #include "core/error.h"
+#include "core/parallel.h"
 #include "picture/color_index.h"
 #include "picture/lzw_encoder.h"
 
@@ -63,58 +64,56 @@ struct Change {
     }
 };
 
-/// Colours for a change, and whether one index is kept for what has not changed.
+/// Colours for a change by index. Where there is a transparent one it is the first: small indexes
+/// make short codes.
 struct Palette {
-    ColorIndex index;
-    int transparent = -1;
+    std::vector<QRgb> colors;
+    ColorIndex index;  ///< the colours behind the transparent one
+    bool hasTransparent = false;
     bool isCommon = false;
 
-    std::size_t places() const {
-        return std::max<std::size_t>(index.colors().size(),
-                                     static_cast<std::size_t>(transparent + 1));
+    Palette(std::vector<QRgb> visible, bool transparent) : hasTransparent(transparent) {
+        for (const QRgb color : visible) {
+            index.add(color);
+        }
+        if (transparent) {
+            visible.insert(visible.begin(), qRgb(0, 0, 0));
+        }
+        colors = std::move(visible);
+    }
+
+    /// The index of a colour, or -1.
+    int find(QRgb color) const {
+        const int found = index.find(color);
+        return found < 0 || !hasTransparent ? found : found + 1;
     }
 };
 
-ColorIndex indexOf(const std::vector<QRgb>& colors) {
-    ColorIndex index;
-    for (const QRgb color : colors) {
-        index.add(color);
-    }
-    return index;
-}
-
 /// A palette of just the changed pixels' colours; those that did not change are transparent.
 Palette ownPalette(const Change& change) {
-    Palette palette;
+    ColorIndex colors;
     bool unchanged = false;
     for (int y = change.rect.top(); y <= change.rect.bottom(); ++y) {
         const Change::Row row = change.row(y);
         for (int x = change.rect.left(); x <= change.rect.right(); ++x) {
             if (!row.changed(x)) {
                 unchanged = true;
-            } else if (palette.index.add(row.now[x]) == ColorIndex::Full) {
+            } else if (colors.add(row.now[x]) == ColorIndex::Full) {
                 fail("more than 256 colours change in one image");
             }
         }
     }
-    if (unchanged && palette.index.colors().size() < 256) {
-        palette.transparent = static_cast<int>(palette.index.colors().size());
-    }
-    return palette;
+    return {colors.colors(), unchanged && colors.colors().size() < 256};
 }
 
 /// The common palette where it holds all that changes.
 std::optional<Palette> commonPalette(const Change& change, const std::vector<QRgb>& colors) {
-    Palette palette;
-    palette.index = indexOf(colors);
+    Palette palette(colors, colors.size() < 256);
     palette.isCommon = true;
-    if (colors.size() < 256 && !change.before.isNull()) {
-        palette.transparent = static_cast<int>(colors.size());
-    }
     for (int y = change.rect.top(); y <= change.rect.bottom(); ++y) {
         const Change::Row row = change.row(y);
         for (int x = change.rect.left(); x <= change.rect.right(); ++x) {
-            if ((palette.transparent < 0 || row.changed(x)) && palette.index.find(row.now[x]) < 0) {
+            if ((!palette.hasTransparent || row.changed(x)) && palette.find(row.now[x]) < 0) {
                 return std::nullopt;
             }
         }
@@ -123,35 +122,46 @@ std::optional<Palette> commonPalette(const Change& change, const std::vector<QRg
 }
 
 /// The pixels of a change as indexes: `pixels` with the transparent index wherever nothing changed,
-/// `colored` with the pixels' own colours there, as far as the palette has them.
+/// `colored` with the pixels' own colours there, as far as they do not make codes longer.
 struct Indexed {
     std::vector<std::uint8_t> pixels;
     std::vector<std::uint8_t> colored;
+    int bits = 2;  ///< that the indexes take
 };
 
 Indexed indexed(const Change& change, const Palette& palette) {
     Indexed result;
     const auto count = static_cast<std::size_t>(change.rect.width()) *
                        static_cast<std::size_t>(change.rect.height());
-    result.pixels.reserve(count);
-    result.colored.reserve(count);
-    QRgb color = 0;
+    result.pixels.resize(count);
+    result.colored.resize(count);
+    std::size_t at = 0;
+    QRgb color = 0;  // of no pixel
     int number = -1;
+    int largest = 3;
     for (int y = change.rect.top(); y <= change.rect.bottom(); ++y) {
         const Change::Row row = change.row(y);
-        for (int x = change.rect.left(); x <= change.rect.right(); ++x) {
-            if (number < 0 || row.now[x] != color) {
+        for (int x = change.rect.left(); x <= change.rect.right(); ++x, ++at) {
+            if (row.now[x] != color) {
                 color = row.now[x];
-                number = palette.index.find(color);
+                number = palette.find(color);
             }
-            const bool still = palette.transparent >= 0 && !row.changed(x);
+            const bool still = palette.hasTransparent && !row.changed(x);
             if (!still && number < 0) {
                 fail("a colour is missing in the palette");
             }
-            result.pixels.push_back(
-                static_cast<std::uint8_t>(still ? palette.transparent : number));
-            result.colored.push_back(
-                static_cast<std::uint8_t>(number >= 0 ? number : palette.transparent));
+            const int pixel = still ? 0 : number;
+            largest = std::max(largest, pixel);
+            result.pixels[at] = static_cast<std::uint8_t>(pixel);
+            result.colored[at] = static_cast<std::uint8_t>(std::max(number, 0));
+        }
+    }
+    result.bits = bitsFor(static_cast<std::size_t>(largest) + 1);
+    if (palette.colors.size() > std::size_t{1} << result.bits) {
+        for (std::size_t i = 0; i < count; ++i) {
+            if (result.colored[i] >> result.bits != 0) {
+                result.colored[i] = result.pixels[i];
+            }
         }
     }
     return result;
@@ -167,44 +177,31 @@ QByteArray imageBlock(const Change& change, const Palette& palette, const QByteA
     if (palette.isCommon) {
         block.append('\0');
     } else {
-        std::vector<QRgb> colors = palette.index.colors();
-        colors.resize(palette.places());
-        block.append(static_cast<char>(0x80 | (bitsFor(colors.size()) - 1)));
-        appendColors(block, colors);
+        block.append(static_cast<char>(0x80 | (bitsFor(palette.colors.size()) - 1)));
+        appendColors(block, palette.colors);
     }
     return block + data;
 }
 
-/// How long an image stays, that it is left standing, and its transparent index.
-QByteArray controlBlock(int hundredths, int transparent) {
+/// How long an image stays, that it is left standing, and whether index 0 is transparent.
+QByteArray controlBlock(int hundredths, bool hasTransparent) {
     constexpr int LeaveStanding = 1 << 2;
     QByteArray block = QByteArray::fromHex("21f904");
-    block.append(static_cast<char>(LeaveStanding | (transparent >= 0 ? 1 : 0)));
+    block.append(static_cast<char>(LeaveStanding | (hasTransparent ? 1 : 0)));
     appendWord(block, hundredths);
-    block.append(static_cast<char>(std::max(transparent, 0))).append('\0');
-    return block;
+    return block.append(2, '\0');
 }
 
-QByteArray codeImage(const Change& change, const Palette& palette, GifEffort effort) {
+QByteArray codeImage(const Change& change, const Palette& palette, int hundredths,
+                     GifEffort effort) {
     const Indexed image = indexed(change, palette);
-    const int bits = std::max(2, bitsFor(palette.places()));
-    const std::span<const std::uint8_t> none;
-    QByteArray best = encodeLzw(image.pixels, image.colored, bits, LzwTable::StartOver);
-    if (effort == GifEffort::Quick) {
-        return imageBlock(change, palette, best);
-    }
-    const auto tryCoding = [&best, bits](auto pixels, auto alternatives, LzwTable table) {
-        QByteArray coded = encodeLzw(pixels, alternatives, bits, table);
-        if (coded.size() < best.size()) {
-            best = std::move(coded);
-        }
-    };
-    tryCoding(image.pixels, image.colored, LzwTable::Keep);
-    if (palette.transparent >= 0) {
-        tryCoding(image.pixels, none, LzwTable::Keep);
-        tryCoding(image.colored, image.pixels, LzwTable::Keep);
-    }
-    return imageBlock(change, palette, best);
+    const bool someTransparent = palette.hasTransparent && !change.before.isNull();
+    const std::span<const std::uint8_t> alternatives =
+        someTransparent ? image.colored : std::span<const std::uint8_t>();
+    const QByteArray data =
+        encodeLzw(image.pixels, alternatives, image.bits,
+                  effort == GifEffort::Search ? LzwEffort::Search : LzwEffort::Quick);
+    return controlBlock(hundredths, someTransparent) + imageBlock(change, palette, data);
 }
 
 }  // namespace
@@ -234,68 +231,94 @@ QRect changedRect(const QImage& before, const QImage& after) {
 }
 
 GifWriter::GifWriter(QSize size, Sink sink, GifEffort effort, std::vector<QRgb> palette)
-    : size_(size), sink_(std::move(sink)), effort_(effort), palette_(std::move(palette)) {
+    : size_(size),
+      sink_(std::move(sink)),
+      effort_(effort),
+      paletteHoldsAll_(!palette.empty()),
+      palette_(std::move(palette)) {
     if (size.isEmpty() || size.width() > MaxSide || size.height() > MaxSide) {
         fail("a GIF holds pictures of 1 to 65535 pixels a side");
     }
 }
 
-void GifWriter::addImage(const QImage& picture, qint64 hundredths) {
-    if (picture.size() != size_ || picture.format() != QImage::Format_RGB32) {
-        fail("the images differ in size or format");
+std::size_t GifWriter::picturesAtATime(QSize size) {
+    constexpr qint64 Pixels = 4'000'000;
+    constexpr qint64 Most = 32;
+    return static_cast<std::size_t>(std::clamp<qint64>(
+        Pixels / std::max<qint64>(1, qint64{size.width()} * size.height()), 1, Most));
+}
+
+void GifWriter::addImages(const std::vector<TimedPicture>& images) {
+    for (const TimedPicture& image : images) {
+        if (image.picture.size() != size_ || image.picture.format() != QImage::Format_RGB32) {
+            fail("the images differ in size or format");
+        }
+    }
+    if (images.empty()) {
+        return;
     }
     if (last_.isNull()) {
-        if (palette_.empty()) {
-            palette_ = ownPalette({picture.rect(), picture, last_}).index.colors();
-        }
-        writeStart();
+        start(images.front().picture);
     }
-    for (; hundredths > MaxDelay; hundredths -= MaxDelay) {
-        writeImage(picture, MaxDelay);
+    std::vector<QByteArray> blocks(images.size());
+    parallelFor(images.size(), [&](std::size_t i) {
+        blocks[i] = coded(i == 0 ? last_ : images[i - 1].picture, images[i]);
+    });
+    for (const QByteArray& block : blocks) {
+        sink_(block);
     }
-    writeImage(picture, static_cast<int>(hundredths));
+    last_ = images.back().picture;
 }
 
 void GifWriter::finish() {
     sink_(QByteArray(1, ';'));
 }
 
-void GifWriter::writeStart() {
-    const std::size_t places = std::min<std::size_t>(palette_.size() + 1, 256);
-    std::vector<QRgb> colors = palette_;
-    colors.resize(places);
+void GifWriter::start(const QImage& picture) {
+    if (palette_.empty()) {
+        palette_ = ownPalette({picture.rect(), picture, last_}).colors;
+    }
+    const Palette common(palette_, palette_.size() < 256);
     QByteArray start = "GIF89a";
     appendWord(start, size_.width());
     appendWord(start, size_.height());
-    const int bits = bitsFor(places);
+    const int bits = bitsFor(common.colors.size());
     start.append(static_cast<char>(0x80 | (bits - 1) << 4 | (bits - 1)));
     start.append(2, '\0');
-    appendColors(start, colors);
+    appendColors(start, common.colors);
     start += QByteArray::fromHex("21ff0b") + "NETSCAPE2.0" + QByteArray::fromHex("0301000000");
     sink_(start);
 }
 
-void GifWriter::writeImage(const QImage& picture, int hundredths) {
-    QRect rect = last_.isNull() ? picture.rect() : changedRect(last_, picture);
+QByteArray GifWriter::coded(const QImage& before, const TimedPicture& image) const {
+    const qint64 first = std::min<qint64>(image.hundredths, MaxDelay);
+    QByteArray blocks = codedOnce(before, image.picture, static_cast<int>(first));
+    for (qint64 rest = image.hundredths - first; rest > 0; rest -= MaxDelay) {
+        blocks += codedOnce(image.picture, image.picture,
+                            static_cast<int>(std::min<qint64>(rest, MaxDelay)));
+    }
+    return blocks;
+}
+
+QByteArray GifWriter::codedOnce(const QImage& before, const QImage& picture, int hundredths) const {
+    QRect rect = before.isNull() ? picture.rect() : changedRect(before, picture);
     if (rect.isEmpty()) {
         rect = QRect(0, 0, 1, 1);  // an image must have a pixel
     }
-    const Change change{rect, picture, last_};
-    std::optional<Palette> palette = commonPalette(change, palette_);
+    const Change change{rect, picture, before};
+    const std::optional<Palette> common = commonPalette(change, palette_);
     QByteArray block;
-    if (palette) {
-        block = codeImage(change, *palette, effort_);
+    if (common) {
+        block = codeImage(change, *common, hundredths, effort_);
     }
-    if (!palette || (effort_ == GifEffort::Search && !last_.isNull())) {
-        Palette own = ownPalette(change);
-        const QByteArray ownBlock = codeImage(change, own, effort_);
-        if (!palette || ownBlock.size() < block.size()) {
-            palette = std::move(own);
-            block = ownBlock;
+    const bool tryOwn = effort_ == GifEffort::Search && !paletteHoldsAll_ && !before.isNull();
+    if (!common || tryOwn) {
+        const QByteArray own = codeImage(change, ownPalette(change), hundredths, effort_);
+        if (!common || own.size() < block.size()) {
+            block = own;
         }
     }
-    sink_(controlBlock(hundredths, palette->transparent) + block);
-    last_ = picture;
+    return block;
 }
 
 }  // namespace nubivane

@@ -36,7 +36,8 @@ class ImageEx {
     /// white sheet. Delays that are no whole hundredths are spread so that the sum is right; an
     /// image that would then show for no time is left out.
     static void AssembleGif(const FrameList& list, const QString& path,
-                            const PictureProgress& progress = {});
+                            const PictureProgress& progress = {},
+                            GifQuality quality = GifQuality::Usual);
 
     /// Writes a GIF again with fewer bytes and the same colours and times. A file that cannot be
     /// made smaller, has see-through places or is damaged is passed on as it is. Only with `mode` 2

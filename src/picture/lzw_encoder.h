@@ -7,10 +7,10 @@
 
 namespace nubivane {
 
-/// What the coder does when its table of 4096 codes is full.
-enum class LzwTable {
-    StartOver,  ///< begins a new one at once: best for what changes from place to place
-    Keep,       ///< goes on with it while it still serves: best for what repeats
+/// How hard the coder tries to find the fewest bytes.
+enum class LzwEffort {
+    Quick,   ///< follows the first string that fits; begins a new table of codes when one is full
+    Search,  ///< tries also to follow several strings at once, and many places for new tables
 };
 
 /// The image data of a GIF (Appendix F of GIF89a): the code size, then sub-blocks, the empty one at
@@ -19,6 +19,6 @@ enum class LzwTable {
 /// A pixel may be given two indexes that look the same; the coder takes whichever prolongs the
 /// string that it is following. `alternatives` is empty or as long as `pixels`.
 QByteArray encodeLzw(std::span<const std::uint8_t> pixels,
-                     std::span<const std::uint8_t> alternatives, int bits, LzwTable table);
+                     std::span<const std::uint8_t> alternatives, int bits, LzwEffort effort);
 
 }  // namespace nubivane

@@ -11,10 +11,9 @@ namespace nubivane {
 
 namespace {
 
-/// As much dithering as breaks up bands of near colours, and no more: full dithering costs a
-/// quarter more bytes and shows as noise.
-constexpr float DitherLevel = 0.5F;
-constexpr int Speed = 4;  // 1 is slowest; 3 finds hardly better palettes in twice the time
+// 1 is slowest; 3 finds hardly better palettes in twice the time
+constexpr int UsualSpeed = 4;
+constexpr int ThoroughSpeed = 1;
 constexpr std::size_t KnownSlots = 4096;
 
 void check(liq_error error) {
@@ -57,11 +56,12 @@ std::vector<QRgb> colorsOf(liq_result* result) {
 
 }  // namespace
 
-Quantizer::Quantizer(int colors)
+Quantizer::Quantizer(int colors, Effort effort)
     : attributes_(liq_attr_create(), liq_attr_destroy),
       histogram_(liq_histogram_create(attributes_.get()), liq_histogram_destroy) {
     check(liq_set_max_colors(attributes_.get(), colors));
-    check(liq_set_speed(attributes_.get(), Speed));
+    check(
+        liq_set_speed(attributes_.get(), effort == Effort::Thorough ? ThoroughSpeed : UsualSpeed));
 }
 
 Quantizer::~Quantizer() = default;
@@ -104,25 +104,6 @@ Quantizer::LiqResult Quantizer::quantize() {
 
 std::vector<QRgb> Quantizer::palette() {
     return colorsOf(quantize().get());
-}
-
-std::vector<QRgb> Quantizer::paletteAndDither(QImage& picture) {
-    const auto result = quantize();
-    check(liq_set_dithering_level(result.get(), DitherLevel));
-    const LiqImage image = liqImage(attributes_.get(), picture);
-    std::vector<unsigned char> indexes(static_cast<std::size_t>(picture.width()) *
-                                       static_cast<std::size_t>(picture.height()));
-    check(liq_write_remapped_image(result.get(), image.get(), indexes.data(), indexes.size()));
-
-    std::vector<QRgb> colors = colorsOf(result.get());
-    const unsigned char* index = indexes.data();
-    for (int y = 0; y < picture.height(); ++y) {
-        auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
-        for (int x = 0; x < picture.width(); ++x) {
-            line[x] = colors[*index++];
-        }
-    }
-    return colors;
 }
 
 NearestColor::NearestColor(std::vector<QRgb> palette) : palette_(std::move(palette)) {

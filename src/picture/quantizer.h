@@ -18,12 +18,14 @@ struct CountedColor {
     quint32 pixels;
 };
 
-/// Finds the palette that suits many colours best, and dithers pictures with it. Raises `Error`
+/// Finds the palette that suits many colours best. Raises `Error`
 /// (InvalidPicture) when that fails, which only a lack of memory explains.
 class Quantizer {
   public:
+    enum class Effort { Usual, Thorough };
+
     /// For a palette of 2 to 256 colours.
-    explicit Quantizer(int colors);
+    explicit Quantizer(int colors, Effort effort = Effort::Usual);
     ~Quantizer();
 
     /// The pixels of a picture (RGB32); where `counts` is given, those that are not 0 in it, which
@@ -36,8 +38,6 @@ class Quantizer {
     void keep(const std::vector<QRgb>& colors);
 
     std::vector<QRgb> palette();
-    /// The palette, after a picture (RGB32) was dithered with it in place.
-    std::vector<QRgb> paletteAndDither(QImage& picture);
 
   private:
     using LiqResult = std::unique_ptr<liq_result, void (*)(liq_result*)>;

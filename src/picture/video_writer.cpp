@@ -1,7 +1,11 @@
 #include "picture/video_writer.h"
 
 #include "core/error.h"
+#include "core/host_files.h"
 #include "core/replaced_file.h"
+
+#include <QFileInfo>
+#include <QTemporaryFile>
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -43,12 +47,14 @@ T* checked(T* made) {
 }
 
 int writePacket(void* file, std::uint8_t* bytes, int size) {
-    auto& device = static_cast<ReplacedFile*>(file)->device();
-    return device.write(reinterpret_cast<const char*>(bytes), size) == size ? size : AVERROR(EIO);
+    auto& device = *static_cast<QFileDevice*>(file);
+    // Flushed at once, since the library may read what it wrote by ways of its own.
+    const bool ok = device.write(reinterpret_cast<const char*>(bytes), size) == size;
+    return ok && device.flush() ? size : AVERROR(EIO);
 }
 
 std::int64_t seek(void* file, std::int64_t offset, int whence) {
-    auto& device = static_cast<ReplacedFile*>(file)->device();
+    auto& device = *static_cast<QFileDevice*>(file);
     if (whence == AVSEEK_SIZE) {
         return device.size();
     }
@@ -70,6 +76,17 @@ struct FreeContext {
 
 template <class T>
 using Handle = std::unique_ptr<T, FreeContext>;
+
+/// A file beside a target that goes with this object.
+std::unique_ptr<QTemporaryFile> scratchBeside(const QString& path) {
+    const QFileInfo target(host_files::toHost(path));
+    auto file = std::make_unique<QTemporaryFile>(target.absolutePath() + "/.video-XXXXXX");
+    if (!file->open()) {
+        throw Error(error_number::FileAccess, "file", "Cannot write " + target.filePath() + ".",
+                    file->errorString());
+    }
+    return file;
+}
 
 /// What a format needs to be told.
 struct FormatRow {
@@ -93,6 +110,9 @@ class VideoWriter::Encoder {
   public:
     Encoder(const QString& path, VideoFormat format, QSize size, VideoRate rate)
         : row_(rowOf(format)), size_(size), file_(path) {
+        if (format == VideoFormat::Mp4) {
+            scratch_ = scratchBeside(path);
+        }
         openContainer();
         openCodec(format, rate);
         frame_.reset(checked(av_frame_alloc()));
@@ -101,7 +121,7 @@ class VideoWriter::Encoder {
         frame_->height = size.height();
         check(av_frame_get_buffer(frame_.get(), 0));
         packet_.reset(checked(av_packet_alloc()));
-        check(avformat_write_header(container_.get(), nullptr));
+        writeHeader();
     }
 
     void add(const QImage& picture) {
@@ -121,17 +141,48 @@ class VideoWriter::Encoder {
         encode(nullptr);
         check(av_write_trailer(container_.get()));
         avio_flush(io_.get());
+        if (scratch_) {
+            takeOver();
+        }
         file_.commit();
     }
 
   private:
+    QFileDevice& device() { return scratch_ ? *scratch_ : file_.device(); }
+
+    void writeHeader() {
+        AVDictionary* options = nullptr;
+        if (scratch_) {
+            // The table of contents goes to the front, so that a page plays what it has loaded. For
+            // that the library reads its own file again.
+            const QByteArray url = "file:" + QFile::encodeName(scratch_->fileName());
+            container_->url = checked(av_strdup(url.constData()));
+            check(av_dict_set(&options, "movflags", "+faststart", 0));
+        }
+        const int result = avformat_write_header(container_.get(), &options);
+        av_dict_free(&options);
+        check(result);
+    }
+
+    void takeOver() {
+        constexpr qint64 Piece = 1 << 20;
+        scratch_->seek(0);
+        for (QByteArray bytes = scratch_->read(Piece); !bytes.isEmpty();
+             bytes = scratch_->read(Piece)) {
+            file_.append(bytes);
+        }
+        if (scratch_->error() != QFileDevice::NoError) {
+            fail(scratch_->errorString());
+        }
+    }
+
     void openContainer() {
         AVFormatContext* container = nullptr;
         check(avformat_alloc_output_context2(&container, nullptr, row_.container, nullptr));
         container_.reset(container);
         auto* buffer = static_cast<unsigned char*>(checked(av_malloc(BufferBytes)));
         io_.reset(checked(
-            avio_alloc_context(buffer, BufferBytes, 1, &file_, nullptr, writePacket, seek)));
+            avio_alloc_context(buffer, BufferBytes, 1, &device(), nullptr, writePacket, seek)));
         container_->pb = io_.get();
         // The same pictures give the same file.
         container_->flags |= AVFMT_FLAG_BITEXACT;
@@ -198,6 +249,7 @@ class VideoWriter::Encoder {
     FormatRow row_;
     QSize size_;
     ReplacedFile file_;
+    std::unique_ptr<QTemporaryFile> scratch_;  ///< where the whole is put in order first, if at all
     Handle<AVIOContext> io_;
     Handle<AVFormatContext> container_;
     Handle<AVCodecContext> codec_;

@@ -123,6 +123,16 @@ TEST_F(Exports, FilmHasAnImageForEachFrame) {
     EXPECT_EQ(images[1].delay, 250);
 }
 
+TEST_F(Exports, FineGifsAreAsLongAndNoVideosAreFine) {
+    expectDone(run({"anigif", project, "1", out("usual.gif")}), {out("usual.gif")});
+    expectDone(run({"anigif", project, "1", out("fine.gif"), "--fine"}), {out("fine.gif")});
+    EXPECT_EQ(readGif(readFile(out("fine.gif"))).size(),
+              readGif(readFile(out("usual.gif"))).size());
+    expectDone(run({"film", project, out("film.gif"), "--fine"}), {out("film.gif")});
+    EXPECT_EQ(readGif(readFile(out("film.gif"))).size(), 2U);
+    EXPECT_EQ(run({"avi", project, "1", out("a.avi"), "--fine"}).exitCode, 2);
+}
+
 TEST_F(Exports, TheIntervalOfAFilmIsOneSecondUnlessItIsGiven) {
     run({"film", project, out("film.gif")});
     EXPECT_EQ(readGif(readFile(out("film.gif")))[0].delay, 100);

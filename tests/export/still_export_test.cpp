@@ -51,6 +51,24 @@ TEST_F(StillExport, AMovingSymbolShowsItsFirstImage) {
     EXPECT_EQ(decodePicture(readFile(outputHost("a.png"))).pixel(0, 0), Red);
 }
 
+TEST_F(StillExport, AStageThatServesSeveralFramesShowsEachAlone) {
+    workspace.Frames().Add();
+    workspace.pctPanel.resize(2);
+    workspace.pctPanel.setPicture(2, Picture(plainImage({80, 30}, Qt::green)));
+    makeSymbol("dot.gif", {5, 5});
+    addSymbol("dot.gif", {7, 9}, 1);
+    addLabel("rain", {20, 5}, -1, 1);
+    addSymbol("dot.gif", {3, 3}, 2);
+    ExportStage stage(workspace);
+    for (const qint32 frame : {1, 2, 1}) {
+        saveMapFile(stage, frame, output("a.png"), watcher);
+        EXPECT_EQ(
+            decodePicture(readFile(outputHost("a.png"))).convertToFormat(QImage::Format_RGB32),
+            renderFrame(workspace, frame))
+            << frame;
+    }
+}
+
 TEST_F(StillExport, TheEndOfTheNameMayHaveAnyCase) {
     save("map.JPG");
     EXPECT_EQ(probePicture(readFile(outputHost("map.JPG"))).format, PictureFormat::Jpeg);

@@ -7,6 +7,8 @@
 #include "stage_fixture.h"
 #include "support/processes.h"
 
+#include <QtEndian>
+
 namespace nubivane::testing {
 
 namespace {
@@ -130,6 +132,32 @@ TEST_F(VideoExport, AnMp4LastsAsLongAsItsCaptures) {
     EXPECT_TRUE(found.contains("duration=1.100000")) << found.join(u' ').toStdString();
     // Colours have half the resolution here, and the blue of this map changes from pixel to pixel.
     EXPECT_GT(psnr(frameOf("a.mp4", 5), renderFrame(workspace, 1, 500)), 25);
+}
+
+TEST_F(VideoExport, AnMp4BeginsWithItsTableOfContents) {
+    addSymbol("dot.gif", {0, 0});
+    saveMp4(workspace, 1, output("a.mp4"), {}, watcher);
+    const QByteArray file = readFile(outputHost("a.mp4"));
+    QByteArrayList parts;
+    for (qsizetype at = 0; at + 8 <= file.size();) {
+        parts << file.mid(at + 4, 4);
+        const auto size = qFromBigEndian<quint32>(file.constData() + at);
+        ASSERT_GE(size, 8U);
+        at += size;
+    }
+    ASSERT_TRUE(parts.contains("moov"));
+    EXPECT_LT(parts.indexOf("moov"), parts.indexOf("mdat"));
+    EXPECT_EQ(outputs(), QStringList({"a.mp4"}));
+}
+
+TEST_F(VideoExport, AFailedMp4LeavesTheOldFileAndNothingElse) {
+    writeFile(outputHost("a.mp4"), "old");
+    EXPECT_THROW(saveMp4(workspace, 1, output("none\\a.mp4"), {}, watcher), Error);
+    workspace.clearTempPicture();
+    QFile::remove(host("Maps/map.png"));
+    EXPECT_THROW(saveMp4(workspace, 1, output("a.mp4"), {}, watcher), Error);
+    EXPECT_EQ(outputs(), QStringList({"a.mp4"}));
+    EXPECT_EQ(readFile(outputHost("a.mp4")), "old");
 }
 
 TEST_F(VideoExport, AnMp4OfOddSidesLosesAPixel) {

@@ -143,6 +143,29 @@ TEST(GifColors, ALineDrawnOnTheNextMapLeavesTheRestOfItAlone) {
     EXPECT_EQ(changedColors(first, second), QSet<QRgb>({qRgb(255, 0, 0)}));
 }
 
+TEST(GifColors, FineComesCloserToAShadedMap) {
+    const QImage map = shaded(Size);
+    const QImage usual = GifColors(GifQuality::Usual).next({map, map});
+    const QImage fine = GifColors(GifQuality::Fine).next({map, map});
+    EXPECT_GT(psnr(fine, map), psnr(usual, map));
+    EXPECT_LE(colorsOf(fine).size(), 256);
+}
+
+TEST(GifColors, AShadedSymbolIsNotBandedByAMapOfManyColours) {
+    const QImage map = shaded({300, 220});
+    // A ball that goes from yellow to orange, hardly a hundredth of the picture.
+    const QRect ball(130, 90, 24, 24);
+    QImage picture = map;
+    for (int y = ball.top(); y <= ball.bottom(); ++y) {
+        for (int x = ball.left(); x <= ball.right(); ++x) {
+            picture.setPixel(x, y, qRgb(250, 240 - 4 * (x - ball.left()), 6 * (y - ball.top())));
+        }
+    }
+    const QImage shown = GifColors().next({picture, map});
+    EXPECT_GT(psnr(shown.copy(ball), picture.copy(ball)), 24);
+    EXPECT_GT(colorsOf(shown.copy(ball)).size(), 12);
+}
+
 TEST(GifColors, TheSamePicturesGiveTheSameColours) {
     const QImage map = shaded(Size);
     QImage picture = map;

@@ -2,7 +2,9 @@
 
 #include "core/error.h"
 #include "core/host_files.h"
+#include "picture/gif_outline.h"
 #include "picture/gif_reader.h"
+#include "picture/gif_writer.h"
 #include "picture/image_codec.h"
 #include "picture/made_pictures.h"
 #include "picture/small_gif.h"
@@ -15,6 +17,25 @@
 namespace nubivane::testing {
 
 namespace {
+
+/// Walks over the blocks of a GIF of ours; `use(place)` hears where each image descriptor stands.
+void forEachImage(const QByteArray& gif, const std::function<void(qsizetype)>& use) {
+    const auto byteAt = [&gif](qsizetype at) { return static_cast<uchar>(gif.at(at)); };
+    const auto colors = [](int packed) { return (packed & 0x80) != 0 ? 6 << (packed & 7) : 0; };
+    qsizetype at = 13 + colors(byteAt(10));
+    while (byteAt(at) != ';') {
+        if (byteAt(at) == ',') {
+            use(at);
+            at += 11 + colors(byteAt(at + 9));
+        } else {
+            at += 2;
+        }
+        while (byteAt(at) != 0) {
+            at += 1 + byteAt(at);
+        }
+        ++at;
+    }
+}
 
 class ImageExTest : public ::testing::Test {
   protected:
@@ -144,6 +165,69 @@ TEST_F(ImageExTest, OptimizingChangesBytesAndNothingElse) {
         EXPECT_EQ(optimized[i].delay, shown[i].delay) << i;
     }
     EXPECT_EQ(files(), QStringList({"a.gif"}));
+}
+
+TEST_F(ImageExTest, OfManyCapturesOnlyAFewAreHeldAtATime) {
+    constexpr QSize Size(800, 600);
+    // The writer works on some side by side; of the colours' steps, and of the capture in hand,
+    // there are a few more.
+    const int few = static_cast<int>(GifWriter::picturesAtATime(Size)) + 4;
+    int held = 0;
+    int most = 0;
+    FrameList list;
+    for (int i = 0; i < 24; ++i) {
+        list.push_back({5, Size, [&, i] {
+                            auto* pixels =
+                                new std::vector<QRgb>(static_cast<std::size_t>(Size.width()) *
+                                                          static_cast<std::size_t>(Size.height()),
+                                                      qRgb(i, 0, 0));
+                            most = std::max(most, ++held);
+                            const QImage picture(
+                                reinterpret_cast<uchar*>(pixels->data()), Size.width(),
+                                Size.height(), QImage::Format_RGB32,
+                                [](void* context) {
+                                    const auto* owner =
+                                        static_cast<std::pair<int*, std::vector<QRgb>*>*>(context);
+                                    --*owner->first;
+                                    delete owner->second;
+                                    delete owner;
+                                },
+                                new std::pair(&held, pixels));
+                            return Capture{picture, picture};
+                        }});
+    }
+    ImageEx::AssembleGif(list, path());
+    EXPECT_EQ(held, 0);
+    EXPECT_LE(most, few);
+    EXPECT_EQ(gifOutline(readFile(host())).value_or(GifOutline{}).images, 24);
+}
+
+TEST_F(ImageExTest, OptimizedColoursOfWholeAnimationStandInOnePalette) {
+    // Each image brings another colour, which the first does not have.
+    ImageEx::AssembleGif(listOf(10, 7), path());
+    ImageEx::OptimizeGif(path(), path(), 2);
+    int count = 0;
+    const QByteArray gif = readFile(host());
+    forEachImage(gif, [&](qsizetype at) {
+        EXPECT_EQ(gif.at(at + 9), 0) << "a palette of its own";
+        ++count;
+    });
+    EXPECT_EQ(count, 10);
+}
+
+TEST_F(ImageExTest, ImagesOfFewColoursHaveShortCodes) {
+    // 200 colours on the map, two that move: the moving ones and "transparent" take two bits.
+    const QImage map = scattered({60, 40}, 200);
+    FrameList list;
+    for (int i = 0; i < 5; ++i) {
+        list.push_back(column(7, withSquare(map, {0, 0, 20, 20}, i % 2 ? Qt::red : Qt::blue)));
+    }
+    ImageEx::AssembleGif(list, path());
+    ImageEx::OptimizeGif(path(), path(), 2);
+    const QByteArray gif = readFile(host());
+    QList<int> codeSizes;
+    forEachImage(gif, [&](qsizetype at) { codeSizes << gif.at(at + 10); });
+    EXPECT_EQ(codeSizes, QList<int>({8, 2, 2, 2, 2}));
 }
 
 TEST_F(ImageExTest, OptimizingCanWriteToAnotherName) {

@@ -41,38 +41,38 @@ Pixels noise(std::size_t count, int colors, unsigned seed = 3) {
     return pixels;
 }
 
-class LzwEncoder : public ::testing::TestWithParam<std::tuple<int, LzwTable>> {
+class LzwEncoder : public ::testing::TestWithParam<std::tuple<int, LzwEffort>> {
   protected:
     int bits() const { return std::get<0>(GetParam()); }
-    LzwTable table() const { return std::get<1>(GetParam()); }
+    LzwEffort effort() const { return std::get<1>(GetParam()); }
 };
 
 }  // namespace
 
 TEST_P(LzwEncoder, NoiseThatFillsTheTableManyTimesComesBack) {
     const Pixels pixels = noise(300 * 200, 1 << bits());
-    EXPECT_EQ(decoded(encodeLzw(pixels, {}, bits(), table()), 300, 200), pixels);
+    EXPECT_EQ(decoded(encodeLzw(pixels, {}, bits(), effort()), 300, 200), pixels);
 }
 
 TEST_P(LzwEncoder, EveryLengthOfAPlainAreaComesBack) {
     // The codes widen at different places behind the last pixel.
     for (int length = 1; length < 700; ++length) {
         const Pixels pixels(static_cast<std::size_t>(length), 1);
-        ASSERT_EQ(decoded(encodeLzw(pixels, {}, bits(), table()), length, 1), pixels) << length;
+        ASSERT_EQ(decoded(encodeLzw(pixels, {}, bits(), effort()), length, 1), pixels) << length;
     }
 }
 
 TEST_P(LzwEncoder, EveryLengthOfNoiseComesBack) {
     for (int length = 1; length < 700; ++length) {
         const Pixels pixels = noise(static_cast<std::size_t>(length), 1 << bits());
-        ASSERT_EQ(decoded(encodeLzw(pixels, {}, bits(), table()), length, 1), pixels) << length;
+        ASSERT_EQ(decoded(encodeLzw(pixels, {}, bits(), effort()), length, 1), pixels) << length;
     }
 }
 
 TEST_P(LzwEncoder, WhereTwoIndexesAreGivenOneOfThemComesBack) {
     const Pixels pixels = noise(300 * 200, 1 << bits(), 3);
     const Pixels alternatives = noise(300 * 200, 1 << bits(), 4);
-    const Pixels back = decoded(encodeLzw(pixels, alternatives, bits(), table()), 300, 200);
+    const Pixels back = decoded(encodeLzw(pixels, alternatives, bits(), effort()), 300, 200);
     for (std::size_t i = 0; i < pixels.size(); ++i) {
         ASSERT_TRUE(back[i] == pixels[i] || back[i] == alternatives[i]) << i;
     }
@@ -80,8 +80,8 @@ TEST_P(LzwEncoder, WhereTwoIndexesAreGivenOneOfThemComesBack) {
 
 INSTANTIATE_TEST_SUITE_P(Codings, LzwEncoder,
                          ::testing::Combine(::testing::Values(2, 3, 5, 7, 8),
-                                            ::testing::Values(LzwTable::StartOver,
-                                                              LzwTable::Keep)));
+                                            ::testing::Values(LzwEffort::Quick,
+                                                              LzwEffort::Search)));
 
 TEST(LzwChoice, ATableThatStillServesIsKept) {
     // Rows of one pattern: what was learned at the start serves to the end.
@@ -90,15 +90,48 @@ TEST(LzwChoice, ATableThatStillServesIsKept) {
     for (int y = 0; y < 400; ++y) {
         pixels.insert(pixels.end(), row.begin(), row.end());
     }
-    EXPECT_LT(encodeLzw(pixels, {}, 8, LzwTable::Keep).size(),
-              encodeLzw(pixels, {}, 8, LzwTable::StartOver).size());
+    EXPECT_LT(encodeLzw(pixels, {}, 8, LzwEffort::Search).size(),
+              encodeLzw(pixels, {}, 8, LzwEffort::Quick).size() * 9 / 10);
+}
+
+TEST(LzwChoice, ATableThatHasCeasedToServeIsGivenUpBeforeItIsFull) {
+    // Two patterns, the first half of the image each: what the first taught is of no use.
+    Pixels pixels;
+    for (const unsigned seed : {3U, 4U}) {
+        const Pixels row = noise(300, 60, seed);
+        for (int y = 0; y < 60; ++y) {
+            pixels.insert(pixels.end(), row.begin(), row.end());
+        }
+    }
+    const QByteArray quick = encodeLzw(pixels, {}, 6, LzwEffort::Quick);
+    const QByteArray searched = encodeLzw(pixels, {}, 6, LzwEffort::Search);
+    EXPECT_LE(searched.size(), quick.size());
+    EXPECT_EQ(decoded(searched, 300, 120), pixels);
 }
 
 TEST(LzwChoice, AnAlternativeThatContinuesAStringSavesCodes) {
     const Pixels pixels = noise(20'000, 2);
     const Pixels plain(20'000, 0);
-    EXPECT_LT(encodeLzw(pixels, plain, 8, LzwTable::StartOver).size(),
-              encodeLzw(pixels, {}, 8, LzwTable::StartOver).size());
+    for (const LzwEffort effort : {LzwEffort::Quick, LzwEffort::Search}) {
+        EXPECT_LT(encodeLzw(pixels, plain, 8, effort).size(),
+                  encodeLzw(pixels, {}, 8, effort).size());
+    }
+}
+
+TEST(LzwChoice, FollowingSeveralStringsNeverCostsBytes) {
+    for (unsigned seed = 1; seed < 20; ++seed) {
+        const Pixels pixels = noise(5000, 6, seed);
+        const Pixels alternatives = noise(5000, 6, seed + 100);
+        const QByteArray searched = encodeLzw(pixels, alternatives, 3, LzwEffort::Search);
+        EXPECT_LT(searched.size(), encodeLzw(pixels, alternatives, 3, LzwEffort::Quick).size());
+    }
+}
+
+TEST(LzwChoice, AnImageOfOnePixelIsWritten) {
+    const Pixels pixels{1};
+    for (const LzwEffort effort : {LzwEffort::Quick, LzwEffort::Search}) {
+        EXPECT_EQ(decoded(encodeLzw(pixels, Pixels{0}, 2, effort), 1, 1), pixels);
+    }
 }
 
 }  // namespace nubivane::testing
