@@ -4,6 +4,7 @@
 #include "core/version.h"
 #include "services/publisher.h"
 #include "widgets/icons.h"
+#include "widgets/link_label.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -138,14 +139,9 @@ QWidget* frmAbout::makeLink(const char* captionName, const QString& caption, con
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(makeLabel(captionName, caption));
-    QLabel* link = makeLabel(linkName, {});
-    link->setTextFormat(Qt::RichText);
-    // The colour stands in the text: links take theirs from the program, not from their label.
-    link->setText(QStringLiteral("<a href=\"#\" style=\"color:%1\">%2</a>")
-                      .arg(colorsFor(palette()).link.name(), text.toHtmlEscaped()));
-    link->setAccessibleName(text);
-    link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
-    connect(link, &QLabel::linkActivated, this, [this, address] { shell_.openAddress(address); });
+    auto* link = new LinkLabel(text, colorsFor(palette()).link);
+    link->setObjectName(linkName);
+    link->activated = [this, address] { shell_.openAddress(address); };
     column->addWidget(link, 0, Qt::AlignLeft);
     pair->setVisible(!text.isEmpty());
     return pair;

@@ -74,11 +74,13 @@ void frmDownload::fetch(const QString& url) {
     lblInfo_->setText(tr("Downloading %1").arg(name));
     ProgressBar_->setRange(0, 0);  // moves to and fro until the first bytes come
     QDir().mkpath(folder_);
-    const QString target = freeName(name);
+    QString target;
     fetching_ = true;
-    const bool fetched =
-        !name.isEmpty() &&
-        downloader_.fetch(url, host_files::toModel(QDir(folder_).filePath(target)));
+    bool fetched = false;
+    if (!name.isEmpty()) {
+        target = freeName(name);
+        fetched = downloader_.fetch(url, host_files::toModel(QDir(folder_).filePath(target)));
+    }
     fetching_ = false;
     if (fetched) {
         showEnd(target);
@@ -116,7 +118,7 @@ void frmDownload::showEnd(const QString& name) {
 QString frmDownload::freeName(const QString& name) const {
     QString free = name;
     for (int n = 1; QFile::exists(QDir(folder_).filePath(free)); ++n) {
-        free = uniqueFileName(name, n);
+        free = name.contains(u'.') ? uniqueFileName(name, n) : name + u'_' + QString::number(n);
     }
     return free;
 }
