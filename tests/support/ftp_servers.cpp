@@ -149,7 +149,7 @@ RealFtpServer::RealFtpServer(const QString& kind, bool tls) {
     } else if (kind == u"proftpd") {
         startProftpd();
     } else if (kind == u"pure-ftpd") {
-        startPureFtpd();
+        startPureFtpd(tls);
     }
     waitForPort();
 }
@@ -241,7 +241,7 @@ void RealFtpServer::startProftpd() {
     start(program, {"-n", "-c", folder_.file("proftpd.conf")});
 }
 
-void RealFtpServer::startPureFtpd() {
+void RealFtpServer::startPureFtpd(bool tls) {
     const QString program = findServer("pure-ftpd");
     const QString maker = findServer("pure-pw");
     if (program.isEmpty() || maker.isEmpty()) {
@@ -259,9 +259,23 @@ void RealFtpServer::startPureFtpd() {
         return;
     }
     QFile::setPermissions(folder_.path(), QFile::Permissions(0x7755));
-    start(program,
-          {"-S", QStringLiteral("127.0.0.1,%1").arg(port_), "-l", "puredb:" + users + ".pdb", "-A",
-           "-E", "-H", "-u", "1", "-g", folder_.file("pid")});
+    QStringList words{"-S",
+                      QStringLiteral("127.0.0.1,%1").arg(port_),
+                      "-l",
+                      "puredb:" + users + ".pdb",
+                      "-A",
+                      "-E",
+                      "-H",
+                      "-u",
+                      "1",
+                      "-g",
+                      folder_.file("pid")};
+    if (tls) {
+        words << "-Y"
+              << "3"
+              << "-2" << folder_.file("both.pem");
+    }
+    start(program, words);
 }
 
 }  // namespace nubivane::testing
