@@ -24,9 +24,9 @@ constexpr int PortCharacters = 8;
 constexpr int FieldGap = 8;
 
 // Numbers of the check boxes.
-constexpr int Symbols = 0;
-constexpr int Maps = 1;
-constexpr int HtmlPage = 2;
+constexpr std::size_t Symbols = 0;
+constexpr std::size_t Maps = 1;
+constexpr std::size_t HtmlPage = 2;
 
 QLabel* makeLabel(const char* name, const QString& caption, QWidget* buddy = nullptr) {
     auto* label = new QLabel(caption);
@@ -130,14 +130,12 @@ QWidget* frmFtp::makeUploadList() {
     QWidget* frame = makeFrame("fraUploadList");
     auto* column = new QVBoxLayout(frame);
     column->addWidget(makeLabel("lblUpload", tr("Select files to upload to the ftp server")));
-    chkUpload_ = new QButtonGroup(this);
-    chkUpload_->setExclusive(false);
     for (const auto& [number, caption] :
          {std::pair(Symbols, tr("S&ymbols")), std::pair(Maps, tr("&Maps")),
           std::pair(HtmlPage, tr("Html &page"))}) {
         auto* box = new QCheckBox(caption);
         box->setObjectName("chkUpload" + QString::number(number));
-        chkUpload_->addButton(box, number);
+        chkUpload_.at(number) = box;
         column->addWidget(box);
     }
     column->addStretch();
@@ -180,7 +178,9 @@ void frmFtp::watchChanges() {
     }
     connect(optLogin_, &QButtonGroup::idToggled, this, changed);
     connect(optLogin_, &QButtonGroup::idToggled, this, &frmFtp::enableLogin);
-    connect(chkUpload_, &QButtonGroup::idToggled, this, changed);
+    for (const QCheckBox* box : chkUpload_) {
+        connect(box, &QCheckBox::toggled, this, changed);
+    }
     connect(tabFtp_, &QTabWidget::currentChanged, this, &frmFtp::enterTab);
 }
 
@@ -206,9 +206,9 @@ void frmFtp::load() {
     txtRemoteDir_->setText(settings.remoteFolder);
     txtnVaneDir_->setText(settings.nubivaneFolder);
     optLogin_->button(static_cast<int>(settings.login))->setChecked(true);
-    chkUpload_->button(Symbols)->setChecked(settings.groups.symbols);
-    chkUpload_->button(Maps)->setChecked(settings.groups.maps);
-    chkUpload_->button(HtmlPage)->setChecked(settings.groups.htmlPage);
+    chkUpload_.at(Symbols)->setChecked(settings.groups.symbols);
+    chkUpload_.at(Maps)->setChecked(settings.groups.maps);
+    chkUpload_.at(HtmlPage)->setChecked(settings.groups.htmlPage);
     enableLogin();
     cmdApply_->setEnabled(false);
 }
@@ -222,8 +222,8 @@ FtpSettings frmFtp::values() const {
         .remoteFolder = txtRemoteDir_->text(),
         .nubivaneFolder = txtnVaneDir_->text(),
         .login = static_cast<FtpLogin>(optLogin_->checkedId()),
-        .groups = {chkUpload_->button(Symbols)->isChecked(), chkUpload_->button(Maps)->isChecked(),
-                   chkUpload_->button(HtmlPage)->isChecked()},
+        .groups = {chkUpload_.at(Symbols)->isChecked(), chkUpload_.at(Maps)->isChecked(),
+                   chkUpload_.at(HtmlPage)->isChecked()},
     };
 }
 
@@ -254,7 +254,7 @@ void frmFtp::goTo(FtpField field) {
 }
 
 void frmFtp::enterTab() {
-    const std::array<QWidget*, 3> first{txtUrl_, txtRemoteDir_, chkUpload_->button(Symbols)};
+    const std::array<QWidget*, 3> first{txtUrl_, txtRemoteDir_, chkUpload_.at(Symbols)};
     first.at(static_cast<std::size_t>(tabFtp_->currentIndex()))->setFocus();
 }
 

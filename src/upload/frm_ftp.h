@@ -4,6 +4,7 @@
 
 #include <QDialog>
 
+#include <array>
 #include <functional>
 
 class QBoxLayout;
@@ -67,7 +68,7 @@ class frmFtp : public QDialog {
     QLineEdit* txtPassword_;
     QLineEdit* txtRemoteDir_;
     QLineEdit* txtnVaneDir_;
-    QButtonGroup* chkUpload_;  ///< symbols, maps, page
+    std::array<QCheckBox*, 3> chkUpload_;  ///< symbols, maps, page
     QPushButton* cmdApply_;
 };
 

@@ -439,18 +439,25 @@ TEST_F(FtpDialog, ReturnIsOk) {
 }
 
 TEST_F(FtpDialog, TheTabKeyWalksAsTheEyeDoes) {
-    run([this] {
-        box("txtUrl").setText("changed");  // enables cmdApply
-        QStringList names;
-        QWidget* const first = QApplication::focusWidget();
-        do {
-            names << QApplication::focusWidget()->objectName();
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        } while (QApplication::focusWidget() != first && names.size() < 30);
-        EXPECT_EQ(names, QStringList({"txtUrl", "txtPort", "optLogin0", "txtUserName",
-                                      "txtPassword", "cmdOK", "cmdCancel", "cmdApply", "cmdHelp",
-                                      "qt_tabwidget_tabbar"}));
-    });
+    const QList<std::pair<FtpTab, QStringList>> rows{
+        {FtpTab::Server, {"txtUrl", "txtPort", "optLogin0", "txtUserName", "txtPassword"}},
+        {FtpTab::Folders, {"txtRemoteDir", "txtnVaneDir"}},
+        {FtpTab::UploadList, {"chkUpload0", "chkUpload1", "chkUpload2"}}};
+    for (const auto& [tab, fields] : rows) {
+        run(
+            [&, fields = fields] {
+                box("txtUrl").setText("changed");  // enables cmdApply
+                QStringList names;
+                QWidget* const first = QApplication::focusWidget();
+                do {
+                    names << QApplication::focusWidget()->objectName();
+                    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+                } while (QApplication::focusWidget() != first && names.size() < 30);
+                EXPECT_EQ(names, fields + QStringList({"cmdOK", "cmdCancel", "cmdApply", "cmdHelp",
+                                                       "qt_tabwidget_tabbar"}));
+            },
+            tab);
+    }
 }
 
 TEST_F(FtpDialog, NoTwoControlsInSightShareAnAccessKey) {
@@ -478,6 +485,28 @@ TEST_F(FtpDialog, NoTwoControlsInSightShareAnAccessKey) {
             },
             tab);
     }
+}
+
+TEST_F(FtpDialog, AccessKeysReachTheFrameInSight) {
+    run(
+        [this] {
+            for (const Qt::Key key : {Qt::Key_Y, Qt::Key_M, Qt::Key_P}) {
+                QTest::keyClick(QApplication::focusWidget(), key, Qt::AltModifier);
+            }
+            const QStringList all{"1", "1", "1"};
+            // Qt shows a box being pressed for a moment before it changes.
+            EXPECT_TRUE(QTest::qWaitFor([&] { return checks() == all; }));
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::AltModifier);
+            EXPECT_TRUE(box("txtUrl").hasFocus());
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_P, Qt::AltModifier);
+            EXPECT_TRUE(box("txtPort").hasFocus());
+            EXPECT_EQ(checks(), all);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_F, Qt::AltModifier);
+            EXPECT_TRUE(box("txtRemoteDir").hasFocus());
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_N, Qt::AltModifier);
+            EXPECT_TRUE(box("txtnVaneDir").hasFocus());
+        },
+        FtpTab::UploadList);
 }
 
 TEST_F(FtpDialog, EveryControlThatTakesTheFocusHasAName) {

@@ -22,6 +22,7 @@ namespace {
 
 constexpr char SystemPython[] = "/usr/bin/python3";
 constexpr int StartMs = 20000;
+constexpr uint UnprivilegedId = 1000;
 
 sockaddr_in loopback(int port) {
     sockaddr_in address{};
@@ -248,13 +249,17 @@ void RealFtpServer::startPureFtpd(bool tls) {
         obstacle_ = "pure-ftpd is not installed";
         return;
     }
+    // A hash of its own maker would be so hard that a busy machine takes seconds over a login.
+    const ProcessResult hash = runProgram("openssl", {"passwd", "-6", FtpPassword});
     const QString users = folder_.file("users");
-    const QString script = QStringLiteral(
-        "printf '%s\\n%s\\n' \"$1\" \"$1\" | \"$0\" useradd \"$2\" -f \"$3\" "
-        "-u 1000 -g 1000 -d \"$4\" && \"$0\" mkdb \"$3.pdb\" -f \"$3\"");
-    const ProcessResult made =
-        runProgram("sh", {"-c", script, maker, FtpPassword, FtpUser, users, root()});
-    if (made.exitCode != 0 || ::chown(root().toLocal8Bit().constData(), 1000, 1000) != 0) {
+    writeFile(users, QStringLiteral("%1:%2:%3:%3::%4/./::::::::::::\n")
+                         .arg(FtpUser, QString::fromUtf8(hash.out.trimmed()))
+                         .arg(UnprivilegedId)
+                         .arg(root())
+                         .toUtf8());
+    const ProcessResult made = runProgram(maker, {"mkdb", users + ".pdb", "-f", users});
+    const QByteArray served = root().toLocal8Bit();
+    if (made.exitCode != 0 || ::chown(served.constData(), UnprivilegedId, UnprivilegedId) != 0) {
         obstacle_ = "pure-ftpd cannot be set up: " + QString::fromUtf8(made.err);
         return;
     }
