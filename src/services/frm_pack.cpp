@@ -44,8 +44,9 @@ frmPack::frmPack(const ProgramFolder& folder, const FtpServer& server, Shell& sh
     auto* column = new QVBoxLayout(this);
     column->addWidget(makePack(), 1);
     column->addLayout(makeButtons());
-    showProgress(false);
-    enableStart(false);
+    lblProgress_->hide();
+    ProgressBar_->hide();
+    cmdStart_->setEnabled(false);
 }
 
 QWidget* frmPack::makePack() {
