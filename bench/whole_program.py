@@ -6,6 +6,7 @@ show, start, upload. BUILD is a build folder of the preset "bench"; test project
 once and kept there.
 """
 import argparse
+import collections
 import glob
 import json
 import os
@@ -263,12 +264,32 @@ def bench_upload(bench):
             "curl": ["sh", "-c", 'cd "$0" && curl -sS -u user:secret -T "{$(ls | paste -sd,)}" "$1"',
                      symbols, address],
         }, before=clean)
+        clean()
+        open(log, "w").close()
+        subprocess.run([*cli, "upload", project, "--host", "127.0.0.1", "--port", str(server.port),
+                        "--user", "user", "--password-file", password], check=True,
+                       stderr=subprocess.DEVNULL)
     finally:
         server.close()
     ours = results["upload"]
     bench.row("nubivane-cli upload", ours, "wanted: at most 1.2 times lftp")
     bench.peer("lftp mput, one connection", results["lftp"], ours)
     bench.peer("curl -T, one connection", results["curl"], ours)
+    check_conversation(log, files=205)
+
+
+def check_conversation(log, files):
+    """One connection, each file once, and no command that an upload does not need."""
+    with open(log, encoding="utf-8") as file:
+        text = file.read()
+    connections = text.count("FTP session opened")
+    commands = collections.Counter(re.findall(r"<- (\w+)", text))
+    print("  %d connection, commands: %s" % (
+        connections, ", ".join("%s %d" % pair for pair in sorted(commands.items()))))
+    needed = {"AUTH", "USER", "PASS", "PWD", "MKD", "CWD", "TYPE", "EPSV", "STOR", "QUIT"}
+    if connections != 1 or commands["STOR"] != files or commands["EPSV"] != files \
+            or commands["TYPE"] != 1 or not needed.issuperset(commands):
+        sys.exit("the upload says more than it needs")
 
 
 BENCHMARKS = {"save": bench_save, "page": bench_page, "grow": bench_grow, "show": bench_show,

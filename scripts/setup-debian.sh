@@ -18,7 +18,11 @@ test_packages=(
     xvfb xdotool xclip libxml2-utils imagemagick binutils bsdutils
     ffmpeg gifsicle poppler-utils
     python3-pyftpdlib python3-openssl vsftpd openssl
+<<<<<<< HEAD
     appstream bash-completion desktop-file-utils lintian man-db mmdebstrap shared-mime-info
+=======
+    libcap2 libcrypt1 libpam0g libsodium23 libssl3 # of pure-ftpd, below
+>>>>>>> c798cfb67104dd121e9160b5639047ebc4583ef7
 )
 
 bench_packages=(
@@ -39,13 +43,26 @@ for package in "${packages[@]}"; do
     state=$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null || true)
     [ "$state" = "install ok installed" ] || missing+=("$package")
 done
-[ ${#missing[@]} -gt 0 ] || exit 0
-
 as_root=()
 if [ "$(id -u)" != 0 ]; then
     as_root=(sudo)
 fi
-echo "Installing: ${missing[*]}"
-"${as_root[@]}" apt-get update -q
-"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-    apt-get install -q -y --no-install-recommends "${missing[@]}"
+if [ ${#missing[@]} -gt 0 ]; then
+    echo "Installing: ${missing[*]}"
+    "${as_root[@]}" apt-get update -q
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -q -y --no-install-recommends "${missing[@]}"
+fi
+
+# Debian allows one FTP server on a machine. The tests want another beside vsftpd and start it
+# themselves, so its two programs are taken out of their package.
+if [ "${1:-build}" = test ] && ! [ -x /usr/local/sbin/pure-ftpd ]; then
+    echo "Unpacking: pure-ftpd"
+    scratch=$(mktemp -d)
+    trap 'rm -rf "$scratch"' EXIT
+    (cd "$scratch" && { apt-get download -q pure-ftpd ||
+        { "${as_root[@]}" apt-get update -q && apt-get download -q pure-ftpd; }; })
+    dpkg-deb -x "$scratch"/pure-ftpd_*.deb "$scratch/unpacked"
+    "${as_root[@]}" install -m 755 -t /usr/local/sbin "$scratch/unpacked/usr/sbin/pure-ftpd" \
+        "$scratch/unpacked/usr/bin/pure-pw"
+fi

@@ -175,7 +175,7 @@ void DesktopShell::openInBrowser(const QString& hostFile) {
 }
 
 void DesktopShell::openAddress(const QString& url) {
-    QDesktopServices::openUrl(QUrl(url));
+    QDesktopServices::openUrl(QUrl::fromUserInput(url));
 }
 
 bool DesktopShell::networkPresent() {

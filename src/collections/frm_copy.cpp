@@ -10,8 +10,6 @@
 #include <QCloseEvent>
 #include <QVBoxLayout>
 
-#include <memory>
-
 namespace nubivane {
 
 frmCopy::frmCopy(const Workspace& workspace, Shell& shell, QWidget* parent)
@@ -45,18 +43,7 @@ void frmCopy::Init(const QString& source, const QString& target) {
     target_ = target;
     setWindowTitle(tr("Importing map"));
     lblFile_->setText("Copying file " + getFileName(source) + " to maps folder");
-    gifCopy_->hide();
-    const QString film = workspace_.folder.entry("Media\\fileCopy.gif");
-    if (host_files::fileExists(film)) {
-        try {
-            const auto animation = std::make_shared<const Animation>(Animation::read(film));
-            gifCopy_->setFixedSize(animation->size());
-            gifCopy_->setAnimation(animation);
-            gifCopy_->show();
-        } catch (const Error&) {
-            // The copy goes as well without its film.
-        }
-    }
+    gifCopy_->playFile(workspace_.folder.entry("Media\\fileCopy.gif"));
     Timer1_.start(0);
     exec();
 }

@@ -51,7 +51,9 @@ frmMap::frmMap(Workspace& workspace, Shell& shell)
       copySpecial_(workspace, shell, canvas_, commands_, this),
       clipboardCommands_(workspace, canvas_, commands_),
       clearCommands_(workspace, shell, canvas_, *viewport_, commands_),
-      propertyCommands_(workspace, shell, canvas_, commands_, *this) {
+      propertyCommands_(workspace, shell, canvas_, commands_, *this),
+      publishCommands_({workspace, shell, *this}, commands_, this),
+      serviceCommands_({workspace, shell, *this}, commands_, this) {
     setObjectName("frmMap");
     setWindowIcon(programIcon("nubivane"));
     setAcceptDrops(true);

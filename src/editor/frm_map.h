@@ -14,7 +14,9 @@
 #include "editor/palette.h"
 #include "editor/project_commands.h"
 #include "editor/property_commands.h"
+#include "editor/publish_commands.h"
 #include "editor/recent_files_menu.h"
+#include "editor/service_commands.h"
 #include "editor/tool_strip.h"
 #include "model/editor_view.h"
 #include "picture/animation_cache.h"
@@ -116,6 +118,8 @@ class frmMap : public QMainWindow, public EditorView {
     ClipboardCommands clipboardCommands_;
     ClearCommands clearCommands_;
     PropertyCommands propertyCommands_;
+    PublishCommands publishCommands_;
+    ServiceCommands serviceCommands_;
     QRect normalGeometry_;
     bool initialized_ = false;
 };

@@ -164,6 +164,7 @@ void SymbolPacks::interrupt(const Error& error) {
 
 bool SymbolPacks::cancelClose() {
     if (!downloading_) {
+        transfer_.AbortTransfer();  // nobody waits for the list any more
         return true;
     }
     cancelled_ = true;

@@ -1,5 +1,7 @@
 #include "widgets/gif_animator.h"
 
+#include "core/error.h"
+
 #include <utility>
 
 namespace nubivane {
@@ -13,6 +15,18 @@ void GifAnimator::setAnimation(std::shared_ptr<const Animation> animation) {
     animation_ = std::move(animation);
     time_.start();
     showImageOfNow();
+}
+
+void GifAnimator::playFile(const QString& path) {
+    try {
+        const auto animation = std::make_shared<const Animation>(Animation::read(path));
+        setFixedSize(animation->size());
+        setAnimation(animation);
+        show();
+    } catch (const Error&) {
+        setAnimation(nullptr);
+        hide();
+    }
 }
 
 void GifAnimator::showImageOfNow() {

@@ -19,6 +19,9 @@ class GifAnimator : public PictureBox {
 
     /// Plays an animation from its start; nothing empties the box.
     void setAnimation(std::shared_ptr<const Animation> animation);
+    /// Plays a file (path with backslashes) at its own size. One that is not there or no picture
+    /// takes the box away: whatever it decorates goes on without it.
+    void playFile(const QString& path);
     bool isPlaying() const { return timer_.isActive(); }
 
   protected:

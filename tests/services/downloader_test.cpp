@@ -1,9 +1,8 @@
 #include "services/downloader.h"
 
-#include "support/fixtures.h"
+#include "support/web_server.h"
 
 #include <QDir>
-#include <QProcess>
 #include <QTimer>
 
 namespace nubivane::testing {
@@ -12,30 +11,19 @@ namespace {
 
 class Download : public ::testing::Test {
   protected:
-    Download() {
-        server_.start("/usr/bin/python3", {"-B", testFile("support/web_server.py")});
-        EXPECT_TRUE(server_.waitForReadyRead(30000));
-        address_ = "http://127.0.0.1:" + QString::fromUtf8(server_.readLine().trimmed());
-    }
-    ~Download() override {
-        server_.closeWriteChannel();
-        server_.waitForFinished();
-    }
-
-    QString url(const char* path) const { return address_ + path; }
+    QString url(const char* path) const { return server_.url(path); }
     QString hostTarget() const { return temporary.file("setup.exe"); }
     QString target() const { return hostTarget().replace('/', '\\'); }
     QStringList files() const {
         return QDir(temporary.path()).entryList(QDir::Files | QDir::Hidden);
     }
-    static QByteArray content() { return QByteArray("installer\n").repeated(30000); }
+    static QByteArray content() { return WebServerProcess::content(); }
 
     TemporaryFolder temporary;
     Downloader downloader{3, 2};
 
   private:
-    QProcess server_;
-    QString address_;
+    WebServerProcess server_;
 };
 
 }  // namespace

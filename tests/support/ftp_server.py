@@ -33,19 +33,22 @@ def main():
     parser.add_argument("--user", default="user")
     parser.add_argument("--password", default="secret")
     parser.add_argument("--fault", action="append", default=[])
+    parser.add_argument("--address", default="127.0.0.1", help="address of this machine to listen at")
+    parser.add_argument("--port", type=int, default=0, help="0 is any free one")
     parser.add_argument("--unix", action="store_true", help="only the slash parts names")
     parser.add_argument("--listing", help="a file whose bytes are sent for every NLST")
     choices = parser.parse_args()
-    listener = listen()
+    listener = listen(choices.address, choices.port)
     print(listener.getsockname()[1], flush=True)
     server = Server(choices)
     threading.Thread(target=server.accept, args=(listener,), daemon=True).start()
     sys.stdin.read()
 
 
-def listen():
+def listen(address, port=0):
     listener = socket.socket()
-    listener.bind(("127.0.0.1", 0))
+    listener.setsockopt(socket.SOL_SOCKET, socket.SO_REUSEADDR, 1)
+    listener.bind((address, port))
     listener.listen(10)
     return listener
 
@@ -185,7 +188,7 @@ class Session:
 
     def do_EPSV(self, *_):
         self.close_data()
-        self.data = listen()
+        self.data = listen(self.server.choices.address)
         self.say("229 (|||%d|)" % self.data.getsockname()[1])
 
     def close_data(self):

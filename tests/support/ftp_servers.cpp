@@ -22,6 +22,7 @@ namespace {
 
 constexpr char SystemPython[] = "/usr/bin/python3";
 constexpr int StartMs = 20000;
+constexpr uint UnprivilegedId = 1000;
 
 sockaddr_in loopback(int port) {
     sockaddr_in address{};
@@ -149,7 +150,7 @@ RealFtpServer::RealFtpServer(const QString& kind, bool tls) {
     } else if (kind == u"proftpd") {
         startProftpd();
     } else if (kind == u"pure-ftpd") {
-        startPureFtpd();
+        startPureFtpd(tls);
     }
     waitForPort();
 }
@@ -241,27 +242,45 @@ void RealFtpServer::startProftpd() {
     start(program, {"-n", "-c", folder_.file("proftpd.conf")});
 }
 
-void RealFtpServer::startPureFtpd() {
+void RealFtpServer::startPureFtpd(bool tls) {
     const QString program = findServer("pure-ftpd");
     const QString maker = findServer("pure-pw");
     if (program.isEmpty() || maker.isEmpty()) {
         obstacle_ = "pure-ftpd is not installed";
         return;
     }
+    // A hash of its own maker would be so hard that a busy machine takes seconds over a login.
+    const ProcessResult hash = runProgram("openssl", {"passwd", "-6", FtpPassword});
     const QString users = folder_.file("users");
-    const QString script = QStringLiteral(
-        "printf '%s\\n%s\\n' \"$1\" \"$1\" | \"$0\" useradd \"$2\" -f \"$3\" "
-        "-u 1000 -g 1000 -d \"$4\" && \"$0\" mkdb \"$3.pdb\" -f \"$3\"");
-    const ProcessResult made =
-        runProgram("sh", {"-c", script, maker, FtpPassword, FtpUser, users, root()});
-    if (made.exitCode != 0 || ::chown(root().toLocal8Bit().constData(), 1000, 1000) != 0) {
+    writeFile(users, QStringLiteral("%1:%2:%3:%3::%4/./::::::::::::\n")
+                         .arg(FtpUser, QString::fromUtf8(hash.out.trimmed()))
+                         .arg(UnprivilegedId)
+                         .arg(root())
+                         .toUtf8());
+    const ProcessResult made = runProgram(maker, {"mkdb", users + ".pdb", "-f", users});
+    const QByteArray served = root().toLocal8Bit();
+    if (made.exitCode != 0 || ::chown(served.constData(), UnprivilegedId, UnprivilegedId) != 0) {
         obstacle_ = "pure-ftpd cannot be set up: " + QString::fromUtf8(made.err);
         return;
     }
     QFile::setPermissions(folder_.path(), QFile::Permissions(0x7755));
-    start(program,
-          {"-S", QStringLiteral("127.0.0.1,%1").arg(port_), "-l", "puredb:" + users + ".pdb", "-A",
-           "-E", "-H", "-u", "1", "-g", folder_.file("pid")});
+    QStringList words{"-S",
+                      QStringLiteral("127.0.0.1,%1").arg(port_),
+                      "-l",
+                      "puredb:" + users + ".pdb",
+                      "-A",
+                      "-E",
+                      "-H",
+                      "-u",
+                      "1",
+                      "-g",
+                      folder_.file("pid")};
+    if (tls) {
+        words << "-Y"
+              << "3"
+              << "-2" << folder_.file("both.pem");
+    }
+    start(program, words);
 }
 
 }  // namespace nubivane::testing

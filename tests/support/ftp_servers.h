@@ -61,7 +61,7 @@ class OwnFtpServer : public FtpServerProcess {
 };
 
 /// A real server; "vsftpd", "pyftpdlib", "proftpd", "pure-ftpd". With `tls` (not all of them can)
-/// it offers encryption under the certificate of `certificate()`.
+/// it offers encryption under the certificate of `certificate()`; pure-ftpd then insists on it.
 class RealFtpServer : public FtpServerProcess {
   public:
     explicit RealFtpServer(const QString& kind, bool tls = false);
@@ -74,7 +74,7 @@ class RealFtpServer : public FtpServerProcess {
     void startPyftpdlib(bool tls);
     void startVsftpd(bool tls);
     void startProftpd();
-    void startPureFtpd();
+    void startPureFtpd(bool tls);
     void makeCertificate();
 };
 

@@ -2,7 +2,9 @@
 """A web server for tests of downloads. Prints its port, then serves until its standard input is closed.
 
 /file    300,000 bytes        /moved    leads to /file      /loop     leads to itself
-/cut     ends too early       /outside  leads to a file     /stall    ends in the middle and stays open"""
+/cut     ends too early       /outside  leads to a file     /stall    ends in the middle and stays open
+
+Any path that ends in .EXE is that of /file."""
 
 import sys
 import threading
@@ -16,6 +18,8 @@ class Handler(BaseHTTPRequestHandler):
     REDIRECTIONS = {"/moved": "/file", "/loop": "/loop", "/outside": "file:///etc/passwd"}
 
     def do_GET(self):
+        if self.path.endswith(".EXE"):
+            self.path = "/file"
         if self.path in self.REDIRECTIONS:
             self.send_response(302)
             self.send_header("Location", self.REDIRECTIONS[self.path])

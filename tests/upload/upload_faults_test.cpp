@@ -1,3 +1,4 @@
+#include "support/upload_texts.h"
 #include "upload_fixture.h"
 
 namespace nubivane::testing {
@@ -6,30 +7,8 @@ namespace {
 
 class UploadFaults : public UploadTest {
   protected:
-    /// The text that a run shows when one command of its conversation fails for good: that of the
-    /// step it belongs to, or of the next that has to succeed. Empty when nothing more has to.
-    QString textAfter(const QStringList& conversation, int failing) const {
-        const UploadPlan plan = buildUploadPlan(workspace, true, true, true);
-        std::size_t step = 0;
-        bool begun = false;
-        for (int i = 0; i < failing; ++i) {
-            const QString verb = conversation[i].section(u' ', 0, 0);
-            begun = begun || verb == u"MKD";
-            const bool ends = verb == u"MKD" || verb == u"CWD" || verb == u"STOR";
-            step += begun && ends ? 1 : 0;
-        }
-        if (!begun && !conversation[failing].startsWith("MKD")) {
-            return "Unable to establish a connection to the remote server";
-        }
-        while (step < plan.size() && !plan[step].ErrorCauseStop) {
-            ++step;
-        }
-        if (step == plan.size()) {
-            return {};
-        }
-        return plan[step].Command == u"CHDIR"
-                   ? "Cannot find " + plan[step].Param1 + " folder"
-                   : "Cannot upload " + QString(plan[step].Param1).replace('\\', '/') + " file";
+    QString textAfter(const QStringList& lines, int failing) const {
+        return testing::textAfter(buildUploadPlan(workspace, true, true, true), lines, failing);
     }
 
     /// Runs an initialisation against a server with a fault; its message is the only one.

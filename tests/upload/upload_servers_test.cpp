@@ -92,7 +92,9 @@ TEST_P(VerifiedEncryption, IsUsedForTheWholeUpload) {
     UploadRun trustingRun(editor(), window, trusting);
     EXPECT_TRUE(trustingRun.runUpload(true, server.address()));
     EXPECT_TRUE(server.tree() == wholeSite());
-    EXPECT_TRUE(server.log().contains("PROT")) << server.log().toStdString();
+    if (QLatin1String(GetParam()) != QLatin1String("pure-ftpd")) {  // which takes nothing else
+        EXPECT_TRUE(server.log().contains("PROT")) << server.log().toStdString();
+    }
 }
 
 TEST_P(UploadEncryption, IsDoneWithoutUnderACertificateThatDoesNot) {
@@ -105,8 +107,12 @@ TEST_P(UploadEncryption, IsDoneWithoutUnderACertificateThatDoesNot) {
     EXPECT_FALSE(server.log().contains("PROT")) << server.log().toStdString();
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, VerifiedEncryption, ::testing::Values("vsftpd"),
-                         [](const auto& test) { return std::string(test.param); });
+// Not pyftpdlib: it closes a data connection on which the client's greeting comes before the
+// command that is to use it (readable() of its DTPHandler, 1.5.7), and libcurl greets at once.
+INSTANTIATE_TEST_SUITE_P(Kinds, VerifiedEncryption, ::testing::Values("vsftpd", "pure-ftpd"),
+                         [](const auto& test) {
+                             return QString(test.param).remove('-').toStdString();
+                         });
 
 INSTANTIATE_TEST_SUITE_P(Kinds, UploadEncryption, ::testing::Values("pyftpdlib", "vsftpd"),
                          [](const auto& test) { return std::string(test.param); });

@@ -63,4 +63,30 @@ TEST(PictureBoxPaint, APictureSmallerThanTheBoxKeepsItsSizeAndALargerOneIsFitted
     EXPECT_EQ(seen.pixel(50, 77), ground);
 }
 
+TEST(GifAnimatorBox, PlaysAFileAtItsOwnSize) {
+    const TemporaryFolder folder;
+    writeFile(folder.file("film.gif"), small_gif::file(7, 4, {small_gif::dot(2)}));
+    QWidget window;
+    GifAnimator box(&window);
+    box.playFile(folder.file("film.gif").replace('/', '\\'));
+    window.show();
+    EXPECT_TRUE(box.isVisible());
+    EXPECT_EQ(box.size(), QSize(7, 4));
+    EXPECT_EQ(box.image().size(), QSize(7, 4));
+}
+
+TEST(GifAnimatorBox, GoesAwayWithoutAFileOrWithABadOne) {
+    const TemporaryFolder folder;
+    writeFile(folder.file("bad.gif"), "no picture");
+    QWidget window;
+    GifAnimator box(&window);
+    window.show();
+    for (const char* name : {"bad.gif", "missing.gif"}) {
+        box.show();
+        box.playFile(folder.file(name).replace('/', '\\'));
+        EXPECT_FALSE(box.isVisible()) << name;
+        EXPECT_TRUE(box.image().isNull()) << name;
+    }
+}
+
 }  // namespace nubivane

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QDialog>
+
+#include <functional>
+
+class QProgressBar;
+class QPushButton;
+
+namespace nubivane {
+
+class GifAnimator;
+class PathLabel;
+class Workspace;
+
+/// The small window in front of an upload: what it is doing, how far it is, and a button to stop
+/// it. It goes only when the run lets it go.
+class frmWait : public QDialog {
+    Q_OBJECT
+
+  public:
+    frmWait(const Workspace& workspace, QWidget* owner);
+
+    /// Shows the window; the program goes on meanwhile.
+    void Init(const QString& caption);
+    void setInfo(const QString& text);
+    void setProgress(int percent);
+    void disableCancel();
+
+    /// The Cancel button was pressed.
+    std::function<void()> cancelled;
+
+    void reject() override {}  // an upload under way is left by its button alone
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    const Workspace& workspace_;
+    GifAnimator* pctUpload_;
+    PathLabel* lblInfo_;
+    QProgressBar* ProgressBar_;
+    QPushButton* cmdCancel_;
+};
+
+}  // namespace nubivane

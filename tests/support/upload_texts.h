@@ -1,0 +1,34 @@
+#pragma once
+
+#include "upload/c_upload.h"
+
+#include <QStringList>
+
+namespace nubivane::testing {
+
+/// The text that a run shows when one command of its conversation fails for good: that of the
+/// step it belongs to, or of the next that has to succeed. Empty when nothing more has to.
+inline QString textAfter(const UploadPlan& plan, const QStringList& conversation, int failing) {
+    std::size_t step = 0;
+    bool begun = false;
+    for (int i = 0; i < failing; ++i) {
+        const QString verb = conversation[i].section(u' ', 0, 0);
+        begun = begun || verb == u"MKD";
+        const bool ends = verb == u"MKD" || verb == u"CWD" || verb == u"STOR";
+        step += begun && ends ? 1 : 0;
+    }
+    if (!begun && !conversation[failing].startsWith("MKD")) {
+        return "Unable to establish a connection to the remote server";
+    }
+    while (step < plan.size() && !plan[step].ErrorCauseStop) {
+        ++step;
+    }
+    if (step == plan.size()) {
+        return {};
+    }
+    return plan[step].Command == u"CHDIR"
+               ? "Cannot find " + plan[step].Param1 + " folder"
+               : "Cannot upload " + QString(plan[step].Param1).replace('\\', '/') + " file";
+}
+
+}  // namespace nubivane::testing
