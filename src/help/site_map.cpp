@@ -1,0 +1,96 @@
+#include "help/site_map.h"
+
+#include <QHash>
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace nubivane {
+
+namespace {
+
+constexpr int MaxDepth = 16;
+constexpr std::size_t MaxLines = 10000;
+
+/// The value of an attribute of a tag, in single, double or no quotes.
+QString attribute(const QString& tag, const char* name) {
+    const QRegularExpression pattern(
+        QLatin1String("\\b%1\\s*=\\s*(\"([^\"]*)\"|'([^']*)'|([^\\s>]*))").arg(QLatin1String(name)),
+        QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpressionMatch match = pattern.match(tag);
+    for (const int group : {2, 3, 4}) {
+        if (!match.capturedView(group).isEmpty()) {
+            return withoutReferences(match.captured(group));
+        }
+    }
+    return {};
+}
+
+QString character(const QString& reference) {
+    static const QHash<QString, QString> named = {{"amp", "&"},   {"lt", "<"},   {"gt", ">"},
+                                                  {"quot", "\""}, {"apos", "'"}, {"nbsp", " "}};
+    if (!reference.startsWith(u'#')) {
+        return named.value(reference.toLower());
+    }
+    const bool hexadecimal = reference.mid(1, 1).toLower() == u"x";
+    bool valid = false;
+    const uint code =
+        hexadecimal ? reference.mid(2).toUInt(&valid, 16) : reference.mid(1).toUInt(&valid, 10);
+    constexpr uint LastCharacter = 0x10FFFF;
+    if (!valid || code < ' ' || code > LastCharacter || QChar::isSurrogate(code)) {
+        return {};
+    }
+    return QString::fromUcs4(reinterpret_cast<const char32_t*>(&code), 1);
+}
+
+}  // namespace
+
+QString withoutReferences(const QString& html) {
+    static const QRegularExpression pattern("&(#[xX]?[0-9A-Fa-f]{1,6}|[A-Za-z]{1,8});");
+    QString text;
+    qsizetype done = 0;
+    auto matches = pattern.globalMatch(html);
+    while (matches.hasNext()) {
+        const QRegularExpressionMatch match = matches.next();
+        const QString meant = character(match.captured(1));
+        text += QStringView(html).mid(done, match.capturedStart() - done);
+        text += meant.isEmpty() ? match.captured(0) : meant;
+        done = match.capturedEnd();
+    }
+    return text + html.mid(done);
+}
+
+std::vector<HelpEntry> readSiteMap(const QString& html) {
+    static const QRegularExpression tags("<\\s*(/?\\s*(?:ul|object)|param)\\b[^>]*>",
+                                         QRegularExpression::CaseInsensitiveOption);
+    std::vector<HelpEntry> lines;
+    HelpEntry line;
+    int depth = -1;
+    auto matches = tags.globalMatch(html);
+    while (matches.hasNext() && lines.size() < MaxLines) {
+        const QRegularExpressionMatch match = matches.next();
+        const QString tag = match.captured(1).simplified().remove(u' ').toLower();
+        if (tag == u"ul") {
+            depth = std::min(depth + 1, MaxDepth);
+        } else if (tag == u"/ul") {
+            depth = std::max(depth - 1, -1);
+        } else if (tag == u"object") {
+            line = {};
+        } else if (tag == u"param") {
+            const QString name = attribute(match.captured(0), "name").toLower();
+            // In an index the first name is the word, those that follow are titles of pages.
+            if (name == u"name" && line.title.isEmpty()) {
+                line.title = attribute(match.captured(0), "value");
+            } else if (name == u"local" && line.page.isEmpty()) {
+                line.page = attribute(match.captured(0), "value");
+            }
+        } else if (depth >= 0 && !line.title.isEmpty()) {
+            line.depth = depth;
+            lines.push_back(line);
+            line = {};
+        }
+    }
+    return lines;
+}
+
+}  // namespace nubivane
