@@ -8,6 +8,7 @@ build_packages=(
     qt6-base-dev qt6-image-formats-plugins libqt6svg6
     libcurl4-openssl-dev libgif-dev libimagequant-dev libjpeg-dev rapidjson-dev
     pkg-config libavformat-dev libavcodec-dev libswscale-dev libavutil-dev
+    fp-utils
 )
 test_packages=(
     libgtest-dev libgmock-dev
@@ -15,7 +16,7 @@ test_packages=(
     fonts-liberation2
     chromium chromium-driver python3 python3-selenium
     xvfb xdotool xclip libxml2-utils imagemagick binutils bsdutils
-    ffmpeg gifsicle poppler-utils
+    ffmpeg gifsicle poppler-utils libchm-bin
     python3-pyftpdlib python3-openssl vsftpd openssl
 )
 
