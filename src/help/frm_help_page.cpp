@@ -2,6 +2,7 @@
 
 #include "core/error.h"
 #include "help/help_book.h"
+#include "help/page_guard.h"
 
 #include <QBuffer>
 #include <QEvent>
@@ -12,7 +13,8 @@ namespace nubivane {
 
 namespace {
 
-constexpr int LargestSide = 4096;  // of a picture on a page; pixels
+constexpr qint64 MostPixels = 32 << 20;        // of all pictures on a page
+constexpr qsizetype LongestSheet = 64 * 1024;  // bytes
 constexpr int MostMarks = 500;
 
 QUrl urlOf(const QString& page) {
@@ -20,16 +22,6 @@ QUrl urlOf(const QString& page) {
     url.setScheme(QStringLiteral("help"));
     url.setPath(u'/' + url.path());
     return url;
-}
-
-QImage pictureOf(QByteArray bytes) {
-    QBuffer buffer(&bytes);
-    QImageReader reader(&buffer);
-    const QSize size = reader.size();
-    if (!size.isValid() || size.width() > LargestSide || size.height() > LargestSide) {
-        return {};
-    }
-    return reader.read();
 }
 
 QColor mixed(const QColor& first, const QColor& second, double share) {
@@ -85,11 +77,15 @@ QVariant HelpPage::loadResource(int type, const QUrl& name) {
     try {
         switch (type) {
             case QTextDocument::ImageResource:
-                return pictureOf(book_->read(file));
+                return picture(book_->read(file));
             case QTextDocument::StyleSheetResource:
-                return QByteArray(book_->read(file) + themeSheet());
+                return QByteArray(book_->read(file).left(LongestSheet) + themeSheet());
             case QTextDocument::HtmlResource: {
                 const QByteArray html = book_->read(file);
+                if (!isHarmlessPage(html)) {
+                    return {};
+                }
+                pixelsLeft_ = MostPixels;
                 base_ = target.adjusted(QUrl::RemoveFragment);
                 return html;
             }
@@ -101,6 +97,19 @@ QVariant HelpPage::loadResource(int type, const QUrl& name) {
     }
 }
 
+/// A picture, unless those of the page are too large together.
+QImage HelpPage::picture(QByteArray bytes) {
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer);
+    const QSize size = reader.size();
+    const qint64 pixels = static_cast<qint64>(size.width()) * size.height();
+    if (!size.isValid() || pixels > pixelsLeft_) {
+        return {};
+    }
+    pixelsLeft_ -= pixels;
+    return reader.read();
+}
+
 QByteArray HelpPage::themeSheet() const {
     const QColor base = palette().color(QPalette::Base);
     const QColor text = palette().color(QPalette::Text);
@@ -109,10 +118,11 @@ QByteArray HelpPage::themeSheet() const {
                "\nbody, p, li, td { color: %1 } a { color: %2 } h1, h2, h3 { color: %3 }"
                "\nth { background-color: %4; color: %1 } .note { background-color: %5 }"
                "\ncode, .key { background-color: %4; color: %1 } .faint { color: %6 }"
-               "\ntable { border-color: %7 }")
+               "\ntd, th { border: 1px solid %7 } .note td { border: 0 }"
+               "\nbody, p, li, td, th { font-family: \"%8\" }")
         .arg(text.name(), accent.name(), mixed(text, accent, 0.55).name(),
              mixed(base, text, 0.10).name(), mixed(base, accent, 0.13).name(),
-             mixed(text, base, 0.35).name(), mixed(base, text, 0.30).name())
+             mixed(text, base, 0.35).name(), mixed(base, text, 0.30).name(), font().family())
         .toUtf8();
 }
 

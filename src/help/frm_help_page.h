@@ -37,10 +37,12 @@ class HelpPage : public QTextBrowser {
 
   private:
     void follow(const QUrl& link);
-    /// The colours of tables and notes that suit the window's.
+    QImage picture(QByteArray bytes);
+    /// Colours and letters that suit the window.
     QByteArray themeSheet() const;
 
     const HelpBook* book_ = nullptr;
+    qint64 pixelsLeft_ = 0;  ///< that pictures of this page may still have
     QUrl base_;  ///< of the page shown; `source` is still that of the page before while one loads
 };
 

@@ -72,6 +72,35 @@ QString excerptOf(const QString& text, const QString& word) {
     return from > 0 ? "... " + excerpt : excerpt;
 }
 
+/// A page without the elements of a name, as far as they are closed. One pass: no page, whatever it
+/// holds, takes longer than its length.
+QString withoutElements(const QString& html, const char* name) {
+    const QString opening = u'<' + QLatin1String(name);
+    const QString closing = QLatin1String("</") + QLatin1String(name) + u'>';
+    QString rest;
+    qsizetype done = 0;
+    for (;;) {
+        const qsizetype begin = html.indexOf(opening, done, Qt::CaseInsensitive);
+        const qsizetype end = begin < 0 ? -1 : html.indexOf(closing, begin, Qt::CaseInsensitive);
+        if (end < 0) {
+            return rest + html.mid(done);
+        }
+        rest += QStringView(html).mid(done, begin - done);
+        done = end + closing.size();
+    }
+}
+
+/// Whether a tag may stand inside a word: "<b>F</b>rame" is one.
+bool isInsideWords(QStringView tag) {
+    static const QStringList names{"b", "i", "em", "strong", "code", "a", "span", "kbd"};
+    const QStringView name = tag.startsWith(u'/') ? tag.mid(1) : tag;
+    qsizetype length = 0;
+    while (length < name.size() && name[length].isLetterOrNumber()) {
+        ++length;
+    }
+    return names.contains(name.first(length), Qt::CaseInsensitive);
+}
+
 }  // namespace
 
 QStringList searchWords(const QString& text) {
@@ -90,16 +119,22 @@ QString pageTitle(const QString& html) {
 
 QString pageText(const QString& html) {
     // The heading says again what the title says.
-    static const QRegularExpression head(
-        "<(head|h1)\\b.*?</\\1>",
-        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
-    // Between these there is no blank to be thought of: "<b>F</b>rame" is one word.
-    static const QRegularExpression inside("</?(?:b|i|em|strong|code|a|span|kbd)\\b[^>]*>",
-                                           QRegularExpression::CaseInsensitiveOption);
-    static const QRegularExpression tag("<[^>]*>");
-    QString text = html;
-    text.remove(head).remove(inside).replace(tag, " ");
-    return withoutReferences(text).simplified();
+    QString text = withoutElements(withoutElements(html, "head"), "h1");
+    QString plain;
+    qsizetype done = 0;
+    for (qsizetype begin = text.indexOf(u'<'); begin >= 0; begin = text.indexOf(u'<', done)) {
+        const qsizetype end = text.indexOf(u'>', begin);
+        if (end < 0) {
+            break;
+        }
+        plain += QStringView(text).mid(done, begin - done);
+        done = end + 1;
+        if (!isInsideWords(QStringView(text).mid(begin + 1, end - begin - 1))) {
+            plain += u' ';
+        }
+    }
+    plain += QStringView(text).mid(done);
+    return withoutReferences(plain).simplified();
 }
 
 HelpBook::HelpBook(const QString& hostFile) : file_(readFile(hostFile)) {

@@ -11,6 +11,7 @@ namespace {
 
 constexpr int MaxDepth = 16;
 constexpr std::size_t MaxLines = 10000;
+constexpr qsizetype LongestTag = 4000;  // characters
 
 /// The value of an attribute of a tag, in single, double or no quotes.
 QString attribute(const QString& tag, const char* name) {
@@ -24,6 +25,26 @@ QString attribute(const QString& tag, const char* name) {
         }
     }
     return {};
+}
+
+/// The lower-case name of what stands between "<" and ">", with the slash of a closing tag.
+QString tagName(const QString& tag) {
+    const QString start = tag.trimmed();
+    qsizetype length = start.startsWith(u'/') ? 1 : 0;
+    while (length < start.size() && start[length].isLetterOrNumber()) {
+        ++length;
+    }
+    return start.first(length).toLower();
+}
+
+/// In an index the first name is the word, those that follow are titles of pages.
+void addParameter(HelpEntry& line, const QString& tag) {
+    const QString name = attribute(tag, "name").toLower();
+    if (name == u"name" && line.title.isEmpty()) {
+        line.title = attribute(tag, "value");
+    } else if (name == u"local" && line.page.isEmpty()) {
+        line.page = attribute(tag, "value");
+    }
 }
 
 QString character(const QString& reference) {
@@ -61,33 +82,34 @@ QString withoutReferences(const QString& html) {
 }
 
 std::vector<HelpEntry> readSiteMap(const QString& html) {
-    static const QRegularExpression tags("<\\s*(/?\\s*(?:ul|object)|param)\\b[^>]*>",
-                                         QRegularExpression::CaseInsensitiveOption);
     std::vector<HelpEntry> lines;
     HelpEntry line;
     int depth = -1;
-    auto matches = tags.globalMatch(html);
-    while (matches.hasNext() && lines.size() < MaxLines) {
-        const QRegularExpressionMatch match = matches.next();
-        const QString tag = match.captured(1).simplified().remove(u' ').toLower();
-        if (tag == u"ul") {
+    const auto read = [&](const QString& tag) {
+        const QString name = tagName(tag);
+        if (name == u"ul") {
             depth = std::min(depth + 1, MaxDepth);
-        } else if (tag == u"/ul") {
+        } else if (name == u"/ul") {
             depth = std::max(depth - 1, -1);
-        } else if (tag == u"object") {
+        } else if (name == u"object") {
             line = {};
-        } else if (tag == u"param") {
-            const QString name = attribute(match.captured(0), "name").toLower();
-            // In an index the first name is the word, those that follow are titles of pages.
-            if (name == u"name" && line.title.isEmpty()) {
-                line.title = attribute(match.captured(0), "value");
-            } else if (name == u"local" && line.page.isEmpty()) {
-                line.page = attribute(match.captured(0), "value");
-            }
-        } else if (depth >= 0 && !line.title.isEmpty()) {
+        } else if (name == u"param") {
+            addParameter(line, tag);
+        } else if (name == u"/object" && depth >= 0 && !line.title.isEmpty()) {
             line.depth = depth;
             lines.push_back(line);
             line = {};
+        }
+    };
+    qsizetype end = 0;
+    for (qsizetype begin = html.indexOf(u'<'); begin >= 0 && lines.size() < MaxLines;
+         begin = html.indexOf(u'<', end)) {
+        end = html.indexOf(u'>', begin);
+        if (end < 0) {
+            break;
+        }
+        if (end - begin < LongestTag) {
+            read(html.mid(begin + 1, end - begin - 1));
         }
     }
     return lines;

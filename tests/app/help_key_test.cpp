@@ -2,6 +2,7 @@
 
 #include "support/dialog_parts.h"
 #include "support/fixtures.h"
+#include "widgets/help_topic.h"
 
 #include <QDialog>
 #include <QTextEdit>
@@ -52,6 +53,14 @@ TEST_F(HelpKeyTest, WithoutAHelpFileABoxSaysSo) {
     showDialog("frmFont");
     shell.expectMessage("Help not found.", Icon::Critical);
     QTest::keyClick(field, Qt::Key_F1);
+}
+
+TEST(HelpTopics, EachWindowHasItsOwn) {
+    EXPECT_EQ(helpTopicOf("frmMap"), "index.htm");
+    EXPECT_EQ(helpTopicOf("frmLabelProperty"), "LabelProperties.htm");
+    EXPECT_EQ(helpTopicOf("frmFtp"), "ftpSettings.htm");
+    EXPECT_EQ(helpTopicOf("frmHelp"), "");
+    EXPECT_EQ(helpTopicOf(""), "");
 }
 
 }  // namespace nubivane::testing

@@ -1,7 +1,7 @@
 #include "help/help_book.h"
 
 #include "core/error.h"
-#include "help_fixture.h"
+#include "support/built_help.h"
 
 namespace nubivane::testing {
 
@@ -80,6 +80,17 @@ TEST(PageText, IsWhatAReaderSees) {
     EXPECT_EQ(pageTitle(html), "A & B");
     EXPECT_EQ(pageText(html), "two three four five");
     EXPECT_EQ(pageTitle("<p>x</p>"), "");
+}
+
+TEST(PageText, OfAPageThatIsNoneTakesNoTime) {
+    constexpr int Many = 100000;
+    for (const char* part : {"<", "<h1", "<head", "<b", "<!--", "&", "&#", "<title>"}) {
+        const QString html = QString(part).repeated(Many);
+        EXPECT_LE(pageText(html).size(), html.size()) << part;
+        EXPECT_EQ(pageTitle(html), "") << part;
+        EXPECT_TRUE(readSiteMap(html).empty()) << part;
+    }
+    EXPECT_TRUE(readSiteMap("<param " + QString("name=\"").repeated(Many) + '>').empty());
 }
 
 TEST(SearchWords, ArePartedByAnythingElse) {

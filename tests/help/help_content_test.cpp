@@ -1,6 +1,5 @@
 #include "help/help_book.h"
-#include "help_fixture.h"
-#include "widgets/help_topic.h"
+#include "support/built_help.h"
 
 #include <QDirIterator>
 #include <QImage>
@@ -125,14 +124,6 @@ TEST_F(HelpContent, PagesAreWholeAndOfOneKind) {
         // Words stand in the encoding that every reader of such files knows.
         EXPECT_EQ(text, QString::fromLatin1(text.toLatin1())) << name;
     }
-}
-
-TEST(HelpTopics, EachWindowHasItsOwn) {
-    EXPECT_EQ(helpTopicOf("frmMap"), "index.htm");
-    EXPECT_EQ(helpTopicOf("frmLabelProperty"), "LabelProperties.htm");
-    EXPECT_EQ(helpTopicOf("frmFtp"), "ftpSettings.htm");
-    EXPECT_EQ(helpTopicOf("frmHelp"), "");
-    EXPECT_EQ(helpTopicOf(""), "");
 }
 
 }  // namespace nubivane::testing

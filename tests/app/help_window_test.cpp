@@ -1,7 +1,8 @@
 #include "help/frm_help.h"
 #include "help/frm_help_page.h"
 #include "help/help_book.h"
-#include "help_fixture.h"
+#include "help/page_guard.h"
+#include "support/built_help.h"
 #include "support/dialog_parts.h"
 
 #include <QAction>
@@ -173,6 +174,28 @@ TEST_F(HelpWindow, PagesAndPicturesComeOutOfTheHelpFileAlone) {
             EXPECT_FALSE(page().loadResource(type, url).isValid()) << url.toString().toStdString();
         }
     }
+}
+
+TEST(PageGuard, LetsEveryPageOfTheHelpPass) {
+    const HelpBook book(builtHelp());
+    for (const QString& page : book.pages()) {
+        EXPECT_TRUE(isHarmlessPage(book.read(page))) << page.toStdString();
+    }
+}
+
+TEST(PageGuard, RefusesWhatWouldTakeForever) {
+    const auto nested = [](int depth) {
+        return QByteArray("<table><tr><td>").repeated(depth) + "x" +
+               QByteArray("</td></tr></table>").repeated(depth);
+    };
+    EXPECT_TRUE(isHarmlessPage(""));
+    EXPECT_TRUE(isHarmlessPage(nested(4)));
+    EXPECT_FALSE(isHarmlessPage(nested(5)));
+    EXPECT_FALSE(isHarmlessPage(nested(150)));
+    EXPECT_FALSE(isHarmlessPage(nested(20000)));
+    EXPECT_FALSE(isHarmlessPage(QByteArray("< TABLE>").repeated(201)));
+    EXPECT_FALSE(isHarmlessPage("<table><tr><td ColSpan=1000000000>x</td></tr></table>"));
+    EXPECT_FALSE(isHarmlessPage(QByteArray(600 * 1024, 'x')));
 }
 
 TEST_F(HelpWindow, TheIndexIsNarrowedByTyping) {
