@@ -8,6 +8,7 @@
 #include "widgets/icons.h"
 
 #include <QFileInfo>
+#include <QFontInfo>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QListWidget>
@@ -18,6 +19,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <vector>
 
 namespace nubivane {
@@ -26,8 +28,8 @@ namespace {
 
 constexpr QSize UsualSize(1080, 740);
 constexpr int ListWidth = 270;
-constexpr int FewestSteps = -4;  // of zooming
-constexpr int MostSteps = 16;
+constexpr double MostSmaller = 4;  // than the usual letters; points
+constexpr double MostLarger = 16;
 constexpr char HomePage[] = "index.htm";
 constexpr int PageRole = Qt::UserRole;
 
@@ -62,6 +64,11 @@ QWidget* pane(QWidget* field, QWidget* list, QWidget* note = nullptr) {
     return box;
 }
 
+/// The size of letters, also of those given in pixels.
+double pointsOf(const QFont& font) {
+    return font.pointSizeF() > 0 ? font.pointSizeF() : QFontInfo(font).pointSizeF();
+}
+
 QString withoutPlace(const QString& page) {
     return page.section(u'#', 0, 0);
 }
@@ -76,7 +83,8 @@ frmHelp::frmHelp()
       index_(makeList("index", tr("Index"), this)),
       searchWords_(makeField("searchWords", tr("Words to look for"), this)),
       hits_(makeList("hits", tr("Pages found"), this)),
-      noHits_(new QLabel(tr("No page holds all of these words."))) {
+      noHits_(new QLabel(tr("No page holds all of these words."))),
+      usualSize_(pointsOf(page_->font())) {
     setObjectName("frmHelp");
     setWindowTitle(tr("Nubivane Help"));
     setWindowIcon(programIcon("help"));
@@ -175,14 +183,14 @@ void frmHelp::buildKeys() {
         searchWords_->setFocus();
         searchWords_->selectAll();
     });
-    key(QKeySequence("Ctrl+0"), [this] { zoom(-zoomed_); });
+    key(QKeySequence("Ctrl+0"), [this] { setLetterSize(usualSize_); });
     key(QKeySequence("Ctrl+="), [this] { zoom(1); });  // plus without Shift
     key(QKeySequence::Close, [this] { close(); });
     key(QKeySequence(Qt::Key_Escape), [this] { close(); });
 }
 
 bool frmHelp::openTopic(const QString& hostFile, const QString& topic) {
-    if (!load(hostFile) || !book_->hasPage(withoutPlace(topic))) {
+    if (!load(hostFile) || !isReadable(topic)) {
         return false;
     }
     page_->open(topic);
@@ -193,6 +201,15 @@ bool frmHelp::openTopic(const QString& hostFile, const QString& topic) {
     activateWindow();
     page_->setFocus();
     return true;
+}
+
+bool frmHelp::isReadable(const QString& topic) const {
+    const QString page = withoutPlace(topic);
+    try {
+        return book_->hasPage(page) && !book_->read(page).isEmpty();
+    } catch (const Error&) {
+        return false;
+    }
 }
 
 /// Reads the file unless it is the one that is open.
@@ -287,10 +304,15 @@ void frmHelp::pageChanged() {
     contents_->setCurrentItem(nullptr);
 }
 
-void frmHelp::zoom(int steps) {
-    const int wanted = std::clamp(zoomed_ + steps, FewestSteps, MostSteps);
-    page_->zoomIn(wanted - zoomed_);
-    zoomed_ = wanted;
+/// The size is asked of the page, whose letters the wheel with Ctrl changes too.
+void frmHelp::zoom(int points) {
+    setLetterSize(pointsOf(page_->font()) + points);
+}
+
+void frmHelp::setLetterSize(double points) {
+    QFont font = page_->font();
+    font.setPointSizeF(std::clamp(points, usualSize_ - MostSmaller, usualSize_ + MostLarger));
+    page_->setFont(font);
 }
 
 bool frmHelp::event(QEvent* event) {

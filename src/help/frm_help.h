@@ -47,13 +47,15 @@ class frmHelp : public QMainWindow {
     void buildKeys();
 
     bool load(const QString& hostFile);
+    bool isReadable(const QString& topic) const;
     void fillContents();
     void fillIndex();
     void search(const QString& words);
     void openItem(const QListWidgetItem* item);
     void openHit(const QListWidgetItem* item);
     void pageChanged();
-    void zoom(int steps);
+    void zoom(int points);
+    void setLetterSize(double points);
     /// Goes with the dialog that waits, if one does, so that this window is not shut with the
     /// others.
     void followModal();
@@ -66,11 +68,11 @@ class frmHelp : public QMainWindow {
     QLineEdit* searchWords_;
     QListWidget* hits_;
     QLabel* noHits_;
+    double usualSize_;  ///< of the page's letters, points
 
     std::unique_ptr<HelpBook> book_;
     QString file_;
     QDateTime fileTime_;
-    int zoomed_ = 0;  ///< steps away from the usual size
     QPointer<QWindow> modal_;
 };
 

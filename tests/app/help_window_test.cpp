@@ -15,6 +15,7 @@
 #include <QToolBar>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 
 namespace nubivane::testing {
 
@@ -257,6 +258,12 @@ TEST_F(HelpWindow, ZoomHasBoundsAndAWayBack) {
     EXPECT_EQ(size(), usual + 2);
     key(Qt::Key_Minus, Qt::ControlModifier);
     EXPECT_EQ(size(), usual + 1);
+    key(Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(size(), usual);
+    QWheelEvent wheel({10, 10}, page().mapToGlobal(QPointF(10, 10)), {}, {0, 240}, Qt::NoButton,
+                      Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(page().viewport(), &wheel);
+    EXPECT_GT(size(), usual);
     key(Qt::Key_0, Qt::ControlModifier);
     EXPECT_EQ(size(), usual);
     for (int i = 0; i < 40; ++i) {
