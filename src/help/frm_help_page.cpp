@@ -119,7 +119,7 @@ QByteArray HelpPage::themeSheet() const {
                "\nth { background-color: %4; color: %1 } .note { background-color: %5 }"
                "\ncode, .key { background-color: %4; color: %1 } .faint { color: %6 }"
                "\ntd, th { border: 1px solid %7 } .note td { border: 0 }"
-               "\nbody, p, li, td, th { font-family: \"%8\" }")
+               "\nbody, p, li, td, th, h1, h2, h3 { font-family: \"%8\" }")
         .arg(text.name(), accent.name(), mixed(text, accent, 0.55).name(),
              mixed(base, text, 0.10).name(), mixed(base, accent, 0.13).name(),
              mixed(text, base, 0.35).name(), mixed(base, text, 0.30).name(), font().family())
