@@ -116,7 +116,9 @@ void ChmFile::readControlData(QByteArrayView control) {
     const qint64 resetInterval = reader.number32() * unit;
     packed_.windowSize = reader.number32() * unit;
     const qint64 windowsPerReset = reader.number32();
-    LzxDecoder(packed_.windowSize);  // refuses a size that there is not
+    if (!LzxDecoder::isWindowSize(packed_.windowSize)) {
+        throw damagedHelp("a window size that there is not");
+    }
     packed_.framesPerRun = resetInterval / (packed_.windowSize / 2) * windowsPerReset;
     if (packed_.framesPerRun < 1 || packed_.framesPerRun > MaxRunBytes / LzxDecoder::FrameSize) {
         throw damagedHelp("runs of no sensible length");

@@ -16,6 +16,7 @@
 #include <QShortcut>
 #include <QSplitter>
 #include <QTabWidget>
+#include <QTimer>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -318,7 +319,7 @@ void frmHelp::setLetterSize(double points) {
 bool frmHelp::event(QEvent* event) {
     if (event->type() == QEvent::WindowBlocked) {
         // Only after the dialog has become the window that all others wait for.
-        QMetaObject::invokeMethod(this, &frmHelp::followModal, Qt::QueuedConnection);
+        QTimer::singleShot(0, this, &frmHelp::followModal);
     }
     return QMainWindow::event(event);
 }
@@ -334,9 +335,7 @@ void frmHelp::followModal() {
     modal_ = modal;
     windowHandle()->setTransientParent(modal);
     if (modal) {
-        const auto again = [this] {
-            QMetaObject::invokeMethod(this, &frmHelp::followModal, Qt::QueuedConnection);
-        };
+        const auto again = [this] { QTimer::singleShot(0, this, &frmHelp::followModal); };
         connect(modal, &QWindow::visibleChanged, this, again);
         connect(modal, &QObject::destroyed, this, again);
     }

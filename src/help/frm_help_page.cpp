@@ -13,8 +13,8 @@ namespace nubivane {
 
 namespace {
 
-constexpr qint64 MostPixels = 32 << 20;        // of all pictures on a page
-constexpr qsizetype LongestSheet = 64 * 1024;  // bytes
+constexpr qint64 MostPixels = 32 << 20;      // of all pictures on a page
+constexpr qsizetype LongestSheet = 1 << 16;  // bytes
 constexpr int MostMarks = 500;
 
 QUrl urlOf(const QString& page) {

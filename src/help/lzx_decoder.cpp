@@ -35,9 +35,7 @@ constexpr std::array<Slot, MaxSlots + 1> slotTable = makeSlotTable();
 
 /// How many slots reach over the whole window.
 int slotCount(qint64 windowSize) {
-    constexpr qint64 Smallest = 1 << 15;
-    constexpr qint64 Largest = 1 << 21;
-    if (windowSize < Smallest || windowSize > Largest || (windowSize & (windowSize - 1)) != 0) {
+    if (!LzxDecoder::isWindowSize(windowSize)) {
         throw damagedHelp("a window size that there is not");
     }
     int count = 0;
@@ -48,6 +46,12 @@ int slotCount(qint64 windowSize) {
 }
 
 }  // namespace
+
+bool LzxDecoder::isWindowSize(qint64 bytes) {
+    constexpr qint64 Smallest = 1 << 15;
+    constexpr qint64 Largest = 1 << 21;
+    return bytes >= Smallest && bytes <= Largest && (bytes & (bytes - 1)) == 0;
+}
 
 LzxDecoder::LzxDecoder(qint64 windowSize)
     : mainLengths_(static_cast<std::size_t>(Literals + slotCount(windowSize) * 8)) {}

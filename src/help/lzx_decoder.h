@@ -21,7 +21,10 @@ class LzxDecoder {
   public:
     static constexpr int FrameSize = 32768;  // bytes, unpacked
 
-    /// Of `windowSize` bytes, a power of two from 32 KB to 2 MB.
+    /// A power of two from 32 KB to 2 MB.
+    static bool isWindowSize(qint64 bytes);
+
+    /// Raises `Error` for a size that is none.
     explicit LzxDecoder(qint64 windowSize);
     ~LzxDecoder();
 

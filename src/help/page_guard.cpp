@@ -10,7 +10,7 @@ namespace nubivane {
 
 namespace {
 
-constexpr qsizetype MaxBytes = 512 * 1024;
+constexpr qsizetype MaxBytes = 1 << 19;
 constexpr qsizetype MaxTables = 200;
 constexpr int MaxDepth = 4;  // of tables inside tables
 
