@@ -10,10 +10,12 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <QToolBar>
 #include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
@@ -296,6 +298,32 @@ TEST_F(HelpWindow, AFileThatHasChangedIsReadAnew) {
                                     QFileDevice::FileModificationTime));
     touched.close();
     EXPECT_FALSE(window.openTopic(file, "Labels.htm"));
+}
+
+TEST_F(HelpWindow, OfADamagedFileItShowsWhatCanBeRead) {
+    const TemporaryFolder folder;
+    const QByteArray whole = readFile(builtHelp());
+    QRandomGenerator chance(11);
+    int shown = 0;
+    for (int round = 0; round < 12; ++round) {
+        QByteArray damaged = whole;
+        for (int i = 0; i < 40; ++i) {
+            damaged[chance.bounded(static_cast<int>(whole.size()))] =
+                static_cast<char>(chance.bounded(256));
+        }
+        const QString file = folder.file(QString::number(round) + ".chm");
+        writeFile(file, damaged);
+        if (!window.openTopic(file, "index.htm")) {
+            continue;
+        }
+        ++shown;
+        field("searchWords").setText("map");
+        for (QTreeWidgetItemIterator line(&contents()); *line; ++line) {
+            contents().setCurrentItem(*line);
+        }
+        QApplication::processEvents();
+    }
+    EXPECT_GT(shown, 0);
 }
 
 TEST_F(HelpWindow, ADialogThatWaitsDoesNotShutIt) {
