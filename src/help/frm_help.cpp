@@ -319,7 +319,7 @@ void frmHelp::setLetterSize(double points) {
 bool frmHelp::event(QEvent* event) {
     if (event->type() == QEvent::WindowBlocked) {
         // Only after the dialog has become the window that all others wait for.
-        QTimer::singleShot(0, this, &frmHelp::followModal);
+        QTimer::singleShot(0, this, [this] { followModal(); });
     }
     return QMainWindow::event(event);
 }
@@ -335,7 +335,7 @@ void frmHelp::followModal() {
     modal_ = modal;
     windowHandle()->setTransientParent(modal);
     if (modal) {
-        const auto again = [this] { QTimer::singleShot(0, this, &frmHelp::followModal); };
+        const auto again = [this] { QTimer::singleShot(0, this, [this] { followModal(); }); };
         connect(modal, &QWindow::visibleChanged, this, again);
         connect(modal, &QObject::destroyed, this, again);
     }
