@@ -16,7 +16,6 @@
 #include <QShortcut>
 #include <QSplitter>
 #include <QTabWidget>
-#include <QTimer>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -110,6 +109,8 @@ frmHelp::frmHelp()
             openAddress(url);
         }
     };
+    following_.setSingleShot(true);
+    connect(&following_, &QTimer::timeout, this, &frmHelp::followModal);
     resize(UsualSize.boundedTo(screen()->availableSize()));
 }
 
@@ -319,7 +320,7 @@ void frmHelp::setLetterSize(double points) {
 bool frmHelp::event(QEvent* event) {
     if (event->type() == QEvent::WindowBlocked) {
         // Only after the dialog has become the window that all others wait for.
-        QTimer::singleShot(0, this, [this] { followModal(); });
+        following_.start();
     }
     return QMainWindow::event(event);
 }
@@ -335,7 +336,7 @@ void frmHelp::followModal() {
     modal_ = modal;
     windowHandle()->setTransientParent(modal);
     if (modal) {
-        const auto again = [this] { QTimer::singleShot(0, this, [this] { followModal(); }); };
+        const auto again = [this] { following_.start(); };
         connect(modal, &QWindow::visibleChanged, this, again);
         connect(modal, &QObject::destroyed, this, again);
     }

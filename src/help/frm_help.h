@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QMainWindow>
 #include <QPointer>
+#include <QTimer>
 #include <QWindow>
 
 #include <functional>
@@ -74,6 +75,7 @@ class frmHelp : public QMainWindow {
     QString file_;
     QDateTime fileTime_;
     QPointer<QWindow> modal_;
+    QTimer following_;  ///< fires once what is going on with dialogs has been done
 };
 
 }  // namespace nubivane
