@@ -34,6 +34,7 @@ class SilentShell : public Shell {
     void processEvents() override {}
     void wait(int) override {}
     void openInBrowser(const QString&) override {}
+    bool openHelp(const QString&, const QString&) override { return false; }
     void openAddress(const QString&) override {}
     bool networkPresent() override { return false; }
 };

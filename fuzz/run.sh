@@ -7,7 +7,8 @@ cd "$(dirname "$0")/.."
 seconds=${1:-60}
 shift || true
 if [ $# -eq 0 ]; then
-    set -- fuzz_project_document fuzz_saved_document fuzz_xml_guard fuzz_data_blocks fuzz_jpeg_tables
+    set -- fuzz_project_document fuzz_saved_document fuzz_xml_guard fuzz_data_blocks fuzz_help_file \
+        fuzz_jpeg_tables
 fi
 build=${FUZZ_BUILD:-build/fuzz}
 found=$build/found
@@ -25,6 +26,7 @@ for target in "$@"; do
     esac
     case $target in
         fuzz_data_blocks) options+=(-max_len=12000) ;;
+        fuzz_help_file) options+=(-max_len=20000) ;;
         fuzz_jpeg_tables) options+=(-max_len=2000) ;;
         *) options+=(-max_len=45000 -dict=fuzz/project_document.dict) ;;
     esac

@@ -8,7 +8,7 @@ build_packages=(
     qt6-base-dev qt6-image-formats-plugins libqt6svg6
     libcurl4-openssl-dev libgif-dev libimagequant-dev libjpeg-dev rapidjson-dev
     pkg-config libavformat-dev libavcodec-dev libswscale-dev libavutil-dev
-    dpkg-dev file
+    dpkg-dev file fp-utils
 )
 test_packages=(
     libgtest-dev libgmock-dev
@@ -16,13 +16,10 @@ test_packages=(
     fonts-liberation2
     chromium chromium-driver python3 python3-selenium
     xvfb xdotool xclip libxml2-utils imagemagick binutils bsdutils
-    ffmpeg gifsicle poppler-utils
+    ffmpeg gifsicle poppler-utils libchm-bin
     python3-pyftpdlib python3-openssl vsftpd openssl
-<<<<<<< HEAD
     appstream bash-completion desktop-file-utils lintian man-db mmdebstrap shared-mime-info
-=======
     libcap2 libcrypt1 libpam0g libsodium23 libssl3 # of pure-ftpd, below
->>>>>>> c798cfb67104dd121e9160b5639047ebc4583ef7
 )
 
 bench_packages=(

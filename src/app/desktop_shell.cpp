@@ -2,6 +2,7 @@
 
 #include "core/host_files.h"
 #include "core/version.h"
+#include "help/frm_help.h"
 #include "picture/color_value.h"
 
 #include <QApplication>
@@ -84,8 +85,15 @@ QString askForFile(QFileDialog& dialog, const FileRequest& request) {
 
 }  // namespace
 
+DesktopShell::DesktopShell() = default;
+
+DesktopShell::~DesktopShell() = default;
+
 QWidget* DesktopShell::dialogParent() const {
     QWidget* active = QApplication::activeWindow();
+    if (active && active == help_.get()) {
+        active = QApplication::activeModalWidget();  // the help only stands beside what goes on
+    }
     return active || !progressBar_ ? active : progressBar_->window();
 }
 
@@ -172,6 +180,14 @@ void DesktopShell::wait(int milliseconds) {
 
 void DesktopShell::openInBrowser(const QString& hostFile) {
     QDesktopServices::openUrl(QUrl::fromLocalFile(hostFile));
+}
+
+bool DesktopShell::openHelp(const QString& hostFile, const QString& topic) {
+    if (!help_) {
+        help_ = std::make_unique<frmHelp>();
+        help_->openAddress = [this](const QString& url) { openAddress(url); };
+    }
+    return help_->openTopic(hostFile, topic);
 }
 
 void DesktopShell::openAddress(const QString& url) {

@@ -2,16 +2,23 @@
 
 #include "core/shell.h"
 
+#include <memory>
+
 class QProgressBar;
 class QWidget;
 
 namespace nubivane {
 
+class frmHelp;
+
 /// The shell of the desktop: message boxes, file dialogs, the progress bar of the main window.
 class DesktopShell : public Shell {
   public:
-    /// The bar that `setProgress` moves; none before the main window is there.
+    DesktopShell();
+    ~DesktopShell() override;
+
     std::optional<qint32> chooseColor(qint32 initial) override;
+    /// The bar that `setProgress` moves; none before the main window is there.
     void setProgressBar(QProgressBar* bar) { progressBar_ = bar; }
 
     Answer messageBox(const Message& message) override;
@@ -23,6 +30,7 @@ class DesktopShell : public Shell {
     void processEvents() override;
     void wait(int milliseconds) override;
     void openInBrowser(const QString& hostFile) override;
+    bool openHelp(const QString& hostFile, const QString& topic) override;
     void openAddress(const QString& url) override;
     bool networkPresent() override;
 
@@ -31,6 +39,7 @@ class DesktopShell : public Shell {
     QWidget* dialogParent() const;
 
     QProgressBar* progressBar_ = nullptr;
+    std::unique_ptr<frmHelp> help_;  ///< made when it is first asked for
 };
 
 }  // namespace nubivane

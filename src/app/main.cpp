@@ -1,6 +1,7 @@
 #include "app/command_line.h"
 #include "app/desktop_shell.h"
 #include "app/frm_splash.h"
+#include "app/help_key.h"
 #include "app/single_instance.h"
 #include "core/error.h"
 #include "core/host_files.h"
@@ -67,6 +68,7 @@ int main(int argc, char* argv[]) {
     }
     SettingsStore settings(SettingsStore::standardFile());
     Workspace workspace(folder, settings);
+    const HelpKey helpKey(workspace, shell);
     frmMap window(workspace, shell);
     window.setAttribute(Qt::WA_QuitOnClose);
     shell.setProgressBar(window.pBarMain());

@@ -59,7 +59,10 @@ class Shell {
 
     /// Asks the system to open a file (host path) with the program meant for it.
     virtual void openInBrowser(const QString& hostFile) = 0;
-    /// The same for an address of the web.
+    /// Shows a topic of a compiled help file (host path). False, with nothing shown, when there is
+    /// no such file or it has no such topic.
+    virtual bool openHelp(const QString& hostFile, const QString& topic) = 0;
+    /// Asks the system to open an address of the web.
     virtual void openAddress(const QString& url) = 0;
     /// Whether the machine has any network beyond itself.
     virtual bool networkPresent() = 0;

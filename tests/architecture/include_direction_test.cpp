@@ -10,8 +10,9 @@ namespace {
 /// The engine's folders from the bottom up: each may use itself and those before it. What is made
 /// for the command line alone stands at their top.
 const QStringList& engineFromBelow() {
-    static const QStringList folders{"core", "picture", "model",  "collections", "project",
-                                     "web",  "upload",  "export", "services",    "cli"};
+    static const QStringList folders{"core",        "help",     "picture", "model",
+                                     "collections", "project",  "web",     "upload",
+                                     "export",      "services", "cli"};
     return folders;
 }
 

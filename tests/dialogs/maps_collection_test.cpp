@@ -303,9 +303,10 @@ TEST_F(MapsCollectionWindow, HelpOpensItsTopicOrSaysThatThereIsNone) {
     start();
     shell.expectMessage("Help file not found", Icon::Critical);
     clickPart(window(), "cmdHelp");
-    writeFile(host("Help/MapSelection.htm"), "x");
+    writeFile(host("Help/Nubivane.chm"), "x");
     clickPart(window(), "cmdHelp");
-    EXPECT_EQ(shell.opened, QStringList(host("Help/MapSelection.htm")));
+    EXPECT_EQ(shell.opened, QStringList(host("Help/Nubivane.chm")));
+    EXPECT_EQ(shell.helpTopics, QStringList("MapSelection.htm"));
 }
 
 TEST_F(MapsCollectionWindow, TheToolsStandInTheirOrder) {

@@ -1,5 +1,7 @@
 #include "support/scripted_shell.h"
 
+#include <QFileInfo>
+
 #include <gtest/gtest.h>
 
 namespace nubivane::testing {
@@ -84,6 +86,15 @@ std::optional<qint32> ScriptedShell::chooseColor(qint32 initial) {
 void ScriptedShell::setProgress(int percent) {
     progressVisible = true;
     progress << percent;
+}
+
+bool ScriptedShell::openHelp(const QString& hostFile, const QString& topic) {
+    if (!QFileInfo::exists(hostFile)) {
+        return false;
+    }
+    opened << hostFile;
+    helpTopics << topic;
+    return true;
 }
 
 }  // namespace nubivane::testing

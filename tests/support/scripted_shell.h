@@ -33,6 +33,7 @@ class ScriptedShell : public Shell {
     void processEvents() override { ++eventRounds; }
     void wait(int milliseconds) override { waits << milliseconds; }
     void openInBrowser(const QString& hostFile) override { opened << hostFile; }
+    bool openHelp(const QString& hostFile, const QString& topic) override;
     void openAddress(const QString& url) override { openedAddresses << url; }
     bool networkPresent() override { return network; }
 
@@ -44,7 +45,8 @@ class ScriptedShell : public Shell {
     bool network = true;
     QStringList opened;  ///< files given to the browser
     QStringList openedAddresses;
-    QStringList causes;  ///< causes of the messages shown
+    QStringList helpTopics;  ///< shown out of a help file that is there
+    QStringList causes;      ///< causes of the messages shown
     FileRequest lastFileRequest;
 
   private:

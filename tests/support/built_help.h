@@ -1,0 +1,12 @@
+#pragma once
+
+#include "support/fixtures.h"
+
+namespace nubivane::testing {
+
+/// Host path of the help file that the build has made.
+inline QString builtHelp() {
+    return QStringLiteral(NUBIVANE_PROGRAM_FOLDER "/Help/Nubivane.chm");
+}
+
+}  // namespace nubivane::testing
