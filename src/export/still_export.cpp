@@ -8,6 +8,8 @@
 
 #include <QStringList>
 
+#include <utility>
+
 namespace nubivane {
 
 namespace {
@@ -23,16 +25,40 @@ PictureFormat formatOf(const QString& path) {
     return formatOfExtension(end);
 }
 
+class MapFileJob : public ExportJob {
+  public:
+    MapFileJob(FrameContent frame, const QString& path) : frame_(std::move(frame)), path_(path) {}
+
+    void load() override {
+        stage_.loadMap(frame_);
+        stage_.loadStageSprites(frame_);
+    }
+
+    void save(ExportWatcher& watcher) override {
+        watcher.setProgress(45);
+        const QImage picture = stage_.grabStage(0);
+        watcher.showStage(picture);
+        watcher.setProgress(70);
+        const QByteArray bytes = encodePicture(picture, formatOf(path_));
+        host_files::writeHostFile(host_files::toHost(path_), bytes);
+        watcher.setProgress(90);
+        watcher.setProgress(100);
+    }
+
+  private:
+    FrameContent frame_;
+    QString path_;
+    ExportStage stage_;
+};
+
 }  // namespace
 
+std::unique_ptr<ExportJob> mapFileJob(FrameContent frame, const QString& path) {
+    return std::make_unique<MapFileJob>(std::move(frame), path);
+}
+
 void saveMapFile(Workspace& workspace, qint32 frame, const QString& path, ExportWatcher& watcher) {
-    watcher.setProgress(45);
-    const QImage picture = renderFrame(workspace, frame);
-    watcher.setProgress(70);
-    const QByteArray bytes = encodePicture(picture, formatOf(path));
-    host_files::writeHostFile(host_files::toHost(path), bytes);
-    watcher.setProgress(90);
-    watcher.setProgress(100);
+    runExport(*mapFileJob(contentOf(workspace, frame), path), watcher);
 }
 
 }  // namespace nubivane

@@ -1,15 +1,16 @@
 #pragma once
 
-#include <QString>
+#include "export/export_job.h"
+#include "export/frame_content.h"
 
 namespace nubivane {
-
-class ExportWatcher;
-class Workspace;
 
 /// Writes a Frame as one image file, in the format that the last three characters of the path (in
 /// any case) name: bmp, gif, jpg, png or tif. Raises `Error`: `UnsupportedFormat` for another
 /// ending, FileAccess and others as they come. Nothing half written is left.
+std::unique_ptr<ExportJob> mapFileJob(FrameContent frame, const QString& path);
+
+/// The same at once.
 void saveMapFile(Workspace& workspace, qint32 frame, const QString& path, ExportWatcher& watcher);
 
 }  // namespace nubivane
