@@ -50,7 +50,9 @@ frmMap::frmMap(Workspace& workspace, Shell& shell)
       copySpecial_(workspace, shell, canvas_, commands_, this),
       clipboardCommands_(workspace, canvas_, commands_),
       clearCommands_(workspace, shell, canvas_, *viewport_, commands_),
-      propertyCommands_(workspace, shell, canvas_, commands_, *this) {
+      propertyCommands_(workspace, shell, canvas_, commands_, *this),
+      exportCommands_(workspace, shell, canvas_, commands_, this),
+      printCommands_(shell, canvas_, commands_, this) {
     setObjectName("frmMap");
     setWindowIcon(programIcon("nubivane"));
     setAcceptDrops(true);
