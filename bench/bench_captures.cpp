@@ -52,9 +52,10 @@ bool writeAll(Workspace& workspace, bool film, const QString& folder) {
         }
         return ok;
     }
-    ExportStage stage(workspace);
-    stage.loadMap(1);
-    stage.loadStageSprites(1);
+    const FrameContent content = contentOf(workspace, 1);
+    ExportStage stage;
+    stage.loadMap(content);
+    stage.loadStageSprites(content);
     const CapturePlan plan = planGif(stage.timing(), 1);
     for (qint64 i = 0; i < plan.count(); ++i) {
         ok = write(stage.grabStage(i * plan.interval), folder, i + 1) && ok;

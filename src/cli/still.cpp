@@ -34,11 +34,12 @@ void saveAll(CommandContext& context, const QStringList& files) {
     parallelFor(
         static_cast<std::size_t>(stages),
         [&](std::size_t number) {
-            ExportStage stage(context.workspace);
+            ExportStage stage;
             ExportWatcher nobody;
             const qsizetype first = static_cast<qsizetype>(number) * FramesOnAStage;
             for (qsizetype i = first; i < std::min(first + FramesOnAStage, files.size()); ++i) {
-                saveMapFile(stage, static_cast<qint32>(i) + 1, modelPath(files[i]), nobody);
+                saveMapFile(stage, contentOf(context.workspace, static_cast<qint32>(i) + 1),
+                            modelPath(files[i]), nobody);
             }
         },
         [&](std::size_t done) {

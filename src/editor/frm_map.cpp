@@ -52,6 +52,8 @@ frmMap::frmMap(Workspace& workspace, Shell& shell)
       clipboardCommands_(workspace, canvas_, commands_),
       clearCommands_(workspace, shell, canvas_, *viewport_, commands_),
       propertyCommands_(workspace, shell, canvas_, commands_, *this),
+      exportCommands_(workspace, shell, canvas_, commands_, this),
+      printCommands_(shell, canvas_, commands_, this),
       publishCommands_({workspace, shell, *this}, commands_, this),
       serviceCommands_({workspace, shell, *this}, commands_, this) {
     setObjectName("frmMap");

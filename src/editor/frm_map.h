@@ -6,12 +6,14 @@
 #include "editor/commands.h"
 #include "editor/copy_special.h"
 #include "editor/drawing/draw_strip.h"
+#include "editor/export_commands.h"
 #include "editor/frame_canvas.h"
 #include "editor/frame_commands.h"
 #include "editor/frame_tabs.h"
 #include "editor/input_block.h"
 #include "editor/map_viewport.h"
 #include "editor/palette.h"
+#include "editor/print_commands.h"
 #include "editor/project_commands.h"
 #include "editor/property_commands.h"
 #include "editor/publish_commands.h"
@@ -58,6 +60,7 @@ class frmMap : public QMainWindow, public EditorView {
     CopySpecial& copySpecial() { return copySpecial_; }
     ClipboardCommands& clipboardCommands() { return clipboardCommands_; }
     PropertyCommands& propertyCommands() { return propertyCommands_; }
+    PrintCommands& printCommands() { return printCommands_; }
     bool locked() const;
     bool acceptsInput() const { return !inputBlock_.isActive(); }
 
@@ -118,6 +121,8 @@ class frmMap : public QMainWindow, public EditorView {
     ClipboardCommands clipboardCommands_;
     ClearCommands clearCommands_;
     PropertyCommands propertyCommands_;
+    ExportCommands exportCommands_;
+    PrintCommands printCommands_;
     PublishCommands publishCommands_;
     ServiceCommands serviceCommands_;
     QRect normalGeometry_;

@@ -15,6 +15,16 @@ namespace {
 
 const QColor FrameColor(96, 110, 122);
 
+/// Its sides are filled: lines would leave the last pixels of a dense screen unpainted.
+void paintFrame(QPainter& painter, const QRect& rect) {
+    for (const QRect& side : {QRect(rect.left(), rect.top(), rect.width(), 1),
+                              QRect(rect.left(), rect.bottom(), rect.width(), 1),
+                              QRect(rect.left(), rect.top(), 1, rect.height()),
+                              QRect(rect.right(), rect.top(), 1, rect.height())}) {
+        painter.fillRect(side, FrameColor);
+    }
+}
+
 }  // namespace
 
 MapCanvas::MapCanvas(Workspace& workspace, SpriteStack& sprites, Selection& selection,
@@ -69,8 +79,7 @@ void MapCanvas::takeOver(const QRect& mapRect) {
 
 void MapCanvas::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    painter.setPen(FrameColor);
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    paintFrame(painter, rect());
     painter.translate(1, 1);
     painter.setClipRect(QRect(0, 0, width() - 2, height() - 2), Qt::IntersectClip);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);

@@ -26,11 +26,15 @@ void Selection::clearSelection() {
     }
     workspace_.Status.CurrentShapeControlType = sprite_type::None;
     workspace_.Status.CurrentShapeControlKey.clear();
+    hideFrame();
+    commandsChanged();
+}
+
+void Selection::hideFrame() {
     if (selector_) {
         changed(selector_->paintedRect());
         selector_.reset();
     }
-    commandsChanged();
 }
 
 void Selection::follow() {

@@ -26,6 +26,8 @@ class Selection {
     void follow();
     /// Puts the frame, if there is one, around a rectangle of the map.
     void surround(const QRect& sprite);
+    /// Takes the frame off; the sprite stays selected.
+    void hideFrame();
 
     bool isEmpty() const;
     /// The selected control, or nothing.

@@ -1,7 +1,7 @@
 #include "export/export_stage.h"
 
+#include "core/host_files.h"
 #include "export/label_painter.h"
-#include "model/workspace.h"
 
 #include <QPainter>
 
@@ -10,28 +10,6 @@
 namespace nubivane {
 
 namespace {
-
-constexpr char SymbolArray[] = "gifSymbol";
-constexpr char LabelArray[] = "lblTesto";
-
-/// The two arrays of on-screen elements, as far as they are filled.
-class SpriteArrays {
-  public:
-    /// The number of a new element in the array of a name; nothing for another name.
-    std::optional<qint32> add(const QString& name) {
-        if (name == QLatin1String(SymbolArray)) {
-            return ++symbols_;
-        }
-        if (name == QLatin1String(LabelArray)) {
-            return ++labels_;
-        }
-        return std::nullopt;
-    }
-
-  private:
-    qint32 symbols_ = 0;
-    qint32 labels_ = 0;
-};
 
 /// Sprites come from files: a position may be any number.
 bool touches(QPoint position, QSize size, QSize stage) {
@@ -50,12 +28,6 @@ QImage opaque(const QImage& image) {
     return sheet;
 }
 
-/// How a Label differs here from the canvas: its border has the stage's colour, whatever its own.
-cLabel onStage(cLabel label) {
-    label.BorderColor = 0;
-    return label;
-}
-
 void fold(StageTiming& timing, const Animation& animation) {
     timing.longestLoop = std::max(timing.longestLoop, animation.totalDuration());
     if (animation.moves()) {
@@ -66,18 +38,18 @@ void fold(StageTiming& timing, const Animation& animation) {
 
 }  // namespace
 
-Picture ExportStage::mapOf(qint32 frame) {
-    const Picture drawn = workspace_.pctPanel.picture(frame);
-    if (!drawn.isEmpty()) {
-        return drawn;
+Picture ExportStage::mapOf(const FrameContent& frame) {
+    if (!frame.drawn.isEmpty()) {
+        return frame.drawn;
     }
-    if (bareMap_.isEmpty()) {
-        bareMap_ = workspace_.loadCurrentMap();
+    if (bareMap_.isEmpty() || bareMapFile_ != frame.mapFile) {
+        bareMap_ = Picture::fromEncoded(host_files::read(frame.mapFile, MaxPictureBytes));
+        bareMapFile_ = frame.mapFile;
     }
     return bareMap_;
 }
 
-void ExportStage::loadMap(qint32 frame) {
+void ExportStage::loadMap(const FrameContent& frame) {
     const Picture picture = mapOf(frame);
     if (!picture.sharesContentWith(mapPicture_)) {
         map_ = opaque(picture.image());
@@ -85,40 +57,19 @@ void ExportStage::loadMap(qint32 frame) {
     }
 }
 
-void ExportStage::loadStageSprites(qint32 frame) {
-    const cSprites& sprites = workspace_.Frames().Item(frame).Sprites();
-    SpriteArrays arrays;
+void ExportStage::loadStageSprites(const FrameContent& frame) {
     // The old sprites go last, so that files that both Frames show are decoded once.
     std::vector<PlacedSymbol> symbols;
-    std::vector<cLabel> labels;
     StageTiming timing;
-    timing.symbols = sprites.Symbols().Count();
-    for (cSymbol& symbol : sprites.Symbols()) {
-        const auto index = arrays.add(symbol.Name);
-        if (!index) {
-            continue;
-        }
-        symbol.Index = *index;
-        if (symbol.Name != QLatin1String(SymbolArray)) {
-            continue;
-        }
-        if (auto animation = cache_.get(symbol.PathFileGif)) {
+    timing.symbols = frame.symbolCount;
+    for (const FrameContent::Symbol& symbol : frame.symbols) {
+        if (auto animation = cache_.get(symbol.file)) {
             fold(timing, *animation);
-            symbols.push_back({{symbol.PosX, symbol.PosY}, std::move(animation)});
-        }
-    }
-    for (cLabel& label : sprites.Labels()) {
-        const auto index = arrays.add(label.Name);
-        if (!index) {
-            continue;
-        }
-        label.Index = *index;
-        if (label.Name == QLatin1String(LabelArray)) {
-            labels.push_back(onStage(label));
+            symbols.push_back({symbol.position, std::move(animation)});
         }
     }
     symbols_.swap(symbols);
-    labels_.swap(labels);
+    labels_ = frame.labels;
     timing_ = timing;
 }
 
@@ -148,9 +99,10 @@ QImage ExportStage::grabStage(qint64 time) const {
 }
 
 QImage renderFrame(Workspace& workspace, qint32 frame, qint64 time) {
-    ExportStage stage(workspace);
-    stage.loadMap(frame);
-    stage.loadStageSprites(frame);
+    const FrameContent content = contentOf(workspace, frame);
+    ExportStage stage;
+    stage.loadMap(content);
+    stage.loadStageSprites(content);
     return stage.grabStage(time);
 }
 

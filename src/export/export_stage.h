@@ -1,13 +1,11 @@
 #pragma once
 
-#include "model/sprites.h"
+#include "export/frame_content.h"
 #include "picture/animation.h"
 #include "picture/animation_cache.h"
 #include "picture/gif_colors.h"
-#include "picture/picture.h"
 
 #include <QImage>
-#include <QString>
 
 #include <memory>
 #include <optional>
@@ -27,20 +25,18 @@ struct StageTiming {
 /// The private picture on which an export rebuilds a Frame: the map with what was drawn on it, the
 /// Symbols in their own sizes, the Labels; nothing is scaled. The Frame's texts are not part of it.
 ///
-/// All Symbols play on one clock, which starts when they are placed. The canvas lags behind the
-/// panels: whoever exports the Frame on it calls `Workspace::storeCurrentFrame` first.
+/// All Symbols play on one clock, which starts when they are placed. A stage knows nothing of the
+/// model: it may stand on any one thread.
 class ExportStage {
   public:
-    explicit ExportStage(Workspace& workspace) : workspace_(workspace) {}
-
     /// The map picture of a Frame: what was drawn on it, or else the bare map. Raises `Error`.
-    Picture mapOf(qint32 frame);
+    Picture mapOf(const FrameContent& frame);
 
     /// Puts a Frame's map on the stage. Raises `Error`.
-    void loadMap(qint32 frame);
-    /// Places a Frame's sprites, and gives each the `Index` that it has on the stage. One that
-    /// cannot be shown leaves a gap. Those of another Frame are taken off.
-    void loadStageSprites(qint32 frame);
+    void loadMap(const FrameContent& frame);
+    /// Places a Frame's sprites. One that cannot be shown leaves a gap. Those of another Frame are
+    /// taken off.
+    void loadStageSprites(const FrameContent& frame);
     void clearStageSprites();
 
     QSize size() const { return map_.size(); }
@@ -57,9 +53,9 @@ class ExportStage {
         std::shared_ptr<const Animation> animation;
     };
 
-    Workspace& workspace_;
     AnimationCache cache_;
-    Picture bareMap_;     ///< empty until a Frame shows it
+    Picture bareMap_;  ///< empty until a Frame shows it
+    QString bareMapFile_;
     Picture mapPicture_;  ///< what stands on the stage, and its pixels
     QImage map_;
     std::vector<PlacedSymbol> symbols_;

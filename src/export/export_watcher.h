@@ -2,16 +2,20 @@
 
 #include <QString>
 
+class QImage;
+
 namespace nubivane {
 
-/// Who watches an export: its run window, or nobody. Called often enough that a window which lets
-/// its events run in `setProgress` and `working` stays alive.
+/// Who watches an export: its run window, or nobody. Called on the thread that works, after every
+/// picture at least. To stop an export the watcher raises `Error`: then nothing is left of it.
 class ExportWatcher {
   public:
     virtual ~ExportWatcher() = default;
 
     virtual void setCaption(const QString&) {}
     virtual void setProgress(int) {}  ///< percent
+    /// The stage as it was just captured.
+    virtual void showStage(const QImage&) {}
     virtual void working() {}
 };
 

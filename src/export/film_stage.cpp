@@ -2,20 +2,27 @@
 
 #include "model/workspace.h"
 
+#include <utility>
+
 namespace nubivane {
 
-qint32 FilmStage::count() const {
-    return workspace_.Frames().Count();
+FilmStage::FilmStage(Workspace& workspace, const FilmOptions& options) : options_(options) {
+    FrameContent first = contentOf(workspace, options.current);
+    first.drawn = workspace.pctPanel.picture(1);
+    frames_.push_back(std::move(first));
+    for (qint32 i = 2; i <= workspace.Frames().Count(); ++i) {
+        frames_.push_back(contentOf(workspace, i));
+    }
 }
 
-QSize FilmStage::size(qint32 frame) {
-    return stage_.mapOf(frame).size();
+QSize FilmStage::size(qint32 number) {
+    return stage_.mapOf(frame(number)).size();
 }
 
-Capture FilmStage::captureFrame(qint32 frame) {
+Capture FilmStage::captureFrame(qint32 number) {
     constexpr int MillisecondsPerHundredth = 10;
-    stage_.loadMap(frame);
-    stage_.loadStageSprites(frame == 1 ? options_.current : frame);
+    stage_.loadMap(frame(number));
+    stage_.loadStageSprites(frame(number));
     return stage_.capture(qint64{options_.FrameInterval} * MillisecondsPerHundredth);
 }
 

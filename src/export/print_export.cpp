@@ -33,6 +33,10 @@ QPageLayout layoutFor(QSize picture) {
 
 }  // namespace
 
+QImage partToPrint(const QImage& canvas) {
+    return canvas.copy(canvas.rect().adjusted(1, 1, 0, 0));
+}
+
 QImage canvasToPrint(const QImage& stage) {
     QImage canvas(stage.size() + QSize(1, 1), QImage::Format_RGB32);
     canvas.fill(CanvasFrameColor);
@@ -51,6 +55,10 @@ void printPicture(QPagedPaintDevice& paper, const QImage& picture) {
     painter.scale(double(paper.logicalDpiX()) / PixelsPerInch,
                   double(paper.logicalDpiY()) / PixelsPerInch);
     painter.drawImage(QRectF(QPointF(0, 0), QSizeF(picture.size())), picture);
+    if (!painter.end()) {
+        throw Error(error_number::FileAccess, "printing", "Cannot print.",
+                    "the printer does not end the page");
+    }
 }
 
 void printToPdf(const QImage& picture, const QString& path) {

@@ -10,12 +10,15 @@ namespace nubivane {
 /// The colour of the canvas's frame, a line of one pixel around the map.
 inline constexpr QRgb CanvasFrameColor = qRgb(96, 110, 122);
 
-/// What is printed of the canvas, made without one: all but the first row and column, so that of
-/// its frame the right and the lower line are left. One pixel wider and higher than the map.
+/// What is printed of the canvas: all but the first row and column, so that of its frame the right
+/// and the lower line are left. One pixel wider and higher than the map.
+QImage partToPrint(const QImage& canvas);
+
+/// The same, made of a stage without a canvas.
 QImage canvasToPrint(const QImage& stage);
 
 /// Prints a picture at the upper left corner of a page, 96 pixels to the inch. Raises `Error`
-/// (FileAccess) when the paper cannot be begun.
+/// (FileAccess) when the paper cannot be begun or ended.
 void printPicture(QPagedPaintDevice& paper, const QImage& picture);
 
 /// The same into a PDF file of one page, without any loss: A4 as it holds the picture, upright or

@@ -8,6 +8,8 @@
 
 #include <QStringList>
 
+#include <utility>
+
 namespace nubivane {
 
 namespace {
@@ -23,23 +25,50 @@ PictureFormat formatOf(const QString& path) {
     return formatOfExtension(end);
 }
 
-}  // namespace
-
-void saveMapFile(Workspace& workspace, qint32 frame, const QString& path, ExportWatcher& watcher) {
-    ExportStage stage(workspace);
-    saveMapFile(stage, frame, path, watcher);
-}
-
-void saveMapFile(ExportStage& stage, qint32 frame, const QString& path, ExportWatcher& watcher) {
+/// Writes what stands on a stage.
+void writeStage(const ExportStage& stage, const QString& path, ExportWatcher& watcher) {
     watcher.setProgress(45);
-    stage.loadMap(frame);
-    stage.loadStageSprites(frame);
     const QImage picture = stage.grabStage(0);
+    watcher.showStage(picture);
     watcher.setProgress(70);
     const QByteArray bytes = encodePicture(picture, formatOf(path));
     host_files::writeHostFile(host_files::toHost(path), bytes);
     watcher.setProgress(90);
     watcher.setProgress(100);
+}
+
+class MapFileJob : public ExportJob {
+  public:
+    MapFileJob(FrameContent frame, const QString& path) : frame_(std::move(frame)), path_(path) {}
+
+    void load() override {
+        stage_.loadMap(frame_);
+        stage_.loadStageSprites(frame_);
+    }
+
+    void save(ExportWatcher& watcher) override { writeStage(stage_, path_, watcher); }
+
+  private:
+    FrameContent frame_;
+    QString path_;
+    ExportStage stage_;
+};
+
+}  // namespace
+
+std::unique_ptr<ExportJob> mapFileJob(FrameContent frame, const QString& path) {
+    return std::make_unique<MapFileJob>(std::move(frame), path);
+}
+
+void saveMapFile(Workspace& workspace, qint32 frame, const QString& path, ExportWatcher& watcher) {
+    runExport(*mapFileJob(contentOf(workspace, frame), path), watcher);
+}
+
+void saveMapFile(ExportStage& stage, const FrameContent& frame, const QString& path,
+                 ExportWatcher& watcher) {
+    stage.loadMap(frame);
+    stage.loadStageSprites(frame);
+    writeStage(stage, path, watcher);
 }
 
 }  // namespace nubivane

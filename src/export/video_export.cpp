@@ -30,34 +30,60 @@ QImage withoutOddPixel(const QImage& picture, QSize size) {
     return odd ? onSheet(picture, size) : picture;
 }
 
-/// What stands around the captures of a Frame, the same for both formats.
-void saveFrame(Workspace& workspace, qint32 frame, const QString& path, VideoFormat format,
-               const VideoOptions& options, ExportWatcher& watcher) {
-    watcher.setCaption(" Creating frames - step 1 of 3");
-    ExportStage stage(workspace);
-    stage.loadMap(frame);
-    stage.loadStageSprites(frame);
-    const bool avi = format == VideoFormat::Avi;
-    const CapturePlan plan = avi ? planVideo(stage.timing(), options.compression)
-                                 : planGif(stage.timing(), options.compression);
-    const QSize size = videoSize(format, options.size, stage.size());
-    const VideoRate rate = avi ? VideoRate{framesPerSecond(plan.interval), 1}
-                               : VideoRate{MillisecondsPerSecond, static_cast<int>(plan.interval)};
-    VideoWriter video(path, format, size, rate);
-    for (qint64 i = 0; i < plan.count(); ++i) {
-        const qint64 elapsed = i * plan.interval;
-        video.add(withoutOddPixel(stage.grabStage(elapsed), size));
-        if (elapsed < plan.longestLoop) {
-            watcher.setProgress(static_cast<int>(elapsed * ProgressOfCaptures / plan.longestLoop));
+/// A Frame as a video of either format.
+class VideoJob : public ExportJob {
+  public:
+    VideoJob(Workspace& workspace, qint32 frame, const QString& path, VideoFormat format,
+             const VideoOptions& options)
+        : frame_(contentOf(workspace, frame)), path_(path), format_(format), options_(options) {}
+
+    void load() override {
+        stage_.loadMap(frame_);
+        stage_.loadStageSprites(frame_);
+        plan_ = isAvi() ? planVideo(stage_.timing(), options_.compression)
+                        : planGif(stage_.timing(), options_.compression);
+    }
+
+    void save(ExportWatcher& watcher) override {
+        watcher.setCaption(" Creating frames - step 1 of 3");
+        const QSize size = videoSize(format_, options_.size, stage_.size());
+        VideoWriter video(path_, format_, size, rate());
+        for (qint64 i = 0; i < plan_.count(); ++i) {
+            add(video, i * plan_.interval, size, watcher);
+        }
+        watcher.setCaption(" Creating file - step 2 of 3");
+        watcher.setProgress(80);
+        watcher.setCaption(" Saving - step 3 of 3");
+        video.finish();
+        watcher.setProgress(100);
+    }
+
+  private:
+    bool isAvi() const { return format_ == VideoFormat::Avi; }
+
+    VideoRate rate() const {
+        return isAvi() ? VideoRate{framesPerSecond(plan_.interval), 1}
+                       : VideoRate{MillisecondsPerSecond, static_cast<int>(plan_.interval)};
+    }
+
+    void add(VideoWriter& video, qint64 elapsed, QSize size, ExportWatcher& watcher) {
+        const QImage picture = stage_.grabStage(elapsed);
+        watcher.showStage(picture);
+        // Only where the format itself wants even sides: a size that was asked for is kept.
+        video.add(isAvi() ? picture : withoutOddPixel(picture, size));
+        if (elapsed < plan_.longestLoop) {
+            watcher.setProgress(static_cast<int>(elapsed * ProgressOfCaptures / plan_.longestLoop));
         }
         watcher.working();
     }
-    watcher.setCaption(" Creating file - step 2 of 3");
-    watcher.setProgress(80);
-    watcher.setCaption(" Saving - step 3 of 3");
-    video.finish();
-    watcher.setProgress(100);
-}
+
+    FrameContent frame_;
+    QString path_;
+    VideoFormat format_;
+    VideoOptions options_;
+    ExportStage stage_;
+    CapturePlan plan_{};
+};
 
 }  // namespace
 
@@ -65,14 +91,20 @@ int framesPerSecond(qint64 interval) {
     return std::max(1, static_cast<int>(MillisecondsPerSecond / std::max<qint64>(1, interval)));
 }
 
+std::unique_ptr<ExportJob> aviJob(Workspace& workspace, qint32 frame, const QString& AviFileName,
+                                  const VideoOptions& options) {
+    return std::make_unique<VideoJob>(workspace, frame, AviFileName, VideoFormat::Avi, options);
+}
+
 void saveAvi(Workspace& workspace, qint32 frame, const QString& AviFileName,
              const VideoOptions& options, ExportWatcher& watcher) {
-    saveFrame(workspace, frame, AviFileName, VideoFormat::Avi, options, watcher);
+    runExport(*aviJob(workspace, frame, AviFileName, options), watcher);
 }
 
 void saveMp4(Workspace& workspace, qint32 frame, const QString& path, const VideoOptions& options,
              ExportWatcher& watcher) {
-    saveFrame(workspace, frame, path, VideoFormat::Mp4, options, watcher);
+    VideoJob job(workspace, frame, path, VideoFormat::Mp4, options);
+    runExport(job, watcher);
 }
 
 void saveFilmMp4(Workspace& workspace, const QString& path, const FilmOptions& options,

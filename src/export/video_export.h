@@ -7,9 +7,6 @@
 
 namespace nubivane {
 
-class ExportWatcher;
-class Workspace;
-
 /// What a video of a Frame is made with.
 struct VideoOptions {
     QSize size;           ///< pixels; a side that is not above 0 is the map's
@@ -19,6 +16,10 @@ struct VideoOptions {
 /// Writes a Frame as an AVI video of whole pictures a second, captured as for a moving GIF, each
 /// scaled to `size` without regard to proportions. An existing file is replaced when the new one is
 /// whole. Raises `Error`.
+std::unique_ptr<ExportJob> aviJob(Workspace& workspace, qint32 frame, const QString& AviFileName,
+                                  const VideoOptions& options);
+
+/// The same at once.
 void saveAvi(Workspace& workspace, qint32 frame, const QString& AviFileName,
              const VideoOptions& options, ExportWatcher& watcher);
 

@@ -21,6 +21,23 @@ TEST_F(Canvas, ThePictureFillsTheMapToItsLastPixel) {
     EXPECT_FALSE(isNearly(shown({500, 400}), Qt::cyan));
 }
 
+TEST_F(Canvas, EveryPixelOfADenseScreenIsPainted) {
+    start();
+    for (const int density : {1, 2, 3}) {
+        QImage screen(canvas().size() * density, QImage::Format_RGB32);
+        screen.setDevicePixelRatio(density);
+        screen.fill(Qt::magenta);
+        canvas().render(&screen);
+        int bare = 0;
+        for (int y = 0; y < screen.height(); ++y) {
+            for (int x = 0; x < screen.width(); ++x) {
+                bare += screen.pixelColor(x, y) == Qt::magenta;
+            }
+        }
+        EXPECT_EQ(bare, 0) << density;
+    }
+}
+
 TEST_F(Canvas, WipingTheScratchLayerLeavesThePersistentLayer) {
     start();
     QPainter(&workspace.pctMap.persistentLayer()).fillRect(10, 10, 20, 20, Qt::red);

@@ -75,9 +75,10 @@ TEST_F(ExportStageTest, AMovingSymbolShowsWhatItsDelaysGive) {
 TEST_F(ExportStageTest, DelaysOfZeroCountAsATenthOfASecond) {
     makeSymbol("dot.gif", {0, 0});
     addSymbol("dot.gif", {0, 0});
-    ExportStage stage(workspace);
-    stage.loadMap(1);
-    stage.loadStageSprites(1);
+    const FrameContent content = contentOf(workspace, 1);
+    ExportStage stage;
+    stage.loadMap(content);
+    stage.loadStageSprites(content);
     EXPECT_EQ(stage.timing().longestLoop, 200);
     EXPECT_EQ(stage.timing().shortestStep, 100);
     EXPECT_EQ(stage.grabStage(99).pixel(0, 0), Red);
@@ -211,9 +212,10 @@ TEST_F(ExportStageTest, ClearingTakesAllSpritesOff) {
     makeSymbol("dot.gif", {5, 5});
     addSymbol("dot.gif", {0, 0});
     addLabel("x", {10, 10}, 0);
-    ExportStage stage(workspace);
-    stage.loadMap(1);
-    stage.loadStageSprites(1);
+    const FrameContent content = contentOf(workspace, 1);
+    ExportStage stage;
+    stage.loadMap(content);
+    stage.loadStageSprites(content);
     stage.clearStageSprites();
     EXPECT_EQ(stage.grabStage(0), plainImage({60, 40}, Qt::blue));
     EXPECT_EQ(stage.timing().longestLoop, 0);

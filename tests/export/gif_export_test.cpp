@@ -113,13 +113,14 @@ TEST_F(AniGif, AnExistingFileIsReplaced) {
     EXPECT_TRUE(temporaryFolderIsGone());
 }
 
-TEST_F(AniGif, AFailureLeavesNoFile) {
+TEST_F(AniGif, AFailureLeavesTheOldFileAndNoHalfOne) {
     writeFile(outputHost("a.gif"), "old");
     workspace.clearTempPicture();
     QFile::remove(host("Maps/map.png"));
     EXPECT_THROW(save(), Error);
     EXPECT_THROW(saveAniGif(workspace, 1, output("none\\a.gif"), 1, watcher), Error);
     EXPECT_EQ(outputs(), QStringList({"a.gif"}));
+    EXPECT_EQ(readFile(outputHost("a.gif")), "old");
     EXPECT_TRUE(temporaryFolderIsGone());
 }
 

@@ -79,6 +79,18 @@ TEST_F(VideoExport, PicturesAreSqueezedNotFramed) {
     }
 }
 
+TEST_F(VideoExport, ASizeOnePixelOffTheMapsIsScaledToo) {
+    QImage map = plainImage({201, 150}, Qt::red);
+    QPainter(&map).fillRect(195, 0, 6, 150, Qt::blue);
+    workspace.pctPanel.setPicture(1, Picture(map));
+    saveAvi(workspace, 1, output("a.avi"), {.size = {200, 150}}, watcher);
+    // Scaled, the stripe begins 6 pixels before the right side; cut off, it would be 5.
+    const QImage frame = frameOf("a.avi", 0);
+    EXPECT_GT(qRed(frame.pixel(192, 75)), 200);
+    EXPECT_GT(qBlue(frame.pixel(194, 75)), 150);
+    EXPECT_LT(qRed(frame.pixel(194, 75)), 100);
+}
+
 TEST_F(VideoExport, AFrameWithoutSymbolsGivesTwoPicturesOrOne) {
     saveAvi(workspace, 1, output("a.avi"), {}, watcher);
     EXPECT_TRUE(probed("a.avi").contains("nb_read_frames=2"));

@@ -1,0 +1,21 @@
+#pragma once
+
+class QImage;
+class QWidget;
+
+namespace nubivane {
+
+/// Where pages go. The editor has the desktop's printers; tests have paper of their own.
+class PagePrinter {
+  public:
+    virtual ~PagePrinter() = default;
+
+    /// Lets the person choose printer and paper, in front of a window. What was chosen stays for
+    /// the run of the program.
+    virtual void setUp(QWidget* over) = 0;
+    /// Prints one page with a picture at its upper left corner. Raises `Error`; then the job is
+    /// dropped.
+    virtual void print(const QImage& picture) = 0;
+};
+
+}  // namespace nubivane

@@ -1,0 +1,44 @@
+#include "editor/print_commands.h"
+
+#include "core/error.h"
+#include "core/shell.h"
+#include "editor/commands.h"
+#include "editor/desktop_printer.h"
+#include "editor/frame_canvas.h"
+#include "export/print_export.h"
+
+namespace nubivane {
+
+PrintCommands::PrintCommands(Shell& shell, FrameCanvas& canvas, Commands& commands, QWidget* window)
+    : printer(std::make_unique<DesktopPrinter>()), shell_(shell), canvas_(canvas), window_(window) {
+    commands.handle("mnuSetPrinter", [this] { printer->setUp(window_); });
+    commands.handle("mnuPrint", [this] { printMap(); });
+}
+
+void PrintCommands::printMap() {
+    Selection& selection = canvas_.selection();
+    try {
+        const HourglassGuard hourglass(shell_);
+        const bool framed = selection.shpSelector() != nullptr;
+        selection.hideFrame();
+        printer->print(partToPrint(canvasPicture()));
+        SpriteControl* control = selection.control();
+        if (framed && control) {
+            selection.selectSprite(*control);
+        }
+    } catch (const Error& error) {
+        // The frame of the selection stays hidden.
+        shell_.messageBox({"An error occurred while printing.", Icon::Critical, Buttons::Ok,
+                           QString::fromUtf8(error.what())});
+    }
+}
+
+/// In pixels of the map, however dense the screen is.
+QImage PrintCommands::canvasPicture() {
+    MapCanvas& canvas = canvas_.widget();
+    QImage picture(canvas.size(), QImage::Format_RGB32);
+    canvas.render(&picture);
+    return picture;
+}
+
+}  // namespace nubivane

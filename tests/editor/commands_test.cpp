@@ -1,0 +1,19 @@
+#include "support/editor_fixture.h"
+
+namespace nubivane {
+
+using CommandsAtStart = testing::EditorFixture;
+
+TEST_F(CommandsAtStart, AllCanBeGivenButThoseThatNeedASpriteOrASecondFrame) {
+    start();
+    QStringList disabled;
+    for (const CommandRow& row : commandTable()) {
+        if (!window().commands()[row.name]->isEnabled()) {
+            disabled << row.name;
+        }
+    }
+    EXPECT_EQ(disabled, QStringList({"mnuCut", "mnuCopy", "mnuPaste", "mnuDelSymbol", "mnuRestore",
+                                     "mnuProperty", "mnuFrameRemove"}));
+}
+
+}  // namespace nubivane
