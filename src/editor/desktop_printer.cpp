@@ -14,6 +14,17 @@
 
 namespace nubivane {
 
+namespace {
+
+/// A file beside the one that Qt proposes, which may be a folder alone, and refused then.
+QString proposedFile(const QString& proposed) {
+    const QFileInfo entry(proposed);
+    const QDir folder = entry.isDir() ? QDir(proposed) : entry.dir();
+    return folder.filePath(QStringLiteral("Nubivane.pdf"));
+}
+
+}  // namespace
+
 DesktopPrinter::DesktopPrinter() = default;
 DesktopPrinter::~DesktopPrinter() = default;
 
@@ -32,10 +43,9 @@ void DesktopPrinter::setUp(QWidget* over) {
     dialog.setObjectName("printSetup");
     dialog.setWindowTitle(QPrintDialog::tr("Print setup"));
     dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
-    // Qt proposes a folder alone, which it refuses then.
     auto* file = dialog.findChild<QLineEdit*>("filename");
-    if (file && QFileInfo(file->text()).isDir()) {
-        file->setText(QDir(file->text()).filePath(QStringLiteral("Nubivane.pdf")));
+    if (file && printer().outputFileName().isEmpty()) {
+        file->setText(proposedFile(file->text()));
     }
     if (auto* buttons = dialog.findChild<QDialogButtonBox*>()) {
         if (auto* print = buttons->button(QDialogButtonBox::Ok)) {

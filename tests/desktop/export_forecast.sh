@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Exports a forecast from the editor's menus as a picture, a moving GIF, a film and a video, and has
-# other programs look at the files.
+# Exports a forecast from the editor's menus as a picture, a moving GIF, a film and a video, prints
+# it, and has other programs look at the files.
 #
 #     export_forecast.sh PROGRAM_FOLDER
 #
@@ -115,6 +115,17 @@ shape=$(ffprobe -v error -show_entries stream=codec_name,width,height -of csv=p=
     "$work/c:/dell/night.avi")
 [ "$shape" = mjpeg,320,288 ] || fail "the video is $shape"
 echo "ok: a video"
+
+keys alt+f Down Down Down Down Return
+dialog '^Print setup$'
+xdotool key alt+f
+typed "$work/night.pdf"
+xdotool key Return
+wait_for "the set-up goes" not find_window '^Print setup$'
+[ ! -e "$work/night.pdf" ] || fail "the set-up printed"
+keys ctrl+p
+wait_for "the map is printed" grep -aq "%%EOF" "$work/night.pdf"
+echo "ok: a print into a file"
 
 keys ctrl+q
 editor_ends

@@ -59,9 +59,9 @@ TEST_F(StillExport, AStageThatServesSeveralFramesShowsEachAlone) {
     addSymbol("dot.gif", {7, 9}, 1);
     addLabel("rain", {20, 5}, -1, 1);
     addSymbol("dot.gif", {3, 3}, 2);
-    ExportStage stage(workspace);
+    ExportStage stage;
     for (const qint32 frame : {1, 2, 1}) {
-        saveMapFile(stage, frame, output("a.png"), watcher);
+        saveMapFile(stage, contentOf(workspace, frame), output("a.png"), watcher);
         EXPECT_EQ(
             decodePicture(readFile(outputHost("a.png"))).convertToFormat(QImage::Format_RGB32),
             renderFrame(workspace, frame))
