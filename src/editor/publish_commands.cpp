@@ -30,4 +30,11 @@ void PublishCommands::Init(const QString& caption) {
     frmWait_->Init(caption);
 }
 
+/// A run can fail before its window has come.
+void PublishCommands::close() {
+    if (frmWait_) {
+        frmWait_->hide();
+    }
+}
+
 }  // namespace nubivane

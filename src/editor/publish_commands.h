@@ -22,7 +22,7 @@ class PublishCommands : private UploadView {
     void setInfo(const QString& text) override { frmWait_->setInfo(text); }
     void setProgress(int percent) override { frmWait_->setProgress(percent); }
     void disableCancel() override { frmWait_->disableCancel(); }
-    void close() override { frmWait_->hide(); }
+    void close() override;
 
     Editor editor_;
     QWidget* window_;

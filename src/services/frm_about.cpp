@@ -62,7 +62,7 @@ QLabel* makeLabel(const char* name, const QString& text) {
 
 void setPoints(QLabel& label, double factor, bool bold) {
     QFont font = label.font();
-    font.setPointSizeF(font.pointSizeF() * factor);
+    font.setPointSizeF(QFontInfo(font).pointSizeF() * factor);
     font.setBold(bold);
     label.setFont(font);
 }

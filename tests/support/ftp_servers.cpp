@@ -11,8 +11,6 @@
 #include <QThread>
 
 #include <arpa/inet.h>
-#include <grp.h>
-#include <pwd.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -147,8 +145,6 @@ RealFtpServer::RealFtpServer(const QString& kind, bool tls) {
         startPyftpdlib(tls);
     } else if (kind == u"vsftpd") {
         startVsftpd(tls);
-    } else if (kind == u"proftpd") {
-        startProftpd();
     } else if (kind == u"pure-ftpd") {
         startPureFtpd(tls);
     }
@@ -211,35 +207,6 @@ void RealFtpServer::startVsftpd(bool tls) {
     }
     writeFile(folder_.file("vsftpd.conf"), text.toUtf8());
     start(program, {folder_.file("vsftpd.conf")});
-}
-
-void RealFtpServer::startProftpd() {
-    const QString program = findServer("proftpd");
-    if (program.isEmpty()) {
-        obstacle_ = "proftpd is not installed";
-        return;
-    }
-    const ProcessResult hash = runProgram("openssl", {"passwd", "-6", FtpPassword});
-    writeFile(folder_.file("passwd"), QStringLiteral("%1:%2:%3:%4::%5:/bin/sh\n")
-                                          .arg(FtpUser, QString::fromUtf8(hash.out.trimmed()))
-                                          .arg(::getuid())
-                                          .arg(::getgid())
-                                          .arg(root())
-                                          .toUtf8());
-    QFile::setPermissions(folder_.file("passwd"), QFile::ReadOwner | QFile::WriteOwner);
-    writeFile(folder_.file("proftpd.conf"),
-              QStringLiteral("ServerName tests\nServerType standalone\nDefaultAddress 127.0.0.1\n"
-                             "Port %1\nUseIPv6 off\nUser %2\nGroup %3\nAuthOrder mod_auth_file.c\n"
-                             "AuthUserFile %4/passwd\nRequireValidShell off\nRootLogin on\n"
-                             "DefaultRoot ~\nAllowOverwrite on\nWtmpLog off\n"
-                             "PidFile %4/pid\nScoreboardFile %4/scoreboard\n"
-                             "SystemLog %4/system\nTransferLog none\n"
-                             "ExtendedLog %4/log ALL\nUseReverseDNS off\n")
-                  .arg(port_)
-                  .arg(QLatin1String(::getpwuid(::getuid())->pw_name),
-                       QLatin1String(::getgrgid(::getgid())->gr_name), folder_.path())
-                  .toUtf8());
-    start(program, {"-n", "-c", folder_.file("proftpd.conf")});
 }
 
 void RealFtpServer::startPureFtpd(bool tls) {

@@ -60,8 +60,8 @@ class OwnFtpServer : public FtpServerProcess {
     int connections() const;
 };
 
-/// A real server; "vsftpd", "pyftpdlib", "proftpd", "pure-ftpd". With `tls` (not all of them can)
-/// it offers encryption under the certificate of `certificate()`; pure-ftpd then insists on it.
+/// A real server; "vsftpd", "pyftpdlib", "pure-ftpd". With `tls` it offers encryption under the
+/// certificate of `certificate()`; pure-ftpd then insists on it.
 class RealFtpServer : public FtpServerProcess {
   public:
     explicit RealFtpServer(const QString& kind, bool tls = false);
@@ -73,7 +73,6 @@ class RealFtpServer : public FtpServerProcess {
   private:
     void startPyftpdlib(bool tls);
     void startVsftpd(bool tls);
-    void startProftpd();
     void startPureFtpd(bool tls);
     void makeCertificate();
 };

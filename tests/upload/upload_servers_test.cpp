@@ -69,8 +69,7 @@ TEST_P(UploadServers, AMissingRemoteFolderIsTold) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, UploadServers,
-                         ::testing::Values("own", "slashes", "pyftpdlib", "vsftpd", "proftpd",
-                                           "pure-ftpd"),
+                         ::testing::Values("own", "slashes", "pyftpdlib", "vsftpd", "pure-ftpd"),
                          [](const auto& test) {
                              return QString(test.param).remove('-').toStdString();
                          });
