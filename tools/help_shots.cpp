@@ -111,6 +111,9 @@ const Shot shots[] = {
      [](QWidget& window) { window.resize(640, 460); }},
     {"copy-special.png", "mnuCopySymbols"},
     {"page-settings.png", "mnuImpostazioni"},
+    {"ftp-settings.png", "mnuFtpSetting"},
+    {"bug-report.png", "mnuBugReport"},
+    {"about.png", "mnuInfo"},
 };
 
 void settle(int milliseconds = SettlingMs) {
