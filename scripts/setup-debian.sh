@@ -24,7 +24,7 @@ test_packages=(
 
 bench_packages=(
     libbenchmark-dev python3-pil python3-numpy libxml2-utils imagemagick libjpeg-turbo-progs
-    ffmpeg gifsicle curl lftp python3-pyftpdlib
+    ffmpeg gifsicle curl lftp python3-pyftpdlib fonts-liberation2
 )
 fuzz_packages=(clang libclang-rt-14-dev)
 
