@@ -51,8 +51,14 @@ _nubivane_cli() {
             options='--initialize'
             with_value='--host --port --user --password-file'
             ;;
-        anigif) with_value='--compression' ;;
-        film) with_value='--interval --from' ;;
+        anigif)
+            options='--fine'
+            with_value='--compression'
+            ;;
+        film)
+            options='--fine'
+            with_value='--interval --from'
+            ;;
         avi | mp4) with_value='--width --height --compression' ;;
     esac
 
