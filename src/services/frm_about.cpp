@@ -113,8 +113,8 @@ QWidget* frmAbout::makeTexts(const Publisher& publisher) {
     QLabel* lblVersion = makeLabel("lblVersion", QString(Version) + " Beta");
     setPoints(*lblVersion, 1.2, false);
     QLabel* lblLegal =
-        makeLabel("lblLegal", tr("Free software under the GNU General Public License, version 3 "
-                                 "or later. It comes without any warranty."));
+        makeLabel("lblLegal", tr("It contains libraries under the GNU General Public License, "
+                                 "version 3 or later, and comes without any warranty."));
     lblLegal->setWordWrap(true);
     lblLegal->setFixedWidth(TextWidth);
     column->addWidget(lblSoftware);
