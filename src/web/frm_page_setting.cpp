@@ -176,8 +176,8 @@ QDialogButtonBox* frmPageSetting::makeButtons() {
     };
     add(QDialogButtonBox::Ok, "cmdOK", tr("OK"), &frmPageSetting::cmdOK_Click)->setDefault(true);
     add(QDialogButtonBox::Cancel, "cmdCancel", tr("Cancel"), &frmPageSetting::reject);
-    cmdApply_ = add(QDialogButtonBox::Apply, "cmdApply", tr("App&ly"),
-                    &frmPageSetting::cmdApply_Click);
+    cmdApply_ =
+        add(QDialogButtonBox::Apply, "cmdApply", tr("App&ly"), &frmPageSetting::cmdApply_Click);
     add(QDialogButtonBox::Help, "cmdHelp", tr("&Help"), &frmPageSetting::cmdHelp_Click);
     return box;
 }

@@ -182,8 +182,7 @@ class ListImage::Painter : public QStyledItemDelegate {
             const bool fits = metrics.horizontalAdvance(text) <= area.width();
             painter.drawText(area.translated(0, number * metrics.height()),
                              Qt::AlignHCenter | Qt::AlignTop | Qt::TextSingleLine,
-                             fits ? text
-                                  : metrics.elidedText(text, Qt::ElideRight, area.width()));
+                             fits ? text : metrics.elidedText(text, Qt::ElideRight, area.width()));
         };
         paintLine(0, caption.left(broken).trimmed());
         paintLine(1, caption.mid(broken).trimmed());
