@@ -11,6 +11,7 @@
 #include "model/workspace.h"
 #include "picture/animation_cache.h"
 #include "picture/quantizer.h"
+#include "widgets/explorer.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -111,6 +112,9 @@ const Shot shots[] = {
      [](QWidget& window) { window.resize(640, 460); }},
     {"copy-special.png", "mnuCopySymbols"},
     {"page-settings.png", "mnuImpostazioni"},
+    {"export-gif.png", "subEsportaGifAni"},
+    {"export-film.png", "subEsportaFilm"},
+    {"export-avi.png", "subEsportaAvi"},
     {"ftp-settings.png", "mnuFtpSetting"},
     {"bug-report.png", "mnuBugReport"},
     {"about.png", "mnuInfo"},
@@ -201,15 +205,16 @@ class Photographer {
             if (shot.prepare) {
                 shot.prepare(*window);
             }
-            settle();
             hideScratchFolder(*window);
+            settle();
             save(shot.file, window->grab());
             taken = true;
         }
         window->close();
     }
 
-    /// The names of scratch folders are chance; the reader's own folder looks more like this.
+    /// The names of scratch folders are chance; the reader's own folder looks more like this, and
+    /// his folders are his own.
     void hideScratchFolder(QWidget& window) {
         for (auto* field : window.findChildren<QLineEdit*>()) {
             const QSignalBlocker quiet(field);
@@ -218,6 +223,11 @@ class Photographer {
             if (field->text() != text) {
                 field->setCursorPosition(field->text().size());
             }
+        }
+        for (auto* tree : window.findChildren<Explorer*>()) {
+            tree->setFolder(host_files::toModel(scratch_));
+            tree->setRootIndex(tree->currentIndex());
+            tree->setFolder(host_files::toModel(scratch_ + "/Maps"));
         }
     }
 
