@@ -17,13 +17,13 @@ class DesktopShell : public Shell {
     DesktopShell();
     ~DesktopShell() override;
 
-    std::optional<qint32> chooseColor(qint32 initial) override;
     /// The bar that `setProgress` moves; none before the main window is there.
     void setProgressBar(QProgressBar* bar) { progressBar_ = bar; }
 
     Answer messageBox(const Message& message) override;
     QString openFileName(const FileRequest& request) override;
     QString saveFileName(const FileRequest& request) override;
+    std::optional<qint32> chooseColor(qint32 initial) override;
     void setProgress(int percent) override;
     void hideProgress() override;
     void setPointer(Pointer pointer) override;

@@ -2,6 +2,7 @@
 #include "app/desktop_shell.h"
 #include "app/frm_splash.h"
 #include "app/help_key.h"
+#include "app/screen_size.h"
 #include "app/single_instance.h"
 #include "core/error.h"
 #include "core/host_files.h"
@@ -16,29 +17,7 @@
 #include <QIcon>
 #include <QScreen>
 
-namespace {
-
 using namespace nubivane;
-
-constexpr int NeededWidth = 1024;
-
-/// Asks whether to go on where the screen is too narrow. The height alone is never tested.
-bool screenSuffices(Shell& shell) {
-    const QScreen& primary = *QGuiApplication::primaryScreen();
-    const QSize screen = (QSizeF(primary.size()) * primary.devicePixelRatio()).toSize();
-    if (screen.width() >= NeededWidth) {
-        return true;
-    }
-    const QString text =
-        QStringLiteral(
-            "Nubivane requires a minimum resolution of 1024 x 768 pixels.\rThe current resolution "
-            "is %1 x %2, do you want to continue anyway ?")
-            .arg(screen.width())
-            .arg(screen.height());
-    return shell.messageBox({text, Icon::Exclamation, Buttons::YesNo, {}}) == Answer::Yes;
-}
-
-}  // namespace
 
 int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
@@ -54,7 +33,8 @@ int main(int argc, char* argv[]) {
         return 0;
     }
     DesktopShell shell;
-    if (!screenSuffices(shell)) {
+    const QScreen& primary = *QGuiApplication::primaryScreen();
+    if (!screenSuffices(shell, (QSizeF(primary.size()) * primary.devicePixelRatio()).toSize())) {
         return 0;
     }
     QString project = projectArgument(QApplication::arguments().mid(1));
