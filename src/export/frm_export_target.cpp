@@ -8,9 +8,9 @@
 #include "widgets/explorer.h"
 #include "widgets/file_list.h"
 #include "widgets/help_topic.h"
+#include "widgets/select_on_focus.h"
 
 #include <QComboBox>
-#include <QFocusEvent>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -59,7 +59,7 @@ QLayout* ExportTargetDialog::makeFields() {
     txtFileName_ = new QLineEdit(target_.fileName);
     txtFileName_->setObjectName("txtFileName");
     txtFileName_->setMaxLength(LongestName);
-    txtFileName_->installEventFilter(this);
+    new SelectOnFocus(txtFileName_);
     cboExt_ = new QComboBox;
     cboExt_->setObjectName("cboExt");
     cboExt_->addItem(target_.type);
@@ -98,19 +98,6 @@ void ExportTargetDialog::addOption(const QString& caption, QWidget* field, QLayo
     qobject_cast<QLabel*>(fields_->labelForField(row))->setBuddy(field);
     setTabOrder(lastField_, field);
     lastField_ = field;
-}
-
-/// A text box has all of its text selected when it takes the focus, by the mouse too: the selection
-/// comes after the press has placed the cursor. Coming back from another window or from the box's
-/// own menu is not taking the focus.
-bool ExportTargetDialog::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusIn) {
-        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
-            QMetaObject::invokeMethod(watched, "selectAll", Qt::QueuedConnection);
-        }
-    }
-    return QDialog::eventFilter(watched, event);
 }
 
 void ExportTargetDialog::cmdSave_Click() {

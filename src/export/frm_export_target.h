@@ -37,8 +37,6 @@ class ExportTargetDialog : public QDialog {
     ExportTargetDialog(const ExportTarget& target, Workspace& workspace, Shell& shell,
                        QWidget* parent);
 
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
     Shell& shell() { return shell_; }
     /// Adds a row for what this dialog alone asks, or for a field with what stands beside it.
     void addOption(const QString& caption, QWidget* field);

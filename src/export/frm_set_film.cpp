@@ -5,6 +5,7 @@
 #include "dialogs/scrspn.h"
 #include "export/gif_export.h"
 #include "model/workspace.h"
+#include "widgets/select_on_focus.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -25,7 +26,7 @@ frmSetFilm::frmSetFilm(Workspace& workspace, Shell& shell, QWidget* parent)
       scrlInterval_(new ScrSpn(this)) {
     txtInterval_->setObjectName("txtInterval");
     txtInterval_->setFixedWidth(10 * fontMetrics().averageCharWidth());
-    txtInterval_->installEventFilter(this);
+    new SelectOnFocus(txtInterval_);
     scrlInterval_->setObjectName("scrlInterval");
     scrlInterval_->setRange(MinFrameInterval, MaxFrameInterval);
     scrlInterval_->attach(*txtInterval_);

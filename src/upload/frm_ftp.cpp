@@ -1,10 +1,10 @@
 #include "upload/frm_ftp.h"
 
 #include "core/shell.h"
+#include "widgets/select_on_focus.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
-#include <QFocusEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -166,7 +166,7 @@ QLineEdit* frmFtp::makeTextBox(const char* name) {
     auto* box = new QLineEdit;
     box->setObjectName(name);
     box->setMinimumWidth(fontMetrics().averageCharWidth() * TextBoxCharacters);
-    box->installEventFilter(this);
+    new SelectOnFocus(box);
     return box;
 }
 
@@ -182,19 +182,6 @@ void frmFtp::watchChanges() {
         connect(box, &QCheckBox::toggled, this, changed);
     }
     connect(tabFtp_, &QTabWidget::currentChanged, this, &frmFtp::enterTab);
-}
-
-/// A text box has all of its text selected when it takes the focus, by the mouse too: the selection
-/// comes after the press has placed the cursor. Coming back from another window or from the box's
-/// own menu is not taking the focus.
-bool frmFtp::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusIn) {
-        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
-            QMetaObject::invokeMethod(watched, "selectAll", Qt::QueuedConnection);
-        }
-    }
-    return QDialog::eventFilter(watched, event);
 }
 
 void frmFtp::load() {

@@ -32,9 +32,6 @@ class frmFtp : public QDialog {
 
     std::function<void(const QString& topic)> openHelp;
 
-  protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
   private:
     QWidget* makeServerFrame();
     QBoxLayout* makeLogins();

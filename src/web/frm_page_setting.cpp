@@ -9,11 +9,11 @@
 #include "dialogs/combo_ex.h"
 #include "model/forecast.h"
 #include "model/workspace.h"
+#include "widgets/select_on_focus.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QDialogButtonBox>
-#include <QFocusEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -155,7 +155,7 @@ void frmPageSetting::addTimer(QGridLayout& grid, int row) {
     scrollTimer_->setObjectName("scrollTimer");
     scrollTimer_->setAccessibleName(tr("Seconds between the maps"));
     scrollTimer_->setRange(1, 10);
-    scrollTimer_->installEventFilter(this);
+    new SelectOnFocus(scrollTimer_);
     scrollTimer_->findChild<QLineEdit*>()->setObjectName("txtTime");
     lblTime_ = makeLabel("lblTime", tr("secon&ds"), scrollTimer_);
     grid.addWidget(scrollTimer_, row, 1);
@@ -194,7 +194,7 @@ QLineEdit* frmPageSetting::makeTextBox(const char* name) {
     auto* box = new QLineEdit;
     box->setObjectName(name);
     box->setMinimumWidth(fontMetrics().averageCharWidth() * TextBoxCharacters);
-    box->installEventFilter(this);
+    new SelectOnFocus(box);
     return box;
 }
 
@@ -210,19 +210,6 @@ void frmPageSetting::watchChanges() {
     connect(scrollTimer_, &QSpinBox::valueChanged, this, changed);
     connect(optHtmlType_, &QButtonGroup::idToggled, this, changed);
     connect(optHtmlType_, &QButtonGroup::idToggled, this, &frmPageSetting::enableTimer);
-}
-
-/// A text box has all of its text selected when it takes the focus, by the mouse too: the selection
-/// comes after the press has placed the cursor. Coming back from another window or from the box's
-/// own menu is not taking the focus.
-bool frmPageSetting::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusIn) {
-        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
-            QMetaObject::invokeMethod(watched, "selectAll", Qt::QueuedConnection);
-        }
-    }
-    return QDialog::eventFilter(watched, event);
 }
 
 void frmPageSetting::loadPageSettings() {

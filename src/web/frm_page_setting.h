@@ -38,9 +38,6 @@ class frmPageSetting : public QDialog {
 
     std::function<void(const QString& topic)> openHelp;
 
-  protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
   private:
     QWidget* makeGeneralFrame();
     QWidget* makeDisplayFrame();
