@@ -35,7 +35,9 @@ cp "$1"/Maps/europe.jpg "$program/Maps/"
 host=127.$((RANDOM % 250 + 1)).$((RANDOM % 250 + 1)).21
 mkdir "$work/server"
 mkfifo "$work/server-input"
-python3 -B "$here/../support/ftp_server.py" "$work/server" --log "$work/server.log" \
+may_listen=()
+[ "$(id -u)" = 0 ] || ! sudo -n true 2>/dev/null || may_listen=(sudo -n)
+"${may_listen[@]}" python3 -B "$here/../support/ftp_server.py" "$work/server" --log "$work/server.log" \
     --address $host --port 21 <"$work/server-input" >"$work/server.port" 2>"$work/server.err" &
 server_process=$!
 exec 4>"$work/server-input"
