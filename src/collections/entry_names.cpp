@@ -67,7 +67,7 @@ QString newCollectionName(const QString& symbolsFolder) {
     constexpr int MostNumbers = 10000;
     const QSet<QString> taken = entriesOf(symbolsFolder);
     for (int n = 1; n <= MostNumbers; ++n) {
-        const QString name = "newCollection" + QString::number(n);
+        QString name = "newCollection" + QString::number(n);
         if (!taken.contains(name.toLower())) {
             return name;
         }

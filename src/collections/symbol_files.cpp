@@ -48,7 +48,7 @@ bool usesSymbol(const cFrames& frames, const QString& file) {
 QString createCollection(Workspace& workspace) {
     const QString symbols = workspace.folder.symbols();
     cSymbolsCollections& collections = collectionsOnDisk(workspace);
-    const QString name = newCollectionName(symbols);
+    QString name = newCollectionName(symbols);
     if (name.isEmpty() || collections.contains(name)) {
         return {};
     }

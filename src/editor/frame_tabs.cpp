@@ -126,7 +126,7 @@ void FrameTabs::setCaption(int index, const QString& caption) {
 
 QString FrameTabs::freeFrameName() const {
     for (int i = 1;; ++i) {
-        const QString name = "Map" + QString::number(i);
+        QString name = "Map" + QString::number(i);
         if (!captions_.contains(name, Qt::CaseInsensitive)) {
             return name;
         }
