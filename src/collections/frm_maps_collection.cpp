@@ -164,11 +164,7 @@ void frmMapsCollection::refuse(const QString& text) {
 }
 
 void frmMapsCollection::importMap() {
-    const QString source = trimBlanks(shell_.openFileName(
-        {"Select map",
-         {},
-         "All image files |*.gif;*.png;*.jpg;*.jpeg;|gif (*.gif)|*.gif|png (*.png)|*.png|"
-         "jpg (*.jpg)|*.jpg|jpeg (*.jpeg)|*.jpeg|"}));
+    const QString source = trimBlanks(shell_.openFileName({"Select map", {}, ImportFilter}));
     if (source.isEmpty()) {
         return;
     }

@@ -122,10 +122,8 @@ void frmSymbolsCollection::deleteCollectionAsked() {
 }
 
 void frmSymbolsCollection::importSymbol() {
-    const QString source = trimBlanks(shell_.openFileName(
-        {"Select file", workspace_.folder.symbols(),
-         "All image files |*.gif;*.png;*.jpg;*.jpeg;|gif (*.gif)|*.gif|png (*.png)|*.png|"
-         "jpg (*.jpg)|*.jpg|jpeg (*.jpeg)|*.jpeg|"}));
+    const QString source =
+        trimBlanks(shell_.openFileName({"Select file", workspace_.folder.symbols(), ImportFilter}));
     if (source.isEmpty()) {
         return;
     }

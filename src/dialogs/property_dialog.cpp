@@ -3,6 +3,7 @@
 #include "core/settings_store.h"
 #include "core/shell.h"
 #include "dialogs/property_grid.h"
+#include "widgets/twips.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -14,7 +15,6 @@ namespace nubivane {
 
 namespace {
 
-constexpr int TwipsPerPixel = 15;  // one inch is 96 pixels, on every screen
 constexpr int DefaultWidth = 5180;
 constexpr int DefaultHeight = 3740;
 constexpr int Margin = 4;

@@ -1,6 +1,7 @@
 #include "editor/window_geometry.h"
 
 #include "core/settings_store.h"
+#include "widgets/twips.h"
 
 #include <QScreen>
 #include <QWidget>

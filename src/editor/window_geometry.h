@@ -8,9 +8,6 @@ namespace nubivane {
 
 class SettingsStore;
 
-/// Twips (1/1440 inch) in a pixel: one inch is 96 pixels, on every screen.
-inline constexpr int TwipsPerPixel = 15;
-
 /// Sizes the main window as the settings say, always centred on its screen, and maximises it where
 /// it was left so.
 void restoreGeometry(QWidget& window, const SettingsStore& settings);

@@ -27,7 +27,7 @@ QString askForName(Editor editor) {
     FileRequest request;
     request.title = "Open project";
     request.folder = editor.workspace.folder.path();
-    request.filter = "Nubivane files (*.nvpf)|*.nvpf|";
+    request.filter = ProjectFilter;
     editor.shell.processEvents();
     return trimBlanks(editor.shell.openFileName(request));
 }
@@ -38,8 +38,8 @@ ProjectDocument readDocument(Editor editor, const QString& name) {
     if (!file.open(QIODevice::ReadOnly)) {
         throw damagedProject(file.fileName() + ": " + file.errorString());
     }
-    return readProjectDocument(file, editor.workspace.folder, [&](double percent) {
-        editor.shell.setProgress(static_cast<int>(percent / 100 * ReadingShare));
+    return readProjectDocument(file, editor.workspace.folder, [&](double part) {
+        editor.shell.setProgress(static_cast<int>(part * ReadingShare));
         editor.shell.processEvents();
     });
 }

@@ -123,7 +123,7 @@ class DocumentReader {
                 }
                 const qint32 number = frame.read();
                 if (progress_ && document_.frames > 0) {
-                    progress_(100.0 * number / document_.frames);
+                    progress_(static_cast<double>(number) / document_.frames);
                 }
             }
         } catch (const Error& error) {
@@ -144,7 +144,7 @@ class DocumentReader {
 }  // namespace
 
 ProjectDocument readProjectDocument(QIODevice& xml, const ProgramFolder& folder,
-                                    const std::function<void(double percent)>& progress) {
+                                    const std::function<void(double part)>& progress) {
     if (xml.size() > MaxDocumentBytes) {
         throw damagedProject(
             QStringLiteral("the XML document has %1 bytes where at most %2 are read")

@@ -33,9 +33,9 @@ struct ProjectDocument {
 /// Raises `Error` with UnsupportedVersion or DamagedProject when nothing of the project can be
 /// used; damage found later, inside the Frames, is told in the result, since an open project is by
 /// then replaced by what was read. Takes no more memory than the model it builds. `progress` is
-/// told after each Frame how far its number has come, in percent.
+/// told after each Frame which part of all its number is, from 0 to 1.
 ProjectDocument readProjectDocument(QIODevice& xml, const ProgramFolder& folder,
-                                    const std::function<void(double percent)>& progress = {});
+                                    const std::function<void(double part)>& progress = {});
 
 /// A longer document is neither read nor written, bytes: room for a hundred thousand sprites; the
 /// model takes some three times as much.

@@ -13,4 +13,7 @@ QString dataFileOf(const QString& projectFile);
 /// True when the extension is "nvpf" in any case and both files exist.
 bool isValidProjectFile(const QString& projectFile);
 
+/// What a file dialog offers for projects.
+inline constexpr char ProjectFilter[] = "Nubivane files (*.nvpf)|*.nvpf|";
+
 }  // namespace nubivane

@@ -32,7 +32,7 @@ QString askForName(Editor editor, bool saveAs) {
     FileRequest request;
     request.title = saveAs ? "Save project as" : "Save project";
     request.folder = editor.workspace.folder.path();
-    request.filter = "Nubivane files (*.nvpf)|*.nvpf|";
+    request.filter = ProjectFilter;
     request.confirmOverwrite = true;
     editor.shell.processEvents();
     return trimBlanks(editor.shell.saveFileName(request));

@@ -19,12 +19,7 @@ trap 'exit 1' INT TERM
 use_own_home
 use_recording_browser
 
-# A program folder of its own, with three symbols, so that they lie in one row of the palette.
-cp -r "$1" "$work/program"
-program=$work/program
-rm -rf "$program"/Web "$program"/*.htm "$program"/*.js "$program"/Symbols/*
-mkdir -p "$program/Web" "$program/Symbols/set-1"
-cp "$1"/Symbols/set-1/{fog,rain,sun}.gif "$program/Symbols/set-1/"
+own_program "$1" fog rain sun # in one row of the palette
 project=$work/tomorrow.nvpf
 
 value() {

@@ -59,6 +59,19 @@ use_recording_browser() {
     export PATH=$work/bin:$PATH BROWSER=$work/bin/xdg-open
 }
 
+# own_program FOLDER SYMBOL…: a copy of the program folder in $work/program, without pages and with
+# these symbols of set-1 alone.
+own_program() {
+    local symbol
+    cp -r "$1" "$work/program"
+    program=$work/program
+    rm -rf "$program"/Web "$program"/*.htm "$program"/*.js "$program"/Symbols/*
+    mkdir -p "$program/Web" "$program/Symbols/set-1"
+    for symbol in "${@:2}"; do
+        cp "$1/Symbols/set-1/$symbol.gif" "$program/Symbols/set-1/"
+    done
+}
+
 # start_display WIDTHxHEIGHT: on a number that the server finds free itself.
 start_display() {
     # Without -noreset the server starts anew whenever its last client leaves, and refuses others

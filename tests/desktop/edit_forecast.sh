@@ -18,12 +18,7 @@ trap 'exit 1' INT TERM
 use_own_home
 use_recording_browser
 
-# A program folder of its own, with one symbol.
-cp -r "$1" "$work/program"
-program=$work/program
-rm -rf "$program"/Web "$program"/*.htm "$program"/*.js "$program"/Symbols/*
-mkdir -p "$program/Web" "$program/Symbols/set-1"
-cp "$1/Symbols/set-1/sun.gif" "$program/Symbols/set-1/"
+own_program "$1" sun
 project=$work/edited.nvpf
 # What a user brings along: a map of one colour, on which every drawn pixel shows, and a symbol.
 convert -size 440x360 'xc:#c0d8e8' "$work/plain.png"

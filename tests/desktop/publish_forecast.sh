@@ -23,12 +23,8 @@ leave() {
     clean_up
 }
 
-# A program folder of its own with few files, since each takes its moment.
-cp -r "$1" "$work/program"
-program=$work/program
-rm -rf "$program"/Web "$program"/*.htm "$program"/*.js "$program"/Symbols/* "$program"/Maps/*
-mkdir -p "$program/Web" "$program/Symbols/set-1"
-cp "$1"/Symbols/set-1/{fog,sun}.gif "$program/Symbols/set-1/"
+own_program "$1" fog sun # few files, since each takes its moment
+rm "$program"/Maps/*
 cp "$1"/Maps/europe.jpg "$program/Maps/"
 
 # An address of this machine that nothing else listens at.

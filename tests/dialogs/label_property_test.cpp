@@ -1,5 +1,7 @@
 #include "property_fixture.h"
 
+#include <QPainter>
+
 namespace nubivane {
 
 using testing::part;
@@ -488,6 +490,29 @@ TEST_F(LabelProperty, TheRowThatHasTheKeyboardIsInSight) {
             const QRect place(field.mapTo(&container, QPoint(0, 0)), field.size());
             EXPECT_TRUE(container.rect().contains(place)) << name;
         }
+    });
+}
+
+TEST_F(LabelProperty, OnlyTheBackColourItselfChangesTheControlsBackColour) {
+    startWithLabel();
+    // As after a paste: the model is opaque, the control not yet.
+    label().BackColor = 0x00FF00;
+    const auto ground = [this] {
+        const SpriteControl& control = *labelControl(key);
+        QImage shown(control.rect.size(), QImage::Format_RGB32);
+        shown.fill(Qt::white);
+        QPainter painter(&shown);
+        painter.translate(-control.rect.topLeft());
+        control.paint(painter);
+        return shown.pixelColor(2, 2);
+    };
+    withProperties([&](QWidget& window) {
+        choose(window, "cboBorder", "Yes");
+        EXPECT_EQ(ground(), QColor(Qt::white));
+        enter(window, "txtText", "Rain");
+        EXPECT_EQ(ground(), QColor(Qt::white));
+        choose(window, "cboBackcolor", "Red");
+        EXPECT_EQ(ground(), QColor(Qt::red));
     });
 }
 

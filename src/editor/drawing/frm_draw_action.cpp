@@ -1,8 +1,8 @@
 #include "editor/drawing/frm_draw_action.h"
 
 #include "core/settings_store.h"
-#include "editor/window_geometry.h"
 #include "widgets/icons.h"
+#include "widgets/twips.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
