@@ -1,16 +1,16 @@
 // bench_captures PROGRAM_FOLDER PROJECT anigif|film FOLDER: writes the captures of Frame 1, or of a
 // film of a second for each Frame, as FOLDER/0001.png and so on, for other encoders to work on.
 
-#include "core/error.h"
-#include "core/host_files.h"
-#include "core/settings_store.h"
-#include "core/shell.h"
-#include "export/capture_plan.h"
-#include "export/film_stage.h"
-#include "model/editor.h"
-#include "model/editor_view.h"
-#include "model/workspace.h"
-#include "project/open_project.h"
+#include "engine/core/error.h"
+#include "engine/core/host_files.h"
+#include "engine/core/settings_store.h"
+#include "engine/core/shell.h"
+#include "engine/export/capture_plan.h"
+#include "engine/export/film_stage.h"
+#include "engine/model/editor.h"
+#include "engine/model/editor_view.h"
+#include "engine/model/workspace.h"
+#include "engine/project/open_project.h"
 
 #include <QGuiApplication>
 #include <QTemporaryDir>

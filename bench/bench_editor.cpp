@@ -1,9 +1,9 @@
 // The editor's canvas: what a change of Frame and a drag take while fifty symbols play on each.
 // bench_editor PROGRAM_FOLDER [Google Benchmark's options]; without a display, on "offscreen".
 
-#include "app/desktop_shell.h"
-#include "core/settings_store.h"
-#include "editor/frm_map.h"
+#include "engine/core/settings_store.h"
+#include "windows/desktop/desktop_shell.h"
+#include "windows/main/frm_map.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,14 +1,14 @@
 // Single functions of the engine. What must grow in proportion to the number of Frames is measured
 // at several numbers, with the growth that fits them ("_BigO").
 
-#include "core/settings_store.h"
-#include "core/windows1252.h"
-#include "model/workspace.h"
-#include "picture/image_codec.h"
-#include "picture/jpeg_tables.h"
-#include "project/project_document.h"
-#include "project/project_writer.h"
-#include "web/page_writer.h"
+#include "engine/core/settings_store.h"
+#include "engine/core/windows1252.h"
+#include "engine/model/workspace.h"
+#include "engine/picture/image_codec.h"
+#include "engine/picture/jpeg_tables.h"
+#include "engine/project/project_document.h"
+#include "engine/project/project_writer.h"
+#include "engine/web/page_writer.h"
 
 #include <QBuffer>
 #include <QCoreApplication>

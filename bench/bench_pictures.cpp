@@ -2,14 +2,14 @@
 // all cores, and nothing else; then the same with each picture written into the folder. Prints the
 // seconds that each took by the clock and by the cores together, as JSON.
 
-#include "core/error.h"
-#include "core/host_files.h"
-#include "core/parallel.h"
-#include "core/program_folder.h"
-#include "picture/image_codec.h"
-#include "project/data_file.h"
-#include "project/project_document.h"
-#include "project/project_paths.h"
+#include "engine/core/error.h"
+#include "engine/core/host_files.h"
+#include "engine/core/parallel.h"
+#include "engine/core/program_folder.h"
+#include "engine/picture/image_codec.h"
+#include "engine/project/data_file.h"
+#include "engine/project/project_document.h"
+#include "engine/project/project_paths.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

@@ -48,7 +48,7 @@ foreach(size 16 22 24 32 48 64 128 256 512)
     install(FILES packaging/icons/nubivane-${size}.png
         DESTINATION share/icons/hicolor/${size}x${size}/apps RENAME nubivane.png ${system})
 endforeach()
-install(FILES src/editor/icons/nubivane.svg DESTINATION share/icons/hicolor/scalable/apps ${system})
+install(FILES src/windows/icons/nubivane.svg DESTINATION share/icons/hicolor/scalable/apps ${system})
 install(FILES packaging/debian/copyright DESTINATION share/doc/nubivane ${system})
 
 # nubivane_compressed(FILE NAME FOLDER): installs a text as NAME.gz, without a time in it.

@@ -1,7 +1,7 @@
-#include "core/error.h"
+#include "engine/core/error.h"
+#include "engine/gif/gif_still.h"
+#include "engine/project/data_file.h"
 #include "fuzz_support.h"
-#include "picture/gif_still.h"
-#include "project/data_file.h"
 
 #include <QTemporaryFile>
 

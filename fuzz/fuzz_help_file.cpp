@@ -1,7 +1,7 @@
-#include "core/error.h"
+#include "engine/core/error.h"
+#include "engine/help/chm_file.h"
+#include "engine/help/site_map.h"
 #include "fuzz_support.h"
-#include "help/chm_file.h"
-#include "help/site_map.h"
 
 using namespace nubivane;
 

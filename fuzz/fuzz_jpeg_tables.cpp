@@ -1,5 +1,5 @@
+#include "engine/picture/jpeg_tables.h"
 #include "fuzz_support.h"
-#include "picture/jpeg_tables.h"
 
 using namespace nubivane;
 

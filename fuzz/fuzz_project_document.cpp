@@ -1,6 +1,6 @@
-#include "core/host_files.h"
+#include "engine/core/host_files.h"
+#include "engine/project/project_document.h"
 #include "fuzz_support.h"
-#include "project/project_document.h"
 
 #include <QBuffer>
 

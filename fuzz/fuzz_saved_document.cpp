@@ -1,9 +1,9 @@
-#include "collections/scan_collections.h"
-#include "core/settings_store.h"
+#include "engine/collections/scan_collections.h"
+#include "engine/core/settings_store.h"
+#include "engine/model/workspace.h"
+#include "engine/project/project_document.h"
+#include "engine/project/project_writer.h"
 #include "fuzz_support.h"
-#include "model/workspace.h"
-#include "project/project_document.h"
-#include "project/project_writer.h"
 
 #include <QBuffer>
 

@@ -1,6 +1,6 @@
 #include "fuzz_support.h"
 
-#include "core/host_files.h"
+#include "engine/core/host_files.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/program_folder.h"
+#include "engine/core/program_folder.h"
 
 #include <QByteArray>
 #include <QTemporaryDir>

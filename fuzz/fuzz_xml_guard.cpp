@@ -1,6 +1,6 @@
-#include "core/error.h"
+#include "engine/core/error.h"
+#include "engine/project/xml_guard.h"
 #include "fuzz_support.h"
-#include "project/xml_guard.h"
 
 #include <QBuffer>
 #include <QXmlStreamReader>

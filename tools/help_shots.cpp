@@ -3,15 +3,15 @@
 ///     help_shots CONTENT_FOLDER PROJECT OUTPUT_FOLDER
 ///
 /// A window that is added to the program gets its picture by a line in `shots`.
-#include "core/host_files.h"
-#include "core/settings_store.h"
-#include "core/shell.h"
-#include "editor/editor_pane.h"
-#include "editor/frm_map.h"
-#include "model/workspace.h"
-#include "picture/animation_cache.h"
-#include "picture/quantizer.h"
-#include "widgets/explorer.h"
+#include "engine/core/host_files.h"
+#include "engine/core/settings_store.h"
+#include "engine/core/shell.h"
+#include "engine/gif/quantizer.h"
+#include "engine/model/workspace.h"
+#include "engine/picture/animation_cache.h"
+#include "windows/main/editor_pane.h"
+#include "windows/main/frm_map.h"
+#include "windows/widgets/explorer.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "cli/export_arguments.h"
-#include "core/error.h"
-#include "export/gif_export.h"
+#include "engine/core/error.h"
+#include "engine/export/gif_export.h"
 
 namespace nubivane {
 

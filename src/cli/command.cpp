@@ -1,8 +1,8 @@
 #include "cli/command.h"
 
-#include "core/error.h"
-#include "core/host_files.h"
-#include "project/open_project.h"
+#include "engine/core/error.h"
+#include "engine/core/host_files.h"
+#include "engine/project/open_project.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "cli/console_shell.h"
-#include "core/settings_store.h"
-#include "model/editor.h"
-#include "model/editor_view.h"
-#include "model/workspace.h"
+#include "engine/core/settings_store.h"
+#include "engine/model/editor.h"
+#include "engine/model/editor_view.h"
+#include "engine/model/workspace.h"
 
 #include <QHash>
 #include <QStringList>

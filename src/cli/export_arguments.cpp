@@ -1,7 +1,7 @@
 #include "cli/export_arguments.h"
 
 #include "cli/streams.h"
-#include "core/error.h"
+#include "engine/core/error.h"
 
 namespace nubivane {
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "cli/command.h"
-#include "export/export_watcher.h"
-#include "picture/gif_colors.h"
+#include "engine/export/export_watcher.h"
+#include "engine/gif/gif_colors.h"
 
 #include <QString>
 

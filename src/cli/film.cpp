@@ -1,6 +1,6 @@
 #include "cli/export_arguments.h"
-#include "core/error.h"
-#include "export/video_export.h"
+#include "engine/core/error.h"
+#include "engine/export/video_export.h"
 
 namespace nubivane {
 

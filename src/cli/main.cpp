@@ -1,8 +1,8 @@
 #include "cli/arguments.h"
 #include "cli/streams.h"
-#include "core/error.h"
-#include "core/host_files.h"
-#include "core/version.h"
+#include "engine/core/error.h"
+#include "engine/core/host_files.h"
+#include "engine/core/version.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

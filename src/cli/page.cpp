@@ -1,6 +1,6 @@
 #include "cli/command.h"
 #include "cli/streams.h"
-#include "web/site_files.h"
+#include "engine/web/site_files.h"
 
 namespace nubivane {
 

@@ -1,6 +1,6 @@
 #include "cli/command.h"
 #include "cli/streams.h"
-#include "upload/upload_plan.h"
+#include "engine/upload/upload_plan.h"
 
 namespace nubivane {
 

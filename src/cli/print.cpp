@@ -1,7 +1,7 @@
 #include "cli/export_arguments.h"
-#include "core/error.h"
-#include "export/export_stage.h"
-#include "export/print_export.h"
+#include "engine/core/error.h"
+#include "engine/export/export_stage.h"
+#include "engine/export/print_export.h"
 
 namespace nubivane {
 

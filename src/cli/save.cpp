@@ -1,5 +1,5 @@
 #include "cli/command.h"
-#include "project/save_project.h"
+#include "engine/project/save_project.h"
 
 namespace nubivane {
 

@@ -1,7 +1,7 @@
 #include "cli/command.h"
 #include "cli/json_writer.h"
 #include "cli/streams.h"
-#include "core/path_text.h"
+#include "engine/core/path_text.h"
 
 namespace nubivane {
 

@@ -1,8 +1,8 @@
 #include "cli/export_arguments.h"
-#include "core/error.h"
-#include "core/parallel.h"
-#include "export/export_stage.h"
-#include "export/still_export.h"
+#include "engine/core/error.h"
+#include "engine/core/parallel.h"
+#include "engine/export/export_stage.h"
+#include "engine/export/still_export.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 #include "cli/command.h"
 #include "cli/streams.h"
-#include "core/error.h"
-#include "core/host_files.h"
-#include "upload/reachable.h"
-#include "upload/upload_commands.h"
+#include "engine/core/error.h"
+#include "engine/core/host_files.h"
+#include "engine/net/reachable.h"
+#include "engine/upload/upload_commands.h"
 
 #include <optional>
 

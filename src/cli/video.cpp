@@ -1,7 +1,7 @@
 #include "cli/export_arguments.h"
-#include "core/error.h"
-#include "export/video_export.h"
-#include "picture/video_writer.h"
+#include "engine/core/error.h"
+#include "engine/export/video_export.h"
+#include "engine/video/video_writer.h"
 
 namespace nubivane {
 

@@ -1,5 +1,5 @@
-#include "core/settings_table.h"
-#include "source_tree.h"
+#include "architecture/source_tree.h"
+#include "engine/core/settings_table.h"
 
 #include <QSet>
 

@@ -1,4 +1,4 @@
-#include "source_tree.h"
+#include "architecture/source_tree.h"
 #include "support/processes.h"
 
 #include <QLibraryInfo>

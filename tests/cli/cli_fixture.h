@@ -45,7 +45,7 @@ class CliTest : public ::testing::Test {
 
     /// A sound project of two Frames without anything missing.
     QString useSoundProject(const QString& name = "project.nvpf") const {
-        return useProject("web/golden/buttons-two-frames-width-500/project.nvpf", name);
+        return useProject("engine/web/golden/buttons-two-frames-width-500/project.nvpf", name);
     }
 
     /// Runs the program with the test's own program folder and settings.

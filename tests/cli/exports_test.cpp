@@ -1,6 +1,6 @@
-#include "cli_fixture.h"
-#include "picture/gif_reader.h"
-#include "picture/image_codec.h"
+#include "cli/cli_fixture.h"
+#include "engine/gif/gif_reader.h"
+#include "engine/picture/image_codec.h"
 
 #include <sys/resource.h>
 

@@ -1,4 +1,4 @@
-#include "cli_fixture.h"
+#include "cli/cli_fixture.h"
 
 #include <unistd.h>
 
@@ -59,7 +59,7 @@ TEST_F(Output, ASilentCommandNeedsNoStandardOutput) {
 
 TEST_F(Output, ClosedStreamsEndUpInNoFile) {
     // A project without labels: saving it changes nothing.
-    const QString project = useProject("web/golden/buttons-one-frame-bare/project.nvpf");
+    const QString project = useProject("engine/web/golden/buttons-one-frame-bare/project.nvpf");
     run({"save", project});
     run({"page", project});
     const QStringList before = files();

@@ -1,4 +1,4 @@
-#include "cli_fixture.h"
+#include "cli/cli_fixture.h"
 
 namespace nubivane::testing {
 
@@ -68,7 +68,7 @@ TEST_F(PageCommand, TheSettingsOfTheGivenFileCount) {
 }
 
 TEST_F(PageCommand, AMissingOrDamagedProjectWritesNoPage) {
-    const QString damaged = useProject("project/defects/not-xml.nvpf");
+    const QString damaged = useProject("engine/project/defects/not-xml.nvpf");
     for (const QString& project : {QStringLiteral("nowhere.nvpf"), damaged}) {
         const ProcessResult result = run({"page", project});
         EXPECT_EQ(result.exitCode, 1);
@@ -109,7 +109,7 @@ TEST_F(PageCommand, AHostileFileNameInTheSettingsWritesNothingOutside) {
 
 TEST_F(PageCommand, AWarningDoesNotStopThePage) {
     const ProcessResult result =
-        run({"page", useProject("project/golden/missing-symbols/input.nvpf")});
+        run({"page", useProject("engine/project/golden/missing-symbols/input.nvpf")});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.err, MissingSymbolsText);
     EXPECT_TRUE(QFile::exists(host("Forecast.htm")));

@@ -1,4 +1,4 @@
-#include "cli_fixture.h"
+#include "cli/cli_fixture.h"
 
 namespace nubivane::testing {
 
@@ -75,7 +75,7 @@ TEST_F(PlanCommand, TheFoldersOfTheSettingsStandInIt) {
 
 TEST_F(PlanCommand, ADamagedProjectHasNoPlan) {
     const ProcessResult result =
-        run({"plan", "--symbols", useProject("project/defects/not-xml.nvpf")});
+        run({"plan", "--symbols", useProject("engine/project/defects/not-xml.nvpf")});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.out, "");
     EXPECT_TRUE(result.err.contains(DamagedText)) << result.err.toStdString();

@@ -1,4 +1,4 @@
-#include "cli_fixture.h"
+#include "cli/cli_fixture.h"
 
 #include <fcntl.h>
 #include <stdlib.h>
@@ -71,7 +71,7 @@ TEST_F(Progress, IsWipedAwayAtTheEnd) {
 
 TEST_F(Progress, IsWipedAwayBeforeAMessage) {
     const Terminal terminal;
-    const ProcessResult result = run({"show", useProject("project/defects/not-xml.nvpf")},
+    const ProcessResult result = run({"show", useProject("engine/project/defects/not-xml.nvpf")},
                                      {.inChild = terminal.asStandardError()});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_TRUE(terminal.written().contains("\r      \rCannot open the specified file."));

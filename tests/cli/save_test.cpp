@@ -1,4 +1,4 @@
-#include "cli_fixture.h"
+#include "cli/cli_fixture.h"
 
 namespace nubivane::testing {
 
@@ -68,7 +68,7 @@ TEST_F(SaveCommand, RelativePathsStartAtTheWorkingFolder) {
 }
 
 TEST_F(SaveCommand, SavingTwiceChangesNothingMore) {
-    const QString project = useProject("web/golden/buttons-one-frame-bare/project.nvpf");
+    const QString project = useProject("engine/web/golden/buttons-one-frame-bare/project.nvpf");
     EXPECT_EQ(run({"save", project, beside("one.nvpf")}).exitCode, 0);
     EXPECT_EQ(run({"save", beside("one.nvpf"), beside("two.nvpf")}).exitCode, 0);
     expectSameProject(beside("one.nvpf"), beside("two.nvpf"));
@@ -102,8 +102,8 @@ TEST_F(SaveCommand, ATargetThatIsAFolderFails) {
 }
 
 TEST_F(SaveCommand, AMissingDamagedOrForeignProjectSavesNothing) {
-    const QString damaged = useProject("project/defects/not-xml.nvpf", "damaged.nvpf");
-    const QString foreign = useProject("project/defects/version-1.0.nvpf", "foreign.nvpf");
+    const QString damaged = useProject("engine/project/defects/not-xml.nvpf", "damaged.nvpf");
+    const QString foreign = useProject("engine/project/defects/version-1.0.nvpf", "foreign.nvpf");
     for (const QString& project : {beside("nowhere.nvpf"), damaged, foreign}) {
         const ProcessResult result = run({"save", project, beside("copy.nvpf")});
         EXPECT_EQ(result.exitCode, 1) << project.toStdString();
@@ -114,7 +114,7 @@ TEST_F(SaveCommand, AMissingDamagedOrForeignProjectSavesNothing) {
 }
 
 TEST_F(SaveCommand, TheMissingSymbolsAreWarnedOfBeforeTheyAreLost) {
-    const QString project = useProject("project/golden/missing-symbols/input.nvpf");
+    const QString project = useProject("engine/project/golden/missing-symbols/input.nvpf");
     const ProcessResult result = run({"save", project, beside("copy.nvpf")});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.err, MissingSymbolsText);

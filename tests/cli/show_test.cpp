@@ -1,4 +1,4 @@
-#include "cli_fixture.h"
+#include "cli/cli_fixture.h"
 
 #include <QJsonArray>
 
@@ -72,7 +72,7 @@ TEST_F(Show, AFolderIsNoProject) {
 }
 
 TEST_F(Show, ADamagedProjectFailsWithTheTextOfTheEditorAndTheCause) {
-    const ProcessResult result = run({"show", useProject("project/defects/not-xml.nvpf")});
+    const ProcessResult result = run({"show", useProject("engine/project/defects/not-xml.nvpf")});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.out, "");
     EXPECT_TRUE(result.err.startsWith(QByteArray(DamagedText) + "  ")) << result.err.toStdString();
@@ -95,7 +95,8 @@ TEST_F(Show, AFileWithAnotherExtensionIsDamaged) {
 }
 
 TEST_F(Show, AnotherVersionFailsWithItsOwnText) {
-    const ProcessResult result = run({"show", useProject("project/defects/version-1.0.nvpf")});
+    const ProcessResult result =
+        run({"show", useProject("engine/project/defects/version-1.0.nvpf")});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.out, "");
     EXPECT_TRUE(result.err.startsWith(VersionText)) << result.err.toStdString();
@@ -103,7 +104,7 @@ TEST_F(Show, AnotherVersionFailsWithItsOwnText) {
 
 TEST_F(Show, MissingSymbolsAreAWarningOnStderrAndInTheObject) {
     const ProcessResult result =
-        run({"show", useProject("project/golden/missing-symbols/input.nvpf")});
+        run({"show", useProject("engine/project/golden/missing-symbols/input.nvpf")});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.err, MissingSymbolsText);
     const QJsonArray warnings = QJsonDocument::fromJson(result.out).object()["Warnings"].toArray();
@@ -113,7 +114,7 @@ TEST_F(Show, MissingSymbolsAreAWarningOnStderrAndInTheObject) {
 
 TEST_F(Show, TextsOutsideAsciiComeAsUtf8) {
     const ProcessResult result =
-        run({"show", useProject("web/golden/characters-in-button-captions/project.nvpf")},
+        run({"show", useProject("engine/web/golden/characters-in-button-captions/project.nvpf")},
             {.environment = {"LC_ALL=C"}});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(QString::fromUtf8(result.out).toUtf8(), result.out);

@@ -1,4 +1,4 @@
-#include "cli_fixture.h"
+#include "cli/cli_fixture.h"
 #include "support/ftp_servers.h"
 
 namespace nubivane::testing {
@@ -158,9 +158,9 @@ TEST_F(UploadCommand, APortThatIsNoneIsWrongUsage) {
 
 TEST_F(UploadCommand, ADamagedProjectSendsNothing) {
     OwnFtpServer server;
-    const ProcessResult result =
-        run(QStringList{"upload", useProject("project/defects/not-xml.nvpf"), "--initialize"} +
-            to(server));
+    const ProcessResult result = run(
+        QStringList{"upload", useProject("engine/project/defects/not-xml.nvpf"), "--initialize"} +
+        to(server));
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_TRUE(result.err.contains(DamagedText)) << result.err.toStdString();
     EXPECT_EQ(server.commands(), QStringList());

@@ -1,7 +1,7 @@
 #include "support/editor_fixture.h"
 
-#include "core/host_files.h"
-#include "picture/image_codec.h"
+#include "engine/core/host_files.h"
+#include "engine/picture/image_codec.h"
 
 #include <QApplication>
 #include <QDragEnterEvent>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "editor/frm_map.h"
 #include "support/fixtures.h"
+#include "windows/main/frm_map.h"
 
 #include <QTest>
 

@@ -1,8 +1,8 @@
 #include "support/fixtures.h"
 
-#include "core/host_files.h"
-#include "picture/image_codec.h"
-#include "project/open_project.h"
+#include "engine/core/host_files.h"
+#include "engine/picture/image_codec.h"
+#include "engine/project/open_project.h"
 
 #include <QDir>
 #include <QDirIterator>

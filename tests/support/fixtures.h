@@ -1,9 +1,9 @@
 #pragma once
 
-#include "core/settings_store.h"
-#include "model/editor.h"
-#include "model/editor_view.h"
-#include "model/workspace.h"
+#include "engine/core/settings_store.h"
+#include "engine/model/editor.h"
+#include "engine/model/editor_view.h"
+#include "engine/model/workspace.h"
 #include "support/scripted_shell.h"
 
 #include <QByteArray>

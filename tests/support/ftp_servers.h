@@ -1,7 +1,7 @@
 #pragma once
 
+#include "engine/net/ftp_types.h"
 #include "support/fixtures.h"
-#include "upload/ftp_types.h"
 
 #include <QMap>
 #include <QProcess>

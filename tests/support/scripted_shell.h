@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/shell.h"
+#include "engine/core/shell.h"
 
 #include <QStringList>
 

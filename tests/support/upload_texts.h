@@ -1,6 +1,6 @@
 #pragma once
 
-#include "upload/c_upload.h"
+#include "engine/upload/c_upload.h"
 
 #include <QStringList>
 

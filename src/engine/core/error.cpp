@@ -1,0 +1,16 @@
+#include "engine/core/error.h"
+
+#include <utility>
+
+namespace nubivane {
+
+Error::Error(int number, QString source, QString description, QString cause)
+    : number_(number),
+      source_(std::move(source)),
+      description_(std::move(description)),
+      cause_(std::move(cause)) {
+    const QString full = cause_.isEmpty() ? description_ : description_ + " " + cause_;
+    what_ = full.toUtf8();
+}
+
+}  // namespace nubivane

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "engine/export/export_stage.h"
+#include "engine/export/gif_export.h"
+
+namespace nubivane {
+
+/// The stage of a film: it shows one Frame after the other, each for one interval before it is
+/// taken, which decides how far its Symbols have played.
+class FilmStage {
+  public:
+    /// Reads the Frames from the model, which it does not touch from then on. Raises `Error`
+    /// (OutOfRange) when there is no current Frame.
+    FilmStage(Workspace& workspace, const FilmOptions& options);
+
+    /// Number of images.
+    qint32 count() const { return static_cast<qint32>(frames_.size()); }
+    /// Its size in pixels. Raises `Error` when its map cannot be read.
+    QSize size(qint32 frame);
+    /// The image of a Frame. Raises `Error` when its map cannot be read.
+    Capture captureFrame(qint32 frame);
+
+  private:
+    const FrameContent& frame(qint32 number) const {
+        return frames_.at(static_cast<std::size_t>(number) - 1);
+    }
+
+    std::vector<FrameContent> frames_;
+    ExportStage stage_;
+    FilmOptions options_;
+};
+
+}  // namespace nubivane

@@ -1,0 +1,68 @@
+#include "engine/export/frame_content.h"
+
+#include "engine/model/workspace.h"
+
+#include <optional>
+
+namespace nubivane {
+
+namespace {
+
+constexpr char SymbolArray[] = "gifSymbol";
+constexpr char LabelArray[] = "lblTesto";
+
+/// The two arrays of on-screen elements, as far as they are filled.
+class SpriteArrays {
+  public:
+    /// The number of a new element in the array of a name; nothing for another name.
+    std::optional<qint32> add(const QString& name) {
+        if (name == QLatin1String(SymbolArray)) {
+            return ++symbols_;
+        }
+        if (name == QLatin1String(LabelArray)) {
+            return ++labels_;
+        }
+        return std::nullopt;
+    }
+
+  private:
+    qint32 symbols_ = 0;
+    qint32 labels_ = 0;
+};
+
+/// How a Label differs on a stage from the canvas: its border has the stage's colour, whatever its
+/// own.
+cLabel onStage(cLabel label) {
+    label.BorderColor = 0;
+    return label;
+}
+
+}  // namespace
+
+FrameContent contentOf(Workspace& workspace, qint32 frame) {
+    const cSprites& sprites = workspace.Frames().Item(frame).Sprites();
+    FrameContent content;
+    content.drawn = workspace.pctPanel.picture(frame);
+    content.mapFile = workspace.Status.CurrentMap;
+    content.symbolCount = sprites.Symbols().Count();
+    SpriteArrays arrays;
+    for (cSymbol& symbol : sprites.Symbols()) {
+        if (const auto index = arrays.add(symbol.Name)) {
+            symbol.Index = *index;
+            if (symbol.Name == QLatin1String(SymbolArray)) {
+                content.symbols.push_back({{symbol.PosX, symbol.PosY}, symbol.PathFileGif});
+            }
+        }
+    }
+    for (cLabel& label : sprites.Labels()) {
+        if (const auto index = arrays.add(label.Name)) {
+            label.Index = *index;
+            if (label.Name == QLatin1String(LabelArray)) {
+                content.labels.push_back(onStage(label));
+            }
+        }
+    }
+    return content;
+}
+
+}  // namespace nubivane

@@ -1,0 +1,77 @@
+#include "engine/export/print_export.h"
+
+#include "engine/core/error.h"
+#include "engine/core/host_files.h"
+
+#include <QBuffer>
+#include <QPainter>
+#include <QPdfWriter>
+
+namespace nubivane {
+
+namespace {
+
+constexpr int PixelsPerInch = 96;
+constexpr double PointsPerPixel = 72.0 / PixelsPerInch;
+
+QPageLayout layoutFor(QSize picture) {
+    const QSizeF points = QSizeF(picture) * PointsPerPixel;
+    const auto holds = [&points](const QPageLayout& page) {
+        const QSizeF paper = page.fullRect(QPageLayout::Point).size();
+        return points.width() <= paper.width() && points.height() <= paper.height();
+    };
+    const QPageSize a4(QPageSize::A4);
+    for (const auto way : {QPageLayout::Portrait, QPageLayout::Landscape}) {
+        const QPageLayout page(a4, way, QMarginsF());
+        if (holds(page)) {
+            return page;
+        }
+    }
+    return QPageLayout(QPageSize(points, QPageSize::Point, {}, QPageSize::ExactMatch),
+                       QPageLayout::Portrait, QMarginsF());
+}
+
+}  // namespace
+
+QImage partToPrint(const QImage& canvas) {
+    return canvas.copy(canvas.rect().adjusted(1, 1, 0, 0));
+}
+
+QImage canvasToPrint(const QImage& stage) {
+    QImage canvas(stage.size() + QSize(1, 1), QImage::Format_RGB32);
+    canvas.fill(CanvasFrameColor);
+    QPainter(&canvas).drawImage(0, 0, stage);
+    return canvas;
+}
+
+void printPicture(QPagedPaintDevice& paper, const QImage& picture) {
+    QPainter painter;
+    if (!painter.begin(&paper)) {
+        throw Error(error_number::FileAccess, "printing", "Cannot print.",
+                    "the printer does not begin a page");
+    }
+    // A JPEG in its place would be larger, for a map, and blur its lines.
+    painter.setRenderHint(QPainter::LosslessImageRendering);
+    painter.scale(double(paper.logicalDpiX()) / PixelsPerInch,
+                  double(paper.logicalDpiY()) / PixelsPerInch);
+    painter.drawImage(QRectF(QPointF(0, 0), QSizeF(picture.size())), picture);
+    if (!painter.end()) {
+        throw Error(error_number::FileAccess, "printing", "Cannot print.",
+                    "the printer does not end the page");
+    }
+}
+
+void printToPdf(const QImage& picture, const QString& path) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter pdf(&buffer);
+        pdf.setResolution(PixelsPerInch);
+        pdf.setPageLayout(layoutFor(picture.size()));
+        printPicture(pdf, picture);
+    }
+    host_files::writeHostFile(host_files::toHost(path), bytes);
+}
+
+}  // namespace nubivane

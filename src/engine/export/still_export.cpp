@@ -1,0 +1,74 @@
+#include "engine/export/still_export.h"
+
+#include "engine/core/error.h"
+#include "engine/core/host_files.h"
+#include "engine/export/export_stage.h"
+#include "engine/export/export_watcher.h"
+#include "engine/picture/image_codec.h"
+
+#include <QStringList>
+
+#include <utility>
+
+namespace nubivane {
+
+namespace {
+
+/// Exactly three characters count, so "jpeg" and "tiff" are no formats here.
+PictureFormat formatOf(const QString& path) {
+    const QString end = path.right(3).toLower();
+    static const QStringList known{"bmp", "gif", "jpg", "png", "tif"};
+    if (!known.contains(end)) {
+        throw Error(error_number::UnsupportedFormat, "DoSaveMap", "Unsupported format",
+                    "the name \"" + path + "\" ends in none of " + known.join(", "));
+    }
+    return formatOfExtension(end);
+}
+
+/// Writes what stands on a stage.
+void writeStage(const ExportStage& stage, const QString& path, ExportWatcher& watcher) {
+    watcher.setProgress(45);
+    const QImage picture = stage.grabStage(0);
+    watcher.showStage(picture);
+    watcher.setProgress(70);
+    const QByteArray bytes = encodePicture(picture, formatOf(path));
+    host_files::writeHostFile(host_files::toHost(path), bytes);
+    watcher.setProgress(90);
+    watcher.setProgress(100);
+}
+
+class MapFileJob : public ExportJob {
+  public:
+    MapFileJob(FrameContent frame, const QString& path) : frame_(std::move(frame)), path_(path) {}
+
+    void load() override {
+        stage_.loadMap(frame_);
+        stage_.loadStageSprites(frame_);
+    }
+
+    void save(ExportWatcher& watcher) override { writeStage(stage_, path_, watcher); }
+
+  private:
+    FrameContent frame_;
+    QString path_;
+    ExportStage stage_;
+};
+
+}  // namespace
+
+std::unique_ptr<ExportJob> mapFileJob(FrameContent frame, const QString& path) {
+    return std::make_unique<MapFileJob>(std::move(frame), path);
+}
+
+void saveMapFile(Workspace& workspace, qint32 frame, const QString& path, ExportWatcher& watcher) {
+    runExport(*mapFileJob(contentOf(workspace, frame), path), watcher);
+}
+
+void saveMapFile(ExportStage& stage, const FrameContent& frame, const QString& path,
+                 ExportWatcher& watcher) {
+    stage.loadMap(frame);
+    stage.loadStageSprites(frame);
+    writeStage(stage, path, watcher);
+}
+
+}  // namespace nubivane

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "engine/export/gif_export.h"
+
+#include <QSize>
+#include <QString>
+
+namespace nubivane {
+
+/// What a video of a Frame is made with.
+struct VideoOptions {
+    QSize size;           ///< pixels; a side that is not above 0 is the map's
+    int compression = 1;  ///< 1 to `MaxCompression`
+};
+
+/// Writes a Frame as an AVI video of whole pictures a second, captured as for a moving GIF, each
+/// scaled to `size` without regard to proportions. An existing file is replaced when the new one is
+/// whole. Raises `Error`.
+std::unique_ptr<ExportJob> aviJob(Workspace& workspace, qint32 frame, const QString& AviFileName,
+                                  const VideoOptions& options);
+
+/// The same at once.
+void saveAvi(Workspace& workspace, qint32 frame, const QString& AviFileName,
+             const VideoOptions& options, ExportWatcher& watcher);
+
+/// The same as MP4, captured as a moving GIF in every case, with each picture shown exactly as long
+/// as the step between captures. Odd sides lose a pixel.
+void saveMp4(Workspace& workspace, qint32 frame, const QString& path, const VideoOptions& options,
+             ExportWatcher& watcher);
+
+/// A film as MP4, in the size of the largest map. Smaller ones stand in the upper left corner of a
+/// white sheet.
+void saveFilmMp4(Workspace& workspace, const QString& path, const FilmOptions& options,
+                 ExportWatcher& watcher);
+
+/// Whole pictures a second at a step between them (ms), at least one.
+int framesPerSecond(qint64 interval);
+
+}  // namespace nubivane

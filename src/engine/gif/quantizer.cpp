@@ -1,0 +1,134 @@
+#include "engine/gif/quantizer.h"
+
+#include "engine/core/error.h"
+
+#include <libimagequant.h>
+
+#include <algorithm>
+#include <limits>
+
+namespace nubivane {
+
+namespace {
+
+// 1 is slowest; 3 finds hardly better palettes in twice the time
+constexpr int UsualSpeed = 4;
+constexpr int ThoroughSpeed = 1;
+constexpr std::size_t KnownSlots = 4096;
+
+void check(liq_error error) {
+    if (error != LIQ_OK) {
+        throw Error(error_number::InvalidPicture, "gif", "Cannot encode the picture as GIF.",
+                    "no palette was found");
+    }
+}
+
+liq_color toLiq(QRgb color) {
+    return {static_cast<unsigned char>(qRed(color)), static_cast<unsigned char>(qGreen(color)),
+            static_cast<unsigned char>(qBlue(color)), 255};
+}
+
+/// A row of an RGB32 image in the library's order.
+void readRow(liq_color out[], int row, int width, void* image) {
+    const auto* line =
+        reinterpret_cast<const QRgb*>(static_cast<const QImage*>(image)->constScanLine(row));
+    std::transform(line, line + width, out, toLiq);
+}
+
+using LiqImage = std::unique_ptr<liq_image, void (*)(liq_image*)>;
+
+/// Reads the picture while it lives.
+LiqImage liqImage(const liq_attr* attributes, QImage& picture) {
+    return LiqImage(liq_image_create_custom(attributes, readRow, &picture, picture.width(),
+                                            picture.height(), 0),
+                    liq_image_destroy);
+}
+
+std::vector<QRgb> colorsOf(liq_result* result) {
+    const liq_palette* palette = liq_get_palette(result);
+    std::vector<QRgb> colors;
+    for (unsigned i = 0; i < palette->count; ++i) {
+        const liq_color& c = palette->entries[i];
+        colors.push_back(qRgb(c.r, c.g, c.b));
+    }
+    return colors;
+}
+
+}  // namespace
+
+Quantizer::Quantizer(int colors, Effort effort)
+    : attributes_(liq_attr_create(), liq_attr_destroy),
+      histogram_(liq_histogram_create(attributes_.get()), liq_histogram_destroy) {
+    check(liq_set_max_colors(attributes_.get(), colors));
+    check(
+        liq_set_speed(attributes_.get(), effort == Effort::Thorough ? ThoroughSpeed : UsualSpeed));
+}
+
+Quantizer::~Quantizer() = default;
+
+void Quantizer::add(const QImage& picture, const std::vector<uchar>& counts) {
+    QImage source = picture;
+    const LiqImage image = liqImage(attributes_.get(), source);
+    if (!counts.empty()) {
+        std::vector<uchar> importance = counts;
+        check(liq_image_set_importance_map(image.get(), importance.data(), importance.size(),
+                                           LIQ_COPY_PIXELS));
+    }
+    check(liq_histogram_add_image(histogram_.get(), attributes_.get(), image.get()));
+}
+
+void Quantizer::add(const std::vector<CountedColor>& colors) {
+    constexpr quint32 WeightOfAPixel = 255;  // what the library gives each pixel of a picture
+    std::vector<liq_histogram_entry> entries;
+    entries.reserve(colors.size());
+    for (const CountedColor& color : colors) {
+        entries.push_back({toLiq(color.color), color.pixels * WeightOfAPixel});
+    }
+    if (!entries.empty()) {
+        check(liq_histogram_add_colors(histogram_.get(), attributes_.get(), entries.data(),
+                                       static_cast<int>(entries.size()), 0));
+    }
+}
+
+void Quantizer::keep(const std::vector<QRgb>& colors) {
+    for (const QRgb color : colors) {
+        check(liq_histogram_add_fixed_color(histogram_.get(), toLiq(color), 0));
+    }
+}
+
+Quantizer::LiqResult Quantizer::quantize() {
+    liq_result* found = nullptr;
+    check(liq_histogram_quantize(histogram_.get(), attributes_.get(), &found));
+    return LiqResult(found, liq_result_destroy);
+}
+
+std::vector<QRgb> Quantizer::palette() {
+    return colorsOf(quantize().get());
+}
+
+NearestColor::NearestColor(std::vector<QRgb> palette) : palette_(std::move(palette)) {
+    known_.resize(KnownSlots, {0, 0});  // an opaque colour is never 0
+}
+
+QRgb NearestColor::of(QRgb color) {
+    Answer& answer = known_[color * 2654435761U >> 20];
+    if (answer.color == color) {
+        return answer.nearest;
+    }
+    int least = std::numeric_limits<int>::max();
+    QRgb nearest = color;
+    for (const QRgb candidate : palette_) {
+        const int red = qRed(candidate) - qRed(color);
+        const int green = qGreen(candidate) - qGreen(color);
+        const int blue = qBlue(candidate) - qBlue(color);
+        const int distance = red * red + green * green + blue * blue;
+        if (distance < least) {
+            least = distance;
+            nearest = candidate;
+        }
+    }
+    answer = {color, nearest};
+    return nearest;
+}
+
+}  // namespace nubivane

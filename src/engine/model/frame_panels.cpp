@@ -1,0 +1,25 @@
+#include "engine/model/frame_panels.h"
+
+namespace nubivane {
+
+Picture FramePanels::picture(qint32 frame) const {
+    return contains(frame) ? panels_[static_cast<std::size_t>(frame) - 1] : Picture();
+}
+
+void FramePanels::setPicture(qint32 frame, const Picture& picture) {
+    if (contains(frame)) {
+        panels_[static_cast<std::size_t>(frame) - 1] = picture;
+    }
+}
+
+void FramePanels::reset(qint32 count) {
+    panels_.assign(static_cast<std::size_t>(count), Picture());
+}
+
+void FramePanels::remove(qint32 frame) {
+    if (contains(frame)) {
+        panels_.erase(panels_.begin() + (frame - 1));
+    }
+}
+
+}  // namespace nubivane

@@ -1,0 +1,30 @@
+#include "engine/model/frames.h"
+
+namespace nubivane {
+
+cFrame& cFrames::Add() {
+    frames_.push_back(std::make_unique<cFrame>());
+    return *frames_.back();
+}
+
+void cFrames::Remove(qint32 index) {
+    frames_.erase(frames_.begin() + static_cast<std::ptrdiff_t>(at(index)));
+}
+
+qint16 cFrames::NumSprite() const {
+    qint32 sum = 0;
+    for (const auto& frame : frames_) {
+        sum += frame->Sprites().Count();
+    }
+    return static_cast<qint16>(sum);
+}
+
+std::size_t cFrames::at(qint32 index) const {
+    if (index < 1 || index > Count()) {
+        throw Error(error_number::OutOfRange, "cFrames", "Position outside the list.",
+                    QStringLiteral("Frame %1 of %2").arg(index).arg(Count()));
+    }
+    return static_cast<std::size_t>(index) - 1;
+}
+
+}  // namespace nubivane

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "engine/model/forecast.h"
+#include "engine/model/sprites.h"
+
+#include <memory>
+#include <vector>
+
+namespace nubivane {
+
+/// The texts of a Frame: its caption and its forecast.
+class cTexts {
+  public:
+    QString Label;  ///< caption, shown on the Frame's tab
+
+    cForecast& Forecast() { return forecast_; }
+    const cForecast& Forecast() const { return forecast_; }
+
+  private:
+    cForecast forecast_;
+};
+
+/// One forecast period. Its number is its position in `cFrames`.
+class cFrame {
+  public:
+    cTexts& Texts() { return texts_; }
+    const cTexts& Texts() const { return texts_; }
+    cSprites& Sprites() { return sprites_; }
+    const cSprites& Sprites() const { return sprites_; }
+
+  private:
+    cTexts texts_;
+    cSprites sprites_;
+};
+
+/// The Frames in order. A position outside the list raises `Error` (OutOfRange).
+class cFrames {
+  public:
+    cFrame& Item(qint32 index) const { return *frames_[at(index)]; }
+    cFrame& Add();
+    void Remove(qint32 index);
+    qint32 Count() const { return static_cast<qint32>(frames_.size()); }
+    /// Number of sprites on all Frames.
+    qint16 NumSprite() const;
+
+  private:
+    std::size_t at(qint32 index) const;
+
+    std::vector<std::unique_ptr<cFrame>> frames_;
+};
+
+/// The root of a project in memory.
+class cWrapper {
+  public:
+    cFrames& Frames() { return frames_; }
+    const cFrames& Frames() const { return frames_; }
+
+  private:
+    cFrames frames_;
+};
+
+}  // namespace nubivane

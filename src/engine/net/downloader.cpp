@@ -1,0 +1,115 @@
+#include "engine/net/downloader.h"
+
+#include "engine/core/host_files.h"
+#include "engine/net/curl_library.h"
+
+#include <QSaveFile>
+#include <QUrl>
+
+#include <curl/curl.h>
+
+#include <array>
+
+namespace nubivane {
+
+namespace {
+
+/// No installer is larger.
+constexpr qint64 MaxBytes = qint64{2} * 1024 * 1024 * 1024;
+constexpr long MaxRedirections = 5;
+constexpr char Protocols[] = "http,https";
+
+}  // namespace
+
+struct Downloader::Job {
+    Downloader& owner;
+    QByteArray url;
+    QSaveFile file;
+    qint64 written = 0;
+    bool done = false;
+    QString failure{};
+
+    static size_t take(char* bytes, size_t, size_t size, void* self) {
+        auto& job = *static_cast<Job*>(self);
+        const auto count = static_cast<qint64>(size);
+        job.written += count;
+        return job.written <= MaxBytes && job.file.write(bytes, count) == count ? size : 0;
+    }
+
+    static int watch(void* self, curl_off_t total, curl_off_t bytes, curl_off_t, curl_off_t) {
+        Downloader& owner = static_cast<Job*>(self)->owner;
+        owner.bytes_ = bytes;
+        owner.total_ = total;
+        return owner.aborted_ ? 1 : 0;
+    }
+};
+
+bool Downloader::fetch(const QString& url, const QString& target) {
+    if (worker_.busy()) {
+        return false;
+    }
+    const QUrl parsed(url, QUrl::StrictMode);
+    if (!parsed.isValid() || parsed.host().isEmpty()) {
+        failure_ = "the address is not valid";
+        return false;
+    }
+    initializeCurl();
+    aborted_ = false;
+    bytes_ = 0;
+    total_ = 0;
+    Job job{*this, parsed.toEncoded(), QSaveFile(host_files::toHost(target))};
+    const auto tick = [this] {
+        if (progress && bytes_ > 0) {
+            progress(bytes_, total_);
+        }
+    };
+    worker_.run([&] { transfer(job); }, {.tick = tick, .interrupted = [this] { abort(); }});
+    failure_ = job.failure;
+    if (job.done && progress) {
+        progress(job.written, job.written);
+    }
+    return job.done;
+}
+
+void Downloader::transfer(Job& job) {
+    if (!job.file.open(QIODevice::WriteOnly)) {
+        job.failure = job.file.errorString();
+        return;
+    }
+    CURL* curl = curl_easy_init();
+    std::array<char, CURL_ERROR_SIZE> error{};
+    curl_easy_setopt(curl, CURLOPT_URL, job.url.constData());
+    curl_easy_setopt(curl, CURLOPT_PROTOCOLS_STR, Protocols);
+    curl_easy_setopt(curl, CURLOPT_REDIR_PROTOCOLS_STR, Protocols);
+    curl_easy_setopt(curl, CURLOPT_FOLLOWLOCATION, 1L);
+    curl_easy_setopt(curl, CURLOPT_MAXREDIRS, MaxRedirections);
+    curl_easy_setopt(curl, CURLOPT_FAILONERROR, 1L);
+    curl_easy_setopt(curl, CURLOPT_NOSIGNAL, 1L);
+    curl_easy_setopt(curl, CURLOPT_CONNECTTIMEOUT, static_cast<long>(connectLimit_));
+    curl_easy_setopt(curl, CURLOPT_LOW_SPEED_LIMIT, 1L);
+    curl_easy_setopt(curl, CURLOPT_LOW_SPEED_TIME, static_cast<long>(stallLimit_));
+    curl_easy_setopt(curl, CURLOPT_WRITEFUNCTION, &Job::take);
+    curl_easy_setopt(curl, CURLOPT_WRITEDATA, &job);
+    curl_easy_setopt(curl, CURLOPT_NOPROGRESS, 0L);
+    curl_easy_setopt(curl, CURLOPT_XFERINFOFUNCTION, &Job::watch);
+    curl_easy_setopt(curl, CURLOPT_XFERINFODATA, &job);
+    curl_easy_setopt(curl, CURLOPT_ERRORBUFFER, error.data());
+    const CURLcode code = curl_easy_perform(curl);
+    curl_easy_cleanup(curl);
+    if (code != CURLE_OK) {
+        job.failure =
+            QString::fromLocal8Bit(error.front() != '\0' ? error.data() : curl_easy_strerror(code));
+        return;
+    }
+    job.done = job.file.flush() && job.file.commit();
+    if (!job.done) {
+        job.failure = job.file.errorString();
+    }
+}
+
+QString Downloader::fileNameOf(const QString& url) {
+    const QString name = QUrl(url).fileName(QUrl::FullyDecoded);
+    return host_files::isPlainName(name) ? name : QString();
+}
+
+}  // namespace nubivane

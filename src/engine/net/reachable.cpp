@@ -1,0 +1,20 @@
+#include "engine/net/reachable.h"
+
+#include "engine/core/shell.h"
+
+#include <QRegularExpression>
+
+namespace nubivane {
+
+bool isLoopbackHost(const QString& host) {
+    static const QRegularExpression names(
+        R"(^(localhost\.?|.+\.localhost\.?|127(\.\d{1,3}){3}|::1)$)",
+        QRegularExpression::CaseInsensitiveOption);
+    return names.match(host.trimmed()).hasMatch();
+}
+
+bool isReachable(Shell& shell, const QString& host) {
+    return isLoopbackHost(host) || shell.networkPresent();
+}
+
+}  // namespace nubivane

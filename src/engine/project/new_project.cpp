@@ -1,0 +1,33 @@
+#include "engine/project/new_project.h"
+
+#include "engine/core/shell.h"
+#include "engine/core/version.h"
+#include "engine/model/editor_view.h"
+#include "engine/model/workspace.h"
+#include "engine/project/save_project.h"
+
+namespace nubivane {
+
+bool newProject(Editor editor) {
+    if (!confirmLeavingProject(editor)) {
+        return false;
+    }
+    Workspace& workspace = editor.workspace;
+    const HourglassGuard hourglass(editor.shell);
+    workspace.Status.CurrentProject.clear();
+    editor.view.clearSelection();
+    editor.view.unloadFrameSprites();
+    workspace.resetProject();
+    workspace.clearTempPicture();
+    workspace.Status.CurrentFrame = 1;
+    workspace.pctMap.setPicture(workspace.loadCurrentMap());
+    workspace.Frames().Item(1).Texts().Label = "Map1";
+    editor.view.rebuildFrameTabs();
+    editor.view.showMap();
+    editor.view.selectFirstFrame();
+    workspace.ProjectChanged = false;
+    editor.view.setCaption(QStringLiteral("New project - ") + ProgramTitle);
+    return true;
+}
+
+}  // namespace nubivane

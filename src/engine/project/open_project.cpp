@@ -1,0 +1,174 @@
+#include "engine/project/open_project.h"
+
+#include "engine/collections/scan_collections.h"
+#include "engine/core/host_files.h"
+#include "engine/core/path_text.h"
+#include "engine/core/shell.h"
+#include "engine/core/version.h"
+#include "engine/model/editor_view.h"
+#include "engine/model/workspace.h"
+#include "engine/project/data_file.h"
+#include "engine/project/project_commit.h"
+#include "engine/project/project_document.h"
+#include "engine/project/project_error.h"
+#include "engine/project/project_paths.h"
+#include "engine/project/recent_files.h"
+#include "engine/project/save_project.h"
+
+#include <QFile>
+
+namespace nubivane {
+
+namespace {
+
+constexpr int ReadingShare = 55;  ///< percent of the progress at which all Frames are read
+
+QString askForName(Editor editor) {
+    FileRequest request;
+    request.title = "Open project";
+    request.folder = editor.workspace.folder.path();
+    request.filter = ProjectFilter;
+    editor.shell.processEvents();
+    return trimBlanks(editor.shell.openFileName(request));
+}
+
+ProjectDocument readDocument(Editor editor, const QString& name) {
+    QFile file(
+        completeInterruptedSave(host_files::toHost(name), host_files::toHost(dataFileOf(name))));
+    if (!file.open(QIODevice::ReadOnly)) {
+        throw damagedProject(file.fileName() + ": " + file.errorString());
+    }
+    return readProjectDocument(file, editor.workspace.folder, [&](double part) {
+        editor.shell.setProgress(static_cast<int>(part * ReadingShare));
+        editor.shell.processEvents();
+    });
+}
+
+/// Marks the collections that the project names and returns their folders in its order; one unknown
+/// on this machine is passed over.
+QStringList checkCollections(cSymbolsCollections& collections, const QStringList& names) {
+    QStringList folders;
+    for (const QString& name : names) {
+        if (collections.contains(name) && !collections.Item(name).Checked) {
+            collections.Item(name).Checked = true;
+            folders += collections.Item(name).Path;
+        }
+    }
+    return folders;
+}
+
+DataBlocks readPictures(Editor editor, const QString& name, const ProjectDocument& document) {
+    QFile file(host_files::toHost(dataFileOf(name)));
+    if (!file.open(QIODevice::ReadOnly)) {
+        throw damagedProject(file.fileName() + ": " + file.errorString());
+    }
+    return readDataBlocks(file, document.sizes, document.frames, editor.workspace.Frames().Count());
+}
+
+/// Replaces the open project by the file's. The progress shows from where the file is one that can
+/// be read. Returns whether Symbols were dropped.
+bool replaceProject(Editor editor, const QString& name, std::optional<ProgressGuard>& progress) {
+    if (!isValidProjectFile(name)) {
+        throw damagedProject("the project or its data file \"" + dataFileOf(name) +
+                             "\" is missing, or the name has not the extension nvpf");
+    }
+    Workspace& workspace = editor.workspace;
+    progress.emplace(editor.shell, 1);
+    editor.shell.processEvents();
+    ProjectDocument document = readDocument(editor, name);
+
+    workspace.Status.CurrentMap = workspace.folder.maps() + u'\\' + document.map;
+    editor.view.unloadFrameSprites();
+    workspace.Project = std::move(document.model);
+    reloadCollections(workspace.Status.SymbolsCollection(), workspace.folder);
+    editor.view.rebuildPalette(
+        checkCollections(workspace.Status.SymbolsCollection(), document.collections));
+    if (document.damage) {
+        throw *document.damage;
+    }
+    const DataBlocks blocks = readPictures(editor, name, document);
+    editor.shell.setProgress(70);
+    editor.shell.processEvents();
+    // The map travels with the project and back into the folder of maps at every opening.
+    host_files::makeFolder(workspace.folder.maps());
+    host_files::writeOver(workspace.Status.CurrentMap, blocks.map);
+    workspace.clearTempPicture();
+    for (std::size_t i = 0; i < blocks.frames.size(); ++i) {
+        workspace.pctPanel.setPicture(static_cast<qint32>(i) + 1, blocks.frames[i]);
+    }
+    editor.shell.setProgress(85);
+    return document.missingSymbols;
+}
+
+/// What could be read of a damaged project stays open: tabs and panels follow it, so that one can
+/// go on.
+void keepWhatWasRead(Editor editor) {
+    Workspace& workspace = editor.workspace;
+    workspace.clearTempPicture();
+    editor.view.rebuildFrameTabs();
+    workspace.Status.CurrentFrame = 1;
+}
+
+void showOpenedProject(Editor editor, const QString& name) {
+    Workspace& workspace = editor.workspace;
+    editor.view.rebuildFrameTabs();
+    workspace.Status.CurrentFrame = 1;
+    workspace.Status.CurrentProject = name;
+    workspace.pctMap.setPicture(workspace.pctPanel.picture(1));
+    editor.view.showMap();
+    editor.view.selectFirstFrame();
+    addRecentFile(workspace.settings, editor.view, name);
+}
+
+}  // namespace
+
+void OpenProject(Editor editor, const std::optional<QString>& file) {
+    if (!confirmLeavingProject(editor)) {
+        return;
+    }
+    const QString name = file ? *file : askForName(editor);
+    if (trimBlanks(name).isEmpty()) {
+        editor.shell.processEvents();
+        return;
+    }
+
+    bool missingSymbols = false;
+    {
+        const HourglassGuard hourglass(editor.shell);
+        const InputGuard noInput(editor.view);
+        std::optional<ProgressGuard> progress;
+        const cWrapper* const before = editor.workspace.Project.get();
+        if (host_files::fileExists(name)) {
+            try {
+                missingSymbols = replaceProject(editor, name, progress);
+            } catch (const Error& error) {
+                if (editor.workspace.Project.get() != before) {
+                    keepWhatWasRead(editor);
+                }
+                throw error.number() == error_number::UnsupportedVersion
+                    ? error
+                    : damagedProject(error.cause());
+            }
+        } else {
+            editor.workspace.clearTempPicture();
+        }
+        showOpenedProject(editor, name);
+        if (progress) {
+            editor.shell.setProgress(100);
+            editor.shell.processEvents();
+        }
+        editor.view.setCaption(getFileName(name) + " - " + ProgramTitle);
+        editor.workspace.ProjectChanged = false;
+    }
+    if (missingSymbols) {
+        editor.shell.messageBox(
+            {"Cannot load some symbols: they refer to a location on a hard "
+             "drive that is unavailable.",
+             Icon::Exclamation,
+             Buttons::Ok,
+             {}});
+        editor.shell.processEvents();
+    }
+}
+
+}  // namespace nubivane

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "engine/model/editor.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace nubivane {
+
+/// Opens a project in place of the open one; without a file the person is asked for one. Does
+/// nothing when the person cancels.
+///
+/// Raises `Error` with number DamagedProject or UnsupportedVersion and their fixed texts. Damage
+/// found inside the Frames or in the pictures leaves what could be read in the workspace; any
+/// earlier failure leaves the open project as it was. A file that does not exist raises nothing:
+/// the project stays, shown on bare maps, under the missing file's name.
+void OpenProject(Editor editor, const std::optional<QString>& file = std::nullopt);
+
+}  // namespace nubivane

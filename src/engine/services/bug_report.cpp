@@ -1,0 +1,119 @@
+#include "engine/services/bug_report.h"
+
+#include "engine/core/error.h"
+#include "engine/core/host_files.h"
+#include "engine/core/path_text.h"
+#include "engine/core/program_folder.h"
+#include "engine/core/version.h"
+#include "engine/core/xml_text.h"
+#include "engine/net/ftp_transfer.h"
+
+#include <QFile>
+#include <QRandomGenerator>
+#include <QXmlStreamWriter>
+
+namespace nubivane {
+
+namespace {
+
+constexpr char ReportFolder[] = "software/bugreport/nVane/6.0.0";
+
+bool isMissing(const QString& text) {
+    const QString trimmed = text.trimmed();
+    return trimmed.isEmpty() || trimmed == QLatin1String(BugReportPlaceholder);
+}
+
+/// Removes a file of the program folder when it goes.
+class LocalFile {
+  public:
+    explicit LocalFile(QString path) : path_(std::move(path)) {}
+    ~LocalFile() { QFile::remove(host_files::toHost(path_)); }
+    LocalFile(const LocalFile&) = delete;
+    LocalFile& operator=(const LocalFile&) = delete;
+
+    const QString& path() const { return path_; }
+
+  private:
+    QString path_;
+};
+
+}  // namespace
+
+QStringList bugReportSystems() {
+    return {"Select a version",     "Windows NT",           "Windows 2000",
+            "Windows ME",           "Windows XP",           "Windows Server 2003",
+            "Windows Vista 32 bit", "Windows Vista 64 bit", "Other"};
+}
+
+std::optional<BugReportComplaint> checkBugReport(const BugReport& report) {
+    if (report.system == bugReportSystems().first()) {
+        return BugReportComplaint{BugReportField::System, "Enter the windows version"};
+    }
+    if (isMissing(report.errorMessage)) {
+        return BugReportComplaint{BugReportField::ErrorMessage, "Enter the error message"};
+    }
+    if (isMissing(report.circumstances)) {
+        return BugReportComplaint{BugReportField::Circumstances,
+                                  "Enter the circumstances in which the error occurred"};
+    }
+    return std::nullopt;
+}
+
+QByteArray bugReportXml(const BugReport& report) {
+    QByteArray bytes;
+    QXmlStreamWriter xml(&bytes);
+    xml.writeStartElement("REPORT");
+    xml.writeEmptyElement("Windows");
+    xml.writeAttribute("version", allowedInXml(report.system));
+    xml.writeEmptyElement("Application");
+    xml.writeAttribute("name", ProgramTitle);
+    xml.writeAttribute("version", QLatin1String(Version) + QStringLiteral(" Beta"));
+    xml.writeStartElement("Error");
+    xml.writeCDATA(allowedInXml(report.errorMessage));
+    xml.writeEndElement();
+    xml.writeStartElement("Circumstances");
+    xml.writeCDATA(allowedInXml(report.circumstances));
+    xml.writeEndElement();
+    xml.writeEndElement();
+    return bytes;
+}
+
+QString generateUniqueFilename(const QDateTime& time, int number) {
+    return time.toString("dd.MM.yyyy.HH.mm.ss") +
+           QStringLiteral(".%1.%2.xml").arg(time.time().msec()).arg(number);
+}
+
+QString generateUniqueFilename() {
+    return generateUniqueFilename(QDateTime::currentDateTime(),
+                                  QRandomGenerator::global()->bounded(1, 1000));
+}
+
+bool sendBugReport(const BugReport& report, const ProgramFolder& folder, const FtpServer& server,
+                   ftpTransfer& transfer) {
+    const QString name = generateUniqueFilename();
+    const LocalFile file(folder.entry(name));
+    try {
+        host_files::write(file.path(), bugReportXml(report));
+    } catch (const Error&) {
+        return false;
+    }
+    const bool sent = transfer.Connect(server) && transfer.ChangeDirectory(ReportFolder) &&
+                      transfer.PutFile(file.path(), name);
+    transfer.Disconnect();
+    return sent;
+}
+
+Message bugReportOutcome(bool sent) {
+    if (sent) {
+        return {
+            "Thank you for your contributions, the bug report has been successfully sent. We "
+            "appreciate your feedback which is used in our continuing effort to enhance "
+            "Nubivane.",
+            Icon::Information,
+            Buttons::Ok,
+            {}};
+    }
+    return {"Cannot connect to the server", Icon::Critical, Buttons::Ok, {}};
+}
+
+}  // namespace nubivane

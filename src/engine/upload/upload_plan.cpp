@@ -1,0 +1,111 @@
+#include "engine/upload/upload_plan.h"
+
+#include "engine/core/host_files.h"
+#include "engine/core/path_text.h"
+#include "engine/core/settings_store.h"
+#include "engine/model/workspace.h"
+
+namespace nubivane {
+
+namespace {
+
+constexpr char Up[] = "..\\";
+
+class PlanBuilder {
+  public:
+    explicit PlanBuilder(const Workspace& workspace) : workspace_(workspace) {}
+
+    UploadPlan build(bool symbols, bool maps, bool htmlPage) {
+        const SettingsStore& settings = workspace_.settings;
+        const QString remote = settings.text(Setting::FtpRemoteFolder);
+        if (!trimBlanks(remote).isEmpty()) {
+            enter(remote);
+        }
+        makeAndEnter(settings.text(Setting::FtpNubivaneFolderInPlan));
+        makeAndEnter("Web");
+        enter(Up);
+        symbolFolders(symbols);
+        makeAndEnter("Maps");
+        enter(Up);
+        if (maps) {
+            const QString folder = workspace_.folder.maps();
+            for (const QString& file : plain(host_files::fileNames(folder))) {
+                send(folder + u'\\' + file, "Maps\\" + file, true);
+            }
+        }
+        if (htmlPage) {
+            page(settings.text(Setting::PreviewFilename));
+        }
+        return std::move(plan_);
+    }
+
+  private:
+    static QStringList plain(QStringList names) {
+        names.removeIf([](const QString& name) { return !host_files::isPlainName(name); });
+        return names;
+    }
+
+    void enter(const QString& folder) { plan_.push_back(newUploadStep("CHDIR", folder, {}, true)); }
+
+    /// Making a folder that is there fails on every server; entering it tells.
+    void makeAndEnter(const QString& folder) {
+        plan_.push_back(newUploadStep("MKDIR", folder, {}, false));
+        enter(folder);
+    }
+
+    void send(const QString& file, const QString& name, bool stop) {
+        plan_.push_back(newUploadStep("UPLOAD", file, name, stop));
+    }
+
+    void symbolFolders(bool withFiles) {
+        makeAndEnter("Symbols");
+        const QString symbols = workspace_.folder.symbols();
+        const QStringList folders = plain(host_files::folderNames(symbols));
+        for (const QString& folder : folders) {
+            makeAndEnter(folder);
+            enter(Up);
+        }
+        if (withFiles) {
+            for (const QString& folder : folders) {
+                const QString path = symbols + u'\\' + folder;
+                for (const QString& file : plain(host_files::fileNames(path))) {
+                    send(path + u'\\' + file, folder + u'\\' + file, true);
+                }
+            }
+        }
+        enter(Up);
+    }
+
+    void page(const QString& name) {
+        if (!host_files::isPlainName(name)) {
+            return;
+        }
+        for (const QString& file : {name + ".htm", name + ".js"}) {
+            sendIfThere(workspace_.folder.entry(file), file, true);
+        }
+        for (qint32 i = 1; i <= workspace_.Frames().Count(); ++i) {
+            const QString file = name + QString::number(i) + ".jpg";
+            sendIfThere(workspace_.folder.web() + u'\\' + file, "Web/" + file, false);
+        }
+    }
+
+    void sendIfThere(const QString& path, const QString& name, bool stop) {
+        if (host_files::fileExists(path)) {
+            send(path, name, stop);
+        }
+    }
+
+    const Workspace& workspace_;
+    UploadPlan plan_;
+};
+
+}  // namespace
+
+UploadPlan buildUploadPlan(const Workspace& workspace, bool symbols, bool maps, bool htmlPage) {
+    if (!symbols && !maps && !htmlPage) {
+        return {};
+    }
+    return PlanBuilder(workspace).build(symbols, maps, htmlPage);
+}
+
+}  // namespace nubivane

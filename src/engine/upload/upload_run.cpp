@@ -1,0 +1,169 @@
+#include "engine/upload/upload_run.h"
+
+#include "engine/core/error.h"
+#include "engine/core/host_files.h"
+#include "engine/core/shell.h"
+#include "engine/model/editor_view.h"
+#include "engine/model/workspace.h"
+#include "engine/upload/upload_plan.h"
+
+#include <QScopedValueRollback>
+
+namespace nubivane {
+
+namespace {
+
+constexpr int PauseBeforeConnectingMs = 500;
+constexpr int PauseAfterStepMs = 200;  // lets a person read what is going on
+
+}  // namespace
+
+UploadRun::UploadRun(Editor editor, UploadView& view, FtpOptions options)
+    : editor_(editor), view_(view), port_(options.port), transfer_(std::move(options)) {}
+
+bool UploadRun::runUpload(bool initialising) {
+    FtpServer server = uploadServer(editor_.workspace.settings);
+    server.port = port_;
+    return runUpload(initialising, server);
+}
+
+bool UploadRun::runUpload(bool initialising, const FtpServer& server) {
+    if (running_) {
+        return false;
+    }
+    const QScopedValueRollback running(running_, true);
+    UploadCancelled_ = false;
+    try {
+        if (!choosePlan(initialising)) {
+            return false;
+        }
+        open(initialising);
+        connect(server);
+        walk(initialising);
+    } catch (const Error& error) {
+        // What was given up half-way fails too, which is no news to the user.
+        return UploadCancelled_ ? stop() : fail(error);
+    }
+    return UploadCancelled_ ? stop() : finish();
+}
+
+/// False when there is nothing to send, which the user is told.
+bool UploadRun::choosePlan(bool initialising) {
+    const UploadGroups groups = initialising ? UploadGroups{true, true, true}
+                                             : FtpSettings::read(editor_.workspace.settings).groups;
+    if (!groups.any()) {
+        editor_.shell.messageBox({"There is no file to upload. Change upload settings and retry",
+                                  Icon::Exclamation,
+                                  Buttons::Ok,
+                                  {}});
+        view_.openFtpSettings(FtpTab::UploadList);
+        return false;
+    }
+    plan_ = buildUploadPlan(editor_.workspace, groups.symbols, groups.maps, groups.htmlPage);
+    return true;
+}
+
+void UploadRun::open(bool initialising) {
+    editor_.shell.processEvents();
+    view_.Init(initialising ? "Initializing..." : "Uploading files...");
+    editor_.shell.setPointer(Pointer::Default);
+    editor_.view.setEnabled(false);
+}
+
+void UploadRun::connect(const FtpServer& server) {
+    view_.setInfo("Connecting to the server...");
+    editor_.shell.wait(PauseBeforeConnectingMs);
+    editor_.shell.processEvents();
+    if (UploadCancelled_ || !transfer_.Connect(server)) {
+        throw Error(error_number::UploadStopped, "runUpload",
+                    "Unable to establish a connection to the remote server", transfer_.failure());
+    }
+}
+
+void UploadRun::walk(bool initialising) {
+    const std::size_t count = plan_.size();
+    for (std::size_t i = 0; i < count && !UploadCancelled_; ++i) {
+        view_.setProgress(static_cast<int>((i + 1) * 100 / count));
+        perform(plan_[i], initialising);
+        editor_.shell.processEvents();
+        editor_.shell.wait(PauseAfterStepMs);
+        editor_.shell.processEvents();
+    }
+}
+
+void UploadRun::perform(const cUpload& step, bool initialising) {
+    const auto tell = [&](const QString& text) {
+        view_.setInfo(initialising ? text + step.Param1 : "Checking folders structure...");
+    };
+    if (step.Command == u"MKDIR") {
+        tell("Creating folder ");
+        check(transfer_.MakeDirectory(step.Param1), step,
+              "Cannot create " + step.Param1 + " folder");
+    } else if (step.Command == u"CHDIR") {
+        tell("Changing folder to ");
+        check(transfer_.ChangeDirectory(step.Param1), step,
+              "Cannot find " + step.Param1 + " folder");
+    } else if (step.Command == u"UPLOAD") {
+        const QString file = host_files::toHost(step.Param1);
+        view_.setInfo("Uploading file " + file);
+        check(transfer_.PutFile(step.Param1, step.Param2), step, "Cannot upload " + file + " file");
+    }
+}
+
+void UploadRun::check(bool done, const cUpload& step, const QString& text) {
+    if (!done && step.ErrorCauseStop) {
+        throw Error(error_number::UploadStopped, "runUpload", text, transfer_.failure());
+    }
+}
+
+void UploadRun::closeWindow() {
+    view_.close();
+    editor_.view.setEnabled(true);
+}
+
+bool UploadRun::finish() {
+    closeWindow();
+    plan_.clear();
+    transfer_.EndTransfer();
+    transfer_.Disconnect();
+    return true;
+}
+
+bool UploadRun::stop() {
+    transfer_.EndTransfer();
+    transfer_.Disconnect();
+    UploadCancelled_ = false;
+    closeWindow();
+    plan_.clear();
+    return false;
+}
+
+bool UploadRun::fail(const Error& error) {
+    closeWindow();
+    transfer_.EndTransfer();
+    transfer_.Disconnect();
+    UploadCancelled_ = false;
+    plan_.clear();
+    editor_.shell.setPointer(Pointer::Default);
+    editor_.shell.messageBox({error.description(), Icon::Critical, Buttons::Ok, error.cause()});
+    return false;
+}
+
+void UploadRun::cancel() {
+    if (!running_ || UploadCancelled_) {
+        return;
+    }
+    UploadCancelled_ = true;
+    transfer_.AbortTransfer();
+    view_.setInfo("Disconnecting...");
+    view_.disableCancel();
+    editor_.shell.processEvents();
+    editor_.shell.processEvents();
+    view_.close();
+    editor_.shell.setPointer(Pointer::Default);
+    editor_.shell.messageBox(
+        {"Operation stopped by the user.", Icon::Exclamation, Buttons::Ok, {}});
+    editor_.view.setEnabled(true);
+}
+
+}  // namespace nubivane

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "engine/upload/ftp_settings.h"
+
+#include <QString>
+
+namespace nubivane {
+
+/// What an upload shows: the window of a run, and the dialog to which a missing setting leads. As
+/// it stands it shows nothing.
+class UploadView {
+  public:
+    virtual ~UploadView() = default;
+
+    /// Opens the dialog of the FTP settings at a tab; returns when it is closed.
+    virtual void openFtpSettings(FtpTab) {}
+
+    /// Opens the run's window, its progress at 0. Its Cancel button calls `UploadRun::cancel`.
+    virtual void Init(const QString& /*caption*/) {}
+    virtual void setInfo(const QString& /*text*/) {}
+    virtual void setProgress(int /*percent*/) {}
+    virtual void disableCancel() {}
+    /// Closes the run's window if it is open.
+    virtual void close() {}
+};
+
+}  // namespace nubivane

@@ -1,0 +1,227 @@
+#include "engine/web/site_files.h"
+
+#include "engine/core/error.h"
+#include "engine/core/host_files.h"
+#include "engine/core/parallel.h"
+#include "engine/core/settings_store.h"
+#include "engine/core/shell.h"
+#include "engine/core/windows1252.h"
+#include "engine/model/editor_view.h"
+#include "engine/model/workspace.h"
+#include "engine/picture/jpeg_tables.h"
+
+#include <QFile>
+#include <QHash>
+#include <QSet>
+
+#include <functional>
+#include <future>
+#include <optional>
+#include <vector>
+
+namespace nubivane {
+
+namespace {
+
+/// A page's picture as JPEG of our quality, passed on as it is where it already is one.
+QByteArray pageJpeg(const Picture& picture) {
+    if (picture.wasReadAs(PictureFormat::Jpeg) && hasOurJpegQuality(picture.originalBytes())) {
+        return picture.originalBytes();
+    }
+    return encodePicture(picture.image(), PictureFormat::Jpeg);
+}
+
+/// Frames that show one picture.
+struct SharedPicture {
+    Picture picture;
+    std::vector<qint32> frames;
+};
+
+std::vector<SharedPicture> groupByPicture(const FramePanels& panels) {
+    std::vector<SharedPicture> groups;
+    QHash<const void*, std::size_t> known;
+    for (qint32 i = 1; i <= panels.Count(); ++i) {
+        const Picture picture = panels.picture(i);
+        const auto found = known.constFind(picture.identity());
+        if (found == known.cend()) {
+            known.insert(picture.identity(), groups.size());
+            groups.push_back({picture, {i}});
+        } else {
+            groups[*found].frames.push_back(i);
+        }
+    }
+    return groups;
+}
+
+/// The pictures of a page: "Web\<Filename><i>.jpg" for each Frame.
+class MapImages {
+  public:
+    explicit MapImages(const Workspace& workspace)
+        : folder_(workspace.folder.web()),
+          filename_(readPageFilename(workspace.settings)),
+          groups_(groupByPicture(workspace.pctPanel)),
+          count_(workspace.pctPanel.Count()),
+          written_(static_cast<std::size_t>(count_) + 1) {}
+
+    QStringList names() const {
+        QStringList all;
+        for (qint32 i = 1; i <= count_; ++i) {
+            all += name(i);
+        }
+        return all;
+    }
+    QString hostPath(const QString& name) const {
+        return host_files::toHost(folder_) + u'/' + name;
+    }
+
+    /// Writes them while `waiting` runs on the calling thread now and then. Raises `Error`.
+    void write(const std::function<void()>& waiting) {
+        const QStringList all = names();
+        // An older page's picture of the same name is not removed first but replaced by its
+        // successor, on a thread that would else wait for the disk.
+        host_files::removeFiles(folder_, QSet<QString>(all.cbegin(), all.cend()));
+        host_files::makeFolder(folder_);
+        try {
+            parallelFor(
+                groups_.size(), [this](std::size_t i) { write(groups_[i]); },
+                [&waiting](std::size_t) { waiting(); });
+        } catch (const Error&) {
+            removeUnwritten();
+            throw;
+        }
+    }
+
+  private:
+    QString name(qint32 frame) const { return filename_ + QString::number(frame) + ".jpg"; }
+
+    void write(const SharedPicture& group) {
+        const QByteArray jpeg = pageJpeg(group.picture);
+        for (const qint32 frame : group.frames) {
+            host_files::writeHostFile(hostPath(name(frame)), jpeg);
+            written_[static_cast<std::size_t>(frame)] = 1;
+        }
+    }
+
+    /// After a failure only what this page has written may be there.
+    void removeUnwritten() const {
+        for (qint32 i = 1; i <= count_; ++i) {
+            if (!written_[static_cast<std::size_t>(i)]) {
+                QFile::remove(hostPath(name(i)));
+            }
+        }
+    }
+
+    QString folder_;
+    QString filename_;
+    std::vector<SharedPicture> groups_;
+    qint32 count_;
+    std::vector<char> written_;  ///< by Frame; a byte each, since threads set them side by side
+};
+
+/// What a page consists of beside its pictures, ready to be written.
+struct PageTexts {
+    QString start;  ///< path without extension
+    QByteArray page;
+    QByteArray script;
+};
+
+PageType typeOfSetting(const SettingsStore& settings) {
+    switch (settings.number(Setting::PageType).value_or(1)) {
+        case 2:
+            return PageType::ExtendedView;
+        case 3:
+            return PageType::TimeInterval;
+        default:
+            return PageType::NavigationButtons;
+    }
+}
+
+/// Raises `Error`.
+PageTexts makePage(const Workspace& workspace, PageType type) {
+    const PageInput input{
+        .frames = workspace.Frames(),
+        .colors = workspace.colorTable,
+        .map = {workspace.pctMap.ScaleWidth(), workspace.pctMap.ScaleHeight()},
+        .mapOuter = {workspace.pctMap.Width(), workspace.pctMap.Height()},
+        .settings = PageSettings::read(workspace.settings),
+    };
+    const auto writer = PageWriter::ofType(type, input);
+    return {workspace.folder.entry(input.settings.filename), toWindows1252Html(writer->page()),
+            toWindows1252Script(writer->script())};
+}
+
+/// Writes the map with what is drawn on it for each Frame. Raises `Error`.
+QStringList writeMapImages(Editor editor, const std::function<void()>& meanwhile) {
+    Workspace& workspace = editor.workspace;
+    std::optional<MapImages> images;
+    try {
+        workspace.fillPanels();
+        workspace.storeCurrentFrame();
+        images.emplace(workspace);
+    } catch (const Error&) {
+        host_files::removeFiles(workspace.folder.web());  // no page's pictures are left
+        throw;
+    }
+    const InputGuard noInput(editor.view);  // a second page would take away this one's files
+    images->write([&] {
+        meanwhile();
+        editor.shell.processEvents();
+    });
+    QStringList files;
+    for (const QString& name : images->names()) {
+        files += images->hostPath(name);
+    }
+    return files;
+}
+
+QStringList writePage(const PageTexts& texts) {
+    const QString start = host_files::toHost(texts.start);
+    host_files::writeHostFile(start + ".htm", texts.page);
+    host_files::writeHostFile(start + ".js", texts.script);
+    return {start + ".htm", start + ".js"};
+}
+
+}  // namespace
+
+std::optional<QStringList> createPage(Editor editor, std::optional<PageType> type) {
+    const HourglassGuard hourglass(editor.shell);
+    // Made on this thread while others encode the pictures, or afterwards when there was no time.
+    // What goes wrong in it is raised where it is written.
+    std::future<PageTexts> texts = std::async(std::launch::deferred, [&] {
+        return makePage(editor.workspace, type.value_or(typeOfSetting(editor.workspace.settings)));
+    });
+    QStringList files;
+    try {
+        files = writeMapImages(editor, [&texts] { texts.wait(); });
+    } catch (const Error& error) {
+        editor.shell.messageBox({"An error occurred while creating the page.", Icon::Critical,
+                                 Buttons::Ok, QString::fromUtf8(error.what())});
+        return std::nullopt;
+    }
+    try {
+        editor.shell.processEvents();
+        const QStringList pageFiles = writePage(texts.get());
+        files += pageFiles;
+        editor.shell.processEvents();
+        editor.view.selectFirstFrame();
+        editor.shell.processEvents();
+        editor.shell.openInBrowser(pageFiles.first());
+        editor.shell.processEvents();
+    } catch (const Error& error) {
+        editor.shell.messageBox(
+            {"An error occurred while creating the page: " + error.description(), Icon::Critical,
+             Buttons::Ok, error.cause()});
+        return std::nullopt;
+    }
+    return files;
+}
+
+void mnuPreview(Editor editor) {
+    const QString name = editor.workspace.settings.text(Setting::PreviewFilename);
+    const QString page = editor.workspace.folder.entry(name + ".htm");
+    if (host_files::isPlainName(name) && host_files::fileExists(page)) {
+        editor.shell.openInBrowser(host_files::toHost(page));
+    }
+}
+
+}  // namespace nubivane

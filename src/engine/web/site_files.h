@@ -1,0 +1,23 @@
+#pragma once
+
+#include "engine/model/editor.h"
+#include "engine/web/page_writer.h"
+
+#include <QStringList>
+
+#include <optional>
+
+namespace nubivane {
+
+/// Makes the web page of the open project in the program folder, "<Filename>.htm",
+/// "<Filename>.js" and "Web\<Filename><i>.jpg" for each Frame, and shows it in the browser.
+///
+/// The setting "Type" decides which page is made unless `type` is given. Returns the host paths of
+/// the files written, the pictures first; nothing after a failure, which is told in a message.
+std::optional<QStringList> createPage(Editor editor, std::optional<PageType> type = std::nullopt);
+
+/// Opens the page of the name that the preview looks for, if there is one. The preview does not
+/// follow the name of the page settings.
+void mnuPreview(Editor editor);
+
+}  // namespace nubivane

@@ -1,0 +1,166 @@
+#include "windows/canvas/map_canvas.h"
+
+#include "windows/canvas/canvas_clock.h"
+
+#include <QDragEnterEvent>
+#include <QHelpEvent>
+#include <QMimeData>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QToolTip>
+
+namespace nubivane {
+
+namespace {
+
+const QColor FrameColor(96, 110, 122);
+
+/// Its sides are filled: lines would leave the last pixels of a dense screen unpainted.
+void paintFrame(QPainter& painter, const QRect& rect) {
+    for (const QRect& side : {QRect(rect.left(), rect.top(), rect.width(), 1),
+                              QRect(rect.left(), rect.bottom(), rect.width(), 1),
+                              QRect(rect.left(), rect.top(), 1, rect.height()),
+                              QRect(rect.right(), rect.top(), 1, rect.height())}) {
+        painter.fillRect(side, FrameColor);
+    }
+}
+
+}  // namespace
+
+MapCanvas::MapCanvas(Workspace& workspace, SpriteStack& sprites, Selection& selection,
+                     SpriteMouse& mouse, CanvasClock& clock, QWidget* parent)
+    : QWidget(parent),
+      workspace_(workspace),
+      sprites_(sprites),
+      selection_(selection),
+      mouse_(mouse),
+      clock_(clock) {
+    setObjectName("pctMap");
+    setAccessibleName(tr("Map"));
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+    setAcceptDrops(true);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void MapCanvas::showPicture() {
+    picture_ = QPixmap::fromImage(workspace_.pctMap.pixels());
+    resize(workspace_.pctMap.Width(), workspace_.pctMap.Height());
+    update();
+}
+
+bool MapCanvas::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        showToolTip(*static_cast<QHelpEvent*>(event));
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+/// The tip of the Symbol under the pointer, as its text stands.
+void MapCanvas::showToolTip(const QHelpEvent& event) {
+    const auto* symbol = dynamic_cast<const GifSymbol*>(sprites_.at(toMap(event.pos())));
+    if (symbol && !symbol->ToolTipText.isEmpty()) {
+        QToolTip::showText(event.globalPos(),
+                           "<qt>" + symbol->ToolTipText.toHtmlEscaped() + "</qt>", this,
+                           toWidget(symbol->rect));
+    } else {
+        QToolTip::hideText();
+    }
+}
+
+void MapCanvas::takeOver(const QRect& mapRect) {
+    if (!mapRect.isEmpty() && !picture_.isNull()) {
+        QPainter(&picture_).drawImage(mapRect.topLeft(), workspace_.pctMap.persistentLayer(),
+                                      mapRect);
+        updateMap(mapRect);
+    }
+}
+
+void MapCanvas::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    paintFrame(painter, rect());
+    painter.translate(1, 1);
+    painter.setClipRect(QRect(0, 0, width() - 2, height() - 2), Qt::IntersectClip);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    for (const QRect& part : event->region()) {
+        paintMap(painter, part.translated(-1, -1));
+    }
+}
+
+void MapCanvas::paintMap(QPainter& painter, const QRect& mapRect) {
+    painter.save();
+    painter.setClipRect(mapRect, Qt::IntersectClip);
+    painter.drawPixmap(mapRect, picture_, mapRect);
+    const QRect drawn = mapRect & workspace_.pctMap.scratchArea();
+    if (!drawn.isEmpty()) {
+        painter.drawImage(drawn, workspace_.pctMap.scratch(), drawn);
+    }
+    for (const SpriteControl* control : sprites_.controls()) {
+        if (control->visible && control->rect.intersects(mapRect)) {
+            control->paint(painter);
+        }
+    }
+    const ShpSelector* selector = std::as_const(selection_).shpSelector();
+    if (selector && selector->paintedRect().intersects(mapRect)) {
+        selector->paint(painter);
+    }
+    painter.restore();
+}
+
+void MapCanvas::mousePressEvent(QMouseEvent* event) {
+    const QPoint position = toMap(event->position().toPoint());
+    setFocus(Qt::MouseFocusReason);
+    if (!mouse_.press(position, event->button())) {
+        mapPressed(position, event->button());
+    }
+}
+
+void MapCanvas::mouseMoveEvent(QMouseEvent* event) {
+    const QPoint position = toMap(event->position().toPoint());
+    if (!mouse_.move(position, event->buttons())) {
+        mapMoved(position);
+    }
+}
+
+void MapCanvas::mouseReleaseEvent(QMouseEvent* event) {
+    if (!mouse_.release(event->button())) {
+        mapReleased(event->button());
+    }
+}
+
+void MapCanvas::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasText() && dropAllowed()) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    }
+}
+
+void MapCanvas::dragMoveEvent(QDragMoveEvent* event) {
+    if (dropAllowed()) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    } else {
+        event->ignore();
+    }
+}
+
+void MapCanvas::dropEvent(QDropEvent* event) {
+    if (!dropAllowed()) {
+        event->ignore();
+        return;
+    }
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    dropped(event->mimeData()->text(), toMap(event->position().toPoint()));
+}
+
+void MapCanvas::showEvent(QShowEvent*) {
+    clock_.setVisible(true);
+}
+
+void MapCanvas::hideEvent(QHideEvent*) {
+    clock_.setVisible(false);
+}
+
+}  // namespace nubivane

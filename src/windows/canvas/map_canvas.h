@@ -1,0 +1,69 @@
+#pragma once
+
+#include "windows/canvas/selection.h"
+#include "windows/canvas/sprite_mouse.h"
+
+#include <QPixmap>
+#include <QWidget>
+
+#include <functional>
+
+class QHelpEvent;
+
+namespace nubivane {
+
+class CanvasClock;
+
+/// The widget `pctMap`: paints the map's layers, the sprites and the selection frame, and forwards
+/// the mouse. It has a frame of one pixel; everybody else works in pixels of the map, which
+/// `toMap` and `toWidget` turn to and from.
+class MapCanvas : public QWidget {
+    Q_OBJECT
+
+  public:
+    MapCanvas(Workspace& workspace, SpriteStack& sprites, Selection& selection, SpriteMouse& mouse,
+              CanvasClock& clock, QWidget* parent);
+
+    QPoint toMap(QPoint widgetPosition) const { return widgetPosition - QPoint(1, 1); }
+    QRect toWidget(const QRect& mapRect) const { return mapRect.translated(1, 1); }
+
+    /// Takes over the picture of the surface anew: its size and all its pixels.
+    void showPicture();
+    /// Takes over a part of the surface's persistent layer, which was drawn on.
+    void takeOver(const QRect& mapRect);
+    /// Paints a part of the map again.
+    void updateMap(const QRect& mapRect) { update(toWidget(mapRect)); }
+
+    /// What the mouse does on the bare map, with position or button.
+    std::function<void(QPoint, Qt::MouseButton)> mapPressed;
+    std::function<void(QPoint)> mapMoved;
+    std::function<void(Qt::MouseButton)> mapReleased;
+    /// Whether and how a drop is taken; the text is the drag's payload.
+    std::function<bool()> dropAllowed;
+    std::function<void(const QString&, QPoint)> dropped;
+
+  protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+  private:
+    void showToolTip(const QHelpEvent& event);
+    void paintMap(QPainter& painter, const QRect& mapRect);
+
+    Workspace& workspace_;
+    SpriteStack& sprites_;
+    Selection& selection_;
+    SpriteMouse& mouse_;
+    CanvasClock& clock_;
+    QPixmap picture_;  ///< the surface's persistent layer as it is shown
+};
+
+}  // namespace nubivane

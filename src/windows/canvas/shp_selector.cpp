@@ -1,0 +1,90 @@
+#include "windows/canvas/shp_selector.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <array>
+
+namespace nubivane {
+
+namespace {
+
+constexpr int HandleSize = 7;
+constexpr int GripSize = 11;  // easier to hit than to see
+constexpr int MinimumSprite = 1;
+
+constexpr std::array<ShpSelector::Handle, 8> handles = {
+    {{-1, -1}, {0, -1}, {1, -1}, {-1, 0}, {1, 0}, {-1, 1}, {0, 1}, {1, 1}}};
+
+/// The square of a handle.
+QRect square(const QRect& frame, ShpSelector::Handle handle, int size) {
+    const auto along = [](int low, int high, int side) {
+        return side < 0 ? low : side > 0 ? high : (low + high) / 2;
+    };
+    const QPoint centre(along(frame.left(), frame.right(), handle.horizontal),
+                        along(frame.top(), frame.bottom(), handle.vertical));
+    return {centre.x() - size / 2, centre.y() - size / 2, size, size};
+}
+
+}  // namespace
+
+std::optional<ShpSelector::Handle> ShpSelector::handleAt(QPoint position) const {
+    if (!resizable_) {
+        return std::nullopt;
+    }
+    for (const Handle handle : handles) {
+        if (square(rect_, handle, GripSize).contains(position)) {
+            return handle;
+        }
+    }
+    return std::nullopt;
+}
+
+QPoint ShpSelector::gripOffset(Handle handle, QPoint position) const {
+    const QPoint side(handle.horizontal < 0 ? rect_.left() : rect_.right(),
+                      handle.vertical < 0 ? rect_.top() : rect_.bottom());
+    return position - side;
+}
+
+Qt::CursorShape ShpSelector::cursorOf(Handle handle) {
+    if (handle.horizontal == 0) {
+        return Qt::SizeVerCursor;
+    }
+    if (handle.vertical == 0) {
+        return Qt::SizeHorCursor;
+    }
+    return handle.horizontal == handle.vertical ? Qt::SizeFDiagCursor : Qt::SizeBDiagCursor;
+}
+
+void ShpSelector::drag(Handle handle, QPoint position) {
+    const int least = 2 * Distance + MinimumSprite - 1;
+    if (handle.horizontal < 0) {
+        rect_.setLeft(std::min(position.x(), rect_.right() - least));
+    } else if (handle.horizontal > 0) {
+        rect_.setRight(std::max(position.x(), rect_.left() + least));
+    }
+    if (handle.vertical < 0) {
+        rect_.setTop(std::min(position.y(), rect_.bottom() - least));
+    } else if (handle.vertical > 0) {
+        rect_.setBottom(std::max(position.y(), rect_.top() + least));
+    }
+}
+
+void ShpSelector::paint(QPainter& painter) const {
+    painter.save();
+    // White under dark dashes stands out on any map.
+    painter.setPen(QPen(QColor(255, 255, 255, 200), 1));
+    painter.drawRect(rect_.adjusted(0, 0, -1, -1));
+    painter.setPen(QPen(QColor(31, 78, 121), 1, Qt::DashLine));
+    painter.drawRect(rect_.adjusted(0, 0, -1, -1));
+    if (resizable_) {
+        painter.setPen(QColor(31, 78, 121));
+        painter.setBrush(Qt::white);
+        for (const Handle handle : handles) {
+            painter.drawRect(square(rect_, handle, HandleSize).adjusted(0, 0, -1, -1));
+        }
+    }
+    painter.restore();
+}
+
+}  // namespace nubivane

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "windows/canvas/selection.h"
+
+class QKeyEvent;
+
+namespace nubivane {
+
+/// Shift and an arrow key nudge the selected sprite by one pixel, at most until its centre reaches
+/// the edge of the map. True when the key was one of these.
+bool nudgeSelection(Workspace& workspace, SpriteStack& sprites, Selection& selection,
+                    const QKeyEvent& key);
+
+/// Page Down selects the sprite above the selected one, Page Up the one below, round and round.
+/// True when the key was one of these.
+bool stepSelection(const Workspace& workspace, const SpriteStack& sprites, Selection& selection,
+                   const QKeyEvent& key);
+
+}  // namespace nubivane

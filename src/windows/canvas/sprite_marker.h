@@ -1,0 +1,21 @@
+#pragma once
+
+#include "engine/model/sprites.h"
+
+#include <optional>
+
+namespace nubivane {
+
+/// The text that stands on the system clipboard for a copied or cut sprite. The sprite itself
+/// stays in the program: the text only tells of it, and any other text that is put in its place
+/// ends the paste.
+struct SpriteMarker {
+    qint16 type;  ///< `sprite_type::Symbol` or `sprite_type::Label`
+    bool cut;     ///< the sprite leaves its Frame when it is pasted
+
+    QString text() const;
+    /// What a clipboard's text tells; nothing when it is no marker.
+    static std::optional<SpriteMarker> read(const QString& text);
+};
+
+}  // namespace nubivane

@@ -1,0 +1,163 @@
+#include "windows/canvas/sprite_mouse.h"
+
+#include "engine/core/shell.h"
+#include "windows/canvas/map_bounds.h"
+#include "windows/canvas/sprite_model.h"
+
+namespace nubivane {
+
+SpriteMouse::SpriteMouse(Workspace& workspace, SpriteStack& sprites, Selection& selection,
+                         Shell& shell)
+    : workspace_(workspace), sprites_(sprites), selection_(selection), shell_(shell) {}
+
+bool SpriteMouse::press(QPoint position, Qt::MouseButton button) {
+    if (drag_ || resize_) {
+        return true;  // another button during a gesture must not begin a second one
+    }
+    if (button == Qt::LeftButton && pressHandle(position)) {
+        return true;
+    }
+    SpriteControl* control = sprites_.at(position);
+    if (!control) {
+        return false;
+    }
+    if (button == Qt::RightButton) {
+        selection_.clearSelection();
+        selection_.select(*control);
+        showMenu(*control);
+    } else if (button == Qt::LeftButton) {
+        pressSprite(*control, position);
+    }
+    return true;
+}
+
+bool SpriteMouse::pressHandle(QPoint position) {
+    const ShpSelector* selector = selection_.shpSelector();
+    const auto handle = selector && workspace_.Status.CurrentTool == u"cursor"
+                            ? selector->handleAt(position)
+                            : std::nullopt;
+    if (handle) {
+        resize_ = Resize{*handle, selector->gripOffset(*handle, position)};
+    }
+    return handle.has_value();
+}
+
+void SpriteMouse::pressSprite(SpriteControl& control, QPoint position) {
+    if (workspace_.Status.CurrentTool != u"cursor") {
+        const bool symbol = control.type() == u"1";
+        shell_.messageBox(
+            {symbol
+                 ? "Operation not allowed in draw mode. Select cursor from toolbar and try again."
+                 : "This operation is not allowed in draw mode. Select cursor from toolbar and "
+                   "try again.",
+             Icon::Exclamation,
+             Buttons::Ok,
+             {}});
+        return;
+    }
+    selection_.clearSelection();
+    if (Locked()) {
+        selection_.select(control);
+        return;
+    }
+    drag_ = Drag{control.type(), control.key(), position.x() - control.rect.x(),
+                 position.y() - control.rect.y()};
+    setPlaying(control, false);
+}
+
+bool SpriteMouse::move(QPoint position, Qt::MouseButtons buttons) {
+    if (!(buttons & Qt::LeftButton)) {
+        return false;
+    }
+    if (drag_) {
+        moveDragged(position);
+    } else if (resize_) {
+        moveHandle(position);
+    }
+    return drag_ || resize_;
+}
+
+void SpriteMouse::moveDragged(QPoint position) {
+    if (SpriteControl* control = sprites_.find(drag_->type, drag_->key)) {
+        const QPoint topLeft(position.x() - drag_->pressX, position.y() - drag_->pressY);
+        sprites_.Move(*control, QRect(topLeft, control->rect.size()));
+    }
+}
+
+void SpriteMouse::moveHandle(QPoint position) {
+    ShpSelector* selector = selection_.shpSelector();
+    SpriteControl* control = selection_.control();
+    if (selector && control) {
+        selection_.changed(selector->paintedRect());
+        selector->drag(resize_->handle, position - resize_->grip);
+        selection_.changed(selector->paintedRect());
+        sprites_.Move(*control, selector->spriteRect());
+    }
+}
+
+bool SpriteMouse::release(Qt::MouseButton button) {
+    if (button != Qt::LeftButton || (!drag_ && !resize_)) {
+        return false;
+    }
+    if (drag_) {
+        endDrag();
+    } else {
+        endResize();
+    }
+    return true;
+}
+
+void SpriteMouse::endDrag() {
+    const Drag drag = *std::exchange(drag_, std::nullopt);
+    SpriteControl* control = sprites_.find(drag.type, drag.key);
+    if (!control) {
+        return;
+    }
+    const QPoint position = insideMap(control->rect, workspace_.pctMap);
+    sprite_model::setPosition(workspace_.Frames().Item(workspace_.Status.CurrentFrame), drag.type,
+                              drag.key, position);
+    sprites_.Move(*control, QRect(position, control->rect.size()));
+    setPlaying(*control, true);
+    if (!selection_.shpSelector()) {
+        selection_.select(*control);
+    }
+    projectChanged();
+}
+
+void SpriteMouse::endResize() {
+    resize_.reset();
+    const SpriteControl* control = selection_.control();
+    cSymbols& symbols =
+        workspace_.Frames().Item(workspace_.Status.CurrentFrame).Sprites().Symbols();
+    if (control && control->type() == u"1" && symbols.contains(control->key())) {
+        cSymbol& symbol = symbols.Item(control->key());
+        symbol.PosY = control->rect.y();
+        symbol.PosX = control->rect.x();
+        symbol.Width = control->rect.width();
+        symbol.Height = control->rect.height();
+    }
+}
+
+void SpriteMouse::cancel() {
+    drag_.reset();
+    resize_.reset();
+}
+
+void SpriteMouse::setPlaying(SpriteControl& control, bool playing) {
+    if (auto* symbol = dynamic_cast<GifSymbol*>(&control)) {
+        if (playing) {
+            symbol->StartAnimation(sprites_.now());
+        } else {
+            symbol->StopAnimation();
+        }
+        sprites_.playingChanged();
+    }
+}
+
+std::optional<Qt::CursorShape> SpriteMouse::cursorAt(QPoint position) const {
+    const ShpSelector* selector = std::as_const(selection_).shpSelector();
+    const auto handle = selector ? selector->handleAt(position) : std::nullopt;
+    return handle ? std::optional(ShpSelector::cursorOf(*handle)) : std::nullopt;
+}
+
+}  // namespace nubivane

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "windows/canvas/selection.h"
+
+#include <QPoint>
+
+#include <functional>
+#include <optional>
+
+namespace nubivane {
+
+class Shell;
+
+/// What the mouse does with sprites: select, drag, resize. A gesture lives from press to release
+/// and ends in one place; a change of Frame drops it. Positions are pixels of the map.
+class SpriteMouse {
+  public:
+    SpriteMouse(Workspace& workspace, SpriteStack& sprites, Selection& selection, Shell& shell);
+
+    std::function<bool()> Locked;  ///< the lock of the whole map
+    std::function<void()> projectChanged;
+    std::function<void(SpriteControl&)> showMenu;  ///< the popup menu of a sprite
+
+    /// Each returns whether the event was for a sprite or its frame.
+    bool press(QPoint position, Qt::MouseButton button);
+    bool move(QPoint position, Qt::MouseButtons buttons);
+    bool release(Qt::MouseButton button);
+    /// Drops a gesture under way, as when the Frame changes.
+    void cancel();
+
+    bool dragging() const { return drag_.has_value(); }
+    bool resizing() const { return resize_.has_value(); }
+    /// The pointer for a position over a handle, or nothing.
+    std::optional<Qt::CursorShape> cursorAt(QPoint position) const;
+
+  private:
+    struct Drag {
+        QString type;
+        QString key;
+        int pressX;  ///< pointer inside the sprite at the press
+        int pressY;
+    };
+    struct Resize {
+        ShpSelector::Handle handle;
+        QPoint grip;  ///< from the frame's side to the pointer at the press
+    };
+
+    bool pressHandle(QPoint position);
+    void pressSprite(SpriteControl& control, QPoint position);
+    void moveDragged(QPoint position);
+    void moveHandle(QPoint position);
+    void endDrag();
+    void endResize();
+    void setPlaying(SpriteControl& control, bool playing);
+
+    Workspace& workspace_;
+    SpriteStack& sprites_;
+    Selection& selection_;
+    Shell& shell_;
+    std::optional<Drag> drag_;
+    std::optional<Resize> resize_;
+};
+
+}  // namespace nubivane

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "windows/canvas/selection.h"
+
+#include <QPoint>
+#include <QString>
+
+#include <functional>
+
+namespace nubivane {
+
+class Shell;
+
+/// Makes new sprites where something is dropped on the map.
+class SpritePlacement {
+  public:
+    SpritePlacement(Workspace& workspace, SpriteStack& sprites, Selection& selection, Shell& shell);
+
+    std::function<void()> projectChanged;
+
+    /// Places what a drag's payload names ("symbol|<file>" or "text") centred on a position of the
+    /// map, wholly inside it, and selects it. Any other payload does nothing.
+    void drop(const QString& payload, QPoint position);
+
+  private:
+    SpriteControl* dropSymbol(const QString& file, QPoint position);
+    SpriteControl* dropLabel(QPoint position);
+
+    Workspace& workspace_;
+    SpriteStack& sprites_;
+    Selection& selection_;
+    Shell& shell_;
+};
+
+}  // namespace nubivane

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "engine/model/workspace.h"
+#include "windows/canvas/sprite_control.h"
+
+#include <QPoint>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <vector>
+
+namespace nubivane {
+
+class AnimationCache;
+
+/// An array of controls that grows at run time. Element 0 is a template and never shown, so the
+/// upper bound of an array without controls is 0.
+template <class Control>
+class ControlArray {
+  public:
+    int upperBound() const { return controls_.empty() ? 0 : controls_.rbegin()->first; }
+    /// Makes the element behind the last one.
+    Control& load() {
+        const int index = upperBound() + 1;
+        auto& control = controls_[index];
+        control = std::make_unique<Control>();
+        control->Index = index;
+        return *control;
+    }
+    /// The element of an index, or nothing.
+    Control* find(int index) const {
+        const auto found = controls_.find(index);
+        return found == controls_.end() ? nullptr : found->second.get();
+    }
+    void unload(int index) { controls_.erase(index); }
+
+  private:
+    std::map<int, std::unique_ptr<Control>> controls_;
+};
+
+/// The on-screen sprites of the current Frame, bottom to top in the order in which they were made.
+class SpriteStack {
+  public:
+    SpriteStack(Workspace& workspace, AnimationCache& animations);
+
+    /// Called with the area of the map that has to be painted again.
+    std::function<void(const QRect&)> changed;
+    /// Called when a control has begun or ceased to exist or to play.
+    std::function<void()> playingChanged;
+    /// The time that animations run on, in milliseconds.
+    std::function<qint64()> now;
+
+    /// Makes the controls of a Frame, Symbols first. A Symbol whose file is missing is passed over.
+    void loadFrameSprites(qint32 frame);
+    /// Removes the controls of a Frame, with `remove` the sprites from the model too.
+    void unloadFrameSprites(qint32 frame, bool remove = false);
+    /// The same for every Frame.
+    void unloadAllSprites(bool remove = false);
+
+    /// New, invisible elements for a sprite about to be placed; `Tag` is the caller's to set.
+    GifSymbol& makeSymbol(const QString& file);
+    LblTesto& makeLabel();
+    void discard(SpriteControl& control);
+
+    /// The control of a sprite of the current Frame, or nothing.
+    SpriteControl* find(const QString& type, const QString& key) const;
+    /// The topmost visible control at a position of the map, or nothing.
+    SpriteControl* at(QPoint position) const;
+
+    /// All controls from bottom to top.
+    const std::vector<SpriteControl*>& controls() const { return order_; }
+    const ControlArray<GifSymbol>& gifSymbol() const { return gifSymbol_; }
+    const ControlArray<LblTesto>& lblTesto() const { return lblTesto_; }
+
+    /// Moves a control and has both places painted.
+    void Move(SpriteControl& control, const QRect& rect);
+    void show(SpriteControl& control);
+    /// A Symbol's control shows another file, standing still.
+    void setFileName(GifSymbol& control, const QString& file);
+    /// A Label's control takes over the looks of a Label.
+    void showLabel(LblTesto& control, const cLabel& label);
+
+  private:
+    void unload(SpriteControl* control);
+    template <class List, class Array>
+    void unloadList(List& sprites, Array& array, bool remove);
+
+    Workspace& workspace_;
+    AnimationCache& animations_;
+    ControlArray<GifSymbol> gifSymbol_;
+    ControlArray<LblTesto> lblTesto_;
+    std::vector<SpriteControl*> order_;
+};
+
+}  // namespace nubivane

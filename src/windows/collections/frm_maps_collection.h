@@ -1,0 +1,54 @@
+#pragma once
+
+#include "engine/model/workspace.h"
+#include "windows/widgets/dialog_tools.h"
+#include "windows/widgets/name_list.h"
+#include "windows/widgets/picture_box.h"
+
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+
+namespace nubivane {
+
+class Shell;
+
+/// The window of the base maps: imports, names and deletes them, marks the default one, and leaves
+/// the path of the one chosen in `cStatus::Tag`.
+class frmMapsCollection : public QDialog {
+    Q_OBJECT
+
+  public:
+    frmMapsCollection(Workspace& workspace, Shell& shell, QWidget* parent);
+
+    /// Lists the maps anew and selects the one of that file name; without a name the default map,
+    /// or the first.
+    void fillMapList(const QString& selectName = {});
+
+    NameList* lvwCollection() const { return lvwCollection_; }
+    PictureBox* imgMap() const { return imgMap_; }
+
+    void accept() override;
+
+  private:
+    void buildTools();
+    void buildLayout();
+    void showMap();
+    void importMap();
+    void renameMapTo(const QString& name, const QString& newStem);
+    void deleteMapAsked();
+    void setSelectedAsDefault();
+    void refuse(const QString& text);
+
+    Workspace& workspace_;
+    Shell& shell_;
+    DialogTools* tlbMap_;
+    NameList* lvwCollection_;
+    PictureBox* imgMap_;
+    QLabel* lblSize_;
+    QLineEdit* txtMap_;
+    QLineEdit* txtDirectory_;
+    QList<QAction*> needMap_;  ///< tools that work on the selected map
+};
+
+}  // namespace nubivane

@@ -1,0 +1,54 @@
+#include "windows/commands/clear_commands.h"
+
+#include "engine/core/error.h"
+#include "engine/core/shell.h"
+#include "windows/canvas/map_viewport.h"
+#include "windows/commands/commands.h"
+#include "windows/panes/frame_canvas.h"
+
+namespace nubivane {
+
+namespace {
+
+bool confirmed(Shell& shell, const char* question) {
+    return shell.messageBox({question, Icon::Question, Buttons::YesNo, {}}) == Answer::Yes;
+}
+
+}  // namespace
+
+ClearCommands::ClearCommands(Workspace& workspace, Shell& shell, FrameCanvas& canvas,
+                             MapViewport& viewport, Commands& commands)
+    : workspace_(workspace), shell_(shell), canvas_(canvas), viewport_(viewport) {
+    commands.handle("mnuDelAllSymbols", [this] { deleteAllSprites(); });
+    commands.handle("mnuPulisci", [this] { clearMap(); });
+}
+
+void ClearCommands::deleteAllSprites() {
+    if (!confirmed(shell_, "Are you sure you want to delete all symbols in the map ?")) {
+        return;
+    }
+    canvas_.selection().clearSelection();
+    canvas_.sprites().unloadFrameSprites(workspace_.Status.CurrentFrame, true);
+    spritesChanged();
+}
+
+void ClearCommands::clearMap() {
+    if (!confirmed(shell_, "Are you sure you want to clear map ?")) {
+        return;
+    }
+    Picture map;
+    try {
+        map = workspace_.loadCurrentMap();
+    } catch (const Error& error) {
+        shell_.messageBox({error.description(), Icon::Critical, Buttons::Ok, error.cause()});
+        return;
+    }
+    // A figure still being drawn is of this Frame's drawings too.
+    canvas_.resetDrawing();
+    workspace_.pctPanel.setPicture(workspace_.Status.CurrentFrame, map);
+    workspace_.pctMap.setPicture(map);
+    canvas_.widget().showPicture();
+    viewport_.update();
+}
+
+}  // namespace nubivane

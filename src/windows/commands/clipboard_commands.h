@@ -1,0 +1,63 @@
+#pragma once
+
+#include "windows/canvas/sprite_marker.h"
+
+#include <QObject>
+
+#include <functional>
+#include <variant>
+
+namespace nubivane {
+
+class Commands;
+class FrameCanvas;
+class SpriteControl;
+class Workspace;
+
+/// A copy of a sprite that is in no list, or nothing.
+using ClipSprite = std::variant<std::monostate, std::unique_ptr<cSymbol>, std::unique_ptr<cLabel>>;
+
+/// Cut, copy, paste, delete and restore of the selected sprite. The system clipboard holds a
+/// marker, this class the copy (`clipSprite`), which outlives changes of Frame and project.
+class ClipboardCommands : public QObject {
+  public:
+    ClipboardCommands(Workspace& workspace, FrameCanvas& canvas, Commands& commands);
+
+    std::function<void()> spritesChanged;  ///< a sprite has come or gone
+
+    /// Whether the clipboard holds a sprite's marker: what paste is enabled by.
+    bool clipboardHasSprite() const;
+
+    void copySprite();
+    /// The sprite stays on its Frame until it is pasted.
+    void cutSprite();
+    /// Puts the copy on the current Frame near its top left corner, selected. After a cut the
+    /// sprite leaves the Frame that it was cut on; from then on the marker is that of a copy.
+    void pasteSprite();
+    void deleteSprite();
+    /// Gives the selected Symbol the size of its picture.
+    void restoreSprite();
+
+  private:
+    void take(bool cut);
+    void removeCutSprite();
+    SpriteControl* add(const std::monostate&) { return nullptr; }
+    SpriteControl* add(const std::unique_ptr<cSymbol>& copy);
+    SpriteControl* add(const std::unique_ptr<cLabel>& copy);
+    void refreshPaste();
+
+    Workspace& workspace_;
+    FrameCanvas& canvas_;
+    Commands& commands_;
+    ClipSprite clipSprite_;
+
+    /// Where a cut sprite is to be taken away.
+    struct Origin {
+        qint32 frame;
+        std::weak_ptr<const void> identity;
+        QString key;
+    };
+    std::optional<Origin> origin_;
+};
+
+}  // namespace nubivane

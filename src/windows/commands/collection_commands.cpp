@@ -1,0 +1,63 @@
+#include "windows/commands/collection_commands.h"
+
+#include "engine/collections/map_files.h"
+#include "engine/core/error.h"
+#include "engine/core/shell.h"
+#include "windows/collections/frm_maps_collection.h"
+#include "windows/collections/frm_symbol_selection.h"
+#include "windows/collections/frm_symbols_collection.h"
+#include "windows/commands/commands.h"
+#include "windows/commands/frame_commands.h"
+#include "windows/panes/palette.h"
+
+#include <utility>
+
+namespace nubivane {
+
+CollectionCommands::CollectionCommands(Workspace& workspace, AnimationCache& animations,
+                                       Shell& shell, Palette& palette, FrameCommands& frameCommands,
+                                       Commands& commands, QWidget* window)
+    : workspace_(workspace),
+      animations_(animations),
+      shell_(shell),
+      palette_(palette),
+      frameCommands_(frameCommands),
+      window_(window) {
+    commands.handle("mnuCollection", [this] { mnuCollection(); });
+    commands.handle("mnuOpenMap", [this] { mnuOpenMap(); });
+}
+
+void CollectionCommands::mnuCollection() {
+    frmSymbolsCollection(workspace_, animations_, shell_, window_).exec();
+    cSymbolsCollections& collections = workspace_.Status.SymbolsCollection();
+    if (std::exchange(collections.IsChanged, false)) {
+        palette_.loadSymbolsCollections();
+    }
+}
+
+std::optional<QString> CollectionCommands::chooseSymbol(QWidget* over) {
+    frmSymbolSelection window(workspace_, animations_, shell_, over);
+    window.exec();
+    return window.FileName();
+}
+
+void CollectionCommands::mnuOpenMap() {
+    workspace_.Status.Tag.clear();
+    {
+        frmMapsCollection window(workspace_, shell_, window_);
+        window.exec();
+    }
+    const QString map = std::exchange(workspace_.Status.Tag, QString());
+    // By the dialog's own measure: a map that it took for the one in use was chosen without the
+    // question whether all symbols may go.
+    if (map.isEmpty() || isCurrentMap(workspace_, map)) {
+        return;
+    }
+    try {
+        frameCommands_.changeMap(map);
+    } catch (const Error& error) {
+        shell_.messageBox({error.description(), Icon::Critical, Buttons::Ok, error.cause()});
+    }
+}
+
+}  // namespace nubivane

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "engine/model/workspace.h"
+
+#include <functional>
+#include <optional>
+
+class QWidget;
+
+namespace nubivane {
+
+class AnimationCache;
+class Commands;
+class FrameCommands;
+class Palette;
+class Shell;
+
+/// The commands that open the windows of symbols and maps, and what follows from them.
+class CollectionCommands {
+  public:
+    CollectionCommands(Workspace& workspace, AnimationCache& animations, Shell& shell,
+                       Palette& palette, FrameCommands& frameCommands, Commands& commands,
+                       QWidget* window);
+
+    /// Shows the picker of a symbol over a window; the path chosen, an empty text where the person
+    /// wants none, nothing after Escape.
+    std::optional<QString> chooseSymbol(QWidget* over);
+
+  private:
+    void mnuCollection();
+    void mnuOpenMap();
+
+    Workspace& workspace_;
+    AnimationCache& animations_;
+    Shell& shell_;
+    Palette& palette_;
+    FrameCommands& frameCommands_;
+    QWidget* window_;
+};
+
+}  // namespace nubivane

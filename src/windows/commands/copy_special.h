@@ -1,0 +1,43 @@
+#pragma once
+
+#include "engine/model/workspace.h"
+
+#include <QString>
+
+#include <functional>
+
+class QWidget;
+
+namespace nubivane {
+
+class Commands;
+class FrameCanvas;
+class Shell;
+
+/// "Copy special...": all sprites of one Frame replace those of another.
+class CopySpecial {
+  public:
+    CopySpecial(Workspace& workspace, Shell& shell, FrameCanvas& canvas, Commands& commands,
+                QWidget* window);
+
+    /// The request that `frmUtility` leaves: source and destination Frame and whether to cut (0 or
+    /// 1), parted by "|". Empty means nothing to do.
+    QString CopyInfo;
+
+    /// Does what a request says. The Frames' pictures and drawings stay where they are. A request
+    /// that names no two Frames does nothing.
+    void copyBetweenFrames(const QString& request);
+
+    std::function<void()> projectChanged;
+
+  private:
+    void mnuCopySymbols();
+    void copySprites(cSprites& source, cSprites& destination, qint16 frame);
+
+    Workspace& workspace_;
+    Shell& shell_;
+    FrameCanvas& canvas_;
+    QWidget* window_;
+};
+
+}  // namespace nubivane

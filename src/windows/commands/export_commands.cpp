@@ -1,0 +1,118 @@
+#include "windows/commands/export_commands.h"
+
+#include "engine/core/error.h"
+#include "engine/core/path_text.h"
+#include "engine/core/shell.h"
+#include "windows/commands/commands.h"
+#include "windows/export/frm_save.h"
+#include "windows/export/frm_save_avi.h"
+#include "windows/export/frm_save_gif.h"
+#include "windows/export/frm_set_ani_gif.h"
+#include "windows/export/frm_set_avi.h"
+#include "windows/export/frm_set_film.h"
+#include "windows/panes/frame_canvas.h"
+
+#include <array>
+
+namespace nubivane {
+
+namespace {
+
+struct StillRow {
+    const char* command;
+    const char* filter;
+};
+
+constexpr std::array stills = {
+    StillRow{"subEsportaBmp", "bitmaps (*.bmp)|*.bmp|"},
+    StillRow{"subEsportaGif", "gif (*.gif)|*.gif"},
+    StillRow{"subEsportaJpg", "jpg (*.jpg)|*.jpg|"},
+    StillRow{"subEsportaPng", "png (*.png)|*.png|"},
+    StillRow{"subEsportaTif", "tif (*.tif)|*.tif|"},
+};
+
+}  // namespace
+
+ExportCommands::ExportCommands(Workspace& workspace, Shell& shell, FrameCanvas& canvas,
+                               Commands& commands, QWidget* window)
+    : workspace_(workspace), shell_(shell), canvas_(canvas), window_(window) {
+    for (const StillRow& row : stills) {
+        commands.handle(row.command, [this, &row] { exportMap(row.filter); });
+    }
+    commands.handle("subEsportaGifAni", [this] { subEsportaGifAni(); });
+    commands.handle("subEsportaFilm", [this] { subEsportaFilm(); });
+    commands.handle("subEsportaAvi", [this] { subEsportaAvi(); });
+}
+
+void ExportCommands::exportMap(const QString& filter) {
+    const QString path = trimBlanks(shell_.saveFileName({.title = "Export map",
+                                                         .folder = workspace_.folder.path(),
+                                                         .filter = filter,
+                                                         .confirmOverwrite = true}));
+    if (path.isEmpty()) {
+        return;
+    }
+    workspace_.storeCurrentFrame();
+    try {
+        frmSave window(workspace_, shell_, window_);
+        window.Frame = workspace_.Status.CurrentFrame;
+        window.MapFileName = path;
+        window.Map = workspace_.pctPanel.picture(window.Frame);
+        if (window.Map.isEmpty()) {
+            window.Map = workspace_.loadCurrentMap();
+        }
+        window.Init();
+    } catch (const Error& error) {
+        shell_.messageBox({error.description(), Icon::Critical, Buttons::Ok, error.cause()});
+    }
+    restoreMapPicture();
+}
+
+/// What was being drawn is in the panel now, and so it is on the map.
+void ExportCommands::restoreMapPicture() {
+    const Picture picture = workspace_.pctPanel.picture(workspace_.Status.CurrentFrame);
+    if (!picture.isEmpty()) {
+        workspace_.pctMap.setPicture(picture);
+        canvas_.widget().showPicture();
+    }
+}
+
+void ExportCommands::subEsportaGifAni() {
+    frmSetAniGif dialog(workspace_, shell_, window_);
+    if (dialog.exec() != QDialog::Accepted) {
+        return;
+    }
+    workspace_.storeCurrentFrame();
+    frmSaveAniGif window(workspace_, shell_, window_);
+    window.GifFileName = dialog.FileName();
+    window.GifCompression = dialog.GifCompression();
+    window.Init();
+}
+
+void ExportCommands::subEsportaFilm() {
+    frmSetFilm dialog(workspace_, shell_, window_);
+    if (dialog.exec() != QDialog::Accepted) {
+        return;
+    }
+    workspace_.storeCurrentFrame();
+    frmSaveFilm window(workspace_, shell_, window_);
+    window.GifFileName = dialog.FileName();
+    window.FrameInterval = dialog.FrameInterval();
+    window.Init();
+}
+
+void ExportCommands::subEsportaAvi() {
+    frmSetAvi dialog(workspace_, shell_, window_);
+    if (dialog.exec() != QDialog::Accepted) {
+        return;
+    }
+    workspace_.storeCurrentFrame();
+    frmSaveAvi window(workspace_, shell_, window_);
+    window.AviFileName = dialog.FileName();
+    window.AviWidth = dialog.aviSize().width();
+    window.AviHeight = dialog.aviSize().height();
+    window.AviCompression = dialog.AviCompression();
+    window.Init();
+}
+
+}  // namespace nubivane

@@ -1,0 +1,44 @@
+#include "windows/commands/print_commands.h"
+
+#include "engine/core/error.h"
+#include "engine/core/shell.h"
+#include "engine/export/print_export.h"
+#include "windows/commands/commands.h"
+#include "windows/commands/desktop_printer.h"
+#include "windows/panes/frame_canvas.h"
+
+namespace nubivane {
+
+PrintCommands::PrintCommands(Shell& shell, FrameCanvas& canvas, Commands& commands, QWidget* window)
+    : printer(std::make_unique<DesktopPrinter>()), shell_(shell), canvas_(canvas), window_(window) {
+    commands.handle("mnuSetPrinter", [this] { printer->setUp(window_); });
+    commands.handle("mnuPrint", [this] { printMap(); });
+}
+
+void PrintCommands::printMap() {
+    Selection& selection = canvas_.selection();
+    try {
+        const HourglassGuard hourglass(shell_);
+        const bool framed = selection.shpSelector() != nullptr;
+        selection.hideFrame();
+        printer->print(partToPrint(canvasPicture()));
+        SpriteControl* control = selection.control();
+        if (framed && control) {
+            selection.selectSprite(*control);
+        }
+    } catch (const Error& error) {
+        // The frame of the selection stays hidden.
+        shell_.messageBox({"An error occurred while printing.", Icon::Critical, Buttons::Ok,
+                           QString::fromUtf8(error.what())});
+    }
+}
+
+/// In pixels of the map, however dense the screen is.
+QImage PrintCommands::canvasPicture() {
+    MapCanvas& canvas = canvas_.widget();
+    QImage picture(canvas.size(), QImage::Format_RGB32);
+    canvas.render(&picture);
+    return picture;
+}
+
+}  // namespace nubivane

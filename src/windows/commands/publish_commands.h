@@ -1,0 +1,33 @@
+#pragma once
+
+#include "engine/model/editor.h"
+#include "engine/upload/upload_commands.h"
+#include "windows/publish/frm_wait.h"
+
+#include <memory>
+
+namespace nubivane {
+
+class Commands;
+
+/// The commands that send the site to the user's server, with their windows.
+class PublishCommands : private UploadView {
+  public:
+    PublishCommands(Editor editor, Commands& commands, QWidget* window, FtpOptions options = {});
+
+  private:
+    // UploadView.
+    void openFtpSettings(FtpTab tab) override;
+    void Init(const QString& caption) override;
+    void setInfo(const QString& text) override { frmWait_->setInfo(text); }
+    void setProgress(int percent) override { frmWait_->setProgress(percent); }
+    void disableCancel() override { frmWait_->disableCancel(); }
+    void close() override;
+
+    Editor editor_;
+    QWidget* window_;
+    std::unique_ptr<frmWait> frmWait_;  ///< of the last run
+    UploadCommands upload_;
+};
+
+}  // namespace nubivane

@@ -1,0 +1,51 @@
+#include "windows/commands/recent_files_menu.h"
+
+#include "engine/core/host_files.h"
+#include "engine/core/settings_store.h"
+
+#include <QAction>
+#include <QMenu>
+
+namespace nubivane {
+
+namespace {
+
+QAction* find(const QMenu& menu, const QString& name) {
+    for (QAction* action : menu.actions()) {
+        if (action->objectName() == name) {
+            return action;
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+void RecentFilesMenu::refresh() {
+    const QStringList files = settings_.list(SettingList::RecentFiles);
+    if (files.isEmpty()) {
+        return;
+    }
+    QAction* below = find(menu_, "mnuWindowSep");
+    if (!below) {
+        below = menu_.insertSeparator(find(menu_, "mnuEsci"));
+        below->setObjectName("mnuWindowSep");
+    }
+    for (int i = 4; i >= 1; --i) {
+        const QString name = "mnuWindow" + QString::number(i);
+        if (QAction* known = find(menu_, name)) {
+            below = known;
+        } else if (i <= files.size()) {
+            const QString file = files[i - 1];
+            auto* entry = new QAction(
+                '&' + QString::number(i) + ' ' + host_files::toHost(file).replace('&', "&&"),
+                &menu_);
+            entry->setObjectName(name);
+            QObject::connect(entry, &QAction::triggered, &menu_, [this, file] { chosen(file); });
+            menu_.insertAction(below, entry);
+            below = entry;
+        }
+    }
+}
+
+}  // namespace nubivane

@@ -1,0 +1,65 @@
+#include "windows/commands/service_commands.h"
+
+#include "engine/core/shell.h"
+#include "engine/model/editor_view.h"
+#include "engine/model/workspace.h"
+#include "engine/services/check_version.h"
+#include "windows/commands/commands.h"
+#include "windows/services/frm_about.h"
+#include "windows/services/frm_bug_report.h"
+#include "windows/services/frm_download.h"
+#include "windows/services/frm_pack.h"
+
+#include <QWidget>
+
+#include <utility>
+
+namespace nubivane {
+
+ServiceCommands::ServiceCommands(Editor editor, Commands& commands, QWidget* window,
+                                 Publisher publisher, FtpOptions options)
+    : editor_(editor),
+      window_(window),
+      publisher_(std::move(publisher)),
+      options_(std::move(options)) {
+    commands.handle("mnuPack", [this] { mnuPack(); });
+    commands.handle("mnuBugReport", [this] { mnuBugReport(); });
+    commands.handle("mnuLastVersion", [this] { mnuLastVersion(); });
+    commands.handle("mnuInfo", [this] { mnuInfo(); });
+    commands.handle("mnuWeb", [this] { mnuWeb(); });
+}
+
+void ServiceCommands::mnuPack() {
+    frmPack(editor_.workspace.folder, publisher_.packs, editor_.shell, window_, options_).Init();
+}
+
+void ServiceCommands::mnuBugReport() {
+    frmBugReport(editor_.workspace.folder, publisher_.reports, editor_.shell, window_, options_)
+        .exec();
+}
+
+/// Events run while the server is asked; input to the editor has to wait, as under any hourglass.
+void ServiceCommands::mnuLastVersion() {
+    const InputGuard noInput(editor_.view);
+    ftpTransfer transfer(options_);
+    nubivane::mnuLastVersion(publisher_, editor_.shell, transfer, [this](const QString& url) {
+        frmDownload(editor_.shell, window_).Init(url);
+    });
+}
+
+void ServiceCommands::mnuInfo() {
+    frmAbout(publisher_, editor_.shell, window_).exec();
+}
+
+void ServiceCommands::mnuWeb() {
+    if (publisher_.webAddress.isEmpty()) {
+        editor_.shell.messageBox({QObject::tr("The publisher's web address is not known."),
+                                  Icon::Exclamation,
+                                  Buttons::Ok,
+                                  {}});
+        return;
+    }
+    editor_.shell.openAddress(publisher_.webAddress);
+}
+
+}  // namespace nubivane

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "engine/model/editor.h"
+#include "engine/services/publisher.h"
+
+class QWidget;
+
+namespace nubivane {
+
+class Commands;
+
+/// The commands that talk to the publisher or of it, with their windows.
+class ServiceCommands {
+  public:
+    ServiceCommands(Editor editor, Commands& commands, QWidget* window,
+                    Publisher publisher = Publisher::ofThisBuild(), FtpOptions options = {});
+
+  private:
+    void mnuPack();
+    void mnuBugReport();
+    void mnuLastVersion();
+    void mnuInfo();
+    void mnuWeb();
+
+    Editor editor_;
+    QWidget* window_;
+    const Publisher publisher_;
+    const FtpOptions options_;
+};
+
+}  // namespace nubivane

@@ -1,0 +1,32 @@
+#include "windows/desktop/command_line.h"
+
+#include "engine/core/host_files.h"
+#include "engine/core/path_text.h"
+
+#include <QFileInfo>
+
+namespace nubivane {
+
+QString projectArgument(const QStringList& arguments) {
+    QString path = arguments.join(u' ');
+    if (path.startsWith(u'"')) {
+        path.remove(0, 1);
+    }
+    if (path.endsWith(u'"')) {
+        path.chop(1);
+    }
+    return path;
+}
+
+bool isStartableProject(const QString& hostFile) {
+    const QString path = host_files::toModel(hostFile);
+    return QFileInfo(hostFile).isFile() && getExtension(hostFile).toLower() == u"nvpf" &&
+           host_files::fileExists(stripExtension(path) + ".nvpx");
+}
+
+QString notStartableText(const QString& hostFile) {
+    return hostFile +
+           ".\rThis is not a valid Nubivane file, or its format is not currently supported.";
+}
+
+}  // namespace nubivane

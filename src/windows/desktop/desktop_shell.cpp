@@ -1,0 +1,208 @@
+#include "windows/desktop/desktop_shell.h"
+
+#include "engine/core/host_files.h"
+#include "engine/core/version.h"
+#include "engine/gif/color_value.h"
+#include "windows/help/frm_help.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QDesktopServices>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QNetworkInterface>
+#include <QProgressBar>
+#include <QTimer>
+#include <QUrl>
+
+namespace nubivane {
+
+namespace {
+
+/// Wide enough for names, sizes and dates side by side.
+constexpr QSize FileDialogSize(780, 480);
+
+QMessageBox::Icon iconOf(Icon icon) {
+    switch (icon) {
+        case Icon::Critical:
+            return QMessageBox::Critical;
+        case Icon::Question:
+            return QMessageBox::Question;
+        case Icon::Exclamation:
+            return QMessageBox::Warning;
+        case Icon::Information:
+            return QMessageBox::Information;
+        case Icon::None:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons buttonsOf(Buttons buttons) {
+    switch (buttons) {
+        case Buttons::YesNo:
+            return QMessageBox::Yes | QMessageBox::No;
+        case Buttons::YesNoCancel:
+            return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+        case Buttons::Ok:
+            break;
+    }
+    return QMessageBox::Ok;
+}
+
+Answer answerOf(int button) {
+    switch (button) {
+        case QMessageBox::Yes:
+            return Answer::Yes;
+        case QMessageBox::No:
+            return Answer::No;
+        case QMessageBox::Ok:
+            return Answer::Ok;
+        default:
+            return Answer::Cancel;
+    }
+}
+
+/// "Caption (*.x)|*.x|" becomes "Caption (*.x)" with the pattern in the last brackets.
+QStringList qtFilters(const QString& filter) {
+    const QStringList parts = filter.split(u'|', Qt::SkipEmptyParts);
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString caption = parts[i].section(u'(', 0, 0).trimmed();
+        filters << caption + " (" + QString(parts[i + 1]).replace(u';', u' ').trimmed() + ')';
+    }
+    return filters;
+}
+
+QString askForFile(QFileDialog& dialog, const FileRequest& request) {
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setNameFilters(qtFilters(request.filter));
+    dialog.resize(FileDialogSize);
+    return dialog.exec() == QDialog::Accepted ? host_files::toModel(dialog.selectedFiles().value(0))
+                                              : QString();
+}
+
+}  // namespace
+
+DesktopShell::DesktopShell() = default;
+
+DesktopShell::~DesktopShell() = default;
+
+QWidget* DesktopShell::dialogParent() const {
+    QWidget* active = QApplication::activeWindow();
+    if (active && active == help_.get()) {
+        active = QApplication::activeModalWidget();  // the help only stands beside what goes on
+    }
+    return active || !progressBar_ ? active : progressBar_->window();
+}
+
+Answer DesktopShell::messageBox(const Message& message) {
+    QString text = message.text;
+    text.replace("\r\n", "\n").replace('\r', '\n');
+    QMessageBox box(iconOf(message.icon), ProgramTitle, text, buttonsOf(message.buttons),
+                    dialogParent());
+    box.setTextFormat(Qt::PlainText);
+    if (!message.cause.isEmpty()) {
+        box.setDetailedText(message.cause);
+    }
+    // The hourglass must not stay over the buttons.
+    const QCursor* waiting = QApplication::overrideCursor();
+    if (waiting) {
+        QApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+    const Answer answer = answerOf(box.exec());
+    if (waiting) {
+        QApplication::restoreOverrideCursor();
+    }
+    return answer;
+}
+
+QString DesktopShell::openFileName(const FileRequest& request) {
+    QFileDialog dialog(dialogParent(), request.title, host_files::toHost(request.folder));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return askForFile(dialog, request);
+}
+
+QString DesktopShell::saveFileName(const FileRequest& request) {
+    QFileDialog dialog(dialogParent(), request.title, host_files::toHost(request.folder));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.confirmOverwrite);
+    return askForFile(dialog, request);
+}
+
+std::optional<qint32> DesktopShell::chooseColor(qint32 initial) {
+    const QColor start = initial < 0 ? QColor(Qt::black) : colorOf(initial);
+    const QColor chosen = QColorDialog::getColor(start, dialogParent());
+    if (!chosen.isValid()) {
+        return std::nullopt;
+    }
+    return valueOf(chosen);
+}
+
+void DesktopShell::setProgress(int percent) {
+    if (progressBar_) {
+        progressBar_->setValue(percent);
+        progressBar_->show();
+    }
+}
+
+void DesktopShell::hideProgress() {
+    if (progressBar_) {
+        progressBar_->hide();
+    }
+}
+
+void DesktopShell::setPointer(Pointer pointer) {
+    while (QApplication::overrideCursor()) {
+        QApplication::restoreOverrideCursor();
+    }
+    if (pointer == Pointer::Hourglass) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else if (pointer == Pointer::ArrowWithHourglass) {
+        QApplication::setOverrideCursor(Qt::BusyCursor);
+    }
+}
+
+void DesktopShell::processEvents() {
+    QApplication::processEvents();
+}
+
+void DesktopShell::wait(int milliseconds) {
+    QEventLoop loop;
+    QTimer timer;
+    timer.setSingleShot(true);
+    timer.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
+    timer.start(milliseconds);
+    loop.exec();
+}
+
+void DesktopShell::openInBrowser(const QString& hostFile) {
+    QDesktopServices::openUrl(QUrl::fromLocalFile(hostFile));
+}
+
+bool DesktopShell::openHelp(const QString& hostFile, const QString& topic) {
+    if (!help_) {
+        help_ = std::make_unique<frmHelp>();
+        help_->openAddress = [this](const QString& url) { openAddress(url); };
+    }
+    return help_->openTopic(hostFile, topic);
+}
+
+void DesktopShell::openAddress(const QString& url) {
+    QDesktopServices::openUrl(QUrl::fromUserInput(url));
+}
+
+bool DesktopShell::networkPresent() {
+    for (const QNetworkInterface& net : QNetworkInterface::allInterfaces()) {
+        const auto flags = net.flags();
+        if (flags.testFlag(QNetworkInterface::IsRunning) &&
+            !flags.testFlag(QNetworkInterface::IsLoopBack) && !net.addressEntries().isEmpty()) {
+            return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace nubivane

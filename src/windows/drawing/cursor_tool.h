@@ -1,0 +1,31 @@
+#pragma once
+
+#include "windows/canvas/selection.h"
+#include "windows/canvas/sprite_mouse.h"
+#include "windows/drawing/drawing_tool.h"
+
+#include <functional>
+
+namespace nubivane {
+
+/// "cursor": leaves the map to the sprites. On the bare map a press ends the selection.
+class CursorTool : public DrawingTool {
+  public:
+    CursorTool(Selection& selection, const SpriteStack& sprites, const SpriteMouse& mouse)
+        : selection_(selection), sprites_(sprites), mouse_(mouse) {}
+
+    std::function<void()> showMenu;  ///< the popup menu of the bare map
+
+    void press(QPoint position, Qt::MouseButton button) override;
+    void move(QPoint) override {}
+    void release(Qt::MouseButton) override {}
+    QCursor pointer() const override { return {Qt::ArrowCursor}; }
+    QCursor pointerAt(QPoint position) const override;
+
+  private:
+    Selection& selection_;
+    const SpriteStack& sprites_;
+    const SpriteMouse& mouse_;
+};
+
+}  // namespace nubivane

@@ -1,0 +1,29 @@
+#include "windows/drawing/draw_tool.h"
+
+#include "windows/drawing/map_drawing.h"
+#include "windows/drawing/tool_pointers.h"
+
+namespace nubivane {
+
+DrawTool::DrawTool(MapDrawing& drawing) : PenTool(drawing, toolPointer("drawcur")) {}
+
+void DrawTool::begin(QPoint position) {
+    MapPen& pen = drawing().pen();
+    pen.wipe();
+    pen.moveTo(position);
+    // A width that is no number ends the stroke here, before the symbols have been stopped.
+    pen.takeWidth();
+    drawing().points().penDown = true;
+    drawing().setAnimation(false);
+    pen.dot();
+}
+
+void DrawTool::go(QPoint position) {
+    drawing().pen().lineTo(position);
+}
+
+void DrawTool::end() {
+    drawing().commitStroke();
+}
+
+}  // namespace nubivane

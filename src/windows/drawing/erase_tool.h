@@ -1,0 +1,31 @@
+#pragma once
+
+#include "engine/model/map_surface.h"
+#include "windows/drawing/pen_tool.h"
+
+namespace nubivane {
+
+/// "erase": brings the map back, block by block.
+class EraseTool : public PenTool {
+  public:
+    /// Width and height of a block, pixels. The pointer is its upper left corner.
+    static constexpr int BlockSize = 12;
+
+    explicit EraseTool(MapDrawing& drawing);
+
+    void chosen() override;
+    void cancel() override;
+
+  protected:
+    void begin(QPoint position) override;
+    void go(QPoint position) override;
+    void end() override;
+
+  private:
+    void load();
+
+    MapSurface pctEraser_;  ///< the current map as its file has it
+    QImage pixels_;         ///< null until something is erased
+};
+
+}  // namespace nubivane

@@ -1,0 +1,78 @@
+#include "windows/drawing/frm_draw_action.h"
+
+#include "engine/core/settings_store.h"
+#include "windows/widgets/icons.h"
+#include "windows/widgets/twips.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QScreen>
+
+#include <algorithm>
+
+namespace nubivane {
+
+namespace {
+
+/// A place that shows all of a window, or as much as there is room for.
+QPoint insideScreen(QPoint place, const QSize& size, const QRect& screen) {
+    const auto within = [](int value, int first, int last) {
+        return std::max(first, std::min(value, last));
+    };
+    return {within(place.x(), screen.left(), screen.right() + 1 - size.width()),
+            within(place.y(), screen.top(), screen.bottom() + 1 - size.height())};
+}
+
+}  // namespace
+
+frmDrawAction::frmDrawAction(SettingsStore& settings, QWidget* owner)
+    : QDialog(owner, Qt::Tool), settings_(settings) {
+    setObjectName("frmDrawAction");
+    setWindowTitle(tr("Drawing"));
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    auto* apply = new QPushButton(programIcon("apply"), tr("&Apply"), this);
+    apply->setObjectName("cmdDrawApply");
+    apply->setDefault(true);
+    connect(apply, &QPushButton::clicked, this, [this] { DrawApply(); });
+    auto* cancel = new QPushButton(programIcon("cancel"), tr("&Cancel"), this);
+    cancel->setObjectName("cmdDrawCancel");
+    connect(cancel, &QPushButton::clicked, this, [this] { DrawCancel(); });
+    auto* row = new QHBoxLayout(this);
+    row->addWidget(apply);
+    row->addWidget(cancel);
+    row->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+/// Only now is the size known, but for the frame, which will be much like the main window's.
+void frmDrawAction::showEvent(QShowEvent* event) {
+    if (!placed_) {
+        placed_ = true;
+        restorePlace();
+    }
+    QDialog::showEvent(event);
+}
+
+void frmDrawAction::restorePlace() {
+    const auto top = settings_.number(Setting::DrawDialogTop);
+    const auto left = settings_.number(Setting::DrawDialogLeft);
+    layout()->activate();
+    const QWidget& owner = *parentWidget();
+    QRect place(QPoint(), size() + owner.frameGeometry().size() - owner.size());
+    if (top && left) {
+        place.moveTo(*left / TwipsPerPixel, *top / TwipsPerPixel);
+    } else {
+        place.moveCenter(owner.frameGeometry().center());
+    }
+    move(insideScreen(place.topLeft(), place.size(), screen()->availableGeometry()));
+}
+
+void frmDrawAction::unload() {
+    settings_.set(Setting::DrawDialogTop, QString::number(y() * TwipsPerPixel));
+    settings_.set(Setting::DrawDialogLeft, QString::number(x() * TwipsPerPixel));
+    hide();
+    // Whoever asks for the loaded windows must not find one that is on its way out.
+    setObjectName(QString());
+    deleteLater();
+}
+
+}  // namespace nubivane

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "windows/drawing/control_points.h"
+#include "windows/drawing/cursor_tool.h"
+#include "windows/drawing/drawing_tool.h"
+#include "windows/drawing/frm_draw_action.h"
+#include "windows/drawing/map_pen.h"
+#include "windows/drawing/tool_table.h"
+
+#include <QPointer>
+
+#include <array>
+#include <functional>
+#include <memory>
+
+namespace nubivane {
+
+class MapCanvas;
+class Shell;
+
+/// Drawing on the map: passes the mouse on to the current tool and holds what the tools share, the
+/// control points and the pen. Which tool is current stands in `Status`.
+class MapDrawing {
+  public:
+    MapDrawing(Workspace& workspace, SpriteStack& sprites, Selection& selection, SpriteMouse& mouse,
+               Shell& shell);
+    ~MapDrawing();
+
+    std::function<void()> projectChanged;
+    std::function<void()> showMenu;  ///< the popup menu of the bare map
+    std::function<void()> changed;   ///< current tool or colour is another one
+
+    /// Ties the canvas to the tools.
+    void attach(MapCanvas& canvas);
+    /// Starts with the tool "cursor", and colour and width as setting and field say.
+    void Init();
+
+    /// The click on `btnDraw(index)`.
+    void chooseTool(std::size_t index);
+    /// The click on `pctSelectedColor`.
+    void chooseColor();
+    void setDrawColor(qint32 color);
+    qint32 DrawColor() const { return pen_.DrawColor; }
+    /// Shows the figure that is being edited with another colour or width.
+    void refreshFigure();
+    /// The map's pointer as if no tool had one, until the mouse moves over the map again.
+    void resetPointer();
+
+    void DrawApply();
+    void DrawCancel();
+    /// Enter and Esc end the editing of a figure. True when the key did.
+    bool pressKey(int key);
+    /// Drops everything that is not committed: another Frame comes onto the canvas, or the project
+    /// is being saved.
+    void reset();
+    /// The floating window is shut with the main window.
+    void setEnabled(bool enabled);
+
+    // What the tools need.
+    Workspace& workspace() { return workspace_; }
+    ControlPoints& points() { return points_; }
+    MapPen& pen() { return pen_; }
+    /// The map's colour with what is drawn on it; an invalid one beside the map.
+    QColor colorAt(QPoint position) const;
+    void loadDrawAction();
+    /// Starts or stops the animation of every Symbol.
+    void setAnimation(bool on);
+    /// Makes what was drawn part of the map and of the Frame's snapshot.
+    void commitStroke();
+
+  private:
+    DrawingTool* tool() const;
+    void press(QPoint position, Qt::MouseButton button);
+    void move(QPoint position);
+    void release(Qt::MouseButton button);
+    void commit();
+    void startAnimation();
+    void dropFigure();
+
+    Workspace& workspace_;
+    SpriteStack& sprites_;
+    Selection& selection_;
+    Shell& shell_;
+    MapCanvas* canvas_ = nullptr;
+    ControlPoints points_;
+    MapPen pen_;
+    std::array<std::unique_ptr<DrawingTool>, toolTable.size()> tools_;
+    QPointer<frmDrawAction> drawAction_;
+    bool animationStopped_ = false;
+};
+
+}  // namespace nubivane

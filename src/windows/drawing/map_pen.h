@@ -1,0 +1,63 @@
+#pragma once
+
+#include "engine/model/forecast.h"
+#include "engine/model/map_surface.h"
+
+#include <QColor>
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+class QPainter;
+class QPen;
+
+namespace nubivane {
+
+/// What the tools draw with, on the scratch layer of the map: colour, width, position. Positions
+/// are pixels of the map.
+///
+/// Lines are crisp: every pixel has the drawing colour or none of it, so that a drawn colour can be
+/// picked up again exactly as it was. Each operation has only its own rectangle painted again.
+class MapPen {
+  public:
+    explicit MapPen(MapSurface& surface) : surface_(surface) {}
+
+    std::function<void(const QRect&)> changed;  ///< area of the map to be painted again
+    std::function<QString()> txtValue;          ///< the text of the field for the pen's width
+
+    qint32 DrawColor = White;  ///< red in the low byte
+
+    int DrawWidth() const { return drawWidth_; }
+    /// The width that a text stands for, or nothing.
+    static std::optional<int> widthOf(const QString& text);
+    /// Takes the width from its field. Raises `Error` (TypeMismatch) when there stands no number of
+    /// at least 1.
+    void takeWidth();
+
+    void wipe();
+
+    void moveTo(QPoint position) { position_ = position; }
+    void dot();
+    void lineTo(QPoint position);
+    void line(QPoint from, QPoint to);
+    /// One pixel wide and black.
+    void dottedLine(QPoint from, QPoint to);
+    void circle(QPoint centre, double radius);
+    /// The square by which a control point is seen and caught. Takes the width from its field
+    /// afterwards, as `takeWidth`.
+    void handle(QPoint centre);
+    /// Copies a part of a picture to the same place on the map.
+    void copyBlock(const QImage& source, const QRect& block);
+
+  private:
+    void paint(const QRect& area, const std::function<void(QPainter&)>& draw);
+    QPen pen() const;
+    int reach() const { return drawWidth_ / 2 + 2; }
+
+    MapSurface& surface_;
+    QPoint position_;
+    int drawWidth_ = 1;
+};
+
+}  // namespace nubivane

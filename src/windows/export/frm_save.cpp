@@ -1,0 +1,40 @@
+#include "windows/export/frm_save.h"
+
+#include "engine/core/shell.h"
+#include "engine/export/still_export.h"
+
+#include <QProgressBar>
+
+#include <utility>
+
+namespace nubivane {
+
+frmSave::frmSave(Workspace& workspace, Shell& shell, QWidget* parent)
+    : ExportRunWindow("frmSave", workspace, shell, parent) {
+    setWindowTitle(tr(" Saving..."));
+    progressBar().setValue(3);
+}
+
+void frmSave::Init() {
+    // Long enough to be seen: the work itself is done in a moment.
+    constexpr int Timer1_Interval = 200;
+    run(
+        [this] {
+            FrameContent content = contentOf(workspace(), Frame);
+            content.drawn = Map;
+            return mapFileJob(std::move(content), MapFileName);
+        },
+        Timer1_Interval);
+}
+
+void frmSave::beforeSaving() {
+    progressBar().setValue(30);
+}
+
+void frmSave::savingFailed(const Error& error) {
+    progressBar().hide();
+    shell().messageBox(
+        {"An error occurred while saving the file.", Icon::Critical, Buttons::Ok, error.cause()});
+}
+
+}  // namespace nubivane

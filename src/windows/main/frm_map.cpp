@@ -1,0 +1,345 @@
+#include "windows/main/frm_map.h"
+
+#include "engine/core/host_files.h"
+#include "engine/core/settings_store.h"
+#include "engine/core/shell.h"
+#include "engine/core/version.h"
+#include "engine/project/save_project.h"
+#include "windows/canvas/sprite_keys.h"
+#include "windows/commands/menus.h"
+#include "windows/main/editor_pane.h"
+#include "windows/main/startup.h"
+#include "windows/main/window_geometry.h"
+#include "windows/properties/frm_symbol_property.h"
+#include "windows/publish/frm_page_setting.h"
+#include "windows/widgets/help_topic.h"
+#include "windows/widgets/icons.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QContextMenuEvent>
+#include <QDragEnterEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QUrl>
+
+namespace nubivane {
+
+frmMap::frmMap(Workspace& workspace, Shell& shell)
+    : workspace_(workspace),
+      shell_(shell),
+      commands_(this),
+      viewport_(new MapViewport(this)),
+      canvas_(workspace, animations_, shell, viewport_),
+      strip_(new ToolStrip(commands_, workspace.settings, this)),
+      palette_(new Palette(workspace, animations_, shell, this)),
+      tabs_(new FrameTabs(workspace, shell, this)),
+      pctTlbDraw_(new DrawStrip(canvas_.drawing(), commands_, this)),
+      pane_(new EditorPane(*strip_, *palette_, *viewport_, *pctTlbDraw_, *tabs_)),
+      pBarMain_(new QProgressBar(this)),
+      menuPopup_(buildSpriteMenu(commands_, this)),
+      menuMap_(buildFrameMenu(commands_, this)),
+      recentFiles_((buildMenuBar(*menuBar(), commands_), *menuBar()->findChild<QMenu*>("mnuFile")),
+                   workspace.settings),
+      frameCommands_(workspace, shell, canvas_, *viewport_, *tabs_, commands_),
+      projectCommands_({workspace, shell, *this}, commands_),
+      inputBlock_(*this),
+      collectionCommands_(workspace, animations_, shell, *palette_, frameCommands_, commands_,
+                          this),
+      copySpecial_(workspace, shell, canvas_, commands_, this),
+      clipboardCommands_(workspace, canvas_, commands_),
+      clearCommands_(workspace, shell, canvas_, *viewport_, commands_),
+      propertyCommands_(workspace, shell, canvas_, commands_, *this),
+      exportCommands_(workspace, shell, canvas_, commands_, this),
+      printCommands_(shell, canvas_, commands_, this),
+      publishCommands_({workspace, shell, *this}, commands_, this),
+      serviceCommands_({workspace, shell, *this}, commands_, this) {
+    setObjectName("frmMap");
+    setWindowIcon(programIcon("nubivane"));
+    setAcceptDrops(true);
+    setCentralWidget(pane_);
+    viewport_->setMap(&canvas_.widget());
+    pBarMain_->setObjectName("pBarMain");
+    pBarMain_->setFixedSize(180, 12);
+    pBarMain_->setTextVisible(false);
+    pBarMain_->hide();
+    menuBar()->setCornerWidget(pBarMain_);
+    connectCanvas();
+    connectCommands();
+    qApp->installEventFilter(this);
+}
+
+frmMap::~frmMap() {
+    qApp->removeEventFilter(this);
+    // The widgets work with the members below, on other threads too: they go first.
+    delete takeCentralWidget();
+}
+
+void frmMap::connectCanvas() {
+    canvas_.selection().commandsChanged = [this] { refreshSelectionCommands(); };
+    canvas_.mouse().Locked = [this] { return locked(); };
+    canvas_.mouse().projectChanged = [this] { markChanged(); };
+    canvas_.mouse().showMenu = [this](SpriteControl&) { menuPopup_->popup(QCursor::pos()); };
+    canvas_.placement().projectChanged = [this] { markChanged(); };
+    canvas_.drawing().projectChanged = [this] { markChanged(); };
+    canvas_.drawing().showMenu = [this] { menuPopup_->popup(QCursor::pos()); };
+    canvas_.widget().dropAllowed = [this] {
+        return workspace_.Status.CurrentTool == u"cursor" && palette_->dropAllowed();
+    };
+    palette_->place = [this](const QString& payload) {
+        const QRect seen = viewport_->visibleMapRect();
+        canvas_.placement().drop(payload, canvas_.widget().toMap(seen.center()));
+        canvas_.widget().setFocus();
+    };
+    palette_->listsChanged = [this] { orderFocus(); };
+    frameCommands_.framesChanged = [this] { refreshHint(); };
+    tabs_->projectChanged = [this] { markChanged(); };
+    tabs_->menuRequested = [this](QPoint position) {
+        frameCommands_.refresh();
+        menuMap_->popup(position);
+    };
+}
+
+void frmMap::connectCommands() {
+    commands_.handle("mnuEsci", [this] { close(); });
+    commands_.makeCheckable({"mnuLock"});
+    commands_.handle("mnuLock", [] {});
+    connect(commands_["mnuLock"], &QAction::toggled, this, [this] { refreshLock(); });
+    refreshLock();
+    commands_.handle("mnuRefreshSymbols", [this] { palette_->refreshCurrentList(); });
+    commands_.handle("mnuSommario", [this] { openHelpTopic(workspace_, shell_, "index.htm"); });
+    commands_.handle("mnuImpostazioni", [this] {
+        frmPageSetting dialog(workspace_, shell_, this);
+        dialog.openHelp = [this](const QString& topic) {
+            openHelpTopic(workspace_, shell_, topic);
+        };
+        dialog.Init();
+    });
+    addAction(commands_["mnuMapRename"]);  // no menu of the bar holds it, and its key must work
+    recentFiles_.chosen = [this](const QString& file) { projectCommands_.open(file); };
+    copySpecial_.projectChanged = [this] { markChanged(); };
+    propertyCommands_.openSymbolSelection = [this](frmSymbolProperty& properties) {
+        if (const auto chosen = collectionCommands_.chooseSymbol(&properties)) {
+            properties.setSelectedSymbol(*chosen);
+        }
+    };
+    projectCommands_.terminate = [] { QApplication::exit(1); };
+    clipboardCommands_.spritesChanged = [this] { refreshHint(); };
+    clearCommands_.spritesChanged = [this] { refreshHint(); };
+}
+
+void frmMap::Init(const QString& projectFile) {
+    const HourglassGuard hourglass(shell_);
+    initialized_ = false;
+    prepareFolders(workspace_.folder);
+    removeTemporaryFolder(workspace_.folder);
+    palette_->loadTabs(restoreCheckedCollections(workspace_));
+
+    canvas_.drawing().Init();
+    workspace_.resetProject();
+    workspace_.clearTempPicture();
+    tabs_->setTabDay(true);
+    if (!projectFile.isEmpty()) {
+        projectCommands_.open(projectFile);
+    }
+    // After a project that could not be opened there must be a map to go on with.
+    if (projectFile.isEmpty() || workspace_.pctMap.image().isEmpty()) {
+        loadStartMap(workspace_);
+        showMap();
+    }
+    nubivane::restoreGeometry(*this, workspace_.settings);
+    normalGeometry_ = geometry();
+    // Parts that have never been shown get their sizes here, so that the bars know their room.
+    pane_->resize(geometry().size());
+    pane_->setSplitterLeft(workspace_.settings.number(Setting::WindowSplitter).value_or(360));
+    strip_->restore();
+    commands_["mnuLock"]->setChecked(workspace_.settings.number(Setting::Locked).value_or(0) != 0);
+    recentFiles_.refresh();
+    ensurePoweredLabel(workspace_.settings);
+    frameCommands_.refresh();
+    refreshSelectionCommands();
+    refreshHint();
+    workspace_.ProjectChanged = false;
+    // Even after opening a project: the caption takes its name with the first save.
+    setCaption(QStringLiteral("New project - ") + ProgramTitle);
+    initialized_ = true;
+}
+
+bool frmMap::locked() const {
+    return commands_["mnuLock"]->isChecked();
+}
+
+void frmMap::markChanged() {
+    workspace_.ProjectChanged = true;
+    refreshHint();
+}
+
+void frmMap::refreshSelectionCommands() {
+    const bool selected = !canvas_.selection().isEmpty();
+    commands_.setEnabled({"mnuCut", "mnuCopy", "mnuDelSymbol", "mnuProperty"}, selected);
+    commands_.setEnabled({"mnuRestore"},
+                         workspace_.Status.CurrentShapeControlType == sprite_type::Symbol);
+}
+
+/// The button shows how things stand, not what it would do.
+void frmMap::refreshLock() {
+    QAction* lock = commands_["mnuLock"];
+    lock->setIcon(programIcon(locked() ? "lock" : "unlock"));
+    lock->setToolTip(locked() ? tr("Symbols are locked in their places")
+                              : tr("Lock the symbols in their places"));
+}
+
+/// The keyboard walks as the eye does: bars, palette, splitter, map, drawing tools, Frame tabs.
+void frmMap::orderFocus() {
+    QList<QWidget*> order;
+    for (ToolBar* bar : {strip_->standardBar(), strip_->mapBar()}) {
+        for (QToolButton* button : bar->findChildren<QToolButton*>()) {
+            order << button;
+        }
+    }
+    order << palette_->focusOrder() << pane_->splitter() << &canvas_.widget()
+          << pctTlbDraw_->focusOrder() << tabs_->tabDay();
+    for (qsizetype i = 1; i < order.size(); ++i) {
+        setTabOrder(order[i - 1], order[i]);
+    }
+}
+
+/// A newcomer's first steps, until there is something on the map.
+void frmMap::refreshHint() {
+    const bool empty = palette_->currentList() && workspace_.Frames().Count() <= 1 &&
+                       canvas_.sprites().controls().empty();
+    viewport_->setHint(empty
+                           ? tr("Drag a symbol from the list onto the map to begin, or select one "
+                                "and press Enter.")
+                           : QString());
+}
+
+void frmMap::unloadFrameSprites() {
+    canvas_.selection().clearSelection();
+    canvas_.sprites().unloadAllSprites();
+}
+
+void frmMap::rebuildPalette(const QStringList& folders) {
+    palette_->loadTabs(folders);
+}
+
+void frmMap::rebuildFrameTabs() {
+    tabs_->setTabDay(false);
+    frameCommands_.refresh();
+}
+
+/// The window of a figure being drawn is not this one: it is closed to input by itself.
+void frmMap::setEnabled(bool enabled) {
+    inputBlock_.setActive(!enabled);
+    canvas_.drawing().setEnabled(enabled);
+}
+
+void frmMap::showMap() {
+    canvas_.widget().showPicture();
+    viewport_->setScrollBars();
+}
+
+void frmMap::selectFirstFrame() {
+    tabs_->select(1);
+    frameCommands_.changeFrame();
+    refreshHint();
+}
+
+/// The form sees keys before its controls: a selected sprite is nudged wherever the focus is, but
+/// in a field, where Shift and arrows select text.
+bool frmMap::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && watched->isWidgetType()) {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        const auto* widget = static_cast<QWidget*>(watched);
+        if (widget->window() == this && !qobject_cast<const QLineEdit*>(widget) &&
+            nudgeSelection(workspace_, canvas_.sprites(), canvas_.selection(), key)) {
+            return true;
+        }
+        if (widget == &canvas_.widget() &&
+            stepSelection(workspace_, canvas_.sprites(), canvas_.selection(), key)) {
+            return true;
+        }
+    }
+    if (event->type() == QEvent::ContextMenu) {
+        return showMenuByKey(watched, *static_cast<QContextMenuEvent*>(event));
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+/// The mouse has its own way to the same menus.
+bool frmMap::showMenuByKey(const QObject* watched, const QContextMenuEvent& event) {
+    if (event.reason() != QContextMenuEvent::Keyboard) {
+        return false;
+    }
+    if (watched == &canvas_.widget()) {
+        menuPopup_->popup(canvas_.widget().mapToGlobal(event.pos()));
+        return true;
+    }
+    if (watched == tabs_->tabDay()) {
+        const QTabBar& tabs = *tabs_->tabDay();
+        tabs_->menuRequested(tabs.mapToGlobal(tabs.tabRect(tabs.currentIndex()).center()));
+        return true;
+    }
+    return false;
+}
+
+/// What no control wanted: the keys for a figure work wherever the keyboard is.
+void frmMap::keyPressEvent(QKeyEvent* event) {
+    if (!canvas_.drawing().pressKey(event->key())) {
+        QMainWindow::keyPressEvent(event);
+    }
+}
+
+void frmMap::closeEvent(QCloseEvent* event) {
+    if (!queryUnload()) {
+        event->ignore();
+        return;
+    }
+    shell_.setPointer(Pointer::ArrowWithHourglass);
+    shell_.processEvents();
+    canvas_.resetDrawing();
+    unloadFrameSprites();
+    storeState();
+    shell_.setPointer(Pointer::Default);
+    event->accept();
+}
+
+bool frmMap::queryUnload() {
+    return confirmLeavingProject({workspace_, shell_, *this});
+}
+
+void frmMap::storeState() {
+    storeGeometry(*this, normalGeometry_, workspace_.settings);
+    workspace_.settings.set(Setting::WindowSplitter, QString::number(pane_->splitterLeft()));
+    workspace_.settings.set(Setting::Locked, locked() ? "1" : "0");
+}
+
+void frmMap::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    if (initialized_ && !isMinimized() && !isMaximized()) {
+        normalGeometry_ = geometry();
+    }
+}
+
+void frmMap::moveEvent(QMoveEvent* event) {
+    QMainWindow::moveEvent(event);
+    if (initialized_ && !isMinimized() && !isMaximized()) {
+        normalGeometry_.moveTo(geometry().topLeft());
+    }
+}
+
+void frmMap::dragEnterEvent(QDragEnterEvent* event) {
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (urls.size() == 1 && urls.first().toLocalFile().endsWith(".nvpf", Qt::CaseInsensitive)) {
+        event->acceptProposedAction();
+    }
+}
+
+void frmMap::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    projectCommands_.open(host_files::toModel(event->mimeData()->urls().first().toLocalFile()));
+}
+
+}  // namespace nubivane

@@ -1,0 +1,132 @@
+#pragma once
+
+#include "engine/model/editor_view.h"
+#include "engine/picture/animation_cache.h"
+#include "windows/canvas/map_viewport.h"
+#include "windows/commands/clear_commands.h"
+#include "windows/commands/clipboard_commands.h"
+#include "windows/commands/collection_commands.h"
+#include "windows/commands/commands.h"
+#include "windows/commands/copy_special.h"
+#include "windows/commands/export_commands.h"
+#include "windows/commands/frame_commands.h"
+#include "windows/commands/print_commands.h"
+#include "windows/commands/project_commands.h"
+#include "windows/commands/property_commands.h"
+#include "windows/commands/publish_commands.h"
+#include "windows/commands/recent_files_menu.h"
+#include "windows/commands/service_commands.h"
+#include "windows/main/draw_strip.h"
+#include "windows/main/input_block.h"
+#include "windows/main/tool_strip.h"
+#include "windows/panes/frame_canvas.h"
+#include "windows/panes/frame_tabs.h"
+#include "windows/panes/palette.h"
+
+#include <QMainWindow>
+#include <QProgressBar>
+
+#include <optional>
+
+namespace nubivane {
+
+class EditorPane;
+class Shell;
+
+/// The main window: the hub that owns menus, bars and layout and forwards every command to the
+/// object that knows it.
+class frmMap : public QMainWindow, public EditorView {
+    Q_OBJECT
+
+  public:
+    frmMap(Workspace& workspace, Shell& shell);
+    ~frmMap() override;
+
+    /// Builds the editor and opens the project named on the command line, or shows the default
+    /// map. Called once, before the window is shown. Raises `Error` when the editor cannot start.
+    void Init(const QString& projectFile);
+
+    QProgressBar* pBarMain() const { return pBarMain_; }
+    Commands& commands() { return commands_; }
+    FrameCanvas& canvas() { return canvas_; }
+    MapViewport& viewport() { return *viewport_; }
+    DrawStrip& pctTlbDraw() { return *pctTlbDraw_; }
+    FrameTabs& tabs() { return *tabs_; }
+    Palette& palette() { return *palette_; }
+    ToolStrip& toolStrip() { return *strip_; }
+    EditorPane& pane() { return *pane_; }
+    FrameCommands& frameCommands() { return frameCommands_; }
+    ProjectCommands& projectCommands() { return projectCommands_; }
+    CopySpecial& copySpecial() { return copySpecial_; }
+    ClipboardCommands& clipboardCommands() { return clipboardCommands_; }
+    PropertyCommands& propertyCommands() { return propertyCommands_; }
+    PrintCommands& printCommands() { return printCommands_; }
+    bool locked() const;
+    bool acceptsInput() const { return !inputBlock_.isActive(); }
+
+    // EditorView.
+    void setEnabled(bool enabled) override;
+    void setCaption(const QString& text) override { setWindowTitle(text); }
+    void clearSelection() override { canvas_.selection().clearSelection(); }
+    void unloadFrameSprites() override;
+    void resetDrawing() override { canvas_.resetDrawing(); }
+    void rebuildPalette(const QStringList& folders) override;
+    void rebuildFrameTabs() override;
+    void showPicture() override { canvas_.widget().showPicture(); }
+    void showMap() override;
+    void selectFirstFrame() override;
+    void refreshRecentFiles() override { recentFiles_.refresh(); }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+  private:
+    bool showMenuByKey(const QObject* watched, const QContextMenuEvent& event);
+    void connectCanvas();
+    void connectCommands();
+    void refreshSelectionCommands();
+    void refreshLock();
+    void refreshHint();
+    void orderFocus();
+    void markChanged();
+    bool queryUnload();
+    void storeState();
+
+    Workspace& workspace_;
+    Shell& shell_;
+    AnimationCache animations_;
+    Commands commands_;
+    MapViewport* viewport_;
+    FrameCanvas canvas_;
+    ToolStrip* strip_;
+    Palette* palette_;
+    FrameTabs* tabs_;
+    DrawStrip* pctTlbDraw_;
+    EditorPane* pane_;
+    QProgressBar* pBarMain_;
+    QMenu* menuPopup_;
+    QMenu* menuMap_;
+    RecentFilesMenu recentFiles_;
+    FrameCommands frameCommands_;
+    ProjectCommands projectCommands_;
+    InputBlock inputBlock_;
+    CollectionCommands collectionCommands_;
+    CopySpecial copySpecial_;
+    ClipboardCommands clipboardCommands_;
+    ClearCommands clearCommands_;
+    PropertyCommands propertyCommands_;
+    ExportCommands exportCommands_;
+    PrintCommands printCommands_;
+    PublishCommands publishCommands_;
+    ServiceCommands serviceCommands_;
+    QRect normalGeometry_;
+    bool initialized_ = false;
+};
+
+}  // namespace nubivane

@@ -1,0 +1,64 @@
+#include "windows/main/window_geometry.h"
+
+#include "engine/core/settings_store.h"
+#include "windows/widgets/twips.h"
+
+#include <QScreen>
+#include <QWidget>
+
+#include <algorithm>
+
+namespace nubivane {
+
+namespace {
+
+constexpr int DefaultWidth = 15000;
+constexpr int DefaultHeight = 11000;
+
+int pixels(std::optional<int> twips, int defaultTwips, int limit) {
+    return std::clamp(twips.value_or(defaultTwips) / TwipsPerPixel, 320, std::max(320, limit));
+}
+
+QString twips(int pixelCount) {
+    return QString::number(pixelCount * TwipsPerPixel);
+}
+
+/// 0 normal, 1 minimised, 2 maximised.
+int windowState(const QWidget& window) {
+    return window.isMinimized() ? 1 : window.isMaximized() ? 2 : 0;
+}
+
+}  // namespace
+
+void restoreGeometry(QWidget& window, const SettingsStore& settings) {
+    const QRect screen = window.screen()->availableGeometry();
+    const QSize size(
+        pixels(settings.number(Setting::WindowWidth), DefaultWidth, screen.width()),
+        pixels(settings.number(Setting::WindowHeight), DefaultHeight, screen.height()));
+    QRect place(QPoint(), size);
+    place.moveCenter(screen.center());
+    window.setGeometry(place);
+    const QString state = settings.text(Setting::WindowMaximized).trimmed();
+    if (state == u"1") {
+        window.setWindowState(Qt::WindowMinimized);
+    } else if (state == u"2") {
+        window.setWindowState(Qt::WindowMaximized);
+    }
+}
+
+void storeGeometry(const QWidget& window, const QRect& normal, SettingsStore& settings) {
+    if (windowState(window) != 0) {
+        settings.set(Setting::WindowFormTop, twips(normal.top()));
+        settings.set(Setting::WindowFormLeft, twips(normal.left()));
+        settings.set(Setting::WindowFormWidth, twips(normal.width()));
+        settings.set(Setting::WindowFormHeight, twips(normal.height()));
+    } else {
+        settings.set(Setting::WindowTop, twips(window.y()));
+        settings.set(Setting::WindowLeft, twips(window.x()));
+        settings.set(Setting::WindowWidth, twips(normal.width()));
+        settings.set(Setting::WindowHeight, twips(normal.height()));
+    }
+    settings.set(Setting::WindowMaximized, QString::number(windowState(window)));
+}
+
+}  // namespace nubivane

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "engine/model/workspace.h"
+#include "windows/widgets/list_image.h"
+
+#include <QLabel>
+#include <QTabBar>
+#include <QToolButton>
+#include <QWidget>
+
+#include <functional>
+#include <vector>
+
+namespace nubivane {
+
+class Shell;
+
+/// The palette at the left: `tabSymbols`, a tab for each checked collection, over its list of
+/// thumbnails, and `imgText`, the button that stands for a new label.
+class Palette : public QWidget {
+    Q_OBJECT
+
+  public:
+    Palette(Workspace& workspace, AnimationCache& animations, Shell& shell, QWidget* parent);
+
+    /// Makes tabs and lists anew from the checked collections and fills the first.
+    void loadSymbolsCollections();
+    /// The same for the folders given, in their order.
+    void loadTabs(const QStringList& paths);
+    /// Adds a tab with the last part of a collection's path and selects it.
+    void addCollectionTab(const QString& path);
+    /// Shows the list of the selected tab and fills it at its first visit.
+    void showCollectionTab();
+    /// Fills the selected tab's list again from its folder.
+    void refreshCurrentList();
+    void selectTab(int index) { tabSymbols_->setCurrentIndex(index); }
+
+    QTabBar* tabSymbols() const { return tabSymbols_; }
+    QToolButton* imgText() const { return imgText_; }
+    /// The list of the selected tab, or nothing.
+    ListImage* currentList() const;
+
+    /// A palette drag has begun and has not ended yet.
+    bool dropAllowed() const { return dropAllowed_; }
+    void allowDrop(bool allowed) { dropAllowed_ = allowed; }
+
+    /// What takes the keyboard, in order.
+    QList<QWidget*> focusOrder() const;
+    std::function<void()> listsChanged;  ///< tabs and lists were made anew
+
+    /// Places a sprite without a drag; the text is a drag's payload.
+    std::function<void(const QString& payload)> place;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void startDrag(const QString& payload, const QPixmap& picture);
+    bool mayPlace();
+    QPixmap pictureOf(const QString& file) const;
+
+    struct Tab {
+        QString folder;
+        ListImage* list;
+    };
+
+    Workspace& workspace_;
+    AnimationCache& animations_;
+    Shell& shell_;
+    QTabBar* tabSymbols_;
+    QToolButton* imgText_;
+    QLabel* lblSymbolsMessage_;
+    QLabel* emptyHint_;
+    std::vector<Tab> listImageSymbols_;
+    QPoint textPress_;
+    bool dropAllowed_ = false;
+};
+
+}  // namespace nubivane

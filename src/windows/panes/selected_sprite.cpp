@@ -1,0 +1,71 @@
+#include "windows/panes/selected_sprite.h"
+
+namespace nubivane {
+
+QRect SelectedSprite::rect() const {
+    const SpriteControl* selected = control();
+    return selected ? selected->rect : QRect();
+}
+
+void SelectedSprite::Move(const QRect& rect) {
+    if (SpriteControl* selected = control()) {
+        canvas_.sprites().Move(*selected, rect);
+    }
+}
+
+QRect SelectedSprite::framedRect() const {
+    const ShpSelector* selector = canvas_.selection().shpSelector();
+    return selector ? selector->spriteRect() : rect();
+}
+
+void SelectedSprite::setFramedRect(const QRect& rect) {
+    canvas_.selection().surround(rect);
+}
+
+void SelectedSprite::show(const cLabel& look) {
+    if (LblTesto* selected = label()) {
+        canvas_.sprites().showLabel(*selected, look);
+    }
+}
+
+void SelectedSprite::setBackColor(qint32 color) {
+    if (LblTesto* selected = label()) {
+        selected->setBackColor(color);
+        canvas_.sprites().changed(selected->rect);
+    }
+}
+
+void SelectedSprite::setFontStrikethru(bool strikethru) {
+    if (LblTesto* selected = label()) {
+        selected->FontStrikethru = strikethru;
+        canvas_.sprites().changed(selected->rect);
+    }
+}
+
+void SelectedSprite::StopAnimation() {
+    if (GifSymbol* selected = symbol()) {
+        selected->StopAnimation();
+        canvas_.sprites().playingChanged();
+    }
+}
+
+void SelectedSprite::StartAnimation() {
+    if (GifSymbol* selected = symbol()) {
+        selected->StartAnimation(canvas_.sprites().now());
+        canvas_.sprites().playingChanged();
+    }
+}
+
+void SelectedSprite::setFileName(const QString& path) {
+    if (GifSymbol* selected = symbol()) {
+        canvas_.sprites().setFileName(*selected, path);
+    }
+}
+
+void SelectedSprite::setToolTipText(const QString& text) {
+    if (GifSymbol* selected = symbol()) {
+        selected->ToolTipText = text;
+    }
+}
+
+}  // namespace nubivane

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "windows/properties/font_object.h"
+
+#include <QString>
+
+#include <array>
+#include <functional>
+#include <optional>
+
+class QLineEdit;
+class QToolButton;
+
+namespace nubivane {
+
+class ColorSwatch;
+class PropertyGrid;
+
+/// The rows of a grid that show a font and its colour. They are read-only: a button opens the font
+/// dialog.
+class FontRows {
+  public:
+    /// `part` stands in the fields' names ("Title" in "txtTitleFont"), `buttonPart` in the
+    /// button's.
+    FontRows(PropertyGrid& grid, const QString& part, const QString& buttonPart);
+
+    FontRows(const FontRows&) = delete;
+    FontRows& operator=(const FontRows&) = delete;
+
+    /// Shows an object's font from now on; nothing empties the rows. `yes` is the word for a flag
+    /// that is set.
+    void show(std::optional<FontObject> object, const char* yes);
+    /// Shows another colour in the swatch than the object's.
+    void setSwatch(qint32 color);
+
+    /// Called when the font dialog has closed, however it was closed.
+    std::function<void()> fontDialogClosed;
+
+  private:
+    void fill(const FontValues& values, const char* yes);
+    void openFontDialog();
+
+    std::optional<FontObject> object_;
+    QLineEdit* txtFont_;
+    QToolButton* cmdFont_;
+    QLineEdit* txtFontSize_;
+    std::array<QLineEdit*, 5> flags_;
+    QLineEdit* txtForeColor_;
+    ColorSwatch* pctForecolor_;
+};
+
+}  // namespace nubivane

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "windows/properties/property_dialog.h"
+#include "windows/properties/text_line_rows.h"
+
+namespace nubivane {
+
+/// The texts of the current Frame: title, subtitle and the box around its forecast text.
+class frmFrameProperty : public PropertyDialog {
+    Q_OBJECT
+
+  public:
+    frmFrameProperty(Workspace& workspace, Shell& shell, QWidget* parent);
+
+    /// Shows the current Frame's texts and waits until the dialog closes.
+    void Init();
+
+  private:
+    void addForecastRows();
+    void connectForecast();
+    void fillForecast();
+
+    cForecast* forecast_ = nullptr;
+    std::optional<TextLineRows> title_;
+    std::optional<TextLineRows> subtitle_;
+    comboColor* cboForecastBackcolor_ = nullptr;
+    comboEx* cboForecastBorder_ = nullptr;
+    comboColor* cboForecastBorderColor_ = nullptr;
+    QToolButton* cmdForecastText_ = nullptr;
+};
+
+}  // namespace nubivane

@@ -1,0 +1,175 @@
+#include "windows/properties/frm_frame_property_detail.h"
+
+#include "windows/widgets/scroll_panel.h"
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace nubivane {
+
+namespace {
+
+constexpr int ColumnWidth = 153;
+constexpr int BarWidth = 18;  // room for the list's scroll bar
+constexpr int ButtonMargin = 12;
+constexpr int ButtonGap = 6;
+constexpr int RowsWithoutBar = 17;
+constexpr int PanelWidth = 330;
+
+/// Appends an item with the values of a new element.
+template <class List>
+void addDefault(List& list) {
+    list.Add(White, 0, "Arial", "8", 1, false, false, false, false, false, {});
+}
+
+/// The item of a position, or nothing.
+template <class List>
+TextItem* itemAt(List& list, int position) {
+    return position >= 1 && position <= list.Count() ? &list.Item(position) : nullptr;
+}
+
+}  // namespace
+
+frmFramePropertyDetail::frmFramePropertyDetail(QWidget* parent)
+    : QDialog(parent),
+      lstItems_(new QTreeWidget(this)),
+      cmdAdd_(new QPushButton(tr("&Add"), this)),
+      cmdRemove_(new QPushButton(tr("&Remove"), this)),
+      grid_(new PropertyGrid({}, this)) {
+    setObjectName("frmFramePropertyDetail");
+    setWindowTitle(tr("Forecast text"));
+    build();
+    connect(lstItems_, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* current) {
+        showElement(lstItems_->indexOfTopLevelItem(current) + 1);
+    });
+    connect(cmdAdd_, &QPushButton::clicked, this, [this] { addElement(); });
+    connect(cmdRemove_, &QPushButton::clicked, this, [this] { removeElement(); });
+}
+
+void frmFramePropertyDetail::build() {
+    grid_->addSection(tr("Header"));
+    header_.emplace(*grid_, "Header", "Sets header text");
+    grid_->addSection(tr("Body"));
+    body_.emplace(*grid_, "Body", "Sets body text");
+    grid_->setMinimumWidth(PanelWidth);
+    auto* row = new QHBoxLayout(this);
+    row->addWidget(buildList());
+    row->addWidget(grid_, 1);
+}
+
+/// As tall as the rows that need no scroll bar.
+QWidget* frmFramePropertyDetail::buildList() {
+    lstItems_->setObjectName("lstItems");
+    lstItems_->setAccessibleName(tr("Elements"));
+    lstItems_->setHeaderHidden(true);
+    lstItems_->setRootIsDecorated(false);
+    lstItems_->setUniformRowHeights(true);
+    lstItems_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    lstItems_->header()->setStretchLastSection(false);
+    const int frame = 2 * lstItems_->frameWidth();
+    const int buttonWidth = fontMetrics().horizontalAdvance(tr("Remove")) + 2 * ButtonMargin;
+    // Large letters need more.
+    columnWidth_ =
+        std::max({ColumnWidth, fontMetrics().horizontalAdvance("Element 000") + 2 * BarWidth,
+                  2 * buttonWidth + ButtonGap - frame});
+    lstItems_->setFixedWidth(columnWidth_ + frame);
+    lstItems_->addTopLevelItem(new QTreeWidgetItem({"Element 1"}));
+    const int rowHeight = std::max(1, lstItems_->sizeHintForRow(0));
+    lstItems_->clear();
+    lstItems_->setMinimumHeight(RowsWithoutBar * rowHeight + frame);
+
+    auto* panel = new QWidget;
+    auto* column = new QVBoxLayout(panel);
+    column->setContentsMargins(0, 0, 0, 0);
+    auto* label = new QLabel(tr("&Elements:"));
+    label->setBuddy(lstItems_);
+    column->addWidget(label);
+    column->addWidget(lstItems_, 1);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(ButtonGap);
+    cmdAdd_->setObjectName("cmdAdd");
+    cmdRemove_->setObjectName("cmdRemove");
+    for (QPushButton* button : {cmdAdd_, cmdRemove_}) {
+        button->setAutoDefault(false);
+        // Both fit below the list.
+        button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        button->setMinimumWidth(buttonWidth);
+        buttons->addWidget(button);
+    }
+    column->addLayout(buttons);
+    return panel;
+}
+
+void frmFramePropertyDetail::Init(cForecast& forecast) {
+    forecast_ = &forecast;
+    refreshRows(1);
+    lstItems_->setFocus();
+    exec();
+}
+
+/// A project from elsewhere may have lists of different lengths: the rows are those of the header.
+int frmFramePropertyDetail::count() const {
+    return forecast_->Header().Count();
+}
+
+/// One row for each element, named after its position, with one of them selected.
+void frmFramePropertyDetail::refreshRows(int selected) {
+    {
+        const QSignalBlocker quiet(lstItems_);
+        lstItems_->clear();
+        for (int i = 1; i <= count(); ++i) {
+            lstItems_->addTopLevelItem(new QTreeWidgetItem({"Element " + QString::number(i)}));
+        }
+        lstItems_->setColumnWidth(
+            0, count() > RowsWithoutBar ? columnWidth_ - BarWidth : columnWidth_);
+        lstItems_->setCurrentItem(lstItems_->topLevelItem(selected - 1));
+    }
+    enablePanel(count() > 0);
+    showElement(count() > 0 ? selected : 0);
+}
+
+void frmFramePropertyDetail::enablePanel(bool enabled) {
+    grid_->container()->fraText()->setEnabled(enabled);
+    grid_->container()->VScroll()->setEnabled(enabled);
+    cmdRemove_->setEnabled(enabled);
+}
+
+void frmFramePropertyDetail::showElement(int element) {
+    header_->show(itemAt(forecast_->Header(), element));
+    body_->show(itemAt(forecast_->Body(), element));
+}
+
+void frmFramePropertyDetail::addElement() {
+    // A new element begins at the same position in both lists.
+    while (forecast_->Body().Count() < count()) {
+        addDefault(forecast_->Body());
+    }
+    while (count() < forecast_->Body().Count()) {
+        addDefault(forecast_->Header());
+    }
+    addDefault(forecast_->Header());
+    addDefault(forecast_->Body());
+    refreshRows(count());
+}
+
+void frmFramePropertyDetail::removeElement() {
+    const int element = lstItems_->indexOfTopLevelItem(lstItems_->currentItem()) + 1;
+    if (element < 1) {
+        return;
+    }
+    showElement(0);
+    forecast_->Header().Remove(element);
+    if (element <= forecast_->Body().Count()) {
+        forecast_->Body().Remove(element);
+    }
+    refreshRows(std::max(1, element - 1));
+}
+
+}  // namespace nubivane

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "windows/properties/text_item_rows.h"
+
+#include <QDialog>
+
+#include <optional>
+
+class QPushButton;
+class QTreeWidget;
+
+namespace nubivane {
+
+/// The forecast text of a Frame: a list of elements, each a header item and a body item.
+class frmFramePropertyDetail : public QDialog {
+    Q_OBJECT
+
+  public:
+    explicit frmFramePropertyDetail(QWidget* parent);
+
+    /// Shows a forecast's elements and waits until the dialog closes.
+    void Init(cForecast& forecast);
+
+  private:
+    void build();
+    QWidget* buildList();
+    void refreshRows(int selected);
+    void showElement(int element);
+    void enablePanel(bool enabled);
+    void addElement();
+    void removeElement();
+    int count() const;
+
+    cForecast* forecast_ = nullptr;
+    int columnWidth_ = 0;
+    QTreeWidget* lstItems_;
+    QPushButton* cmdAdd_;
+    QPushButton* cmdRemove_;
+    PropertyGrid* grid_;
+    std::optional<TextItemRows> header_;
+    std::optional<TextItemRows> body_;
+};
+
+}  // namespace nubivane

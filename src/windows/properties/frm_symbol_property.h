@@ -1,0 +1,47 @@
+#pragma once
+
+#include "windows/properties/position_rows.h"
+#include "windows/properties/property_dialog.h"
+
+namespace nubivane {
+
+/// The properties of the Symbol that is selected on the map.
+class frmSymbolProperty : public PropertyDialog {
+    Q_OBJECT
+
+  public:
+    frmSymbolProperty(Workspace& workspace, Shell& shell, SpriteOnMap& control, QWidget* parent);
+
+    /// Shows the selected Symbol and waits until the dialog closes; nothing without one.
+    void Init();
+
+    /// The file (path with backslashes) chosen by `openSymbolSelection`; empty for none.
+    void setSelectedSymbol(const QString& path) { SelectedSymbol_ = path; }
+
+    /// Lets the person choose a symbol and hands it to `setSelectedSymbol`.
+    std::function<void(frmSymbolProperty&)> openSymbolSelection;
+
+  protected:
+    void closing(QWidget* active) override { position_.closing(active); }
+
+  private:
+    void fill();
+    void connectCommits();
+    void chooseSymbol();
+    bool commitWidth(const QString& text);
+    bool commitHeight(const QString& text);
+
+    SpriteOnMap& control_;
+    cSymbol* symbol_ = nullptr;
+    QString SelectedSymbol_;
+    QLineEdit* txtFilename_;
+    QToolButton* cmdSymbol_;
+    CheckedField* txtHeight_;
+    CheckedField* txtWidth_;
+    PositionRows position_;
+    TextField* txtLink_;
+    TextField* txtTooltip_;
+    TextField* txtNote_;
+};
+
+}  // namespace nubivane

@@ -1,0 +1,81 @@
+#include "windows/properties/position_rows.h"
+
+#include "engine/core/number_text.h"
+
+namespace nubivane {
+
+namespace {
+
+/// The number of a text where a sprite of an extent may begin on a map of an extent; it is stored
+/// with 16 bits.
+std::optional<qint16> position(const QString& text, int sprite, int map) {
+    const auto value = toNumber(text);
+    const double half = sprite / 2.0;
+    return value && *value >= -half && *value <= map - half ? toInt16(text) : std::nullopt;
+}
+
+}  // namespace
+
+PositionRows::PositionRows(PropertyGrid& grid, const PropertyRow& x, const PropertyRow& y,
+                           Shell& shell, SpriteOnMap& control, const MapSurface& map)
+    : control_(control),
+      map_(map),
+      txtPosX_(grid.addChecked(x, "txtPosX", shell, InvalidValue)),
+      txtPosY_(grid.addChecked(y, "txtPosY", shell, InvalidValue)) {}
+
+void PositionRows::show(qint32& PosX, qint32& PosY, const std::function<bool()>& committing) {
+    PosX_ = &PosX;
+    PosY_ = &PosY;
+    txtPosX_->value = [this] { return QString::number(*PosX_); };
+    txtPosY_->value = [this] { return QString::number(*PosY_); };
+    txtPosX_->apply = [this, committing](const QString& text) {
+        return !committing() || setX(text);
+    };
+    txtPosY_->apply = [this, committing](const QString& text) {
+        return !committing() || setY(text);
+    };
+    txtPosX_->setText(txtPosX_->value());
+    txtPosY_->setText(txtPosY_->value());
+}
+
+bool PositionRows::setX(const QString& text) {
+    const QRect rect = control_.rect();
+    const auto x = position(text, rect.width(), map_.ScaleWidth());
+    if (!x) {
+        return false;
+    }
+    *PosX_ = *x;
+    control_.Move({QPoint(*x, rect.y()), rect.size()});
+    const QRect framed = control_.framedRect();
+    control_.setFramedRect({QPoint(*x, framed.y()), framed.size()});
+    return true;
+}
+
+bool PositionRows::setY(const QString& text) {
+    const QRect rect = control_.rect();
+    const auto y = position(text, rect.height(), map_.ScaleHeight());
+    if (!y) {
+        return false;
+    }
+    *PosY_ = *y;
+    control_.Move({QPoint(rect.x(), *y), rect.size()});
+    const QRect framed = control_.framedRect();
+    control_.setFramedRect({QPoint(framed.x(), *y), framed.size()});
+    return true;
+}
+
+void PositionRows::closing(const QWidget* active) {
+    for (CheckedField* field : {txtPosX_, txtPosY_}) {
+        if (field != active) {
+            continue;
+        }
+        if (toNumber(field->text())) {
+            txtPosX_->commit();
+            txtPosY_->commit();
+        } else {
+            field->refuse();
+        }
+    }
+}
+
+}  // namespace nubivane

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "engine/core/shell.h"
+#include "engine/model/map_surface.h"
+#include "windows/properties/property_grid.h"
+#include "windows/properties/sprite_on_map.h"
+
+#include <functional>
+
+namespace nubivane {
+
+/// What every refusal of a number says.
+inline constexpr char InvalidValue[] = "Invalid value.";
+
+/// The rows X and Y of a sprite. It may lie half outside the map on each side.
+class PositionRows {
+  public:
+    PositionRows(PropertyGrid& grid, const PropertyRow& x, const PropertyRow& y, Shell& shell,
+                 SpriteOnMap& control, const MapSurface& map);
+    PositionRows(const PositionRows&) = delete;
+    PositionRows& operator=(const PositionRows&) = delete;
+
+    /// Shows a sprite's position and writes it from now on, while `committing` says so.
+    void show(qint32& PosX, qint32& PosY, const std::function<bool()>& committing);
+
+    /// On closing with the keyboard in one of the two, both are checked.
+    void closing(const QWidget* active);
+
+  private:
+    bool setX(const QString& text);
+    bool setY(const QString& text);
+
+    SpriteOnMap& control_;
+    const MapSurface& map_;
+    CheckedField* txtPosX_;
+    CheckedField* txtPosY_;
+    qint32* PosX_ = nullptr;
+    qint32* PosY_ = nullptr;
+};
+
+}  // namespace nubivane

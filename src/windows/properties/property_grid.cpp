@@ -1,0 +1,190 @@
+#include "windows/properties/property_grid.h"
+
+#include "windows/widgets/scroll_panel.h"
+
+#include <QEvent>
+#include <QGridLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace nubivane {
+
+namespace {
+
+constexpr int Gap = 5;  // between the caption column and the fields
+constexpr int InfoLines = 2;
+
+QFrame* framed(QWidget* parent, const char* name) {
+    auto* frame = new QFrame(parent);
+    frame->setObjectName(name);
+    frame->setFrameShape(QFrame::StyledPanel);
+    return frame;
+}
+
+QLabel* boldLabel(const QString& text, QWidget* parent) {
+    auto* label = new QLabel(text, parent);
+    QFont font = label->font();
+    font.setBold(true);
+    label->setFont(font);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+/// The layout that holds a row's field.
+QHBoxLayout* lineOf(const QWidget* field) {
+    return static_cast<QHBoxLayout*>(field->parentWidget()->layout());
+}
+
+}  // namespace
+
+PropertyGrid::PropertyGrid(const QString& heading, QWidget* parent)
+    : QWidget(parent),
+      txtType_(boldLabel(heading, this)),
+      fraContainer_(new ScrollPanel(this)),
+      rows_(new QGridLayout(fraContainer_->fraText())) {
+    txtType_->setObjectName("txtType");
+    txtType_->setFrameShape(QFrame::StyledPanel);
+    txtType_->setMargin(3);
+    txtType_->setHidden(heading.isEmpty());
+    rows_->setContentsMargins(6, 2, 4, 2);
+    rows_->setHorizontalSpacing(Gap);
+    rows_->setVerticalSpacing(2);
+    rows_->setColumnStretch(1, 1);
+
+    auto* fraInfo = framed(this, "fraInfo");
+    lblTitleInfo_ = boldLabel({}, fraInfo);
+    lblTitleInfo_->setObjectName("lblTitleInfo");
+    lblInfo_ = new QLabel(fraInfo);
+    lblInfo_->setObjectName("lblInfo");
+    lblInfo_->setWordWrap(true);
+    lblInfo_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    lblInfo_->setMinimumHeight(InfoLines * fontMetrics().lineSpacing());
+    auto* info = new QVBoxLayout(fraInfo);
+    info->setContentsMargins(6, 3, 6, 3);
+    info->setSpacing(1);
+    info->addWidget(lblTitleInfo_);
+    info->addWidget(lblInfo_);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(4);
+    column->addWidget(txtType_);
+    column->addWidget(fraContainer_, 1);
+    column->addWidget(fraInfo);
+}
+
+void PropertyGrid::addSection(const QString& title) {
+    section_ = title;
+    auto* label = boldLabel(title, fraContainer_->fraText());
+    label->setContentsMargins(0, 4, 0, 2);
+    rows_->addWidget(label, line_, 0, 1, 2);
+    finishRow();
+}
+
+QLineEdit* PropertyGrid::addReadOnly(const PropertyRow& row, const QString& name) {
+    auto* field = new QLineEdit;
+    field->setReadOnly(true);
+    field->setFrame(false);
+    // Without a ground of its own it does not look like a field to write in.
+    QPalette colors = field->palette();
+    colors.setColor(QPalette::Base, Qt::transparent);
+    field->setPalette(colors);
+    addRow(row, name, field);
+    return field;
+}
+
+TextField* PropertyGrid::addText(const PropertyRow& row, const QString& name) {
+    auto* field = new TextField;
+    addRow(row, name, field);
+    return field;
+}
+
+CheckedField* PropertyGrid::addChecked(const PropertyRow& row, const QString& name, Shell& shell,
+                                       const char* refusal) {
+    auto* field = new CheckedField(shell, refusal);
+    addRow(row, name, field);
+    return field;
+}
+
+comboEx* PropertyGrid::addChoice(const PropertyRow& row, const QString& name) {
+    auto* field = new comboEx;
+    addRow(row, name, field);
+    return field;
+}
+
+comboColor* PropertyGrid::addColor(const PropertyRow& row, const QString& name) {
+    auto* field = new comboColor;
+    addRow(row, name, field);
+    return field;
+}
+
+QToolButton* PropertyGrid::addWideButton(const PropertyRow& row, const QString& name) {
+    auto* button = new QToolButton;
+    button->setText("...");
+    button->setFocusPolicy(Qt::StrongFocus);
+    addRow(row, name, button);
+    return button;
+}
+
+void PropertyGrid::putBefore(QWidget* field, QWidget* widget, const QString& name) {
+    widget->setObjectName(name);
+    QHBoxLayout* line = lineOf(field);
+    line->insertWidget(line->indexOf(field), widget);
+}
+
+QToolButton* PropertyGrid::addButton(QWidget* field, const QString& name) {
+    auto* button = new QToolButton;
+    button->setObjectName(name);
+    button->setText("...");
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->setAccessibleName(field->accessibleName());
+    lineOf(field)->addWidget(button);
+    explain(button, help_.value(field));
+    return button;
+}
+
+void PropertyGrid::addRow(const PropertyRow& row, const QString& name, QWidget* field) {
+    field->setObjectName(name);
+    field->setAccessibleName((section_ + ' ' + tr(row.caption)).trimmed());
+    field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    field->setMinimumWidth(fontMetrics().averageCharWidth() * 8);
+    auto* cell = new QWidget;
+    auto* line = new QHBoxLayout(cell);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(4);
+    line->addWidget(field);
+    rows_->addWidget(new QLabel(tr(row.caption)), line_, 0);
+    rows_->addWidget(cell, line_, 1);
+    explain(field, row);
+    finishRow();
+}
+
+/// Rules off the row just added and leaves what the panel has too much of below it.
+void PropertyGrid::finishRow() {
+    auto* sepLine = new QWidget;
+    sepLine->setObjectName("sepLine" + QString::number(++separators_));
+    sepLine->setFixedHeight(1);
+    sepLine->setAutoFillBackground(true);
+    sepLine->setBackgroundRole(QPalette::Mid);
+    rows_->addWidget(sepLine, line_ + 1, 0, 1, 2);
+    rows_->setRowStretch(line_, 0);
+    line_ += 2;
+    rows_->setRowStretch(line_, 1);
+}
+
+void PropertyGrid::explain(QWidget* field, const PropertyRow& row) {
+    help_.insert(field, row);
+    field->installEventFilter(this);
+}
+
+bool PropertyGrid::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) {
+        const PropertyRow row = help_.value(watched);
+        lblTitleInfo_->setText(tr(row.helpTitle));
+        lblInfo_->setText(tr(row.help));
+        fraContainer_->ensureVisible(*static_cast<QWidget*>(watched)->parentWidget());
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+}  // namespace nubivane

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "engine/model/forecast.h"
+#include "windows/properties/font_rows.h"
+#include "windows/properties/property_grid.h"
+
+namespace nubivane {
+
+/// The rows of a header or body item of a forecast text.
+class TextItemRows {
+  public:
+    /// `part` stands in the fields' names, "Header" or "Body".
+    TextItemRows(PropertyGrid& grid, const QString& part, const char* textHelp);
+    TextItemRows(const TextItemRows&) = delete;
+    TextItemRows& operator=(const TextItemRows&) = delete;
+
+    /// Shows an item and writes it from now on; nothing empties the rows.
+    void show(TextItem* item);
+
+  private:
+    void fill(const char* yes);
+    bool committing() const { return item_ && !filling_; }
+
+    TextItem* item_ = nullptr;
+    bool filling_ = false;
+    FontRows font_;
+    comboColor* cboBackcolor_;
+    TextField* txtText_;
+};
+
+}  // namespace nubivane

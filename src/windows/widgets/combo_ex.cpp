@@ -1,0 +1,31 @@
+#include "windows/widgets/combo_ex.h"
+
+#include <QAbstractItemView>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+namespace nubivane {
+
+comboEx::comboEx(QWidget* parent) : QComboBox(parent) {
+    setFocusPolicy(Qt::StrongFocus);
+    setMaxVisibleItems(14);
+    // Some styles would otherwise cover the whole screen with a long list.
+    setStyleSheet("QComboBox { combobox-popup: 0; }");
+}
+
+void comboEx::showPopup() {
+    QAbstractItemView& list = *view();
+    list.setMinimumWidth(list.sizeHintForColumn(0) + list.verticalScrollBar()->sizeHint().width() +
+                         2 * list.frameWidth());
+    QComboBox::showPopup();
+}
+
+void comboEx::wheelEvent(QWheelEvent* event) {
+    if (hasFocus()) {
+        QComboBox::wheelEvent(event);
+    } else {
+        event->ignore();
+    }
+}
+
+}  // namespace nubivane

@@ -1,0 +1,55 @@
+#include "windows/widgets/prompt_edit.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+
+namespace nubivane {
+
+namespace {
+
+/// The keyboard comes from, or goes to, another window or this one's own menu.
+bool staysInPlace(const QFocusEvent& event) {
+    return event.reason() == Qt::ActiveWindowFocusReason ||
+           event.reason() == Qt::PopupFocusReason || event.reason() == Qt::MenuBarFocusReason;
+}
+
+}  // namespace
+
+PromptEdit::PromptEdit(const QString& prompt, QWidget* parent)
+    : QPlainTextEdit(parent), prompt_(prompt) {
+    setTabChangesFocus(true);
+    showPrompt();
+}
+
+void PromptEdit::setTextColor(QPalette::ColorRole role) {
+    QPalette colors = QApplication::palette(this);
+    colors.setColor(QPalette::Text, colors.color(role));
+    setPalette(colors);
+}
+
+void PromptEdit::showPrompt() {
+    setPlainText(prompt_);
+    setTextColor(QPalette::PlaceholderText);
+}
+
+void PromptEdit::focusInEvent(QFocusEvent* event) {
+    QPlainTextEdit::focusInEvent(event);
+    if (toPlainText() == prompt_) {
+        clear();
+        setTextColor(QPalette::Text);
+    }
+    if (!staysInPlace(*event)) {
+        // After the press that may have brought the keyboard has placed the cursor.
+        QMetaObject::invokeMethod(this, &QPlainTextEdit::selectAll, Qt::QueuedConnection);
+    }
+}
+
+void PromptEdit::focusOutEvent(QFocusEvent* event) {
+    QPlainTextEdit::focusOutEvent(event);
+    if (!staysInPlace(*event) && toPlainText().trimmed().isEmpty() &&
+        !quiet_.contains(QApplication::focusWidget())) {
+        showPrompt();
+    }
+}
+
+}  // namespace nubivane

@@ -1,0 +1,68 @@
+#include "windows/widgets/text_field.h"
+
+#include "engine/core/shell.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QTimer>
+
+#include <limits>
+
+namespace nubivane {
+
+TextField::TextField(QWidget* parent) : QLineEdit(parent) {
+    // What a project holds is never cut short by being looked at.
+    setMaxLength(std::numeric_limits<int>::max());
+}
+
+void TextField::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        entered();
+        selectAll();
+        event->accept();
+        return;
+    }
+    QLineEdit::keyPressEvent(event);
+}
+
+void TextField::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    switch (event->reason()) {
+        case Qt::ActiveWindowFocusReason:
+        case Qt::PopupFocusReason:
+        case Qt::MenuBarFocusReason:
+            break;  // the field keeps its place and gets the keyboard back
+        default:
+            left();
+    }
+}
+
+CheckedField::CheckedField(Shell& shell, const char* refusal, QWidget* parent)
+    : TextField(parent), shell_(shell), refusal_(refusal) {}
+
+bool CheckedField::take() {
+    const bool good = apply(text());
+    setText(value());
+    return good;
+}
+
+void CheckedField::commit() {
+    if (apply && !take()) {
+        refuse();
+    }
+}
+
+void CheckedField::refuse() {
+    setText(value());
+    shell_.messageBox({refusal_, Icon::Critical, Buttons::Ok, {}});
+    selectAll();
+}
+
+void CheckedField::left() {
+    if (apply && !take()) {
+        // A box in the middle of a change of focus would swallow the click that caused it.
+        QTimer::singleShot(0, this, &CheckedField::refuse);
+    }
+}
+
+}  // namespace nubivane

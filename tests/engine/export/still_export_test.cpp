@@ -1,0 +1,99 @@
+#include "engine/export/still_export.h"
+
+#include "engine/core/error.h"
+#include "engine/export/export_stage.h"
+#include "engine/export/stage_fixture.h"
+#include "engine/picture/image_codec.h"
+
+namespace nubivane::testing {
+
+namespace {
+
+class StillExport : public StageFixture {
+  protected:
+    void save(const QString& name) { saveMapFile(workspace, 1, output(name), watcher); }
+
+    int errorOf(const QString& name) {
+        try {
+            save(name);
+        } catch (const Error& error) {
+            lastError = error.description();
+            return error.number();
+        }
+        return 0;
+    }
+
+    QString lastError;
+};
+
+}  // namespace
+
+TEST_F(StillExport, WritesTheStageInEachFormat) {
+    makeSymbol("dot.gif", {5, 5});
+    addSymbol("dot.gif", {7, 9});
+    const QImage stage = renderFrame(workspace, 1);
+    for (const char* name : {"a.bmp", "a.gif", "a.png", "a.tif"}) {
+        save(name);
+        const QByteArray bytes = readFile(outputHost(name));
+        EXPECT_EQ(probePicture(bytes).format, formatOfExtension(QString(name).right(3))) << name;
+        EXPECT_EQ(decodePicture(bytes).convertToFormat(QImage::Format_RGB32), stage) << name;
+    }
+    save("a.jpg");
+    const QByteArray jpeg = readFile(outputHost("a.jpg"));
+    EXPECT_EQ(probePicture(jpeg).format, PictureFormat::Jpeg);
+    EXPECT_EQ(probePicture(jpeg).size, QSize(60, 40));
+}
+
+TEST_F(StillExport, AMovingSymbolShowsItsFirstImage) {
+    makeSymbol("dot.gif", {5, 5});
+    addSymbol("dot.gif", {0, 0});
+    save("a.png");
+    EXPECT_EQ(decodePicture(readFile(outputHost("a.png"))).pixel(0, 0), Red);
+}
+
+TEST_F(StillExport, AStageThatServesSeveralFramesShowsEachAlone) {
+    workspace.Frames().Add();
+    workspace.pctPanel.resize(2);
+    workspace.pctPanel.setPicture(2, Picture(plainImage({80, 30}, Qt::green)));
+    makeSymbol("dot.gif", {5, 5});
+    addSymbol("dot.gif", {7, 9}, 1);
+    addLabel("rain", {20, 5}, -1, 1);
+    addSymbol("dot.gif", {3, 3}, 2);
+    ExportStage stage;
+    for (const qint32 frame : {1, 2, 1}) {
+        saveMapFile(stage, contentOf(workspace, frame), output("a.png"), watcher);
+        EXPECT_EQ(
+            decodePicture(readFile(outputHost("a.png"))).convertToFormat(QImage::Format_RGB32),
+            renderFrame(workspace, frame))
+            << frame;
+    }
+}
+
+TEST_F(StillExport, TheEndOfTheNameMayHaveAnyCase) {
+    save("map.JPG");
+    EXPECT_EQ(probePicture(readFile(outputHost("map.JPG"))).format, PictureFormat::Jpeg);
+}
+
+TEST_F(StillExport, ExactlyThreeCharactersDecide) {
+    for (const char* name : {"map.jpeg", "map.tiff", "map", "map.", "map.webp", "a", ""}) {
+        EXPECT_EQ(errorOf(name), -1001) << name;
+        EXPECT_EQ(lastError, "Unsupported format") << name;
+    }
+    EXPECT_EQ(outputs(), QStringList());
+    // Not the extension: what stands before the three does not matter.
+    save("mapgif");
+    EXPECT_EQ(outputs(), QStringList({"mapgif"}));
+}
+
+TEST_F(StillExport, AFolderThatCannotBeWrittenIsToldAndNothingIsLeft) {
+    EXPECT_EQ(errorOf("none\\a.png"), error_number::FileAccess);
+    EXPECT_EQ(outputs(), QStringList());
+    EXPECT_TRUE(temporaryFolderIsGone());
+}
+
+TEST_F(StillExport, ProgressGoesItsSteps) {
+    save("a.png");
+    EXPECT_EQ(watcher.told, QStringList({"45", "70", "90", "100"}));
+}
+
+}  // namespace nubivane::testing

@@ -1,0 +1,179 @@
+#include "engine/model/forecast.h"
+
+#include "engine/model/frames.h"
+#include "support/fixtures.h"
+
+namespace nubivane {
+
+namespace {
+
+template <class List>
+auto& addItem(List& list, const QString& fontSize = "10") {
+    return list.Add(255, 65280, "Verdana", fontSize, 3, true, false, true, false, true, "a text");
+}
+
+template <class Object>
+QStringList slotsOf(const Object& object) {
+    QStringList names;
+    Object::forEachSlot(object, [&](const char* name, const auto&) { names += name; });
+    return names;
+}
+
+const QStringList lineSlots = {
+    "textKey",       "Border",       "BorderColor",       "FontBold",  "FontItalic",
+    "FontUnderline", "FontOverline", "FontStrikethourht", "Forecolor", "BackColor",
+    "FontName",      "FontSize",     "IndexFontSize",     "Align",     "Text"};
+
+void expectLineDefaults(const TextLine& line, qint16 fontSize) {
+    EXPECT_EQ(line.textKey, "");
+    EXPECT_EQ(line.Border, 0);
+    EXPECT_EQ(line.BorderColor, 0);
+    EXPECT_FALSE(line.FontBold);
+    EXPECT_FALSE(line.FontItalic);
+    EXPECT_FALSE(line.FontUnderline);
+    EXPECT_FALSE(line.FontOverline);
+    EXPECT_FALSE(line.FontStrikethourht);
+    EXPECT_EQ(line.Forecolor, 0);
+    EXPECT_EQ(line.BackColor, -1);
+    EXPECT_EQ(line.FontName, "Arial");
+    EXPECT_EQ(line.FontSize, fontSize);
+    EXPECT_EQ(line.IndexFontSize, 0);
+    EXPECT_EQ(line.Align, 0);
+    EXPECT_EQ(line.Text, "");
+}
+
+void expectItemDefaults(const TextItem& item) {
+    EXPECT_EQ(item.FontName, "Arial");
+    EXPECT_EQ(item.FontSize, 8);
+    EXPECT_EQ(item.IndexFontSize, 0);
+    EXPECT_FALSE(item.FontBold);
+    EXPECT_FALSE(item.FontItalic);
+    EXPECT_FALSE(item.FontUnderline);
+    EXPECT_FALSE(item.FontOverline);
+    EXPECT_FALSE(item.FontStrikethourht);
+    EXPECT_EQ(item.Forecolor, 0);
+    EXPECT_EQ(item.BackColor, 16777215);
+    EXPECT_EQ(item.Text, "");
+}
+
+}  // namespace
+
+TEST(Forecast, AnEmptyFrameHasABoxTwoLinesAndTwoEmptyLists) {
+    cFrame frame;
+    cForecast& forecast = frame.Texts().Forecast();
+    EXPECT_EQ(forecast.Div().BackColor, -1);
+    EXPECT_EQ(forecast.Div().Border, 0);
+    EXPECT_EQ(forecast.Div().BorderColor, 16777215);
+    EXPECT_EQ(forecast.Header().Count(), 0);
+    EXPECT_EQ(forecast.Body().Count(), 0);
+}
+
+TEST(Forecast, AFreshTitleHasSize24) {
+    expectLineDefaults(cTitle(), 24);
+}
+
+TEST(Forecast, AFreshSubtitleIsArial14WithoutBackground) {
+    expectLineDefaults(cSubtitle(), 14);
+}
+
+TEST(Forecast, AFreshItemHasAWhiteBackgroundAndBlackText) {
+    expectItemDefaults(cHeaderAttribute());
+    expectItemDefaults(cBodyAttribute());
+}
+
+TEST(Forecast, PropertiesStandInTheirOrder) {
+    EXPECT_EQ(slotsOf(cDiv()), QStringList({"BackColor", "Border", "BorderColor"}));
+    EXPECT_EQ(slotsOf(cTitle()), lineSlots);
+    EXPECT_EQ(slotsOf(cSubtitle()), lineSlots);
+    EXPECT_EQ(slotsOf(cHeaderAttribute()),
+              QStringList({"textKey", "FontName", "FontSize", "FontBold", "FontUnderline",
+                           "FontOverline", "FontStrikethourht", "FontItalic", "Forecolor",
+                           "BackColor", "IndexFontSize", "Text"}));
+    EXPECT_EQ(slotsOf(cBodyAttribute()),
+              QStringList({"textKey", "FontBold", "FontUnderline", "FontOverline",
+                           "FontStrikethourht", "FontItalic", "Forecolor", "BackColor", "FontName",
+                           "FontSize", "IndexFontSize", "Text"}));
+}
+
+template <class List>
+class ForecastList : public ::testing::Test {};
+using Lists = ::testing::Types<cHeader, cBody>;
+TYPED_TEST_SUITE(ForecastList, Lists);
+
+TYPED_TEST(ForecastList, AddSetsEveryArgument) {
+    TypeParam list;
+    const auto& item = addItem(list);
+    EXPECT_EQ(item.BackColor, 255);
+    EXPECT_EQ(item.Forecolor, 65280);
+    EXPECT_EQ(item.FontName, "Verdana");
+    EXPECT_EQ(item.FontSize, 10);
+    EXPECT_EQ(item.IndexFontSize, 3);
+    EXPECT_TRUE(item.FontBold);
+    EXPECT_FALSE(item.FontItalic);
+    EXPECT_TRUE(item.FontUnderline);
+    EXPECT_FALSE(item.FontOverline);
+    EXPECT_TRUE(item.FontStrikethourht);
+    EXPECT_EQ(item.Text, "a text");
+    EXPECT_EQ(&list.Item(1), &item);
+    EXPECT_EQ(&list.Item(item.textKey), &item);
+}
+
+TYPED_TEST(ForecastList, ItalicAndOverlineHaveAPlaceOfTheirOwn) {
+    TypeParam list;
+    const auto& item = list.Add(0, 0, "", "8", 0, false, true, false, true, false, "");
+    EXPECT_FALSE(item.FontBold);
+    EXPECT_TRUE(item.FontItalic);
+    EXPECT_FALSE(item.FontUnderline);
+    EXPECT_TRUE(item.FontOverline);
+    EXPECT_FALSE(item.FontStrikethourht);
+}
+
+TYPED_TEST(ForecastList, AFontSizeThatIsNoNumberLeavesTheListAsItWas) {
+    TypeParam list;
+    const QString firstKey = addItem(list).textKey;
+    for (const char* size : {"abc", "", "32768", "8 pt"}) {
+        try {
+            addItem(list, size);
+            ADD_FAILURE() << size;
+        } catch (const Error& error) {
+            EXPECT_EQ(error.number(), error_number::TypeMismatch);
+        }
+    }
+    EXPECT_EQ(list.Count(), 1);
+    EXPECT_EQ(list.Item(1).textKey, firstKey);
+    const int first = firstKey.mid(2).toInt();
+    EXPECT_EQ(addItem(list).textKey, "K-" + QString::number(first + 1));
+}
+
+TYPED_TEST(ForecastList, PositionsCloseUpOnRemove) {
+    TypeParam list;
+    addItem(list).Text = "one";
+    addItem(list).Text = "two";
+    addItem(list).Text = "three";
+    list.Remove(2);
+    EXPECT_EQ(list.Count(), 2);
+    EXPECT_EQ(list.Item(2).Text, "three");
+}
+
+TYPED_TEST(ForecastList, UnknownKeysAndPositionsAreErrors) {
+    TypeParam list;
+    EXPECT_THROW(list.Item(1), Error);
+    EXPECT_THROW(list.Item("K-0"), Error);
+    EXPECT_THROW(list.Remove(0), Error);
+    EXPECT_THROW(list.Remove("K-1"), Error);
+}
+
+TEST(Forecast, TheFirstHeaderItemIsK0AndItsNumberIsNotIssuedAgain) {
+    cHeader header;
+    EXPECT_EQ(addItem(header).textKey, "K-0");
+    header.Remove("K-0");
+    EXPECT_EQ(addItem(header).textKey, "K-1");
+}
+
+TEST(Forecast, TheFirstBodyItemIsK1) {
+    cBody body;
+    EXPECT_EQ(addItem(body).textKey, "K-1");
+    EXPECT_EQ(addItem(body).textKey, "K-2");
+}
+
+}  // namespace nubivane

@@ -1,0 +1,321 @@
+#include "engine/model/sprites.h"
+
+#include "engine/model/frames.h"
+#include "support/fixtures.h"
+
+namespace nubivane {
+
+namespace {
+
+cLabel& addLabel(cLabels& labels, const QString& fontSize = "8", const QString& border = "1") {
+    return labels.Add(3, "lblTesto", 4, 20, 50, 30, 40, "a text", "Arial", fontSize, true, false,
+                      true, false, true, NoColor, 255, border, 65280, "a note");
+}
+
+cSymbol& addSymbol(cSymbols& symbols) {
+    return symbols.Add(3, "gifSymbol", 4, 20, 50, 30, 40, "C:\\a.gif", "C:\\b.gif", "a link",
+                       "a tip", "a note");
+}
+
+template <class Work>
+int errorNumberOf(Work work) {
+    try {
+        work();
+    } catch (const Error& error) {
+        return error.number();
+    }
+    return 0;
+}
+
+template <class Object>
+QStringList slotsOf(const Object& object) {
+    QStringList names;
+    Object::forEachSlot(object, [&](const char* name, const auto&) { names += name; });
+    return names;
+}
+
+/// True when every property is empty, zero or false.
+template <class Object>
+bool isBlank(const Object& object) {
+    bool blank = true;
+    Object::forEachSlot(object, [&](const char*, const auto& value) {
+        blank = blank && value == std::decay_t<decltype(value)>();
+    });
+    return blank;
+}
+
+}  // namespace
+
+TEST(Sprites, ALabelHasItsPropertiesInOrderAndStartsBlank) {
+    EXPECT_EQ(slotsOf(cLabel()), QStringList({"Key_",          "Name",         "Type_",
+                                              "Index",         "Frame",        "Width",
+                                              "Height",        "FontName",     "FontSize",
+                                              "Forecolor",     "BackColor",    "Border",
+                                              "BorderColor",   "FontBold",     "FontItalic",
+                                              "FontUnderline", "FontOverline", "FontStrikethourht",
+                                              "PosX",          "PosY",         "Text",
+                                              "Note"}));
+    EXPECT_TRUE(isBlank(cLabel()));
+}
+
+TEST(Sprites, ASymbolHasItsPropertiesInOrderAndStartsBlank) {
+    EXPECT_EQ(slotsOf(cSymbol()),
+              QStringList({"Key_", "Name", "Type_", "Frame", "PosX", "PosY", "Width", "Height",
+                           "FileGif", "PathFileGif", "Index", "Link", "Tooltip", "Note"}));
+    EXPECT_TRUE(isBlank(cSymbol()));
+}
+
+TEST(Sprites, AddSetsEveryPropertyOfALabel) {
+    cLabels labels;
+    const cLabel& label = addLabel(labels, "12", "1");
+    EXPECT_EQ(label.Key_, "K-1");
+    EXPECT_EQ(label.Name, "lblTesto");
+    EXPECT_EQ(label.Type_, 2);
+    EXPECT_EQ(label.Index, 4);
+    EXPECT_EQ(label.Frame, 3);
+    EXPECT_EQ(label.Width, 50);
+    EXPECT_EQ(label.Height, 20);
+    EXPECT_EQ(label.FontName, "Arial");
+    EXPECT_EQ(label.FontSize, 12);
+    EXPECT_EQ(label.Forecolor, 255);
+    EXPECT_EQ(label.BackColor, -1);
+    EXPECT_EQ(label.Border, 1);
+    EXPECT_EQ(label.BorderColor, 65280);
+    EXPECT_TRUE(label.FontBold);
+    EXPECT_FALSE(label.FontItalic);
+    EXPECT_TRUE(label.FontUnderline);
+    EXPECT_FALSE(label.FontOverline);
+    EXPECT_TRUE(label.FontStrikethourht);
+    EXPECT_EQ(label.PosX, 30);
+    EXPECT_EQ(label.PosY, 40);
+    EXPECT_EQ(label.Text, "a text");
+    EXPECT_EQ(label.Note, "a note");
+}
+
+TEST(Sprites, TheOtherTwoFontFlagsHaveAPlaceOfTheirOwn) {
+    cLabels labels;
+    const cLabel& label = labels.Add(1, "lblTesto", 1, 1, 1, 1, 1, "", "Arial", "8", false, true,
+                                     false, true, false, 0, 0, "0", 0, "");
+    EXPECT_FALSE(label.FontBold);
+    EXPECT_TRUE(label.FontItalic);
+    EXPECT_FALSE(label.FontUnderline);
+    EXPECT_TRUE(label.FontOverline);
+    EXPECT_FALSE(label.FontStrikethourht);
+}
+
+TEST(Sprites, AddSetsEveryPropertyOfASymbol) {
+    cSymbols symbols;
+    const cSymbol& symbol = addSymbol(symbols);
+    EXPECT_EQ(symbol.Key_, "K-1");
+    EXPECT_EQ(symbol.Name, "gifSymbol");
+    EXPECT_EQ(symbol.Type_, 1);
+    EXPECT_EQ(symbol.Frame, 3);
+    EXPECT_EQ(symbol.PosX, 30);
+    EXPECT_EQ(symbol.PosY, 40);
+    EXPECT_EQ(symbol.Width, 50);
+    EXPECT_EQ(symbol.Height, 20);
+    EXPECT_EQ(symbol.FileGif, "C:\\a.gif");
+    EXPECT_EQ(symbol.PathFileGif, "C:\\b.gif");
+    EXPECT_EQ(symbol.Index, 4);
+    EXPECT_EQ(symbol.Link, "a link");
+    EXPECT_EQ(symbol.Tooltip, "a tip");
+    EXPECT_EQ(symbol.Note, "a note");
+}
+
+TEST(Sprites, AKeyFreedByRemoveIsNotIssuedAgain) {
+    cLabels labels;
+    EXPECT_EQ(addLabel(labels).Key_, "K-1");
+    EXPECT_EQ(addLabel(labels).Key_, "K-2");
+    EXPECT_EQ(addLabel(labels).Key_, "K-3");
+    labels.Remove("K-2");
+    EXPECT_EQ(addLabel(labels).Key_, "K-4");
+    EXPECT_EQ(labels.Count(), 3);
+}
+
+TEST(Sprites, RemovalClosesTheGapAndKeysFollow) {
+    cSymbols symbols;
+    for (int i = 0; i < 4; ++i) {
+        addSymbol(symbols);
+    }
+    symbols.Remove(2);
+    EXPECT_EQ(symbols.Item(1).Key_, "K-1");
+    EXPECT_EQ(symbols.Item(2).Key_, "K-3");
+    EXPECT_EQ(symbols.Item(3).Key_, "K-4");
+    EXPECT_EQ(&symbols.Item("K-4"), &symbols.Item(3));
+    EXPECT_FALSE(symbols.contains("K-2"));
+}
+
+TEST(Sprites, ItemsKeepTheirAddressWhileTheyLive) {
+    cSymbols symbols;
+    const cSymbol* const first = &addSymbol(symbols);
+    for (int i = 0; i < 100; ++i) {
+        addSymbol(symbols);
+    }
+    symbols.Remove("K-2");
+    EXPECT_EQ(&symbols.Item("K-1"), first);
+}
+
+TEST(Sprites, UnknownKeysAndPositionsAreErrors) {
+    cLabels labels;
+    addLabel(labels);
+    EXPECT_EQ(errorNumberOf([&] { labels.Item("K-2"); }), error_number::InvalidArgument);
+    EXPECT_EQ(errorNumberOf([&] { labels.Item(""); }), error_number::InvalidArgument);
+    EXPECT_EQ(errorNumberOf([&] { labels.Remove("K-2"); }), error_number::InvalidArgument);
+    EXPECT_EQ(errorNumberOf([&] { labels.Item(0); }), error_number::OutOfRange);
+    EXPECT_EQ(errorNumberOf([&] { labels.Item(-1); }), error_number::OutOfRange);
+    EXPECT_EQ(errorNumberOf([&] { labels.Item(2); }), error_number::OutOfRange);
+    EXPECT_EQ(errorNumberOf([&] { labels.Remove(2); }), error_number::OutOfRange);
+    EXPECT_EQ(labels.Count(), 1);
+}
+
+TEST(Sprites, TextFormsAreConvertedToNumbers) {
+    cLabels labels;
+    EXPECT_EQ(addLabel(labels, " 10 ", "0").FontSize, 10);
+    EXPECT_EQ(addLabel(labels, "8.5", "0").FontSize, 8);
+    EXPECT_EQ(addLabel(labels, "9.5", "0").FontSize, 10);
+    EXPECT_EQ(addLabel(labels, "70000", "0").FontSize, 70000);
+    EXPECT_EQ(addLabel(labels, "8", "-32768").Border, -32768);
+}
+
+TEST(Sprites, ATextThatIsNoNumberIsAnErrorAndLeavesTheListAsItWas) {
+    cLabels labels;
+    for (const auto& [fontSize, border] :
+         {std::pair{"abc", "0"}, std::pair{"", "0"}, std::pair{"2147483648", "0"},
+          std::pair{"8", "thick"}, std::pair{"8", ""}, std::pair{"8", "32768"}}) {
+        EXPECT_EQ(
+            errorNumberOf([&, size = fontSize, line = border] { addLabel(labels, size, line); }),
+            error_number::TypeMismatch)
+            << fontSize << ", " << border;
+    }
+    EXPECT_EQ(labels.Count(), 0);
+    EXPECT_EQ(addLabel(labels).Key_, "K-1");
+}
+
+TEST(Sprites, ASymbolAndALabelOfOneFrameBothGetK1) {
+    cSprites sprites;
+    cSymbol* const symbol = &addSymbol(sprites.Symbols());
+    cLabel* const label = &addLabel(sprites.Labels());
+    EXPECT_EQ(symbol->Key_, "K-1");
+    EXPECT_EQ(label->Key_, "K-1");
+    EXPECT_EQ(std::get<cSymbol*>(sprites.eval("1", "K-1")), symbol);
+    EXPECT_EQ(std::get<cLabel*>(sprites.eval("2", "K-1")), label);
+}
+
+TEST(Sprites, EvalOfAnotherKindGivesNothing) {
+    cSprites sprites;
+    addSymbol(sprites.Symbols());
+    for (const char* type : {"3", "", "0", " 1", "01", "12"}) {
+        EXPECT_TRUE(std::holds_alternative<std::monostate>(sprites.eval(type, "K-1"))) << type;
+    }
+}
+
+TEST(Sprites, EvalOfAnUnknownKeyIsAnError) {
+    cSprites sprites;
+    EXPECT_EQ(errorNumberOf([&] { sprites.eval("1", "K-1"); }), error_number::InvalidArgument);
+    EXPECT_EQ(errorNumberOf([&] { sprites.eval("2", "K-1"); }), error_number::InvalidArgument);
+}
+
+TEST(Sprites, EvalSpriteGivesTheListOfAKind) {
+    cSprites sprites;
+    EXPECT_EQ(std::get<cSymbols*>(sprites.evalSprite("1")), &sprites.Symbols());
+    EXPECT_EQ(std::get<cLabels*>(sprites.evalSprite("2")), &sprites.Labels());
+}
+
+TEST(Sprites, EvalSpriteOf3GivesNothingAndNoError) {
+    cSprites sprites;
+    EXPECT_TRUE(std::holds_alternative<std::monostate>(sprites.evalSprite("3")));
+    EXPECT_TRUE(std::holds_alternative<std::monostate>(sprites.evalSprite("")));
+}
+
+TEST(Sprites, ItemGivesTheSymbolEvenWhenALabelHasTheKeyToo) {
+    cSprites sprites;
+    addLabel(sprites.Labels());
+    cSymbol* const symbol = &addSymbol(sprites.Symbols());
+    EXPECT_EQ(&sprites.Item("K-1"), symbol);
+}
+
+TEST(Sprites, ItemOfALabelsKeyAloneIsAnError) {
+    cSprites sprites;
+    addLabel(sprites.Labels());
+    EXPECT_EQ(errorNumberOf([&] { sprites.Item("K-1"); }), error_number::InvalidArgument);
+}
+
+TEST(Sprites, CountIsThatOfSymbolsAndLabelsTogether) {
+    cSprites sprites;
+    EXPECT_EQ(sprites.Count(), 0);
+    addLabel(sprites.Labels());
+    addSymbol(sprites.Symbols());
+    addSymbol(sprites.Symbols());
+    EXPECT_EQ(sprites.Count(), 3);
+}
+
+TEST(Sprites, RemovaAllOnNoSpritesDoesNothing) {
+    cSprites sprites;
+    sprites.RemovaAll();
+    EXPECT_EQ(sprites.Count(), 0);
+    EXPECT_EQ(addLabel(sprites.Labels()).Key_, "K-1");
+}
+
+TEST(Sprites, AfterRemovaAllTheKeyCountersGoOn) {
+    cSprites sprites;
+    addLabel(sprites.Labels());
+    addSymbol(sprites.Symbols());
+    addSymbol(sprites.Symbols());
+    sprites.RemovaAll();
+    EXPECT_EQ(sprites.Count(), 0);
+    EXPECT_EQ(addLabel(sprites.Labels()).Key_, "K-2");
+    EXPECT_EQ(addSymbol(sprites.Symbols()).Key_, "K-3");
+}
+
+TEST(Sprites, CopyOfALabelHasEveryPropertyAndStandsInNoList) {
+    cLabels labels;
+    cLabel& source = addLabel(labels);
+    source.Index = 9;
+    const std::unique_ptr<cLabel> copy = labels.Copy(source);
+    QStringList ofSource;
+    QStringList ofCopy;
+    const auto write = [](QStringList& list) {
+        return [&list](const char*, const auto& value) {
+            if constexpr (std::is_same_v<std::decay_t<decltype(value)>, QString>) {
+                list += value;
+            } else {
+                list += QString::number(value);
+            }
+        };
+    };
+    cLabel::forEachSlot(source, write(ofSource));
+    cLabel::forEachSlot(*copy, write(ofCopy));
+    EXPECT_EQ(ofCopy, ofSource);
+    EXPECT_EQ(copy->Key_, "K-1");
+    EXPECT_NE(copy.get(), &source);
+    EXPECT_EQ(labels.Count(), 1);
+    EXPECT_EQ(addLabel(labels).Key_, "K-2");
+}
+
+TEST(Sprites, CopyOfASymbolIsASymbolOfItsOwn) {
+    cSymbols symbols;
+    cSymbol& source = addSymbol(symbols);
+    const std::unique_ptr<cSymbol> copy = symbols.Copy(source);
+    copy->PosX = 1000;
+    EXPECT_EQ(source.PosX, 30);
+    EXPECT_EQ(copy->Key_, "K-1");
+    EXPECT_EQ(copy->Type_, 1);
+    EXPECT_EQ(copy->PathFileGif, "C:\\b.gif");
+    EXPECT_EQ(copy->Tooltip, "a tip");
+    EXPECT_EQ(symbols.Count(), 1);
+}
+
+TEST(Sprites, AWalkGoesInTheOrderOfAdd) {
+    cSymbols symbols;
+    for (int i = 0; i < 3; ++i) {
+        addSymbol(symbols);
+    }
+    symbols.Remove(1);
+    QStringList keys;
+    for (const cSymbol& symbol : symbols) {
+        keys += symbol.Key_;
+    }
+    EXPECT_EQ(keys, QStringList({"K-2", "K-3"}));
+}
+
+}  // namespace nubivane

@@ -1,0 +1,108 @@
+#pragma once
+
+#include "engine/upload/upload_commands.h"
+#include "engine/upload/upload_plan.h"
+#include "support/ftp_servers.h"
+
+#include <QFileInfo>
+
+#include <functional>
+
+namespace nubivane::testing {
+
+/// A view that writes down what it was shown, and lets a test act at each text.
+class RecordingUploadView : public UploadView {
+  public:
+    explicit RecordingUploadView(QStringList& log) : log_(log) {}
+
+    QStringList infos;
+    QList<int> percents;
+    QList<FtpTab> tabs;
+    bool open = false;
+    std::function<void()> atInfo;
+
+    void openFtpSettings(FtpTab tab) override { tabs << tab; }
+    void Init(const QString& caption) override {
+        log_ << "open " + caption;
+        open = true;
+    }
+    void setInfo(const QString& text) override {
+        infos << text;
+        if (atInfo) {
+            atInfo();
+        }
+    }
+    void setProgress(int percent) override { percents << percent; }
+    void disableCancel() override { log_ << "disableCancel"; }
+    void close() override {
+        log_ << "close";
+        open = false;
+    }
+
+  private:
+    QStringList& log_;
+};
+
+/// A whole site in a program folder, and the commands that send it. The calls to both views stand
+/// in `view.calls` in their order.
+class UploadTest : public WorkspaceFixture {
+  protected:
+    UploadTest() {
+        for (const char* file : {"Maps/europe.jpg", "Forecast.htm", "Forecast.js",
+                                 "Web/Forecast1.jpg", "Web/Forecast2.jpg"}) {
+            writeFile(host(file), QByteArray("content of ") + file);
+        }
+        while (workspace.Frames().Count() < 2) {
+            workspace.Frames().Add();
+        }
+        useServer("127.0.0.1");
+    }
+
+    void useServer(const QString& hostName) {
+        settings.set(Setting::FtpUrl, hostName);
+        settings.set(Setting::FtpUserName, FtpUser);
+        settings.set(Setting::FtpPassword, FtpPassword);
+        settings.set(Setting::FtpNubivaneFolder, "nVane");
+    }
+
+    void choose(bool symbols, bool maps, bool htmlPage) {
+        settings.set(Setting::UploadSymbols, symbols ? "1" : "0");
+        settings.set(Setting::UploadMaps, maps ? "1" : "0");
+        settings.set(Setting::UploadHtmlPage, htmlPage ? "1" : "0");
+    }
+
+    /// What a server holds when all has arrived, by path below its root.
+    QMap<QString, QByteArray> wholeSite() const {
+        QMap<QString, QByteArray> files;
+        for (const QString& file :
+             {QStringLiteral("Symbols/sea/wave.png"), QStringLiteral("Symbols/set-1/rain.gif"),
+              QStringLiteral("Symbols/set-1/snow.gif"), QStringLiteral("Symbols/set-1/sun.gif"),
+              QStringLiteral("Maps/europe.jpg"), QStringLiteral("Forecast.htm"),
+              QStringLiteral("Forecast.js"), QStringLiteral("Web/Forecast1.jpg"),
+              QStringLiteral("Web/Forecast2.jpg")}) {
+            files.insert("nVane/" + file, readFile(host(file)));
+        }
+        return files;
+    }
+
+    /// After a run, however it ended.
+    void expectAllClosed() const {
+        EXPECT_FALSE(window.open);
+        EXPECT_FALSE(view.calls.isEmpty());
+        EXPECT_EQ(view.calls.lastIndexOf("enable") > view.calls.lastIndexOf("disable"), true);
+        EXPECT_EQ(shell.pointer, Pointer::Default);
+    }
+
+    /// Short limits, and the port of a server of this machine in the place of 21.
+    static FtpOptions limitsFor(const FtpServerProcess& server) {
+        FtpOptions options = shortLimits();
+        options.port = server.port();
+        return options;
+    }
+
+    RecordingUploadView window{view.calls};
+    UploadCommands commands{editor(), window, shortLimits()};
+    UploadRun& run = commands.run();
+};
+
+}  // namespace nubivane::testing

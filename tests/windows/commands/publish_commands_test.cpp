@@ -1,0 +1,399 @@
+#include "windows/commands/publish_commands.h"
+
+#include "engine/upload/upload_plan.h"
+#include "support/dialog_parts.h"
+#include "support/editor_fixture.h"
+#include "support/ftp_servers.h"
+#include "support/steps.h"
+#include "support/upload_texts.h"
+#include "windows/publish/frm_ftp.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTabWidget>
+
+namespace nubivane::testing {
+
+namespace {
+
+constexpr char Stopped[] = "Operation stopped by the user.";
+constexpr char Unable[] = "Unable to establish a connection to the remote server";
+constexpr char Offline[] = "No connection to the internet is currently available";
+constexpr char Completed[] = "Initialition completed successfully";
+
+/// A shell that lets events run, and a test look on at each pause and message.
+class LiveShell : public ScriptedShell {
+  public:
+    std::function<void()> atPause = [] {};
+    std::function<void()> atMessage = [] {};
+
+    void processEvents() override {
+        ScriptedShell::processEvents();
+        QApplication::processEvents();
+    }
+    void wait(int milliseconds) override {
+        ScriptedShell::wait(milliseconds);
+        QApplication::processEvents();
+        atPause();
+    }
+    Answer messageBox(const Message& message) override {
+        atMessage();
+        return ScriptedShell::messageBox(message);
+    }
+};
+
+/// The commands of the menu "Ftp" on the real main window, with servers of this machine.
+class Publish : public EditorFixture {
+  protected:
+    Publish() {
+        for (const char* file : {"Forecast.htm", "Forecast.js", "Web/Forecast1.jpg"}) {
+            writeFile(host(file), QByteArray("content of ") + file);
+        }
+        settings.set(Setting::FtpUrl, "127.0.0.1");
+        settings.set(Setting::FtpUserName, FtpUser);
+        settings.set(Setting::FtpPassword, FtpPassword);
+        settings.set(Setting::FtpNubivaneFolder, "nVane");
+        start();
+    }
+    ~Publish() override { workspace.ProjectChanged = false; }
+
+    void use(const FtpServerProcess& server, FtpOptions options = shortLimits()) {
+        options.port = server.port();
+        commands_ = std::make_unique<Commands>(nullptr);
+        publish_ = std::make_unique<PublishCommands>(Editor{workspace, live, window()}, *commands_,
+                                                     &window(), options);
+    }
+    void choose(const char* command) { (*commands_)[command]->trigger(); }
+
+    /// The run's window; nothing when none is shown.
+    frmWait* wait() const {
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            auto* found = qobject_cast<frmWait*>(widget);
+            if (found && found->isVisible()) {
+                return found;
+            }
+        }
+        return nullptr;
+    }
+    QString info() const { return part<QLabel>(*wait(), "lblInfo")->text(); }
+    void pressCancel() const { clickPart(*wait(), "cmdCancel"); }
+
+    /// After a run, however it ended.
+    void expectAllClosed(const std::string& what = {}) {
+        EXPECT_FALSE(wait()) << what;
+        EXPECT_TRUE(window().acceptsInput()) << what;
+        EXPECT_EQ(live.pointer, Pointer::Default) << what;
+    }
+
+    /// The tab at which the settings open when `open` is called; 0 when they do not.
+    int tabOpened(const std::function<void()>& open) {
+        int tab = 0;
+        Steps steps([] {});
+        steps.when([] { return qobject_cast<frmFtp*>(QApplication::activeModalWidget()); },
+                   [&] {
+                       QWidget& dialog = *QApplication::activeModalWidget();
+                       EXPECT_EQ(dialog.parentWidget(), &window());
+                       tab = part<QTabWidget>(dialog, "tabFtp")->currentIndex() + 1;
+                       dialog.close();
+                   });
+        open();
+        return tab;
+    }
+
+    QStringList flags() const {
+        QStringList values;
+        for (const Setting setting : {Setting::UploadInitialized, Setting::UploadMaps,
+                                      Setting::UploadSymbols, Setting::UploadHtmlPage}) {
+            values << settings.text(setting);
+        }
+        return values;
+    }
+
+    LiveShell live;
+
+  private:
+    std::unique_ptr<Commands> commands_;
+    std::unique_ptr<PublishCommands> publish_;
+};
+
+}  // namespace
+
+TEST_F(Publish, AnInitialisationShowsEachStepInItsWindow) {
+    OwnFtpServer server;
+    use(server);
+    QStringList infos;
+    QList<int> percents;
+    live.atPause = [&] {
+        ASSERT_TRUE(wait());
+        EXPECT_EQ(wait()->windowTitle(), "Initializing...");
+        EXPECT_EQ(wait()->parentWidget(), &window());
+        EXPECT_FALSE(window().acceptsInput());
+        infos << info();
+        percents << part<QProgressBar>(*wait(), "ProgressBar")->value();
+    };
+    live.expectMessage(Completed, Icon::Information);
+    live.atMessage = [this] { expectAllClosed("before the message"); };
+    choose("mnuInitialize");
+    expectAllClosed();
+
+    const UploadPlan plan = buildUploadPlan(workspace, true, true, true);
+    QStringList expected{"Connecting to the server..."};
+    QList<int> shares{0};
+    for (std::size_t i = 0; i < plan.size(); ++i) {
+        const cUpload& step = plan[i];
+        expected << (step.Command == u"MKDIR" ? "Creating folder " + step.Param1
+                     : step.Command == u"CHDIR"
+                         ? "Changing folder to " + step.Param1
+                         : "Uploading file " + QString(step.Param1).replace('\\', '/'));
+        shares << static_cast<int>(i + 1) * 100 / static_cast<int>(plan.size());
+    }
+    EXPECT_EQ(infos, expected);
+    EXPECT_EQ(percents, shares);
+    EXPECT_EQ(live.waits, QList<int>({500}) + QList<int>(static_cast<int>(plan.size()), 200));
+    EXPECT_EQ(flags(), QStringList({"1", "2", "2", "2"}));
+    EXPECT_EQ(readFile(server.file("nVane/Forecast.htm")), "content of Forecast.htm");
+    EXPECT_EQ(readFile(server.file("nVane/Web/Forecast1.jpg")), "content of Web/Forecast1.jpg");
+    EXPECT_TRUE(QFile::exists(server.file("nVane/Symbols/set-1/sun.gif")));
+    EXPECT_EQ(server.connections(), 1);
+}
+
+TEST_F(Publish, AnUploadSendsWhatIsChosenAndSaysNothing) {
+    OwnFtpServer server;
+    use(server);
+    settings.set(Setting::UploadHtmlPage, "1");
+    QStringList captions;
+    live.atPause = [&] { captions << wait()->windowTitle() + '|' + info(); };
+    choose("mnuInvia");
+    expectAllClosed();
+    captions.removeDuplicates();
+    EXPECT_EQ(captions,
+              QStringList({"Uploading files...|Connecting to the server...",
+                           "Uploading files...|Checking folders structure...",
+                           "Uploading files...|Uploading file " + host("Forecast.htm"),
+                           "Uploading files...|Uploading file " + host("Forecast.js"),
+                           "Uploading files...|Uploading file " + host("Web/Forecast1.jpg")}));
+    EXPECT_EQ(flags(), QStringList({"0", "0", "0", "1"}));
+    EXPECT_FALSE(QFile::exists(server.file("nVane/Symbols/set-1/sun.gif")));
+}
+
+TEST_F(Publish, NoInputReachesTheMainWindowMeanwhile) {
+    OwnFtpServer server;
+    use(server);
+    settings.set(Setting::UploadMaps, "1");
+    const QString key = placeSymbol({100, 100});
+    const QString before = frame().Sprites().Symbols().Item(key).FileGif;
+    live.atPause = [this] {
+        QTest::keyClick(&canvas(), Qt::Key_Delete);
+        QTest::keyClick(&window(), Qt::Key_T, Qt::ControlModifier);
+        click({100, 100});
+        window().close();
+        choose("mnuInvia");
+        choose("mnuInitialize");
+        EXPECT_TRUE(window().isVisible());
+    };
+    choose("mnuInvia");
+    EXPECT_EQ(workspace.Frames().Count(), 1);
+    EXPECT_EQ(frame().Sprites().Symbols().Count(), 1);
+    EXPECT_EQ(frame().Sprites().Symbols().Item(key).FileGif, before);
+    EXPECT_EQ(server.connections(), 1);
+    expectAllClosed();
+}
+
+TEST_F(Publish, CancelAtEveryStepIsToldOnceWithTheWindowClosed) {
+    const int pauses = static_cast<int>(buildUploadPlan(workspace, true, true, true).size()) + 1;
+    for (int pause = 0; pause < pauses; ++pause) {
+        SCOPED_TRACE(pause);
+        OwnFtpServer server;
+        use(server);
+        int count = 0;
+        live.atPause = [&] {
+            if (count++ == pause) {
+                pressCancel();
+            }
+        };
+        live.atMessage = [&] {
+            EXPECT_FALSE(wait());
+            EXPECT_FALSE(window().acceptsInput());
+            EXPECT_EQ(live.pointer, Pointer::Default);
+        };
+        live.expectMessage(Stopped, Icon::Exclamation);
+        choose("mnuInitialize");
+        EXPECT_EQ(count, pause + 1) << "no step follows";
+        EXPECT_EQ(flags().first(), "0");
+        expectAllClosed();
+    }
+}
+
+TEST_F(Publish, CancelWorksAndTheWindowRepaintsWhileALargeFileIsOnItsWay) {
+    writeFile(host("Maps/europe.jpg"), QByteArray(50000000, 'x'));
+    OwnFtpServer server({"--fault", "STOR=stall"});
+    FtpOptions patient = shortLimits();
+    patient.stall = 3600;
+    patient.response = 3600;
+    use(server, patient);
+    settings.set(Setting::UploadMaps, "1");
+
+    class PaintCounter : public QObject {
+      public:
+        int paints = 0;
+        bool eventFilter(QObject*, QEvent* event) override {
+            paints += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+    } counter;
+    Steps steps([this] { wait() ? pressCancel() : void(); });
+    steps.when([&] { return !server.commands().filter("STOR ").isEmpty(); },
+               [&] {
+                   ASSERT_TRUE(wait());
+                   EXPECT_EQ(info(), "Uploading file " + host("Maps/europe.jpg"));
+                   wait()->installEventFilter(&counter);
+                   wait()->update();
+               });
+    steps.when([&] { return counter.paints > 0; },
+               [&] {
+                   live.atMessage = [&] {
+                       EXPECT_FALSE(wait());
+                       EXPECT_FALSE(server.commands().contains("QUIT"));
+                   };
+                   live.expectMessage(Stopped, Icon::Exclamation);
+                   pressCancel();
+               });
+    choose("mnuInvia");
+    expectAllClosed();
+}
+
+TEST_F(Publish, AConnectionDroppedAtAnyCommandIsToldByItsStep) {
+    QStringList conversation;
+    {
+        OwnFtpServer server;
+        use(server);
+        live.expectMessage(Completed, Icon::Information);
+        choose("mnuInitialize");
+        conversation = server.commands();
+    }
+    const UploadPlan plan = buildUploadPlan(workspace, true, true, true);
+    ASSERT_GT(conversation.size(), 25);
+    for (int i = 0; i < conversation.size(); ++i) {
+        SCOPED_TRACE(conversation[i].toStdString());
+        settings.set(Setting::UploadInitialized, "0");
+        OwnFtpServer server({"--fault", QStringLiteral("#%1=drop").arg(i + 1)});
+        use(server);
+        const QString text = textAfter(plan, conversation, i);
+        if (text.isEmpty()) {
+            live.expectMessage(Completed, Icon::Information);
+        } else {
+            live.expectMessage(text, Icon::Critical);
+        }
+        live.atMessage = [this] { expectAllClosed("before the message"); };
+        choose("mnuInitialize");
+        EXPECT_EQ(flags().first(), text.isEmpty() ? "1" : "0");
+        expectAllClosed();
+    }
+}
+
+TEST_F(Publish, AServerThatIsNotThereOrRefusesIsTold) {
+    {
+        OwnFtpServer server;
+        use(server);
+    }
+    live.expectMessage(Unable, Icon::Critical);
+    choose("mnuInitialize");
+    expectAllClosed();
+
+    OwnFtpServer server;
+    use(server);
+    settings.set(Setting::FtpPassword, "wrong");
+    live.expectMessage(Unable, Icon::Critical);
+    choose("mnuInitialize");
+    expectAllClosed();
+    EXPECT_EQ(flags(), QStringList({"0", "0", "0", "0"}));
+}
+
+TEST_F(Publish, WhatIsMissingIsToldAndLeadsToItsTab) {
+    OwnFtpServer server;
+    use(server);
+    struct Row {
+        Setting missing;
+        const char* text;
+        FtpTab tab;
+    };
+    for (const char* command : {"mnuInvia", "mnuInitialize"}) {
+        for (const Row& row :
+             {Row{Setting::FtpNubivaneFolder, "Enter a valid Nubivane folder", FtpTab::Folders},
+              Row{Setting::FtpUserName, "Enter a valid ftp username", FtpTab::Server},
+              Row{Setting::FtpUrl, "Enter a valid ftp address", FtpTab::Server}}) {
+            settings.set(row.missing, "");
+            live.expectMessage(row.text, Icon::Exclamation);
+            EXPECT_EQ(tabOpened([&] { choose(command); }), static_cast<int>(row.tab)) << row.text;
+        }
+        settings.set(Setting::FtpUrl, "127.0.0.1");
+        settings.set(Setting::FtpUserName, FtpUser);
+        settings.set(Setting::FtpNubivaneFolder, "nVane");
+    }
+    EXPECT_EQ(server.commands(), QStringList());
+}
+
+TEST_F(Publish, NothingChosenLeadsToTheUploadList) {
+    OwnFtpServer server;
+    use(server);
+    live.expectMessage("There is no file to upload. Change upload settings and retry",
+                       Icon::Exclamation);
+    EXPECT_EQ(tabOpened([this] { choose("mnuInvia"); }), 3);
+    EXPECT_EQ(server.commands(), QStringList());
+    expectAllClosed();
+}
+
+TEST_F(Publish, WithoutANetworkNothingIsTried) {
+    OwnFtpServer server;
+    use(server);
+    settings.set(Setting::FtpUrl, "ftp.example.org");
+    live.network = false;
+    for (const char* command : {"mnuInvia", "mnuInitialize"}) {
+        live.expectMessage(Offline, Icon::Critical);
+        choose(command);
+    }
+    EXPECT_EQ(live.waits, QList<int>());
+}
+
+TEST_F(Publish, ASecondInitialisationAsksFirst) {
+    OwnFtpServer server;
+    use(server);
+    settings.set(Setting::UploadInitialized, "1");
+    const QString question =
+        "Initialization has already been successfully completed. \r\n"
+        "Do you want to proceed anyway ?";
+    live.expectMessage(question, Icon::Question, Buttons::YesNo, Answer::No);
+    choose("mnuInitialize");
+    EXPECT_EQ(server.commands(), QStringList());
+    live.expectMessage(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+    live.expectMessage(Completed, Icon::Information);
+    choose("mnuInitialize");
+    EXPECT_EQ(server.connections(), 1);
+}
+
+TEST_F(Publish, TheMainWindowHasItsCommands) {
+    EXPECT_EQ(tabOpened([this] { trigger("mnuFtpSetting"); }), 1);
+    settings.set(Setting::FtpUrl, "");
+    for (const char* command : {"mnuInvia", "mnuInitialize"}) {
+        shell.expectMessage("Enter a valid ftp address", Icon::Exclamation);
+        EXPECT_EQ(tabOpened([&] { trigger(command); }), 1);
+    }
+    settings.set(Setting::FtpUrl, "no host");
+    shell.expectMessage(Unable, Icon::Critical);
+    trigger("mnuInitialize");
+    EXPECT_TRUE(window().acceptsInput());
+}
+
+TEST_F(Publish, HelpOfTheSettingsWithoutAHelpFileTellsSo) {
+    Steps steps([] {});
+    steps.when([] { return QApplication::activeModalWidget(); },
+               [this] {
+                   shell.expectMessage("Help not found.", Icon::Critical);
+                   clickPart(*QApplication::activeModalWidget(), "cmdHelp");
+                   QApplication::activeModalWidget()->close();
+               });
+    trigger("mnuFtpSetting");
+}
+
+}  // namespace nubivane::testing

@@ -1,0 +1,335 @@
+#include "engine/model/forecast.h"
+#include "engine/model/sprites.h"
+#include "windows/properties/frm_font.h"
+#include "windows/properties/property_fixture.h"
+#include "windows/properties/screen_fonts.h"
+
+#include <QCheckBox>
+#include <QFontDatabase>
+#include <QGroupBox>
+#include <QListWidget>
+#include <QPushButton>
+
+namespace nubivane {
+
+using testing::part;
+using testing::withModal;
+
+/// The font dialog on a title.
+class FontDialog : public testing::PropertyFixture {
+  protected:
+    FontDialog() {
+        title.FontName = "Arial";
+        title.FontSize = 14;
+    }
+    template <class Object>
+    static void withFont(Object& object, const std::function<void(QWidget&)>& use) {
+        frmFont dialog(nullptr);
+        dialog.oFont = FontObject(object);
+        withModal([&] { dialog.Init(); }, use);
+    }
+    static QListWidget& list(QWidget& window, const char* name) {
+        return part<QListWidget>(window, name);
+    }
+    static QString selected(QWidget& window, const char* name) {
+        const auto items = list(window, name).selectedItems();
+        return items.isEmpty() ? QString() : items.first()->text();
+    }
+    static QStringList items(QWidget& window, const char* name) {
+        QStringList texts;
+        for (int row = 0; row < list(window, name).count(); ++row) {
+            texts << list(window, name).item(row)->text();
+        }
+        return texts;
+    }
+    /// Clicks a row of a list.
+    static void pick(QWidget& window, const char* name, const QString& row) {
+        QListWidget& rows = list(window, name);
+        const auto found = rows.findItems(row, Qt::MatchExactly);
+        ASSERT_EQ(found.size(), 1) << row.toStdString();
+        rows.scrollToItem(found.first());
+        QTest::mouseClick(rows.viewport(), Qt::LeftButton, {},
+                          rows.visualItemRect(found.first()).center());
+        EXPECT_EQ(selected(window, name), row);
+    }
+    static void tick(QWidget& window, const char* name) {
+        QTest::keyClick(&part<QWidget>(window, name), Qt::Key_Space);
+    }
+    static QLabel& sample(QWidget& window) { return part<QLabel>(window, "lblSample"); }
+
+    cTitle title;
+};
+
+TEST_F(FontDialog, HasItsTitleListsAndGroups) {
+    withFont(title, [](QWidget& window) {
+        EXPECT_EQ(window.objectName(), "frmFont");
+        EXPECT_EQ(window.windowTitle(), "Font");
+        EXPECT_TRUE(window.isModal());
+        EXPECT_EQ(items(window, "lstFont"), screenFonts());
+        EXPECT_EQ(items(window, "lstFontStyle"),
+                  QStringList({"Normal", "Italic", "Bold", "Bold italic"}));
+        EXPECT_EQ(items(window, "lstFontSize"),
+                  QStringList({"8", "10", "12", "14", "18", "24", "36"}));
+        EXPECT_EQ(part<QGroupBox>(window, "fraEffects").title(), "Effects");
+        EXPECT_EQ(part<QGroupBox>(window, "fraSample").title(), "Sample");
+        EXPECT_EQ(sample(window).text(), "AaBbYyZz");
+        QStringList labels;
+        for (const QLabel* label : window.findChildren<QLabel*>()) {
+            labels << label->text().remove(u'&');
+        }
+        for (const char* text : {"Font:", "Font style:", "Size:", "Color:"}) {
+            EXPECT_TRUE(labels.contains(text)) << text;
+        }
+    });
+}
+
+TEST_F(FontDialog, ListsTheScreensFontsInThePlatformsOrder) {
+    QStringList left = screenFonts();
+    for (const char* name : {"Arial", "Courier New", "Times New Roman"}) {
+        EXPECT_EQ(left.removeAll(name), 1) << name;
+    }
+    QStringList platform;
+    for (const QString& family : QFontDatabase::families()) {
+        if (!QFontDatabase::isPrivateFamily(family)) {
+            platform << family;
+        }
+    }
+    for (const char* name : {"Arial", "Courier New", "Times New Roman"}) {
+        platform.removeAll(name);
+    }
+    EXPECT_EQ(left, platform);
+}
+
+TEST_F(FontDialog, ShowsTheObjectsFont) {
+    title.FontUnderline = true;
+    title.FontStrikethourht = true;
+    title.Forecolor = 255;
+    withFont(title, [](QWidget& window) {
+        EXPECT_EQ(selected(window, "lstFont"), "Arial");
+        EXPECT_EQ(text(window, "txtSelectedFont"), "Arial");
+        EXPECT_EQ(selected(window, "lstFontSize"), "14");
+        EXPECT_EQ(text(window, "txtSelectedSize"), "14");
+        EXPECT_EQ(selected(window, "lstFontStyle"), "Normal");
+        EXPECT_EQ(text(window, "txtSelectedStyle"), "Normal");
+        EXPECT_TRUE(part<QCheckBox>(window, "chkUnderline").isChecked());
+        EXPECT_FALSE(part<QCheckBox>(window, "chkOverline").isChecked());
+        EXPECT_TRUE(part<QCheckBox>(window, "chkStrikeout").isChecked());
+        EXPECT_EQ(chosen(window, "cboColor"), "Red");
+    });
+}
+
+TEST_F(FontDialog, ShowsAnOverlineThatIsSet) {
+    title.FontOverline = true;
+    withFont(title, [](QWidget& window) {
+        EXPECT_TRUE(part<QCheckBox>(window, "chkOverline").isChecked());
+        EXPECT_FALSE(part<QCheckBox>(window, "chkUnderline").isChecked());
+    });
+}
+
+TEST_F(FontDialog, StylesStandForBoldAndItalic) {
+    const struct {
+        const char* name;
+        bool bold;
+        bool italic;
+    } styles[] = {{"Normal", false, false},
+                  {"Italic", false, true},
+                  {"Bold", true, false},
+                  {"Bold italic", true, true}};
+    for (const auto& style : styles) {
+        title.FontBold = style.bold;
+        title.FontItalic = style.italic;
+        withFont(title,
+                 [&](QWidget& window) { EXPECT_EQ(selected(window, "lstFontStyle"), style.name); });
+        title.FontBold = !style.bold;
+        title.FontItalic = !style.italic;
+        withFont(title, [&](QWidget& window) {
+            pick(window, "lstFontStyle", style.name);
+            click(window, "cmdOk");
+        });
+        EXPECT_EQ(title.FontBold, style.bold) << style.name;
+        EXPECT_EQ(title.FontItalic, style.italic) << style.name;
+    }
+}
+
+TEST_F(FontDialog, OkStoresEachSize) {
+    for (const int size : {8, 10, 12, 14, 18, 24, 36}) {
+        withFont(title, [&](QWidget& window) {
+            pick(window, "lstFontSize", QString::number(size));
+            click(window, "cmdOk");
+        });
+        EXPECT_EQ(title.FontSize, size);
+    }
+}
+
+TEST_F(FontDialog, OkStoresWhatIsChosen) {
+    withFont(title, [](QWidget& window) {
+        pick(window, "lstFont", "Courier New");
+        pick(window, "lstFontSize", "24");
+        tick(window, "chkStrikeout");
+        choose(window, "cboColor", "Blue");
+        click(window, "cmdOk");
+        EXPECT_FALSE(window.isVisible());
+    });
+    EXPECT_EQ(title.FontName, "Courier New");
+    EXPECT_EQ(title.FontSize, 24);
+    EXPECT_TRUE(title.FontStrikethourht);
+    EXPECT_FALSE(title.FontUnderline);
+    EXPECT_FALSE(title.FontOverline);
+    EXPECT_EQ(title.Forecolor, 16711680);
+}
+
+TEST_F(FontDialog, TheUnderlineIsStoredAsOverlineToo) {
+    withFont(title, [](QWidget& window) {
+        tick(window, "chkUnderline");
+        click(window, "cmdOk");
+    });
+    EXPECT_TRUE(title.FontUnderline);
+    EXPECT_TRUE(title.FontOverline);
+}
+
+TEST_F(FontDialog, TheOverlineAloneIsNotStored) {
+    withFont(title, [](QWidget& window) {
+        tick(window, "chkOverline");
+        EXPECT_TRUE(part<QCheckBox>(window, "chkOverline").isChecked());
+        click(window, "cmdOk");
+    });
+    EXPECT_FALSE(title.FontOverline);
+    EXPECT_FALSE(title.FontUnderline);
+}
+
+TEST_F(FontDialog, CancelAndEscChangeNothing) {
+    for (const bool cancel : {true, false}) {
+        withFont(title, [&](QWidget& window) {
+            pick(window, "lstFontSize", "36");
+            tick(window, "chkUnderline");
+            if (cancel) {
+                click(window, "cmdCancel");
+            } else {
+                QTest::keyClick(&window, Qt::Key_Escape);
+            }
+            EXPECT_FALSE(window.isVisible());
+        });
+        EXPECT_EQ(title.FontSize, 14);
+        EXPECT_FALSE(title.FontUnderline);
+    }
+}
+
+TEST_F(FontDialog, EnterIsOk) {
+    withFont(title, [](QWidget& window) {
+        pick(window, "lstFontSize", "36");
+        QTest::keyClick(&list(window, "lstFontSize"), Qt::Key_Return);
+        EXPECT_FALSE(window.isVisible());
+    });
+    EXPECT_EQ(title.FontSize, 36);
+}
+
+TEST_F(FontDialog, ASizeOutsideTheListShowsNoSelectionAndStays) {
+    title.FontSize = 11;
+    withFont(title, [](QWidget& window) {
+        EXPECT_EQ(selected(window, "lstFontSize"), "");
+        list(window, "lstFontSize").setFocus();
+        EXPECT_EQ(text(window, "txtSelectedSize"), "11");
+        click(window, "cmdOk");
+    });
+    EXPECT_EQ(title.FontSize, 11);
+}
+
+TEST_F(FontDialog, AFontThatTheScreenLacksStays) {
+    title.FontName = "No such font";
+    withFont(title, [](QWidget& window) {
+        EXPECT_EQ(selected(window, "lstFont"), "");
+        EXPECT_EQ(text(window, "txtSelectedFont"), "No such font");
+        click(window, "cmdOk");
+    });
+    EXPECT_EQ(title.FontName, "No such font");
+}
+
+TEST_F(FontDialog, AColourWithoutAnItemLeavesTheBoxEmptyAndStays) {
+    title.Forecolor = 254;
+    withFont(title, [](QWidget& window) {
+        EXPECT_EQ(part<QComboBox>(window, "cboColor").currentIndex(), -1);
+        click(window, "cmdOk");
+    });
+    EXPECT_EQ(title.Forecolor, 254);
+}
+
+TEST_F(FontDialog, TheSampleFollowsEveryChange) {
+    withFont(title, [](QWidget& window) {
+        pick(window, "lstFont", "Courier New");
+        EXPECT_EQ(sample(window).font().family(), "Courier New");
+        EXPECT_EQ(text(window, "txtSelectedFont"), "Courier New");
+        pick(window, "lstFontSize", "36");
+        EXPECT_EQ(sample(window).font().pixelSize(), 48);  // 36 points at 96 dots an inch
+        EXPECT_EQ(text(window, "txtSelectedSize"), "36");
+        pick(window, "lstFontStyle", "Bold italic");
+        EXPECT_TRUE(sample(window).font().bold());
+        EXPECT_TRUE(sample(window).font().italic());
+        EXPECT_EQ(text(window, "txtSelectedStyle"), "Bold italic");
+        tick(window, "chkUnderline");
+        EXPECT_TRUE(sample(window).font().underline());
+        tick(window, "chkOverline");
+        EXPECT_TRUE(sample(window).font().overline());
+        tick(window, "chkStrikeout");
+        EXPECT_TRUE(sample(window).font().strikeOut());
+        choose(window, "cboColor", "Blue");
+        EXPECT_EQ(sample(window).palette().color(QPalette::WindowText), QColor(0, 0, 255));
+    });
+}
+
+TEST_F(FontDialog, TheSampleStandsOutFromItsGround) {
+    for (const qint32 color : {0, 16777215, 65535, 255, -1}) {
+        title.Forecolor = color;
+        withFont(title, [&](QWidget& window) {
+            const QPalette colors = sample(window).palette();
+            const int ink = qGray(colors.color(QPalette::WindowText).rgb());
+            const int ground = qGray(colors.color(QPalette::Window).rgb());
+            EXPECT_GT(std::abs(ink - ground), 80) << color;
+        });
+    }
+}
+
+TEST_F(FontDialog, AHugeSizeLeavesTheDialogAsItIs) {
+    QSize usual;
+    withFont(title, [&](QWidget& window) { usual = window.size(); });
+    title.FontSize = 32767;
+    withFont(title, [&](QWidget& window) { EXPECT_EQ(window.size(), usual); });
+}
+
+TEST_F(FontDialog, AFieldThatGetsTheKeyboardIsSelectedWhole) {
+    withFont(title, [](QWidget& window) {
+        for (const char* name : {"txtSelectedFont", "txtSelectedStyle", "txtSelectedSize"}) {
+            auto& field = part<QLineEdit>(window, name);
+            field.setFocus();
+            EXPECT_EQ(field.selectedText(), field.text()) << name;
+            EXPECT_FALSE(field.text().isEmpty()) << name;
+        }
+    });
+}
+
+TEST_F(FontDialog, WorksOnWhateverHasTheMembers) {
+    cLabel label;
+    cSubtitle subtitle;
+    cHeaderAttribute header;
+    cBodyAttribute body;
+    const auto use = [](QWidget& window) {
+        pick(window, "lstFontSize", "18");
+        pick(window, "lstFontStyle", "Bold");
+        click(window, "cmdOk");
+    };
+    withFont(label, use);
+    withFont(subtitle, use);
+    withFont(header, use);
+    withFont(body, use);
+    EXPECT_TRUE(label.FontSize == 18 && label.FontBold);
+    EXPECT_TRUE(subtitle.FontSize == 18 && subtitle.FontBold);
+    EXPECT_TRUE(header.FontSize == 18 && header.FontBold);
+    EXPECT_TRUE(body.FontSize == 18 && body.FontBold);
+}
+
+TEST_F(FontDialog, WithoutAnObjectItDoesNotOpen) {
+    frmFont dialog(nullptr);
+    dialog.Init();
+    EXPECT_FALSE(dialog.isVisible());
+}
+
+}  // namespace nubivane

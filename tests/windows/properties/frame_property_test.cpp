@@ -1,0 +1,345 @@
+#include "windows/properties/property_fixture.h"
+
+namespace nubivane {
+
+using testing::part;
+using testing::withModal;
+
+/// The texts of the first Frame.
+class FrameProperty : public testing::PropertyFixture {
+  protected:
+    cForecast& forecast() { return frame().Texts().Forecast(); }
+
+    /// Opens the font dialog by a button and closes it at once.
+    static void lookAtFont(QWidget& window, const char* button) {
+        withModal([&] { click(window, button); }, [](QWidget& font) { font.close(); });
+    }
+};
+
+TEST_F(FrameProperty, OpensWithNothingSelected) {
+    start();
+    withProperties([](QWidget& window) {
+        EXPECT_EQ(window.objectName(), "frmFrameProperty");
+        EXPECT_TRUE(window.isModal());
+        EXPECT_EQ(part<QLabel>(window, "txtType").text(), "Map");
+    });
+}
+
+TEST_F(FrameProperty, HasTheRowsOfATitleAndASubtitle) {
+    start();
+    forecast().Title().Border = 1;
+    forecast().Subtitle().Border = 1;
+    withProperties([](QWidget& window) {
+        for (const QByteArray line : {"Title", "subTitle"}) {
+            expectFontRows(window, line);
+            expectRows(window, {{"cbo" + line + "Border", "Border", "Border", "Sets border style"},
+                                {"cbo" + line + "BorderColor", "Border color", "Border color",
+                                 "Sets border color"},
+                                {"cbo" + line + "Align", "Alignment", "Alignment",
+                                 "Sets alignment of text"},
+                                {"txt" + line + "Text", "Text", "Text",
+                                 line == "Title" ? "Sets title text" : "Sets subtitle text"}});
+        }
+    });
+}
+
+TEST_F(FrameProperty, HasTheRowsOfTheForecast) {
+    start();
+    forecast().Div().Border = 1;
+    withProperties([](QWidget& window) {
+        expectRows(window,
+                   {{"cboForecastBackcolor", "Back Color", "Back Color",
+                     "Sets background color used to display text"},
+                    {"cboForecastBorder", "Border", "Border", "Sets border style"},
+                    {"cboForecastBorderColor", "Border color", "Border color", "Sets border color"},
+                    {"cmdForecastText", "Text", "Text", "Sets forecast text"}});
+    });
+}
+
+TEST_F(FrameProperty, ListsBordersAndAlignmentsInTheOrderOfTheirValues) {
+    start();
+    withProperties([](QWidget& window) {
+        const auto items = [&window](const char* name) {
+            const auto& combo = part<QComboBox>(window, name);
+            QStringList texts;
+            for (int i = 0; i < combo.count(); ++i) {
+                texts << combo.itemText(i);
+            }
+            return texts;
+        };
+        EXPECT_EQ(items("cboTitleBorder"), QStringList({"Yes", "No"}));
+        EXPECT_EQ(items("cbosubTitleBorder"), QStringList({"Yes", "No"}));
+        EXPECT_EQ(items("cboForecastBorder"),
+                  QStringList({"none", "solid", "double", "groove", "ridge", "inset", "outset"}));
+        EXPECT_EQ(items("cboTitleAlign"), QStringList({"left", "right", "center"}));
+        EXPECT_EQ(items("cbosubTitleAlign"), QStringList({"left", "right", "center"}));
+    });
+}
+
+TEST_F(FrameProperty, ShowsTheDefaultsOfANewFrame) {
+    start();
+    withProperties([](QWidget& window) {
+        EXPECT_EQ(text(window, "txtTitleFont"), "Arial");
+        EXPECT_EQ(text(window, "txtTitleFontSize"), "24");
+        EXPECT_EQ(text(window, "txtsubTitleFontSize"), "14");
+        EXPECT_EQ(text(window, "txtTitleFontbold"), "No");
+        EXPECT_EQ(text(window, "txtTitleForeColor"), "Black");
+        EXPECT_EQ(chosen(window, "cboTitleBackcolor"), "none");
+        EXPECT_EQ(chosen(window, "cboTitleBorder"), "No");
+        EXPECT_EQ(chosen(window, "cboTitleBorderColor"), "Black");
+        EXPECT_EQ(chosen(window, "cbosubTitleAlign"), "left");
+        EXPECT_EQ(chosen(window, "cboForecastBackcolor"), "none");
+        EXPECT_EQ(chosen(window, "cboForecastBorder"), "none");
+        EXPECT_EQ(chosen(window, "cboForecastBorderColor"), "White");
+        for (const char* name :
+             {"cboTitleBorderColor", "cbosubTitleBorderColor", "cboForecastBorderColor"}) {
+            EXPECT_FALSE(part<QWidget>(window, name).isEnabled()) << name;
+        }
+    });
+}
+
+TEST_F(FrameProperty, ShowsWhatTheFrameHolds) {
+    start();
+    cSubtitle& subtitle = forecast().Subtitle();
+    subtitle.FontName = "Verdana";
+    subtitle.FontItalic = true;
+    subtitle.FontOverline = true;
+    subtitle.BackColor = 65535;
+    subtitle.Border = 1;
+    subtitle.BorderColor = 255;
+    subtitle.Align = 2;
+    subtitle.Text = "after\r\nrain";
+    forecast().Title().Align = 1;
+    forecast().Title().Text = "Monday";
+    forecast().Div().Border = 6;
+    forecast().Div().BackColor = 255;
+    forecast().Div().BorderColor = 0;
+    withProperties([&](QWidget& window) {
+        EXPECT_EQ(text(window, "txtsubTitleFont"), "Verdana");
+        EXPECT_EQ(text(window, "txtsubTitleFontItalic"), "Yes");
+        EXPECT_EQ(text(window, "txtsubTitleFontOverline"), "Yes");
+        EXPECT_EQ(text(window, "txtsubTitleFontUnderline"), "No");
+        EXPECT_EQ(chosen(window, "cbosubTitleBackcolor"), "Yellow");
+        EXPECT_EQ(chosen(window, "cbosubTitleBorder"), "Yes");
+        EXPECT_EQ(chosen(window, "cbosubTitleBorderColor"), "Red");
+        EXPECT_TRUE(part<QWidget>(window, "cbosubTitleBorderColor").isEnabled());
+        EXPECT_EQ(chosen(window, "cbosubTitleAlign"), "center");
+        EXPECT_EQ(chosen(window, "cboTitleAlign"), "right");
+        EXPECT_EQ(text(window, "txtTitleText"), "Monday");
+        EXPECT_EQ(chosen(window, "cboForecastBorder"), "outset");
+        EXPECT_EQ(chosen(window, "cboForecastBackcolor"), "Red");
+        EXPECT_EQ(chosen(window, "cboForecastBorderColor"), "Black");
+        EXPECT_TRUE(part<QWidget>(window, "cboForecastBorderColor").isEnabled());
+    });
+    EXPECT_EQ(subtitle.Text, "after\r\nrain");
+}
+
+TEST_F(FrameProperty, ValuesOutsideTheListsShowNothingAndStay) {
+    start();
+    forecast().Div().Border = 77;
+    forecast().Title().Align = -5;
+    forecast().Title().Border = 3;
+    forecast().Title().BackColor = 12;
+    withProperties([](QWidget& window) {
+        EXPECT_EQ(part<QComboBox>(window, "cboForecastBorder").currentIndex(), -1);
+        EXPECT_EQ(part<QComboBox>(window, "cboTitleAlign").currentIndex(), -1);
+        EXPECT_EQ(part<QComboBox>(window, "cboTitleBackcolor").currentIndex(), -1);
+        lookAtFont(window, "cmdTitleFont");
+    });
+    EXPECT_EQ(forecast().Div().Border, 77);
+    EXPECT_EQ(forecast().Title().Align, -5);
+    EXPECT_EQ(forecast().Title().Border, 3);
+    EXPECT_EQ(forecast().Title().BackColor, 12);
+}
+
+TEST_F(FrameProperty, TheSubtitlesSwatchStartsWithTheTitlesColour) {
+    start();
+    forecast().Title().Forecolor = 255;
+    forecast().Subtitle().Forecolor = 65535;
+    withProperties([](QWidget& window) {
+        EXPECT_EQ(swatch(window, "pctTitleForecolor"), 255);
+        EXPECT_EQ(swatch(window, "pctsubTitleForecolor"), 255);
+        EXPECT_EQ(text(window, "txtsubTitleForeColor"), "Yellow");
+        lookAtFont(window, "cmdTitleFont");
+        EXPECT_EQ(swatch(window, "pctsubTitleForecolor"), 255);
+        lookAtFont(window, "cmdSubtitleFont");
+        EXPECT_EQ(swatch(window, "pctsubTitleForecolor"), 65535);
+    });
+}
+
+TEST_F(FrameProperty, ColoursComeIntoTheModelAtOnce) {
+    start();
+    forecast().Title().Border = 1;
+    forecast().Subtitle().Border = 1;
+    forecast().Div().Border = 1;
+    withProperties([this](QWidget& window) {
+        choose(window, "cboTitleBackcolor", "Red");
+        EXPECT_EQ(forecast().Title().BackColor, 255);
+        choose(window, "cbosubTitleBackcolor", "Blue");
+        EXPECT_EQ(forecast().Subtitle().BackColor, 16711680);
+        choose(window, "cboForecastBackcolor", "Yellow");
+        EXPECT_EQ(forecast().Div().BackColor, 65535);
+        choose(window, "cboTitleBorderColor", "Yellow");
+        EXPECT_EQ(forecast().Title().BorderColor, 65535);
+        choose(window, "cbosubTitleBorderColor", "Red");
+        EXPECT_EQ(forecast().Subtitle().BorderColor, 255);
+        choose(window, "cboForecastBorderColor", "Blue");
+        EXPECT_EQ(forecast().Div().BorderColor, 16711680);
+    });
+}
+
+TEST_F(FrameProperty, TheColourNoneStoresMinusOne) {
+    start();
+    forecast().Title().BackColor = 255;
+    forecast().Subtitle().BackColor = 255;
+    forecast().Div().BackColor = 255;
+    withProperties([](QWidget& window) {
+        for (const char* name :
+             {"cboTitleBackcolor", "cbosubTitleBackcolor", "cboForecastBackcolor"}) {
+            choose(window, name, "none");
+        }
+    });
+    EXPECT_EQ(forecast().Title().BackColor, -1);
+    EXPECT_EQ(forecast().Subtitle().BackColor, -1);
+    EXPECT_EQ(forecast().Div().BackColor, -1);
+}
+
+TEST_F(FrameProperty, BordersOfTitleAndSubtitleAreYesOrNo) {
+    start();
+    withProperties([this](QWidget& window) {
+        choose(window, "cboTitleBorder", "Yes");
+        EXPECT_EQ(forecast().Title().Border, 1);
+        EXPECT_TRUE(part<QWidget>(window, "cboTitleBorderColor").isEnabled());
+        EXPECT_FALSE(part<QWidget>(window, "cbosubTitleBorderColor").isEnabled());
+        choose(window, "cbosubTitleBorder", "Yes");
+        EXPECT_EQ(forecast().Subtitle().Border, 1);
+        choose(window, "cboTitleBorder", "No");
+        EXPECT_EQ(forecast().Title().Border, 0);
+        EXPECT_FALSE(part<QWidget>(window, "cboTitleBorderColor").isEnabled());
+        EXPECT_TRUE(part<QWidget>(window, "cbosubTitleBorderColor").isEnabled());
+    });
+}
+
+TEST_F(FrameProperty, TheForecastsBorderIsTheIndexOfTheList) {
+    start();
+    withProperties([this](QWidget& window) {
+        const QStringList styles{"none", "solid", "double", "groove", "ridge", "inset", "outset"};
+        for (const int index : {6, 5, 4, 3, 2, 1, 0}) {
+            choose(window, "cboForecastBorder", styles[index]);
+            EXPECT_EQ(forecast().Div().Border, index);
+            EXPECT_EQ(part<QWidget>(window, "cboForecastBorderColor").isEnabled(), index != 0);
+        }
+    });
+}
+
+TEST_F(FrameProperty, AlignmentsAreStoredByTheirData) {
+    start();
+    withProperties([this](QWidget& window) {
+        choose(window, "cboTitleAlign", "right");
+        EXPECT_EQ(forecast().Title().Align, 1);
+        choose(window, "cbosubTitleAlign", "center");
+        EXPECT_EQ(forecast().Subtitle().Align, 2);
+        choose(window, "cboTitleAlign", "left");
+        EXPECT_EQ(forecast().Title().Align, 0);
+    });
+}
+
+TEST_F(FrameProperty, TextsAreKeptAtEveryChangeAndMayBeEmpty) {
+    start();
+    withProperties([this](QWidget& window) {
+        testing::type(part<QLineEdit>(window, "txtTitleText"), "Mon");
+        EXPECT_EQ(forecast().Title().Text, "Mon");
+        testing::type(part<QLineEdit>(window, "txtsubTitleText"), "Tue");
+        EXPECT_EQ(forecast().Subtitle().Text, "Tue");
+        enter(window, "txtTitleText", "");
+        EXPECT_EQ(forecast().Title().Text, "");
+        enter(window, "txtsubTitleText", "");
+        EXPECT_EQ(forecast().Subtitle().Text, "");
+        EXPECT_TRUE(window.isVisible());
+    });
+}
+
+TEST_F(FrameProperty, EnterSelectsTheTextAndAddsNoLine) {
+    start();
+    withProperties([this](QWidget& window) {
+        enter(window, "txtTitleText", "Mon");
+        EXPECT_EQ(part<QLineEdit>(window, "txtTitleText").selectedText(), "Mon");
+        EXPECT_EQ(forecast().Title().Text, "Mon");
+        EXPECT_TRUE(window.isVisible());
+    });
+}
+
+TEST_F(FrameProperty, AfterTheFontDialogFlagsSaySiUntilTheWindowIsOpenedAgain) {
+    start();
+    forecast().Title().FontBold = true;
+    withProperties([](QWidget& window) {
+        EXPECT_EQ(text(window, "txtTitleFontbold"), "Yes");
+        lookAtFont(window, "cmdTitleFont");
+        EXPECT_EQ(text(window, "txtTitleFontbold"), "Si");
+        EXPECT_EQ(text(window, "txtTitleFontItalic"), "No");
+        EXPECT_EQ(text(window, "txtsubTitleFontbold"), "No");
+    });
+    withProperties([](QWidget& window) { EXPECT_EQ(text(window, "txtTitleFontbold"), "Yes"); });
+}
+
+TEST_F(FrameProperty, TheFontDialogChangesTheSectionItWasOpenedFrom) {
+    start();
+    withProperties([this](QWidget& window) {
+        withModal([&] { click(window, "cmdSubtitleFont"); },
+                  [](QWidget& font) {
+                      QTest::keyClick(&part<QWidget>(font, "lstFontSize"), Qt::Key_Home);
+                      QTest::keyClick(&part<QWidget>(font, "lstFontStyle"), Qt::Key_End);
+                      choose(font, "cboColor", "Blue");
+                      click(font, "cmdOk");
+                  });
+        EXPECT_EQ(forecast().Subtitle().FontSize, 8);
+        EXPECT_TRUE(forecast().Subtitle().FontBold);
+        EXPECT_TRUE(forecast().Subtitle().FontItalic);
+        EXPECT_EQ(forecast().Subtitle().Forecolor, 16711680);
+        EXPECT_EQ(forecast().Title().FontSize, 24);
+        EXPECT_EQ(text(window, "txtsubTitleFontSize"), "8");
+        EXPECT_EQ(text(window, "txtsubTitleFontbold"), "Si");
+        EXPECT_EQ(text(window, "txtsubTitleFontUnderline"), "No");
+        EXPECT_EQ(text(window, "txtsubTitleForeColor"), "Blue");
+        EXPECT_EQ(swatch(window, "pctsubTitleForecolor"), 16711680);
+        EXPECT_EQ(text(window, "txtTitleFontSize"), "24");
+    });
+}
+
+TEST_F(FrameProperty, EditsTheFrameOnTheCanvas) {
+    start();
+    trigger("mnuFrameInsert");
+    withProperties(
+        [](QWidget& window) { testing::type(part<QLineEdit>(window, "txtTitleText"), "second"); });
+    EXPECT_EQ(frame(1).Texts().Forecast().Title().Text, "");
+    EXPECT_EQ(frame(2).Texts().Forecast().Title().Text, "second");
+}
+
+TEST_F(FrameProperty, NoChangeCountsAsUnsavedWork) {
+    start();
+    withProperties([](QWidget& window) {
+        choose(window, "cboTitleBackcolor", "Red");
+        choose(window, "cboTitleBorder", "Yes");
+        choose(window, "cboForecastBorder", "solid");
+        choose(window, "cboTitleAlign", "right");
+        enter(window, "txtTitleText", "Mon");
+    });
+    EXPECT_FALSE(workspace.ProjectChanged);
+}
+
+TEST_F(FrameProperty, TheForecastTextHasAWindowOfItsOwn) {
+    start();
+    withProperties([](QWidget& window) {
+        withModal([&] { click(window, "cmdForecastText"); },
+                  [&](QWidget& detail) {
+                      EXPECT_EQ(detail.objectName(), "frmFramePropertyDetail");
+                      QTest::keyClick(&detail, Qt::Key_Escape);
+                      EXPECT_FALSE(detail.isVisible());
+                  });
+        EXPECT_TRUE(window.isVisible());
+        QTest::keyClick(&window, Qt::Key_Escape);
+        EXPECT_FALSE(window.isVisible());
+    });
+}
+
+}  // namespace nubivane
