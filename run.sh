@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Builds Nubivane. With a display, opens the editor on the five-day example; without one, makes of the
 # examples what the program can make: a page, pictures, moving GIFs, a film, videos and prints, in out/.
 # Works from a fresh clone on Debian 12, as root or with sudo.

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Sets up a Debian 12 machine, builds, and runs every test, the engine's
 # also under AddressSanitizer and UndefinedBehaviorSanitizer.
 set -euo pipefail

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Compares the pictures that move, and stills, of nubivane-cli with those of public tools.
 
 animations.py BUILD WORK [NAME ...] [--repeat N] runs the named benchmarks (all by default): gif,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // bench_captures PROGRAM_FOLDER PROJECT anigif|film FOLDER: writes the captures of Frame 1, or of a
 // film of a second for each Frame, as FOLDER/0001.png and so on, for other encoders to work on.
 

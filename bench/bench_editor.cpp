@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The editor's canvas: what a change of Frame and a drag take while fifty symbols play on each.
 // bench_editor PROGRAM_FOLDER [Google Benchmark's options]; without a display, on "offscreen".
 

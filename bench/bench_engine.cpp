@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Single functions of the engine. What must grow in proportion to the number of Frames is measured
 // at several numbers, with the growth that fits them ("_BigO").
 

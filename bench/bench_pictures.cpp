@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // bench_pictures PROJECT FOLDER: reads the pictures of a project and encodes each anew as JPEG, on
 // all cores, and nothing else; then the same with each picture written into the folder. Prints the
 // seconds that each took by the clock and by the cores together, as JSON.

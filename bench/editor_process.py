@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Measures the editor as a process on a display of its own: how long it takes from its start to a
 window that can be used, and what it costs while nobody touches it.
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Makes projects of Frames with moving symbols: make_frame.py KIND PROGRAM WORK
 
 KIND is "flat" (a map of few colours) or "shaded" (tens of thousands): WORK/KIND-one.nvpf with one

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Makes a project of any size: make_project.py PROJECT.nvpf [--frames N] [--sprites N] ...
 
 The two files are written directly, without the program that is measured. Every Frame has its own

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Runs programs and tells what they took."""
 import os
 import statistics

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Builds the release programs and runs all benchmarks: bench/run.sh [BUILD_FOLDER]
 # Needs what setup-debian.sh installs for "bench".
 set -euo pipefail

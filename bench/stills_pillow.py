@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """stills_pillow.py STILLS.json FOLDER ENDING: draws the stills that make_frame.py describes with
 Pillow, in one process, as nubivane-cli does."""
 import json

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Measures nubivane-cli as a whole against public tools that do comparable work.
 
 whole_program.py BUILD WORK [NAME ...] runs the named benchmarks (all by default): save, page, grow,

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Compiles the help: cmake -DSOURCES= -DWORK= -DOUTPUT= -DCHMCMD= -P compile_help.cmake
 #
 # The contents come from contents.txt, whose lines are names of pages, or headings, set in by two

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The help: pages of help/ compiled into the one file that the program and other readers of such
 # files open. It is made anew when a page, a picture or the contents change.
 if(NOT NUBIVANE_HELP)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Two ways to install. `cmake --install` makes a portable program folder: the programs beside their
 # content, in any folder. The component "system" spreads the same over bin/ and share/ of a prefix,
 # as packages of a distribution do; each user then gets a program folder of his own at the first

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The one place for the language standard, warnings, defines, sanitizers and the linker.
 # Targets link nubivane_options; nothing sets flags elsewhere.
 add_library(nubivane_options INTERFACE)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Read by cpack once for each kind of package.
 if(CPACK_GENERATOR STREQUAL "DEB")
     set(component system)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # What `cpack` makes: a .tar.gz of the portable program folder, and a .deb.
 set(CPACK_GENERATOR TGZ DEB)
 set(CPACK_PACKAGE_NAME Nubivane)

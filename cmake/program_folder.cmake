@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The program folder: the programs beside Maps/, Symbols/, Web/, Help/ and Media/, complete after
 # every build, so that what is tested is what is shipped.
 set(NUBIVANE_PROGRAM_FOLDER ${CMAKE_BINARY_DIR}/Nubivane)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The publisher's servers and addresses. A deployment sets them; without them each service tells
 # that it cannot connect.
 foreach(service REPORT PACK VERSION)

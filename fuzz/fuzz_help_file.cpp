@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/core/error.h"
 #include "engine/help/chm_file.h"
 #include "engine/help/site_map.h"

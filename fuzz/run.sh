@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Builds the fuzz targets and runs each for SECONDS (default 60): fuzz/run.sh [SECONDS] [TARGET ...]
 # New inputs are kept in build/fuzz/found/; an input that fails lies there with its target's name in
 # front, and the run goes on with the next target. Needs clang with its runtime libraries.

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs what is missing to build on Debian 12; with "test", "bench" or "fuzz" for that too.
 # The lists here and the table in README.md say the same.
 set -euo pipefail

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # clang-tidy over the sources given, or over all of src/. It cannot read g++'s precompiled headers,
 # so it has a preset without them.
 set -euo pipefail

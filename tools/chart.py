@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Weather-chart drawing on a map picture: isobars of a made-up pressure field, fronts with their marks."""
 
 import math

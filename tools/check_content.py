@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Checks the committed content: draws all of it again and compares bytes, and reads every file with another decoder.
 
 Prints one line per fault and ends with 1 when there is any. Needs the geodata of fetch-geodata.sh. `--quick` leaves out

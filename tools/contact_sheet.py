@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Shows animated GIF files side by side, for looking at them: one row of grounds (light, dark, map) per sheet.
 
     contact_sheet.py OUT.png FILE.gif...            first image of each, on three grounds

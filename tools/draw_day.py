@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The standard collection "set-1": the sky by day, with the usual signs for night, wind, warmth and sea."""
 
 import math

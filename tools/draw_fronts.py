@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The collection "fronts": pressure systems, fronts, storms of the tropics, air masses.
 
 Fronts are named after the side to which they move, air masses after the side that they come from, as winds are.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The collection "night": the sky by night, and the moon's phases."""
 
 import math

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The collection "sea": the state of the sea, swell, tides, and what a coast has to know.
 
 Swell is named after the side that it comes from, as winds are.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The collection "warnings": twelve dangers in three degrees, as signs that read at a glance.
 
 A pictogram is a function of (context, t, ink, ground) in a field of 64 x 64 whose middle lies at (32, 39); the sign gives

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The collection "wind": directions, force, and what else the wind does, 48 x 48.
 
 A wind is named after the side that it comes from, so its arrow points to the other.

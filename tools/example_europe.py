@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The five-day forecast: Europe, one Frame a day."""
 
 from chart import pressure

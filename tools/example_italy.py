@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The single-day forecast: Italy, from the night to the evening, with symbols of the night where it is dark."""
 
 from project_file import (ALICE_BLUE, DARK_BLUE, FIRE_BRICK, GAP, LEMON, LIGHT_STEEL, Label, Period, Project, Symbol, city,

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The marine forecast: the Mediterranean today, tonight and tomorrow, with wind, waves and warnings."""
 
 from chart import pressure

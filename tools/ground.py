@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The land's own look on a map: slow variation, climates, and mountains in a light from the top left.
 
 Everything here is an array of the picture's shape, made from `terrain` and from noise of a fixed seed.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 /// Takes the pictures of the help from the program's own windows: see help_shots.sh.
 ///
 ///     help_shots CONTENT_FOLDER PROJECT OUTPUT_FOLDER

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Takes the help's pictures anew from the program itself, into help/pictures/: windows on a screen of
 # their own, with the fonts of the tests, so that every machine makes the same.
 #

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The hand in which all symbols are drawn: palette, line weight, shading, and the shapes that they share.
 
 Coordinates are pixels of the finished symbol. Light comes from the top left.

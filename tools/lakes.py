@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Inland waters that the data lack or have too roughly for a country's map: shores set down by hand, in degrees.
 
 `SHORES` are closed outlines, smoothed when drawn; `LONG_LAKES` are middle lines with a width in kilometres;

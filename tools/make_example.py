@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Writes the example projects into examples/: five days over Europe, one day over Italy, a forecast for sailors."""
 
 import argparse

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Draws the program's icon in the sizes that desktops ask for, and as one .ico file, into packaging/icons.
 
 The drawings are those that the windows show; the small sizes take the one made for them.

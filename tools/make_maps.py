@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Draws the base maps in content/Maps: the regions and styles of regions.py.
 
 A further map is one entry in REGIONS, a further look one entry in STYLES, and the pair one line in MAPS.

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Draws the animations of the progress windows in content/Media: fileUpload.gif and fileCopy.gif, 272 x 60."""
 
 import argparse

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Draws the symbol collections in content/Symbols: animated GIF, and "soft" as still PNG.
 
 A symbol is a function of (context, t) with t from 0 to 1 over the loop, and one entry in its collection's table. The

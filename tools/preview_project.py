@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Shows a project as pictures: each Frame's block with its symbols and labels, written as PNG.
 
     preview_project.py PROJECT.nvpf OUT-FOLDER

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Writing example projects: what lies on each Frame, and the two files of the project format.
 
 This is a second, independent writer of that format: attribute and element positions are the format's contract, so every

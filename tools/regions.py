@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Which maps there are: the regions, the styles, and the pairs of both that are shipped."""
 
 from dataclasses import dataclass, field

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Mountains and climates, which the outline data lack: set down by hand, in degrees and kilometres.
 
 They only tint and shade the land, so a rough line does: `RIDGES` are crest lines with the breadth of the range in

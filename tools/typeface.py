@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Text as the program sets it: 96 dots per inch, no hinting, Arial's widths by way of Liberation Sans."""
 
 import math

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """What moves in more than one collection: rain, snow and hail that fall in a loop, flashes, mist, gusts, waves.
 
 Times are shares of the loop, 0 to 1; positions are pixels in a field of 64 x 64.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/arguments.h"
 #include "cli/streams.h"
 #include "engine/core/error.h"

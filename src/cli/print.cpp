@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/export_arguments.h"
 #include "engine/core/error.h"
 #include "engine/export/export_stage.h"

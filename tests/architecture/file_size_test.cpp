@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "architecture/source_tree.h"
 
 namespace nubivane::testing {

@@ -1,90 +1,136 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "architecture/source_tree.h"
 
 #include <QHash>
+#include <QMap>
 #include <QSet>
 
 namespace nubivane::testing {
 
 namespace {
 
-/// The engine's folders from the bottom up: each may use itself and those before it. What is made
-/// for the command line alone stands at their top.
-const QStringList& engineFromBelow() {
-    static const QStringList folders{"core",        "help",     "picture", "model",
-                                     "collections", "project",  "web",     "upload",
-                                     "export",      "services", "cli"};
-    return folders;
+/// For each folder or file those that it uses.
+using Arrows = QMap<QString, QSet<QString>>;
+
+/// The arrows that ARCHITECTURE.md prints: in the table headed "folder of `engine/`" a row
+/// "| `web/` | core, model |" says that engine/web uses engine/core and engine/model.
+Arrows printedArrows() {
+    static const QRegularExpression head(R"re(^\| folder of `(\w+)/` \| uses \|)re");
+    static const QRegularExpression row(R"re(^\| `(\w+)/` \| ([\w, ]*)\|)re");
+    Arrows printed;
+    QString target;
+    const QString page = QString::fromUtf8(readFile(NUBIVANE_SOURCES "/ARCHITECTURE.md"));
+    for (const QString& line : page.split(u'\n')) {
+        if (const auto found = head.match(line); found.hasMatch()) {
+            target = found.captured(1) + u'/';
+        } else if (!line.startsWith(u'|')) {
+            target.clear();
+        } else if (const auto entry = row.match(line); entry.hasMatch() && !target.isEmpty()) {
+            QSet<QString>& uses = printed[target + entry.captured(1)];
+            for (const QString& used : entry.captured(2).split(u',', Qt::SkipEmptyParts)) {
+                uses.insert(target + used.trimmed());
+            }
+        }
+    }
+    return printed;
 }
 
-/// The windows' folders from the bottom up. A window among the engine's folders stands below them
-/// all but may use the widgets and dialogs.
-const QStringList& windowsFromBelow() {
-    static const QStringList folders{"widgets", "dialogs", "editor", "app"};
-    return folders;
+/// The arrows between folders of one target, as the sources have them.
+Arrows foldersUsed() {
+    Arrows used;
+    for (const SourceFile& file : sourceFiles()) {
+        if (file.target() != u"engine" && file.target() != u"windows") {
+            continue;
+        }
+        QSet<QString>& uses = used[file.folder()];
+        for (const QString& include : includesOf(file, true)) {
+            if (targetOf(include) == file.target() && folderOf(include) != file.folder()) {
+                uses.insert(folderOf(include));
+            }
+        }
+    }
+    return used;
 }
 
-/// True when what is not a window may include the file `include`.
-bool engineMayUse(const QString& folder, const QString& include) {
-    const qsizetype used = engineFromBelow().indexOf(include.section(u'/', 0, 0));
-    return used >= 0 && used <= engineFromBelow().indexOf(folder) && !isWindow(include);
+Arrows filesUsed() {
+    Arrows used;
+    for (const SourceFile& file : sourceFiles()) {
+        const QStringList includes = includesOf(file, true);
+        used[file.path] = QSet<QString>(includes.cbegin(), includes.cend());
+    }
+    return used;
 }
 
-/// True when a window may include the file `include`.
-bool windowMayUse(const QString& folder, const QString& include) {
-    const QString used = include.section(u'/', 0, 0);
-    const qsizetype own = windowsFromBelow().contains(folder)
-                              ? windowsFromBelow().indexOf(folder)
-                              : windowsFromBelow().indexOf("dialogs");
-    return windowsFromBelow().contains(used) ? windowsFromBelow().indexOf(used) <= own
-                                             : used != u"cli";
+/// True when a file of the first target may include one of the second.
+bool targetMayUse(const QString& target, const QString& used) {
+    static const QHash<QString, QStringList> allowed{
+        {"engine", {"engine"}},
+        {"windows", {"engine", "windows"}},
+        {"cli", {"engine", "cli"}},
+        {"app", {"engine", "windows", "app"}},
+    };
+    return allowed.value(target).contains(used);
 }
 
 /// Headers that the build makes from a file of the tree.
 QString writtenAs(const QString& include) {
-    return include == u"core/version.h" ? QStringLiteral("core/version.h.in") : include;
+    static const QString version = QStringLiteral("engine/core/version.h");
+    return include == version ? version + ".in" : include;
 }
 
-/// A walk along the includes that stops at the first circle.
+QString inOrder(const QSet<QString>& names) {
+    QStringList list(names.cbegin(), names.cend());
+    list.sort();
+    return list.join(", ");
+}
+
+/// A walk along arrows that stops at the first circle.
 class CircleSearch {
   public:
-    explicit CircleSearch(const QHash<QString, QStringList>& includes) : includes_(includes) {}
+    explicit CircleSearch(const Arrows& arrows) : arrows_(arrows) {}
 
-    /// The files of a circle that `file` leads to; empty when there is none.
-    QStringList from(const QString& file) {
-        if (done_.contains(file)) {
+    /// The members of a circle that `start` leads to; empty when there is none.
+    QStringList from(const QString& start) {
+        if (done_.contains(start)) {
             return {};
         }
-        const qsizetype known = path_.indexOf(file);
+        const qsizetype known = path_.indexOf(start);
         if (known >= 0) {
-            return path_.mid(known) << file;
+            return path_.mid(known) << start;
         }
-        path_ += file;
-        for (const QString& next : includes_.value(file)) {
+        path_ += start;
+        for (const QString& next : arrows_.value(start)) {
             const QStringList circle = from(next);
             if (!circle.isEmpty()) {
                 return circle;
             }
         }
         path_.removeLast();
-        done_.insert(file);
+        done_.insert(start);
         return {};
     }
 
   private:
-    const QHash<QString, QStringList>& includes_;
+    const Arrows& arrows_;
     QStringList path_;
     QSet<QString> done_;
 };
 
+void expectNoCircle(const Arrows& arrows) {
+    ASSERT_GT(arrows.size(), 10);
+    CircleSearch search(arrows);
+    for (auto start = arrows.cbegin(); start != arrows.cend(); ++start) {
+        EXPECT_EQ(search.from(start.key()).join(" -> "), "");
+    }
+}
+
 }  // namespace
 
-TEST(IncludeDirection, EveryFolderHasAPlaceInTheOrder) {
+TEST(IncludeDirection, EveryFileBelongsToATarget) {
     const std::vector<SourceFile> files = sourceFiles();
     ASSERT_GT(files.size(), 50U);
     for (const SourceFile& file : files) {
-        EXPECT_TRUE(engineFromBelow().contains(file.folder()) ||
-                    windowsFromBelow().contains(file.folder()))
-            << file.path.toStdString();
+        EXPECT_TRUE(targetMayUse(file.target(), file.target())) << file.path.toStdString();
     }
 }
 
@@ -97,46 +143,50 @@ TEST(IncludeDirection, EveryQuotedIncludeNamesAFileFromTheTopOfTheTree) {
     }
 }
 
-TEST(IncludeDirection, FoldersUseOnlyThoseBelow) {
+TEST(IncludeDirection, TargetsUseOnlyThoseBelow) {
     for (const SourceFile& file : sourceFiles()) {
         for (const QString& include : includesOf(file, true)) {
-            EXPECT_TRUE(isWindow(file.path) ? windowMayUse(file.folder(), include)
-                                            : engineMayUse(file.folder(), include))
+            EXPECT_TRUE(targetMayUse(file.target(), targetOf(include)))
                 << file.path.toStdString() << " includes " << include.toStdString();
         }
     }
 }
 
-TEST(IncludeDirection, TheRulesRefuseWhatPointsUpward) {
-    EXPECT_TRUE(engineMayUse("web", "core/error.h"));
-    EXPECT_TRUE(engineMayUse("web", "web/text_lines.h"));
-    EXPECT_FALSE(engineMayUse("core", "model/workspace.h"));
-    EXPECT_FALSE(engineMayUse("picture", "model/frames.h"));
-    EXPECT_FALSE(engineMayUse("web", "web/frm_page_setting.h"));
-    EXPECT_FALSE(engineMayUse("web", "editor/frm_map.h"));
-    EXPECT_TRUE(windowMayUse("web", "dialogs/combo_color.h"));
-    EXPECT_TRUE(windowMayUse("web", "widgets/icons.h"));
-    EXPECT_FALSE(windowMayUse("widgets", "dialogs/combo_color.h"));
-    EXPECT_FALSE(windowMayUse("web", "editor/frm_map.h"));
-    EXPECT_FALSE(windowMayUse("editor", "app/desktop_shell.h"));
-    EXPECT_FALSE(windowMayUse("app", "cli/console_shell.h"));
+TEST(IncludeDirection, FoldersUseExactlyThoseThatTheArchitecturePrints) {
+    const Arrows printed = printedArrows();
+    const Arrows used = foldersUsed();
+    ASSERT_GT(used.size(), 20);
+    for (auto folder = used.cbegin(); folder != used.cend(); ++folder) {
+        ASSERT_TRUE(printed.contains(folder.key())) << folder.key().toStdString();
+        EXPECT_EQ(inOrder(folder.value()), inOrder(printed[folder.key()]))
+            << "used and printed of " << folder.key().toStdString();
+    }
+    for (auto folder = printed.cbegin(); folder != printed.cend(); ++folder) {
+        EXPECT_TRUE(used.contains(folder.key()))
+            << "no such folder: " << folder.key().toStdString();
+    }
+}
+
+TEST(IncludeDirection, NoFolderUsesItselfByWayOfOthers) {
+    expectNoCircle(foldersUsed());
 }
 
 TEST(IncludeDirection, NoFileIncludesItselfByWayOfOthers) {
-    QHash<QString, QStringList> includes;
-    for (const SourceFile& file : sourceFiles()) {
-        includes.insert(file.path, includesOf(file, true));
-    }
-    CircleSearch search(includes);
-    for (auto file = includes.cbegin(); file != includes.cend(); ++file) {
-        EXPECT_EQ(search.from(file.key()).join(" -> "), "");
-    }
+    expectNoCircle(filesUsed());
+}
+
+TEST(IncludeDirection, TheRulesRefuseWhatPointsUpward) {
+    EXPECT_TRUE(targetMayUse("windows", "engine"));
+    EXPECT_FALSE(targetMayUse("engine", "windows"));
+    EXPECT_FALSE(targetMayUse("cli", "windows"));
+    EXPECT_FALSE(targetMayUse("app", "cli"));
+    EXPECT_TRUE(printedArrows().value("engine/web").contains("engine/model"));
+    EXPECT_FALSE(printedArrows().value("engine/core").contains("engine/model"));
 }
 
 TEST(IncludeDirection, TheSearchFindsACircle) {
-    const QHash<QString, QStringList> includes{
-        {"a.h", {"b.h"}}, {"b.h", {"c.h"}}, {"c.h", {"b.h"}}};
-    EXPECT_EQ(CircleSearch(includes).from("a.h"), QStringList({"b.h", "c.h", "b.h"}));
+    const Arrows arrows{{"a", {"b"}}, {"b", {"c"}}, {"c", {"b"}}};
+    EXPECT_EQ(CircleSearch(arrows).from("a"), QStringList({"b", "c", "b"}));
 }
 
 }  // namespace nubivane::testing

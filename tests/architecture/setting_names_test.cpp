@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "architecture/source_tree.h"
 #include "engine/core/settings_table.h"
 
@@ -7,7 +8,7 @@ namespace nubivane::testing {
 
 namespace {
 
-constexpr char Table[] = "core/settings_table.cpp";
+constexpr char Table[] = "engine/core/settings_table.cpp";
 
 /// Keys that no code would name for any other reason. One-word keys such as "Top" are names of
 /// properties and of picture sides as well.
@@ -24,9 +25,9 @@ QSet<QString> unmistakableKeys() {
 
 bool usesTheStore(const SourceFile& file) {
     const QStringList includes = includesOf(file, true);
-    return includes.contains("core/settings_store.h") ||
-           includes.contains("core/settings_table.h") || includes.contains("cli/command.h") ||
-           includes.contains("model/workspace.h");
+    return includes.contains("engine/core/settings_store.h") ||
+           includes.contains("engine/core/settings_table.h") ||
+           includes.contains("cli/command.h") || includes.contains("engine/model/workspace.h");
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 #include "support/fixtures.h"
@@ -8,21 +9,24 @@
 
 namespace nubivane::testing {
 
+/// The target of a path below src/: "engine", "windows", "cli" or "app".
+inline QString targetOf(const QString& path) {
+    return path.section(u'/', 0, 0);
+}
+
+/// The folder of a path below src/: "engine/web", or its target's where that has no folders.
+inline QString folderOf(const QString& path) {
+    return path.section(u'/', 0, -2);
+}
+
 /// A file under src/: its path relative to it and its text.
 struct SourceFile {
     QString path;
     QString text;
 
-    QString folder() const { return path.section(u'/', 0, 0); }
+    QString target() const { return targetOf(path); }
+    QString folder() const { return folderOf(path); }
 };
-
-/// True for what belongs to the windows and not to the engine: their own folders, and files named
-/// after a window anywhere.
-inline bool isWindow(const QString& path) {
-    const QString folder = path.section(u'/', 0, 0);
-    return folder == u"app" || folder == u"editor" || folder == u"dialogs" ||
-           folder == u"widgets" || path.section(u'/', -1).startsWith(QLatin1String("frm"));
-}
 
 inline QString sourceFolder() {
     return QStringLiteral(NUBIVANE_SOURCES "/src");
@@ -44,7 +48,7 @@ inline std::vector<SourceFile> sourceFiles() {
     return files;
 }
 
-/// What a file includes in quotes (`"web/x.h"`) or in angle brackets, as it stands there.
+/// What a file includes in quotes (`"engine/web/x.h"`) or in angle brackets, as it stands there.
 inline QStringList includesOf(const SourceFile& file, bool quoted) {
     static const QRegularExpression inQuotes(R"re(^[ \t]*#[ \t]*include[ \t]*"([^"]+)")re",
                                              QRegularExpression::MultilineOption);

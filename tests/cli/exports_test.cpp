@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/cli_fixture.h"
 #include "engine/gif/gif_reader.h"
 #include "engine/picture/image_codec.h"

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Composes a forecast of two Frames in the editor from nothing, by mouse and keys alone, publishes
 # it, opens it again, and compares the project and the page with what was done.
 #

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Functions to work the editor as a person does, by mouse and keys on a display of its own.
 # Sourced by the scripts of this folder; they set `work`, a scratch folder, and `program`, the
 # program folder under test.

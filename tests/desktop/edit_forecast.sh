@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Changes a forecast in every way that the editor knows, by mouse and keys alone: imports a map and
 # a symbol, edits a symbol, a label, the texts of the Frame and their details, draws with each tool,
 # and compares the project and the page with what was done.

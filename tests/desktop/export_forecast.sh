@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Exports a forecast from the editor's menus as a picture, a moving GIF, a film and a video, prints
 # it, and has other programs look at the files.
 #

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Prints what an expression about a saved project gives, so that scripts can ask for it.
 
     project_value.py CLI PROJECT EXPRESSION

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Sets up the upload in the editor by mouse and keys alone, sends a site to a server of this machine,
 # sends its page again, stops a third upload, and compares what the server holds.
 #

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Reads the help in the editor by keys: F1 opens it at the page about each window, it can be used
 # while a dialog waits, and it does not keep the program running.
 #

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Copies and cuts symbols in the editor beside another program that uses the same clipboard, and
 # looks at both sides of it.
 #

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Manual page and completion know every word of the command line: command_line_words.sh CLI
 set -euo pipefail
 . "$(dirname "$0")/packaging.sh"

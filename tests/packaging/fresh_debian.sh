@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs the .deb into a fresh Debian 12, and works there as an ordinary user:
 # fresh_debian.sh FOLDER_WITH_DEB
 #

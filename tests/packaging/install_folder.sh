@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs a build into a folder, and works there: install_folder.sh BUILD_FOLDER
 set -euo pipefail
 . "$(dirname "$0")/packaging.sh"

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Makes the packages of a build and has them judged: packages.sh BUILD_FOLDER OUTPUT_FOLDER
 set -euo pipefail
 . "$(dirname "$0")/packaging.sh"

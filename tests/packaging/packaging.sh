@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # What the scripts of this folder share. Sourced by them; `name` is the script's own.
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)

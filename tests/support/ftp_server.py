@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """A small FTP server (RFC 959, passive mode, no encryption) that can be told to fail.
 
 Prints its port, then serves until its standard input is closed. Every command is appended to the log, one a

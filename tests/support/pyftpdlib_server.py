@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Serves a folder by pyftpdlib: ROOT PORT USER PASSWORD LOG [PEM_FILE, for encryption]."""
 
 import logging

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """A web server for tests of downloads. Prints its port, then serves until its standard input is closed.
 
 /file    300,000 bytes        /moved    leads to /file      /loop     leads to itself

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/collections/symbol_files.h"
 
 #include "engine/collections/entry_names.h"

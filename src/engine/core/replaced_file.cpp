@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/core/replaced_file.h"
 
 #include "engine/core/durable_file.h"

@@ -1,7 +1,8 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/gif/gif_reader.h"
 
 #include "engine/core/error.h"
-#include "engine/picture/image_codec.h"
+#include "engine/core/picture_limits.h"
 
 #include <QPainter>
 

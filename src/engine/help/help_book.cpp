@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/help/help_book.h"
 
 #include "engine/help/help_error.h"

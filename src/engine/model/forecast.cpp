@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/model/forecast.h"
 
 #include "engine/model/number_argument.h"

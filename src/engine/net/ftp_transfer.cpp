@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/net/ftp_transfer.h"
 
 #include "engine/core/host_files.h"

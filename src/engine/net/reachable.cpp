@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/net/reachable.h"
 
 #include "engine/core/shell.h"

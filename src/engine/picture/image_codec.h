@@ -1,4 +1,7 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+
+#include "engine/core/picture_limits.h"
 
 #include <QByteArray>
 #include <QImage>
@@ -10,16 +13,6 @@ namespace nubivane {
 /// The quality (0 to 100) of every JPEG picture that the program makes: maps of pages and Frames
 /// of projects. High enough that thin drawn lines survive being saved again and again.
 inline constexpr int JpegQuality = 92;
-
-/// Pictures beyond these limits are refused from their header, before memory is taken.
-inline constexpr int MaxPictureSide = 16384;            ///< pixels
-inline constexpr qint64 MaxPicturePixels = 25'000'000;  ///< 100 MB decoded
-/// Encoded: what the largest picture takes where nothing is compressed, so that all that can be
-/// written can be read.
-inline constexpr qint64 MaxPictureBytes = 4 * MaxPicturePixels + qint64{1024} * 1024;
-
-/// Scans of a JPEG: each costs a walk over the whole picture.
-inline constexpr int MaxJpegScans = 100;
 
 enum class PictureFormat { Bmp, Gif, Jpeg, Png, Tiff };
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/project/open_project.h"
 
 #include "engine/collections/scan_collections.h"

@@ -1,11 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/project/project_document.h"
 
 #include "engine/core/host_files.h"
 #include "engine/core/number_text.h"
 #include "engine/core/program_folder.h"
+#include "engine/core/xml_guard.h"
 #include "engine/project/frame_reader.h"
 #include "engine/project/project_error.h"
-#include "engine/project/xml_guard.h"
 
 #include <QIODevice>
 #include <QXmlStreamReader>
@@ -151,7 +152,9 @@ ProjectDocument readProjectDocument(QIODevice& xml, const ProgramFolder& folder,
                 .arg(xml.size())
                 .arg(MaxDocumentBytes));
     }
-    guardXml(xml);
+    if (const std::optional<QString> fault = xmlFault(xml)) {
+        throw damagedProject(*fault);
+    }
     return DocumentReader(xml, folder, progress).read();
 }
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/project/project_paths.h"
 
 #include "engine/core/host_files.h"

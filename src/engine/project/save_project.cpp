@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/project/save_project.h"
 
 #include "engine/core/error.h"

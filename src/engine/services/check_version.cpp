@@ -1,12 +1,13 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/services/check_version.h"
 
 #include "engine/core/error.h"
 #include "engine/core/path_text.h"
 #include "engine/core/shell.h"
 #include "engine/core/version.h"
+#include "engine/core/xml_guard.h"
 #include "engine/net/ftp_transfer.h"
 #include "engine/net/reachable.h"
-#include "engine/project/xml_guard.h"
 #include "engine/services/publisher.h"
 
 #include <QBuffer>
@@ -33,9 +34,7 @@ std::vector<std::pair<QString, QString>> rowsOf(const QByteArray& list) {
     QByteArray bytes = list;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
-    try {
-        guardXml(buffer);
-    } catch (const Error&) {
+    if (xmlFault(buffer)) {
         return {};
     }
     QXmlStreamReader xml(&buffer);

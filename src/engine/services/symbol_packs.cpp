@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/services/symbol_packs.h"
 
 #include "engine/core/error.h"

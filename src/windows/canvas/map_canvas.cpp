@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/canvas/map_canvas.h"
 
 #include "windows/canvas/canvas_clock.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/collections/frm_collection_pane.h"
 
 #include "engine/collections/scan_collections.h"

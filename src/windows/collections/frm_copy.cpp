@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/collections/frm_copy.h"
 
 #include "engine/collections/picture_check.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/collections/frm_symbols_collection.h"
 
 #include "engine/collections/entry_names.h"

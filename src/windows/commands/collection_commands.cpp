@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/commands/collection_commands.h"
 
 #include "engine/collections/map_files.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/commands/frm_utility.h"
 
 #include "engine/core/shell.h"

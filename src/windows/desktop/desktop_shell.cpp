@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/desktop/desktop_shell.h"
 
 #include "engine/core/host_files.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/desktop/frm_splash.h"
 
 #include "engine/core/version.h"

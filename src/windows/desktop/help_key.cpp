@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/desktop/help_key.h"
 
 #include "windows/widgets/help_topic.h"

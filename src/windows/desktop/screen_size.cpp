@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/desktop/screen_size.h"
 
 #include "engine/core/shell.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/drawing/color_tool.h"
 
 #include "engine/gif/color_value.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/drawing/draw_tool.h"
 
 #include "windows/drawing/map_drawing.h"

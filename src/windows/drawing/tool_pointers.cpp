@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/drawing/tool_pointers.h"
 
 #include "windows/widgets/icons.h"

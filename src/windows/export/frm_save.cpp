@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/export/frm_save.h"
 
 #include "engine/core/shell.h"

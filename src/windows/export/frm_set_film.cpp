@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/export/frm_set_film.h"
 
 #include "engine/core/number_text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/help/frm_help.h"
 
 #include "engine/core/error.h"

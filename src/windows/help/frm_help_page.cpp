@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/help/frm_help_page.h"
 
 #include "engine/core/error.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/panes/frame_canvas.h"
 
 #include "engine/core/error.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/panes/palette.h"
 
 #include "engine/core/path_text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/properties/font_rows.h"
 
 #include "windows/properties/frm_font.h"

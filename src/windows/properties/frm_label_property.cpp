@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/properties/frm_label_property.h"
 
 #include "engine/core/path_text.h"

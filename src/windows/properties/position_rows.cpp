@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/properties/position_rows.h"
 
 #include "engine/core/number_text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/properties/text_line_rows.h"
 
 namespace nubivane {

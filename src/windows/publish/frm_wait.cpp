@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/publish/frm_wait.h"
 
 #include "engine/model/workspace.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/services/frm_about.h"
 
 #include "engine/core/shell.h"
@@ -113,8 +114,8 @@ QWidget* frmAbout::makeTexts(const Publisher& publisher) {
     QLabel* lblVersion = makeLabel("lblVersion", QString(Version) + " Beta");
     setPoints(*lblVersion, 1.2, false);
     QLabel* lblLegal =
-        makeLabel("lblLegal", tr("It contains libraries under the GNU General Public License, "
-                                 "version 3 or later, and comes without any warranty."));
+        makeLabel("lblLegal", tr("Nubivane is free software under the GNU General Public License, "
+                                 "version 3 or later. It comes without any warranty."));
     lblLegal->setWordWrap(true);
     lblLegal->setFixedWidth(TextWidth);
     column->addWidget(lblSoftware);

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/services/frm_bug_report.h"
 
 #include "windows/widgets/prompt_edit.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/widgets/scrspn.h"
 
 #include "engine/core/number_text.h"

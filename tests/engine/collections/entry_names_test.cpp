@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/collections/entry_names.h"
 
 #include "support/fixtures.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/collections/picture_check.h"
 
 #include "engine/gif/small_gif.h"

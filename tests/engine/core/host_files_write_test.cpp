@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/core/error.h"
 #include "engine/core/host_files.h"
 #include "support/fixtures.h"

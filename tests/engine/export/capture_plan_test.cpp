@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/export/capture_plan.h"
 
 #include "engine/core/error.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/model/frame_panels.h"
 
 #include "support/fixtures.h"

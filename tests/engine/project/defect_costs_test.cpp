@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/project/defects.h"
 #include "engine/project/limited_process.h"
 

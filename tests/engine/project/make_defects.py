@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Writes the damaged projects in defects/ and the list of what opening each must give.
 
 Every file is one sound project with one thing spoilt, so that a refusal can only come from that thing.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/core/host_files.h"
 #include "engine/project/model_text.h"
 #include "engine/project/open_project.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/project/recent_files.h"
 
 #include "support/fixtures.h"

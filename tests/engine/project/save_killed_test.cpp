@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/project/handmade_project.h"
 #include "support/processes.h"
 

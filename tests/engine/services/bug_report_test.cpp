@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/services/bug_report.h"
 
 #include "engine/net/ftp_transfer.h"

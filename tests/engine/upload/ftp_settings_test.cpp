@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/upload/ftp_settings.h"
 
 #include "engine/net/reachable.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/upload/upload_fixture.h"
 #include "support/upload_texts.h"
 

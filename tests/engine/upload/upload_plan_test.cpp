@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/upload/upload_plan.h"
 
 #include "support/fixtures.h"

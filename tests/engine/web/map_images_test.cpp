@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/picture/image_codec.h"
 #include "engine/picture/jpeg_tables.h"
 #include "engine/web/site_fixture.h"

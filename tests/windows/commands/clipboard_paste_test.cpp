@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/export/label_painter.h"
 #include "windows/commands/clipboard_fixture.h"
 

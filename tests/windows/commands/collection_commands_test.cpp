@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/picture/image_codec.h"
 #include "support/dialog_parts.h"
 #include "support/editor_fixture.h"

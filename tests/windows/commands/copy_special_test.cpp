@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/dialog_parts.h"
 #include "support/editor_fixture.h"
 #include "windows/commands/frm_utility.h"

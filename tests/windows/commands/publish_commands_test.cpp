@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/commands/publish_commands.h"
 
 #include "engine/upload/upload_plan.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/drawing/drawing_fixture.h"
 #include "windows/main/window_geometry.h"
 

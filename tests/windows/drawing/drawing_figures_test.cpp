@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/drawing/drawing_curve_samples.h"
 #include "windows/drawing/drawing_fixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/dialog_parts.h"
 #include "support/fixtures.h"
 #include "windows/export/frm_set_ani_gif.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/properties/frm_symbol_property.h"
 #include "windows/properties/property_fixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/fixtures.h"
 #include "support/modal.h"
 #include "windows/publish/frm_ftp.h"

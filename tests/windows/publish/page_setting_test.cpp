@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/web/page_settings.h"
 #include "support/fixtures.h"
 #include "windows/publish/frm_page_setting.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/gif/small_gif.h"
 #include "support/dialog_parts.h"
 #include "support/fixtures.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/services/publisher.h"
 #include "support/dialog_parts.h"
 #include "support/scripted_shell.h"

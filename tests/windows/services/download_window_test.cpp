@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/modal.h"
 #include "support/steps.h"
 #include "support/web_server.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/ftp_servers.h"
 #include "support/modal.h"
 #include "support/steps.h"

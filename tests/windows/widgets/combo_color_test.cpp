@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/widgets/combo_color.h"
 
 #include "engine/model/color_table.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/widgets/gif_animator.h"
 
 #include "engine/gif/small_gif.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/widgets/list_image.h"
 
 #include "engine/gif/small_gif.h"

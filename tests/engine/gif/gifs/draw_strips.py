@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Draws what Chromium makes of each GIF of this folder: a PNG strip of its images, one below the other.
 
 Run it without arguments after make_gifs.py, and look at what has changed. It needs chromium.

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Writes the GIF files of this folder, byte by byte, so that each holds exactly the case of its name.
 
 Run it without arguments from anywhere. draw_strips.py then draws what a browser makes of them.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """A headless Chromium under real mouse events, and what a person would see in it."""
 
 import base64

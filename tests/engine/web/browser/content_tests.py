@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """What stands on a page, whatever its type: texts, styles, links, and how it is served."""
 
 import threading

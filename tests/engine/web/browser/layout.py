@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Where every element of a page stands, worked out from the project: boxes as a browser gives them, with borders."""
 
 from typing import NamedTuple, Optional

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Makes forecast pages with the command-line program and uses them in a browser as a person does.
 
 Ends with 0 when all is well, 1 when a test failed, 2 on wrong usage, and 77 when no browser can be run here,

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Makes pages with the command-line program, each in a program folder of its own."""
 
 import shutil

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Projects for the page tests, built in memory and written as the pair of files that the program opens.
 
 The maps are flat PNG pictures, one colour a Frame, so that a test can tell by a pixel which Frame a person sees."""

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The page with a cursor that is dragged along a track."""
 
 import layout

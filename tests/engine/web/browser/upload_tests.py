@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Pages as they stand on a server after an upload: what was sent is all that they need."""
 
 import dataclasses

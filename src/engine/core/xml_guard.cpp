@@ -1,6 +1,5 @@
-#include "engine/project/xml_guard.h"
-
-#include "engine/project/project_error.h"
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/core/xml_guard.h"
 
 #include <QIODevice>
 #include <QRegularExpression>
@@ -15,8 +14,13 @@ namespace {
 constexpr int MaxAttributes = 200;  // a Label, the largest element, has 17
 constexpr int MaxDepth = 200;       // a project is 6 levels deep
 
+/// Leaves the walk at the first fault.
+struct Refusal {
+    const char* cause;
+};
+
 [[noreturn]] void refuse(const char* cause) {
-    throw damagedProject(QLatin1String(cause));
+    throw Refusal{cause};
 }
 
 /// Walks the bytes of a document and counts; what is not well-formed it leaves to the parser.
@@ -129,7 +133,7 @@ void refuseStrangeEncoding(const QByteArray& start) {
 
 }  // namespace
 
-void guardXml(QIODevice& device) {
+std::optional<QString> xmlFault(QIODevice& device) try {
     refuseStrangeEncoding(device.peek(1024));
     TagCounter counter;
     while (!device.atEnd()) {
@@ -142,6 +146,9 @@ void guardXml(QIODevice& device) {
         }
     }
     device.seek(0);
+    return std::nullopt;
+} catch (const Refusal& refusal) {
+    return QString::fromLatin1(refusal.cause);
 }
 
 }  // namespace nubivane
