@@ -116,6 +116,24 @@ TEST_F(UploadCommand, AFailureIsToldWithItsCause) {
     EXPECT_EQ(get("Upload", "initialized"), "none");
 }
 
+TEST_F(UploadCommand, NoControlCharacterOfAServerReachesTheTerminal) {
+    OwnFtpServer server({"--fault", "CWD:2=550 \x1b[2Jno\x07\x7f\xc2\x85"});
+    const ProcessResult result =
+        run(QStringList{"upload", useSoundProject(), "--initialize"} + to(server));
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.err, "Cannot find Web folder\n  550 [2Jno\n");
+}
+
+TEST_F(UploadCommand, AConnectionLostAmongTheImagesIsNoSuccess) {
+    OwnFtpServer server({"--fault", "STOR:7=drop"});
+    const QString project = useSoundProject();
+    ASSERT_EQ(run({"page", project}).exitCode, 0);
+    const ProcessResult result = run(QStringList{"upload", project, "--initialize"} + to(server));
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.err.startsWith("Cannot upload ")) << result.err.toStdString();
+    EXPECT_EQ(get("Upload", "initialized"), "none");
+}
+
 TEST_F(UploadCommand, AWrongPasswordIsToldWithoutShowingIt) {
     OwnFtpServer server;
     writeFile(beside("password"), "hunter2");

@@ -137,6 +137,31 @@ int OwnFtpServer::connections() const {
     return static_cast<int>(numbers.size());
 }
 
+WireTap::WireTap(const FtpServerProcess& server) {
+    login_ = {server.address().user, server.address().password};
+    start(SystemPython, {"-B", testFile("support/wire_tap.py"), QString::number(server.port()),
+                         folder_.file("log")});
+    if (process_.waitForReadyRead(StartMs)) {
+        port_ = process_.readLine().trimmed().toInt();
+    }
+    EXPECT_NE(port_, 0) << process_.readAll().toStdString();
+}
+
+WireTap::~WireTap() {
+    process_.closeWriteChannel();
+}
+
+QByteArray WireTap::sent() const {
+    return QFileInfo::exists(folder_.file("log")) ? readFile(folder_.file("log")) : QByteArray();
+}
+
+TestCertificate::TestCertificate(const QString& host, int from, int until) {
+    const ProcessResult made =
+        runProgram(SystemPython, {"-B", testFile("support/certificate.py"), file, host,
+                                  QString::number(from), QString::number(until)});
+    EXPECT_EQ(made.exitCode, 0) << made.err.toStdString();
+}
+
 RealFtpServer::RealFtpServer(const QString& kind, bool tls) {
     if (tls) {
         makeCertificate();

@@ -78,6 +78,25 @@ class RealFtpServer : public FtpServerProcess {
     void makeCertificate();
 };
 
+/// Writes down what a client sends on its way to the control connection of a server.
+class WireTap : public FtpServerProcess {
+  public:
+    explicit WireTap(const FtpServerProcess& server);
+    ~WireTap() override;
+
+    QByteArray sent() const;
+};
+
+/// A certificate that vouches for itself.
+struct TestCertificate {
+    /// Valid from and until so many days from now.
+    TestCertificate(const QString& host, int from, int until);
+
+    TemporaryFolder folder;
+    QString file = folder.file("certificate.pem");  ///< with its key, for a server
+    QString publicFile = file + ".public";          ///< for a client
+};
+
 /// Short limits, so that no test waits long for a server that does not answer.
 inline FtpOptions shortLimits() {
     FtpOptions options;

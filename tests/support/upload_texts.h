@@ -8,8 +8,10 @@
 namespace nubivane::testing {
 
 /// The text that a run shows when one command of its conversation fails for good: that of the
-/// step it belongs to, or of the next that has to succeed. Empty when nothing more has to.
-inline QString textAfter(const UploadPlan& plan, const QStringList& conversation, int failing) {
+/// step it belongs to, or of the next that has to succeed. Empty when nothing more has to. No file
+/// may fail by a lost connection.
+inline QString textAfter(const UploadPlan& plan, const QStringList& conversation, int failing,
+                         bool lost = false) {
     std::size_t step = 0;
     bool begun = false;
     for (int i = 0; i < failing; ++i) {
@@ -21,7 +23,10 @@ inline QString textAfter(const UploadPlan& plan, const QStringList& conversation
     if (!begun && !conversation[failing].startsWith("MKD")) {
         return "Unable to establish a connection to the remote server";
     }
-    while (step < plan.size() && !plan[step].ErrorCauseStop) {
+    const auto mayFail = [&](const cUpload& next) {
+        return !next.ErrorCauseStop && !(lost && next.Command == u"UPLOAD");
+    };
+    while (step < plan.size() && mayFail(plan[step])) {
         ++step;
     }
     if (step == plan.size()) {

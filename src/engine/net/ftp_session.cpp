@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/net/ftp_session.h"
 
+#include "engine/net/clean_text.h"
 #include "engine/net/curl_library.h"
 
 #include <QUrl>
@@ -60,13 +61,23 @@ QByteArray hostInUrl(const QString& host) {
     return name;
 }
 
-bool isAboutEncryption(CURLcode code) {
+/// The server has answered and refuses; everything else ends the connection.
+bool isRefusal(CURLcode code, int reply) {
     constexpr std::array codes{
-        CURLE_PEER_FAILED_VERIFICATION, CURLE_SSL_CONNECT_ERROR, CURLE_SSL_CACERT_BADFILE,
-        CURLE_SSL_ISSUER_ERROR,         CURLE_SSL_CIPHER,        CURLE_SSL_INVALIDCERTSTATUS,
-        CURLE_USE_SSL_FAILED,
+        CURLE_OK,
+        CURLE_UPLOAD_FAILED,
+        CURLE_FTP_COULDNT_RETR_FILE,
+        CURLE_QUOTE_ERROR,
+        CURLE_REMOTE_DISK_FULL,
+        CURLE_REMOTE_ACCESS_DENIED,
+        CURLE_REMOTE_FILE_EXISTS,
+        CURLE_REMOTE_FILE_NOT_FOUND,
+        CURLE_FTP_COULDNT_SET_TYPE,
+        CURLE_FTP_WEIRD_PASV_REPLY,
     };
-    return std::find(codes.begin(), codes.end(), code) != codes.end();
+    constexpr int serviceCloses = 421;
+    return reply >= 400 && reply != serviceCloses &&
+           std::find(codes.begin(), codes.end(), code) != codes.end();
 }
 
 }  // namespace
@@ -182,6 +193,7 @@ FtpSession::~FtpSession() {
 bool FtpSession::refuse(const char* reason) {
     failure_ = QLatin1String(reason);
     replyCode_ = 0;
+    lost_ = false;
     return false;
 }
 
@@ -202,12 +214,13 @@ bool FtpSession::connect(const FtpServer& server) {
         }
     }
     address_ = "ftp://" + host + ':' + QByteArray::number(server.port) + '/';
-    connected_ = login(true) || (isAboutEncryption(curl_->code) && login(false));
+    connected_ = login(TlsVersions::UpTo12) ||
+                 (curl_->code == CURLE_SSL_CONNECT_ERROR && login(TlsVersions::UpTo13));
     return connected_;
 }
 
-bool FtpSession::login(bool encrypted) {
-    encrypted_ = encrypted;
+bool FtpSession::login(TlsVersions versions) {
+    versions_ = versions;
     curl_ = std::make_unique<Curl>(*this);
     if (!prepare({})) {
         return false;
@@ -225,7 +238,9 @@ void FtpSession::askOnly() {
 /// Everything that holds for each call. The connection outlives the reset.
 bool FtpSession::prepare(const QByteArray& name) {
     if (!curl_ || !curl_->handle || !curl_->multi) {
-        return refuse("there is no connection");
+        refuse("there is no connection");
+        lost_ = true;
+        return false;
     }
     if (name.size() > MaxNameBytes || !isClean(name)) {
         return refuse("the server cannot be given that name");
@@ -254,16 +269,17 @@ bool FtpSession::prepare(const QByteArray& name) {
     curl.set(CURLOPT_SERVER_RESPONSE_TIMEOUT, static_cast<long>(options_.response));
     curl.set(CURLOPT_LOW_SPEED_LIMIT, 1L);
     curl.set(CURLOPT_LOW_SPEED_TIME, static_cast<long>(options_.stall));
-    if (encrypted_) {
-        curl.set(CURLOPT_USE_SSL, static_cast<long>(CURLUSESSL_TRY));
-        curl.set(CURLOPT_FTPSSLAUTH, static_cast<long>(CURLFTPAUTH_TLS));
-        // Servers want each data connection to go on with the session of the control connection,
-        // which tickets of version 1.3, good for one use each, do not serve.
-        curl.set(CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2) |
-                                         static_cast<long>(CURL_SSLVERSION_MAX_TLSv1_2));
-        if (!options_.certificates.isEmpty()) {
-            curl.set(CURLOPT_CAINFO, options_.certificates.toLocal8Bit().constData());
-        }
+    // Servers want each data connection to go on with the session of the control connection, which
+    // tickets of version 1.3, good for one use each, do not serve. So 1.3 is for those that take
+    // nothing else. They have offered encryption by then and get no second chance without.
+    const bool first = versions_ == TlsVersions::UpTo12;
+    curl.set(CURLOPT_USE_SSL, static_cast<long>(first ? CURLUSESSL_TRY : CURLUSESSL_ALL));
+    curl.set(CURLOPT_FTPSSLAUTH, static_cast<long>(CURLFTPAUTH_TLS));
+    curl.set(CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2) |
+                                     static_cast<long>(first ? CURL_SSLVERSION_MAX_TLSv1_2
+                                                             : CURL_SSLVERSION_MAX_TLSv1_3));
+    if (!options_.certificates.isEmpty()) {
+        curl.set(CURLOPT_CAINFO, options_.certificates.toLocal8Bit().constData());
     }
     curl.set(CURLOPT_OPENSOCKETFUNCTION, &Curl::openSocket);
     curl.set(CURLOPT_OPENSOCKETDATA, &curl);
@@ -291,14 +307,16 @@ bool FtpSession::perform() {
     long reply = 0;
     curl_easy_getinfo(curl.handle, CURLINFO_RESPONSE_CODE, &reply);
     replyCode_ = static_cast<int>(reply);
+    lost_ = false;
     if (curl.code == CURLE_OK) {
         failure_.clear();
         return true;
     }
-    failure_ = QString::fromLocal8Bit(curl.error.front() != '\0' ? curl.error.data()
-                                                                 : curl_easy_strerror(curl.code));
-    const QString said = QString::fromUtf8(curl.lastReply).simplified();
-    if (!said.isEmpty() && isClean(said.toUtf8())) {
+    lost_ = !isRefusal(curl.code, replyCode_);
+    failure_ =
+        cleanText(curl.error.front() != '\0' ? curl.error.data() : curl_easy_strerror(curl.code));
+    const QString said = cleanText(curl.lastReply);
+    if (!said.isEmpty()) {
         failure_ += " (" + said + ')';
     }
     return false;
@@ -322,7 +340,8 @@ bool FtpSession::command(const char* verb, const QByteArray& name) {
     const bool replied = perform();
     curl_slist_free_all(lines);
     if (replied && replyCode_ / 100 != 2) {
-        failure_ = QString::fromUtf8(curl_->lastReply).simplified();
+        failure_ = cleanText(curl_->lastReply);
+        lost_ = replyCode_ == 421;
         return false;
     }
     return replied;

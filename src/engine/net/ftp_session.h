@@ -29,8 +29,9 @@ class FtpSession {
     FtpSession(const FtpSession&) = delete;
     FtpSession& operator=(const FtpSession&) = delete;
 
-    /// Connects and logs in: encrypted where the server offers it with a certificate that verifies,
-    /// plain otherwise.
+    /// Connects and logs in: encrypted where the server offers it, plain only where it has refused
+    /// the command that asks for it. A server that offers encryption and then fails in it, or shows
+    /// a certificate that does not verify, is never given name and password.
     bool connect(const FtpServer& server);
     /// Sends one command with a name behind it, such as "CWD"; true for a reply of the 200s.
     bool command(const char* verb, const QByteArray& name);
@@ -51,13 +52,16 @@ class FtpSession {
     qint64 total() const { return total_; }
 
     int replyCode() const { return replyCode_; }
+    /// The last call failed with the connection, not by a refusal of the server.
+    bool lost() const { return lost_; }
     /// Why the last call failed, with what the server said.
     const QString& failure() const { return failure_; }
 
   private:
     struct Curl;
+    enum class TlsVersions { UpTo12, UpTo13 };
 
-    bool login(bool encrypted);
+    bool login(TlsVersions versions);
     bool prepare(const QByteArray& name);
     void askOnly();
     bool perform();
@@ -66,8 +70,9 @@ class FtpSession {
     const FtpOptions options_;
     FtpServer server_;
     QByteArray address_;  ///< "ftp://host:port/"
-    bool encrypted_ = true;
+    TlsVersions versions_ = TlsVersions::UpTo12;
     bool connected_ = false;
+    bool lost_ = false;
     std::unique_ptr<Curl> curl_;
     int replyCode_ = 0;
     QString failure_;

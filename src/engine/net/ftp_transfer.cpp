@@ -70,6 +70,7 @@ bool ftpTransfer::run(const std::function<bool()>& call) {
     if (!worker_.run(work, {.tick = tick, .interrupted = [this] { AbortTransfer(); }})) {
         return false;  // out of an event of a call that is still under way
     }
+    lost_ = !done && localFailure_.isEmpty() && session_->lost();
     if (!done) {
         failure_ = localFailure_.isEmpty() ? session_->failure() : localFailure_;
     }

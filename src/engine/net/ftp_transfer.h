@@ -50,6 +50,8 @@ class ftpTransfer {
     void EndTransfer();
     void Disconnect();
 
+    /// Whether the last call failed with the connection, so that all that follow will too.
+    bool lost() const { return lost_; }
     /// Why the last call failed, with the server's words.
     const QString& failure() const { return failure_; }
 
@@ -60,6 +62,7 @@ class ftpTransfer {
     std::unique_ptr<FtpSession> session_;
     bool slashes_ = false;  ///< the server has shown that it wants them
     QString failure_;
+    bool lost_ = false;
     QString localFailure_;  ///< of the worker's thread while a call runs
     WorkerThread worker_;   // the last: its thread ends before what it works with
 };

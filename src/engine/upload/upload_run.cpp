@@ -112,7 +112,9 @@ void UploadRun::perform(const cUpload& step, bool initialising) {
 }
 
 void UploadRun::check(bool done, const cUpload& step, const QString& text) {
-    if (!done && step.ErrorCauseStop) {
+    // A file may be refused; a server that is gone has refused nothing and gets no other either.
+    const bool lostFile = step.Command == u"UPLOAD" && transfer_.lost();
+    if (!done && (step.ErrorCauseStop || lostFile)) {
         throw Error(error_number::UploadStopped, "runUpload", text, transfer_.failure());
     }
 }

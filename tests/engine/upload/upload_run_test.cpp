@@ -153,6 +153,24 @@ TEST_F(UploadRunTest, AMissingImageOnTheServerSideIsPassedOver) {
     EXPECT_EQ(server.tree(), expected);
 }
 
+TEST_F(UploadRunTest, AConnectionLostAmongTheImagesIsToldByTheImage) {
+    for (const char* fault : {"STOR:8=drop", "STOR:8=421 closing", "EPSV:8=silent"}) {
+        OwnFtpServer server({"--fault", fault});
+        shell.expectMessage("Cannot upload " + host("Web/Forecast1.jpg") + " file", Icon::Critical);
+        EXPECT_FALSE(run.runUpload(true, server.address())) << fault;
+        expectAllClosed();
+    }
+}
+
+TEST_F(UploadRunTest, WhatAServerSaysIsShownWithoutControlCharacters) {
+    OwnFtpServer server({"--fault",
+                         "CWD:2=550 \x1b[31mred\x07 \x7f \xc2\x9b"
+                         "2Jno"});
+    shell.expectMessage("Cannot find Web folder", Icon::Critical);
+    EXPECT_FALSE(run.runUpload(true, server.address()));
+    EXPECT_EQ(shell.causes.last(), "550 [31mred 2Jno");
+}
+
 TEST_F(UploadRunTest, AServerThatIsNotThereIsToldAfterTheWindowHasClosed) {
     int port = 0;
     {

@@ -97,14 +97,18 @@ TEST_P(VerifiedEncryption, IsUsedForTheWholeUpload) {
     }
 }
 
-TEST_P(UploadEncryption, IsDoneWithoutUnderACertificateThatDoesNot) {
+TEST_P(UploadEncryption, UnderACertificateThatDoesNotVerifyNothingIsSent) {
     const RealFtpServer server(QLatin1String(GetParam()), true);
     if (!server.obstacle().isEmpty()) {
         GTEST_SKIP() << server.obstacle().toStdString();
     }
-    EXPECT_TRUE(run.runUpload(true, server.address()));
-    EXPECT_TRUE(server.tree() == wholeSite());
-    EXPECT_FALSE(server.log().contains("PROT")) << server.log().toStdString();
+    const WireTap tap(server);
+    shell.expectMessage("Unable to establish a connection to the remote server", Icon::Critical);
+    EXPECT_FALSE(run.runUpload(true, tap.address()));
+    EXPECT_NE(shell.causes.last(), "");
+    EXPECT_EQ(server.tree(), (QMap<QString, QByteArray>()));
+    EXPECT_FALSE(tap.sent().contains("USER")) << tap.sent().toStdString();
+    EXPECT_FALSE(tap.sent().contains("PASS")) << tap.sent().toStdString();
 }
 
 // Not pyftpdlib: it closes a data connection on which the client's greeting comes before the

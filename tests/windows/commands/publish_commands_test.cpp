@@ -280,7 +280,7 @@ TEST_F(Publish, AConnectionDroppedAtAnyCommandIsToldByItsStep) {
         settings.set(Setting::UploadInitialized, "0");
         OwnFtpServer server({"--fault", QStringLiteral("#%1=drop").arg(i + 1)});
         use(server);
-        const QString text = textAfter(plan, conversation, i);
+        const QString text = textAfter(plan, conversation, i, true);
         if (text.isEmpty()) {
             live.expectMessage(Completed, Icon::Information);
         } else {
