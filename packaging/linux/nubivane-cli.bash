@@ -45,7 +45,7 @@ _nubivane_cli() {
 
     local command=${words[i]} options='' with_value='' project='' argument=0 j
     case $command in
-        page) with_value='--type' ;;
+        page) with_value='--type --into' ;;
         plan) options='--symbols --maps --html-page' ;;
         upload)
             options='--initialize'
@@ -75,11 +75,12 @@ _nubivane_cli() {
 
     if [[ " $with_value " == *" $prev "* ]]; then
         case $prev in
-            --type) COMPREPLY=($(compgen -W '1 2 3 4' -- "$cur")) ;;
+            --type) COMPREPLY=($(compgen -W '1 2 3 4 5' -- "$cur")) ;;
             --compression) COMPREPLY=($(compgen -W '1 2 3' -- "$cur")) ;;
             --from) COMPREPLY=($(compgen -W '$(_nubivane_cli_frames "$project")' -- "$cur")) ;;
             --host) _known_hosts_real -- "$cur" ;;
             --password-file) _filedir ;;
+            --into) _filedir -d ;;
         esac
         return
     fi

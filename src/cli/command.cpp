@@ -14,7 +14,8 @@ namespace nubivane {
 
 namespace {
 
-constexpr std::array pageOptions = {CommandOption{"--type", "1|2|3|4"}};
+constexpr std::array pageOptions = {CommandOption{"--type", "1|2|3|4|5"},
+                                    CommandOption{"--into", "DIR"}};
 constexpr std::array planOptions = {CommandOption{"--symbols", ""}, CommandOption{"--maps", ""},
                                     CommandOption{"--html-page", ""}};
 constexpr std::array uploadOptions = {
@@ -39,9 +40,10 @@ constexpr std::array table = {
             {},
             runSave},
     Command{"page", "PROJECT",
-            "make the web page (1 buttons, 2 extended view, 3 time interval, 4 slider;\n"
-            "      without --type the setting decides) and print the files written",
-            1, 1, pageOptions, runPage},
+            "make the web page (1 buttons, 2 extended view, 3 time interval, 4 slider,\n"
+            "      5 responsive; without --type the setting decides) and print the files\n"
+            "      written; --into makes a site of its own in DIR, with all that it shows",
+            1, 1, pageOptions, runPage, true},
     Command{"plan", "PROJECT",
             "print the steps that an upload of these groups takes, one a line: command,\n"
             "      two parameters, and 1 where a failure ends the upload, parted by tabs",
@@ -100,7 +102,8 @@ QString modelPath(const QString& hostPath) {
     return host_files::toModel(QDir::cleanPath(QFileInfo(hostPath).absoluteFilePath()));
 }
 
-void openNamedProject(CommandContext& context, const QString& hostFile) {
+void openNamedProject(CommandContext& context, const QString& hostFile,
+                      const std::optional<QString>& mapsFolder) {
     if (!QFileInfo(hostFile).isFile()) {
         throw Error(error_number::FileNotFound, "command line",
                     hostFile +
@@ -108,7 +111,7 @@ void openNamedProject(CommandContext& context, const QString& hostFile) {
                         "currently supported.",
                     "there is no such file");
     }
-    OpenProject(context.editor(), modelPath(hostFile));
+    OpenProject(context.editor(), modelPath(hostFile), mapsFolder);
 }
 
 }  // namespace nubivane

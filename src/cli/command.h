@@ -10,6 +10,7 @@
 #include <QHash>
 #include <QStringList>
 
+#include <optional>
 #include <span>
 
 namespace nubivane {
@@ -71,8 +72,9 @@ int runSettingsSet(CommandContext& context);
 int runSettingsDelete(CommandContext& context);
 
 /// Opens the project that a command names (host path). Raises `Error` with the text that the
-/// editor shows when it is started with such a file.
-void openNamedProject(CommandContext& context, const QString& hostFile);
+/// editor shows when it is started with such a file. `mapsFolder` as in `OpenProject`.
+void openNamedProject(CommandContext& context, const QString& hostFile,
+                      const std::optional<QString>& mapsFolder = std::nullopt);
 
 /// The model's form of a host path given on the command line.
 QString modelPath(const QString& hostPath);

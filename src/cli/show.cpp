@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/command.h"
-#include "cli/json_writer.h"
 #include "cli/streams.h"
+#include "engine/core/json_writer.h"
 #include "engine/core/path_text.h"
 
 namespace nubivane {

@@ -14,7 +14,8 @@ TEST_F(Help, MentionsEveryCommandAndOption) {
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.err, "");
     for (const char* word :
-         {"show PROJECT\n", "save PROJECT [TARGET.nvpf]\n", "page PROJECT [--type 1|2|3|4]\n",
+         {"show PROJECT\n", "save PROJECT [TARGET.nvpf]\n",
+          "page PROJECT [--type 1|2|3|4|5] [--into DIR]\n",
           "plan PROJECT [--symbols] [--maps] [--html-page]\n", "upload PROJECT [--initialize]",
           "[--host H]", "[--port P]", "[--user U]", "[--password-file F]\n",
           "settings get SECTION GROUP KEY [DEFAULT]\n", "settings set SECTION GROUP KEY VALUE\n",

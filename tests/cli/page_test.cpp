@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/cli_fixture.h"
 
+#include <QRegularExpression>
+#include <QUrl>
+
 namespace nubivane::testing {
 
 namespace {
@@ -45,7 +48,8 @@ TEST_F(PageCommand, EachTypeIsMadeOnRequest) {
     const QList<QPair<QString, QByteArray>> types{{"1", "_Init();"},
                                                   {"2", "javascript:_Show();"},
                                                   {"3", "setInterval("},
-                                                  {"4", "<!-- SLIDER -->"}};
+                                                  {"4", "<!-- SLIDER -->"},
+                                                  {"5", "<section class=\"period\""}};
     for (const auto& [type, mark] : types) {
         EXPECT_EQ(run({"page", "--type", type, project}).exitCode, 0);
         EXPECT_TRUE(readFile(host("Forecast.htm")).contains(mark)) << type.toStdString();
@@ -66,6 +70,62 @@ TEST_F(PageCommand, TheSettingsOfTheGivenFileCount) {
     EXPECT_TRUE(QFile::exists(host("Island.htm")));
     EXPECT_TRUE(result.out.contains("/Web/Island2.jpg\n"));
     EXPECT_FALSE(QFile::exists(host("Forecast.htm")));
+}
+
+TEST_F(PageCommand, ASiteOfItsOwnHoldsAllThatThePageRefersTo) {
+    const QString project =
+        useProject("engine/web/golden/buttons-four-frames-effects-off/project.nvpf");
+    run({"settings", "set", "Nubivane\\6.0.0\\Settings", "Html page", "Language", "en"});
+    for (const QString type : {"1", "2", "3", "4", "5"}) {
+        const QString site = temporary.file("site/" + type);
+        const QStringList before = files();
+        const ProcessResult result = run({"page", project, "--type", type, "--into", site});
+        ASSERT_EQ(result.exitCode, 0) << result.err.toStdString();
+        QStringList printed = QString::fromUtf8(result.out).chopped(1).split(u'\n');
+        QStringList written = files();
+        for (const QString& file : before) {
+            EXPECT_TRUE(written.removeOne(file)) << file.toStdString();
+        }
+        for (QString& path : printed) {
+            path = QDir(temporary.path()).relativeFilePath(path);
+            EXPECT_TRUE(path.startsWith("site/" + type + u'/')) << path.toStdString();
+        }
+        printed.sort();
+        EXPECT_EQ(printed, written);
+        EXPECT_TRUE(QFileInfo(site + "/Forecast.htm").isFile());
+        const QString page = QString::fromUtf8(readFile(site + "/Forecast.htm"));
+        static const QRegularExpression reference(
+            "(?:src|srcset|href)=\"((?:Web|Symbols)/[^\"]*)\"");
+        for (const auto& match : reference.globalMatch(page)) {
+            const QString file = QUrl::fromPercentEncoding(match.captured(1).toUtf8());
+            EXPECT_TRUE(QFileInfo(site + u'/' + file).isFile()) << file.toStdString();
+        }
+    }
+}
+
+TEST_F(PageCommand, ASiteLeavesOtherFilesOfItsFolder) {
+    const QString project = useSoundProject();
+    const QString site = temporary.file("site");
+    writeFile(site + "/Web/other.jpg", "other");
+    writeFile(site + "/Forecast-custom.css", "body{}");
+    EXPECT_EQ(run({"page", project, "--type", "5", "--into", site}).exitCode, 0);
+    EXPECT_EQ(readFile(site + "/Web/other.jpg"), "other");
+    EXPECT_EQ(readFile(site + "/Forecast-custom.css"), "body{}");
+    EXPECT_TRUE(readFile(site + "/Forecast.htm").contains("\"Forecast-custom.css\""));
+}
+
+TEST_F(PageCommand, ASiteIsNotWrittenThroughALinkToAnotherPlace) {
+    const QString project = useSoundProject();
+    const QString site = temporary.file("site");
+    const QString elsewhere = temporary.file("elsewhere");
+    ASSERT_TRUE(QDir().mkpath(site) && QDir().mkpath(elsewhere));
+    ASSERT_TRUE(QFile::link(elsewhere, site + "/Web"));
+    for (const QString type : {"1", "5"}) {
+        const ProcessResult result = run({"page", project, "--type", type, "--into", site});
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_TRUE(result.err.contains("leads to another place")) << result.err.toStdString();
+        EXPECT_TRUE(QDir(elsewhere).isEmpty());
+    }
 }
 
 TEST_F(PageCommand, AMissingOrDamagedProjectWritesNoPage) {

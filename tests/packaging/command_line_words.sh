@@ -61,7 +61,8 @@ for command in "${commands[@]}"; do
         LC_ALL=C sort -u)
     offers "$(printf '%s\n' --help $usage | LC_ALL=C sort -u | xargs)" "$command" europe.nvpf --
 done
-offers "1 2 3 4" page europe.nvpf --type ''
+offers "1 2 3 4 5" page europe.nvpf --type ''
+offers "folder" page europe.nvpf --into ''
 offers "1 2 3" anigif --compression ''
 offers "1 2 3 4 5" film europe.nvpf day.gif --from ''
 offers "secret.txt" upload --password-file s

@@ -42,6 +42,11 @@ constexpr std::array table = {
     SettingRow{Setting::PageEffects, S, "Html page", "Effects", Flag, "1"},
     SettingRow{Setting::PageShowForecastText, S, "Html page", "Show forecast text", Flag, "1"},
     SettingRow{Setting::PagePoweredLabel, S, "Html page", "Powered Label", Text, ""},
+    // An empty language is the system's.
+    SettingRow{Setting::PageLanguage, S, "Html page", "Language", Text, ""},
+    SettingRow{Setting::PageTheme, S, "Html page", "Theme", Number, "0"},
+    SettingRow{Setting::PagePlay, S, "Html page", "Play button", Number, "1"},
+    SettingRow{Setting::PageAddress, S, "Html page", "Address", Text, ""},
     SettingRow{Setting::SliderTick, SH, "Slider", "Tick", Flag, "1"},
     SettingRow{Setting::SliderColor, SH, "Slider", "Color", Color, "-1"},
     SettingRow{Setting::SliderTooltip, SH, "Slider", "Tooltip", Flag, "1"},

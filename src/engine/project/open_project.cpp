@@ -68,7 +68,8 @@ DataBlocks readPictures(Editor editor, const QString& name, const ProjectDocumen
 
 /// Replaces the open project by the file's. The progress shows from where the file is one that can
 /// be read. Returns whether Symbols were dropped.
-bool replaceProject(Editor editor, const QString& name, std::optional<ProgressGuard>& progress) {
+bool replaceProject(Editor editor, const QString& name, const QString& mapsFolder,
+                    std::optional<ProgressGuard>& progress) {
     if (!isValidProjectFile(name)) {
         throw damagedProject("the project or its data file \"" + dataFileOf(name) +
                              "\" is missing, or the name has not the extension nvpf");
@@ -78,7 +79,7 @@ bool replaceProject(Editor editor, const QString& name, std::optional<ProgressGu
     editor.shell.processEvents();
     ProjectDocument document = readDocument(editor, name);
 
-    workspace.Status.CurrentMap = workspace.folder.maps() + u'\\' + document.map;
+    workspace.Status.CurrentMap = mapsFolder + u'\\' + document.map;
     editor.view.unloadFrameSprites();
     workspace.Project = std::move(document.model);
     reloadCollections(workspace.Status.SymbolsCollection(), workspace.folder);
@@ -91,7 +92,7 @@ bool replaceProject(Editor editor, const QString& name, std::optional<ProgressGu
     editor.shell.setProgress(70);
     editor.shell.processEvents();
     // The map travels with the project and back into the folder of maps at every opening.
-    host_files::makeFolder(workspace.folder.maps());
+    host_files::makeFolder(mapsFolder);
     host_files::writeOver(workspace.Status.CurrentMap, blocks.map);
     workspace.clearTempPicture();
     for (std::size_t i = 0; i < blocks.frames.size(); ++i) {
@@ -123,7 +124,8 @@ void showOpenedProject(Editor editor, const QString& name) {
 
 }  // namespace
 
-void OpenProject(Editor editor, const std::optional<QString>& file) {
+void OpenProject(Editor editor, const std::optional<QString>& file,
+                 const std::optional<QString>& mapsFolder) {
     if (!confirmLeavingProject(editor)) {
         return;
     }
@@ -141,7 +143,8 @@ void OpenProject(Editor editor, const std::optional<QString>& file) {
         const cWrapper* const before = editor.workspace.Project.get();
         if (host_files::fileExists(name)) {
             try {
-                missingSymbols = replaceProject(editor, name, progress);
+                missingSymbols = replaceProject(
+                    editor, name, mapsFolder.value_or(editor.workspace.folder.maps()), progress);
             } catch (const Error& error) {
                 if (editor.workspace.Project.get() != before) {
                     keepWhatWasRead(editor);

@@ -16,6 +16,10 @@ namespace nubivane {
 /// found inside the Frames or in the pictures leaves what could be read in the workspace; any
 /// earlier failure leaves the open project as it was. A file that does not exist raises nothing:
 /// the project stays, shown on bare maps, under the missing file's name.
-void OpenProject(Editor editor, const std::optional<QString>& file = std::nullopt);
+///
+/// The project's map is put into the program folder's maps, or into `mapsFolder` where the program
+/// folder is to stay as it is; that folder must live as long as the project.
+void OpenProject(Editor editor, const std::optional<QString>& file = std::nullopt,
+                 const std::optional<QString>& mapsFolder = std::nullopt);
 
 }  // namespace nubivane

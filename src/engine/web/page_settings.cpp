@@ -4,8 +4,13 @@
 #include "engine/core/error.h"
 #include "engine/core/host_files.h"
 #include "engine/core/number_text.h"
+#include "engine/core/path_text.h"
 #include "engine/core/settings_store.h"
 #include "engine/core/version.h"
+
+#include <QLocale>
+#include <QRegularExpression>
+#include <QUrl>
 
 #include <cstdlib>
 #include <limits>
@@ -43,6 +48,32 @@ QString footer(const SettingsStore& settings) {
     return text.isEmpty() ? QStringLiteral("Powered by nVane ") + Version : text;
 }
 
+/// A tag that is none would make the page invalid: then, as without one, the system's language.
+QString languageOf(const SettingsStore& settings) {
+    static const QRegularExpression tag(QStringLiteral("^[A-Za-z]{2,3}(-[A-Za-z0-9]{2,8})*$"));
+    const QString text = trimBlanks(settings.text(Setting::PageLanguage));
+    return tag.match(text).hasMatch() ? text : QLocale::system().bcp47Name();
+}
+
+template <class Choice>
+Choice choice(const SettingsStore& settings, Setting setting, Choice last, Choice otherwise) {
+    const int number = settings.number(setting).value_or(-1);
+    return number >= 0 && number <= static_cast<int>(last) ? static_cast<Choice>(number)
+                                                           : otherwise;
+}
+
+QString addressOf(const SettingsStore& settings) {
+    const QUrl url(trimBlanks(settings.text(Setting::PageAddress)), QUrl::StrictMode);
+    const bool isWeb =
+        url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
+    if (!url.isValid() || !isWeb || url.host().isEmpty()) {
+        return {};
+    }
+    const QString folder = QString::fromLatin1(
+        url.toEncoded(QUrl::RemoveUserInfo | QUrl::RemoveQuery | QUrl::RemoveFragment));
+    return folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/');
+}
+
 }  // namespace
 
 QString readPageFilename(const SettingsStore& settings) {
@@ -67,6 +98,11 @@ PageSettings PageSettings::read(const SettingsStore& settings) {
         .sliderTicks = isOne(settings, Setting::SliderTick),
         .sliderColor = toInt32(settings.text(Setting::SliderColor)),
         .sliderTooltip = isOne(settings, Setting::SliderTooltip),
+        .ownBackcolor = color(settings, Setting::PageBackcolorInDialog),
+        .language = languageOf(settings),
+        .theme = choice(settings, Setting::PageTheme, PageTheme::Dark, PageTheme::Automatic),
+        .play = choice(settings, Setting::PagePlay, PagePlay::Running, PagePlay::Offered),
+        .address = addressOf(settings),
     };
 }
 

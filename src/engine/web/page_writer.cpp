@@ -42,6 +42,7 @@ std::unique_ptr<PageWriter> PageWriter::ofType(PageType type, const PageInput& i
         case PageType::Slider:
             return std::make_unique<SliderPage>(input);
         case PageType::NavigationButtons:
+        case PageType::Responsive:
             break;
     }
     return std::make_unique<ButtonsPage>(input);

@@ -22,8 +22,15 @@ struct PageInput {
     PageSettings settings;
 };
 
-/// Types of page; the values are those of the setting "Type". No setting selects the slider.
-enum class PageType { NavigationButtons = 1, ExtendedView = 2, TimeInterval = 3, Slider = 4 };
+/// Types of page; the values are those of the setting "Type". No setting selects the slider. The
+/// responsive page has nothing of the others' skeleton: `ResponsiveSite` makes it.
+enum class PageType {
+    NavigationButtons = 1,
+    ExtendedView = 2,
+    TimeInterval = 3,
+    Slider = 4,
+    Responsive = 5
+};
 
 /// Writes a forecast page (HTML 4, absolutely positioned) and its script.
 ///

@@ -9,10 +9,12 @@
 #include "engine/core/windows1252.h"
 #include "engine/model/editor_view.h"
 #include "engine/model/workspace.h"
-#include "engine/picture/jpeg_tables.h"
+#include "engine/web/map_pictures.h"
+#include "engine/web/responsive_site.h"
+#include "engine/web/site_copies.h"
+#include "engine/web/site_folder.h"
 
 #include <QFile>
-#include <QHash>
 #include <QSet>
 
 #include <functional>
@@ -23,36 +25,6 @@
 namespace nubivane {
 
 namespace {
-
-/// A page's picture as JPEG of our quality, passed on as it is where it already is one.
-QByteArray pageJpeg(const Picture& picture) {
-    if (picture.wasReadAs(PictureFormat::Jpeg) && hasOurJpegQuality(picture.originalBytes())) {
-        return picture.originalBytes();
-    }
-    return encodePicture(picture.image(), PictureFormat::Jpeg);
-}
-
-/// Frames that show one picture.
-struct SharedPicture {
-    Picture picture;
-    std::vector<qint32> frames;
-};
-
-std::vector<SharedPicture> groupByPicture(const FramePanels& panels) {
-    std::vector<SharedPicture> groups;
-    QHash<const void*, std::size_t> known;
-    for (qint32 i = 1; i <= panels.Count(); ++i) {
-        const Picture picture = panels.picture(i);
-        const auto found = known.constFind(picture.identity());
-        if (found == known.cend()) {
-            known.insert(picture.identity(), groups.size());
-            groups.push_back({picture, {i}});
-        } else {
-            groups[*found].frames.push_back(i);
-        }
-    }
-    return groups;
-}
 
 /// The pictures of a page: "Web\<Filename><i>.jpg" for each Frame.
 class MapImages {
@@ -132,6 +104,8 @@ PageType typeOfSetting(const SettingsStore& settings) {
             return PageType::ExtendedView;
         case 3:
             return PageType::TimeInterval;
+        case 5:
+            return PageType::Responsive;
         default:
             return PageType::NavigationButtons;
     }
@@ -175,6 +149,16 @@ QStringList writeMapImages(Editor editor, const std::function<void()>& meanwhile
     return files;
 }
 
+/// The page among the files of a site.
+QString pageOf(const QStringList& files) {
+    for (const QString& file : files) {
+        if (file.endsWith(QLatin1String(".htm"))) {
+            return file;
+        }
+    }
+    return {};
+}
+
 QStringList writePage(const PageTexts& texts) {
     const QString start = host_files::toHost(texts.start);
     host_files::writeHostFile(start + ".htm", texts.page);
@@ -182,15 +166,12 @@ QStringList writePage(const PageTexts& texts) {
     return {start + ".htm", start + ".js"};
 }
 
-}  // namespace
-
-std::optional<QStringList> createPage(Editor editor, std::optional<PageType> type) {
-    const HourglassGuard hourglass(editor.shell);
+/// The page of a type of the skeleton, in the program folder.
+std::optional<QStringList> writeSkeletonPage(Editor editor, PageType type) {
     // Made on this thread while others encode the pictures, or afterwards when there was no time.
     // What goes wrong in it is raised where it is written.
-    std::future<PageTexts> texts = std::async(std::launch::deferred, [&] {
-        return makePage(editor.workspace, type.value_or(typeOfSetting(editor.workspace.settings)));
-    });
+    std::future<PageTexts> texts =
+        std::async(std::launch::deferred, [&] { return makePage(editor.workspace, type); });
     QStringList files;
     try {
         files = writeMapImages(editor, [&texts] { texts.wait(); });
@@ -199,22 +180,97 @@ std::optional<QStringList> createPage(Editor editor, std::optional<PageType> typ
                                  Buttons::Ok, QString::fromUtf8(error.what())});
         return std::nullopt;
     }
+    editor.shell.processEvents();
+    return files + writePage(texts.get());
+}
+
+/// The responsive page, in the program folder: as always, "Web" then holds its pictures alone.
+QStringList writeResponsivePage(Editor editor) {
+    Workspace& workspace = editor.workspace;
+    SiteFolder site(host_files::toHost(workspace.folder.path()), SiteFolder::Links::Followed);
+    workspace.fillPanels();
+    workspace.storeCurrentFrame();
+    {
+        const InputGuard noInput(editor.view);
+        writeResponsiveSite(workspace, site, [&editor] { editor.shell.processEvents(); });
+    }
+    QSet<QString> pictures;
+    for (const QString& name : site.names()) {
+        pictures += name.mid(name.lastIndexOf(u'/') + 1);
+    }
+    host_files::removeFiles(workspace.folder.web(), pictures);
+    return site.written();
+}
+
+/// A page of the skeleton with copies of all that it refers to.
+void writeSkeletonSite(Editor editor, PageType type, SiteFolder& site) {
+    const Workspace& workspace = editor.workspace;
+    const PageTexts texts = makePage(workspace, type);
+    const QString name = readPageFilename(workspace.settings);
+    const std::vector<SharedPicture> groups = groupByPicture(workspace.pctPanel);
+    parallelFor(
+        groups.size(),
+        [&](std::size_t i) {
+            const QByteArray jpeg = pageJpeg(groups[i].picture);
+            for (const qint32 frame : groups[i].frames) {
+                site.write("Web/" + name + QString::number(frame) + ".jpg", jpeg);
+            }
+        },
+        [&editor](std::size_t) { editor.shell.processEvents(); });
+    copyPictures(workspace, site);
+    site.write(name + ".js", texts.script);
+    site.write(name + ".htm", texts.page);
+}
+
+void tellFailure(Editor editor, const Error& error) {
+    editor.shell.messageBox({"An error occurred while creating the page: " + error.description(),
+                             Icon::Critical, Buttons::Ok, error.cause()});
+}
+
+}  // namespace
+
+std::optional<QStringList> createPage(Editor editor, std::optional<PageType> type) {
+    const HourglassGuard hourglass(editor.shell);
+    const PageType made = type.value_or(typeOfSetting(editor.workspace.settings));
     try {
-        editor.shell.processEvents();
-        const QStringList pageFiles = writePage(texts.get());
-        files += pageFiles;
+        const std::optional<QStringList> files = made == PageType::Responsive
+                                                     ? writeResponsivePage(editor)
+                                                     : writeSkeletonPage(editor, made);
+        if (!files) {
+            return std::nullopt;
+        }
         editor.shell.processEvents();
         editor.view.selectFirstFrame();
         editor.shell.processEvents();
-        editor.shell.openInBrowser(pageFiles.first());
+        editor.shell.openInBrowser(pageOf(*files));
         editor.shell.processEvents();
+        return files;
     } catch (const Error& error) {
-        editor.shell.messageBox(
-            {"An error occurred while creating the page: " + error.description(), Icon::Critical,
-             Buttons::Ok, error.cause()});
+        tellFailure(editor, error);
         return std::nullopt;
     }
-    return files;
+}
+
+std::optional<QStringList> createSite(Editor editor, const QString& hostFolder,
+                                      std::optional<PageType> type) {
+    const HourglassGuard hourglass(editor.shell);
+    const PageType made = type.value_or(typeOfSetting(editor.workspace.settings));
+    try {
+        Workspace& workspace = editor.workspace;
+        SiteFolder site(hostFolder, SiteFolder::Links::Refused);
+        workspace.fillPanels();
+        workspace.storeCurrentFrame();
+        const InputGuard noInput(editor.view);
+        if (made == PageType::Responsive) {
+            writeResponsiveSite(workspace, site, [&editor] { editor.shell.processEvents(); });
+        } else {
+            writeSkeletonSite(editor, made, site);
+        }
+        return site.written();
+    } catch (const Error& error) {
+        tellFailure(editor, error);
+        return std::nullopt;
+    }
 }
 
 void mnuPreview(Editor editor) {
