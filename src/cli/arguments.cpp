@@ -3,6 +3,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Wrong usage, told in one line.
@@ -21,7 +23,7 @@ class Words {
 
     QString takeValueOf(const QString& option) {
         if (words_.isEmpty()) {
-            throw UsageError{option + " needs a value"};
+            throw UsageError{option + u" needs a value"_s};
         }
         return take();
     }
@@ -41,8 +43,8 @@ const Command* findCommand(Words& words) {
             return &command;
         }
     }
-    throw UsageError{"unknown command \"" +
-                     (words.isEmpty() ? first : first + u' ' + words.peek()) + '"'};
+    throw UsageError{u"unknown command \""_s +
+                     (words.isEmpty() ? first : first + u' ' + words.peek()) + u'"'};
 }
 
 const CommandOption& findOption(const Command& command, const QString& name) {
@@ -51,14 +53,14 @@ const CommandOption& findOption(const Command& command, const QString& name) {
             return option;
         }
     }
-    throw UsageError{"\"" + QLatin1String(command.name) + "\" has no option " + name};
+    throw UsageError{u"\""_s + QLatin1String(command.name) + u"\" has no option "_s + name};
 }
 
 void checkValue(const CommandOption& option, const QString& value) {
     const QString allowed = QLatin1String(option.value);
     if (allowed.contains(u'|') && !allowed.split(u'|').contains(value)) {
         throw UsageError{QLatin1String(option.name) + QStringLiteral(" takes ") + allowed +
-                         ", not \"" + value + '"'};
+                         u", not \""_s + value + u'"'};
     }
 }
 
@@ -85,7 +87,7 @@ void parseCommand(Words& words, Arguments& result) {
     }
     const qsizetype count = result.arguments.size();
     if (count < result.command->minArguments || count > result.command->maxArguments) {
-        throw UsageError{"\"" + QLatin1String(result.command->name) + "\" takes " +
+        throw UsageError{u"\""_s + QLatin1String(result.command->name) + u"\" takes "_s +
                          QLatin1String(result.command->arguments)};
     }
 }
@@ -103,35 +105,35 @@ Arguments parse(Words words) {
         }
         if (words.peek() == u"--program-folder") {
             words.take();
-            result.programFolder = words.takeValueOf("--program-folder");
+            result.programFolder = words.takeValueOf(u"--program-folder"_s);
         } else if (words.peek() == u"--settings") {
             words.take();
-            result.settingsFile = words.takeValueOf("--settings");
+            result.settingsFile = words.takeValueOf(u"--settings"_s);
         } else if (words.peek().startsWith(u'-')) {
-            throw UsageError{"unknown option " + words.peek()};
+            throw UsageError{u"unknown option "_s + words.peek()};
         } else {
             parseCommand(words, result);
             return result;
         }
     }
-    throw UsageError{"a command is needed"};
+    throw UsageError{u"a command is needed"_s};
 }
 
 /// A command with its arguments and options, in lines that fit a terminal.
 QString usageOf(const Command& command) {
     constexpr qsizetype widest = 80;
     QString text;
-    QString line = "  " + QLatin1String(command.name) + ' ' + QLatin1String(command.arguments);
+    QString line = u"  "_s + QLatin1String(command.name) + u' ' + QLatin1String(command.arguments);
     for (const CommandOption& option : command.options) {
         QString words = QLatin1String(option.name);
         if (*option.value != '\0') {
-            words += ' ' + QLatin1String(option.value);
+            words += u' ' + QLatin1String(option.value);
         }
         if (line.size() + words.size() + 3 > widest) {
-            text += line + '\n';
-            line = "     ";
+            text += line + u'\n';
+            line = u"     "_s;
         }
-        line += " [" + words + ']';
+        line += u" ["_s + words + u']';
     }
     return text + line;
 }
@@ -155,11 +157,11 @@ QString helpText() {
         "  --settings FILE       use the settings in FILE instead of the user's\n"
         "  --help, --version\n"
         "\n"
-        "Commands:\n";
+        u"Commands:\n"_s;
     for (const Command& command : commands()) {
-        text += usageOf(command) + "\n      " + QLatin1String(command.summary) + '\n';
+        text += usageOf(command) + u"\n      "_s + QLatin1String(command.summary) + u'\n';
     }
-    text += "\nExit code: 0 done, 1 failed, 2 wrong usage. Messages go to stderr.\n";
+    text += u"\nExit code: 0 done, 1 failed, 2 wrong usage. Messages go to stderr.\n"_s;
     return text;
 }
 

@@ -12,6 +12,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr std::array pageOptions = {CommandOption{"--type", "1|2|3|4|5"},
@@ -105,11 +107,11 @@ QString modelPath(const QString& hostPath) {
 void openNamedProject(CommandContext& context, const QString& hostFile,
                       const std::optional<QString>& mapsFolder) {
     if (!QFileInfo(hostFile).isFile()) {
-        throw Error(error_number::FileNotFound, "command line",
+        throw Error(error_number::FileNotFound, u"command line"_s,
                     hostFile +
-                        ".\rThis is not a valid Nubivane file, or its format is not "
-                        "currently supported.",
-                    "there is no such file");
+                        u".\rThis is not a valid Nubivane file, or its format is not "_s
+                        u"currently supported."_s,
+                    u"there is no such file"_s);
     }
     OpenProject(context.editor(), modelPath(hostFile), mapsFolder);
 }

@@ -5,6 +5,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 ConsoleShell::ConsoleShell() : terminal_(streams::errorIsTerminal()) {}
 
 Answer ConsoleShell::messageBox(const Message& message) {
@@ -26,7 +28,7 @@ void ConsoleShell::setProgress(int percent) {
 void ConsoleShell::hideProgress() {
     if (shownPercent_ >= 0) {
         shownPercent_ = -1;
-        streams::writeError("\r      \r");
+        streams::writeError(u"\r      \r"_s);
     }
 }
 

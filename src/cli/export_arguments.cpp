@@ -6,23 +6,26 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 qint32 frameNumber(const CommandContext& context, const QString& text) {
     bool isNumber = false;
     const int number = text.toInt(&isNumber);
     const qint32 count = context.workspace.Frames().Count();
     if (!isNumber || number < 1 || number > count) {
-        throw Error(error_number::OutOfRange, "command line", "There is no Frame \"" + text + "\".",
+        throw Error(error_number::OutOfRange, u"command line"_s,
+                    u"There is no Frame \""_s + text + u"\"."_s,
                     QStringLiteral("the project has Frames 1 to %1").arg(count));
     }
     return number;
 }
 
 int compressionOf(const CommandContext& context) {
-    return context.options.value("--compression", "1").toInt();
+    return context.options.value(u"--compression"_s, u"1"_s).toInt();
 }
 
 GifQuality qualityOf(const CommandContext& context) {
-    return context.options.contains("--fine") ? GifQuality::Fine : GifQuality::Usual;
+    return context.options.contains(u"--fine"_s) ? GifQuality::Fine : GifQuality::Usual;
 }
 
 int printWritten(const QStringList& hostFiles) {
@@ -31,7 +34,7 @@ int printWritten(const QStringList& hostFiles) {
 }
 
 void failSaving(const Error& error) {
-    throw Error(error.number(), error.source(), "An error occurred while saving the file.",
+    throw Error(error.number(), error.source(), u"An error occurred while saving the file."_s,
                 QString::fromUtf8(error.what()));
 }
 

@@ -5,6 +5,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char OneSecond[] = "100";
@@ -12,9 +14,10 @@ constexpr char OneSecond[] = "100";
 /// The whole part of a number counts, as in the editor.
 qint16 intervalOf(const CommandContext& context) {
     bool isNumber = false;
-    const double number = context.options.value("--interval", OneSecond).toDouble(&isNumber);
+    const double number = context.options.value(u"--interval"_s, OneSecond).toDouble(&isNumber);
     if (!isNumber || !(number >= MinFrameInterval && number < MaxFrameInterval + 1)) {
-        throw Error(error_number::OutOfRange, "command line", "Insert a valid frames interval",
+        throw Error(error_number::OutOfRange, u"command line"_s,
+                    u"Insert a valid frames interval"_s,
                     QStringLiteral("--interval takes %1 to %2 hundredths of a second")
                         .arg(MinFrameInterval)
                         .arg(MaxFrameInterval));
@@ -27,7 +30,7 @@ qint16 intervalOf(const CommandContext& context) {
 int runFilm(CommandContext& context) {
     openNamedProject(context, context.arguments[0]);
     const FilmOptions options{
-        .current = frameNumber(context, context.options.value("--from", "1")),
+        .current = frameNumber(context, context.options.value(u"--from"_s, u"1"_s)),
         .FrameInterval = intervalOf(context),
         .quality = qualityOf(context),
     };

@@ -15,6 +15,8 @@
 
 #ifdef Q_OS_UNIX
 #include <langinfo.h>
+
+using namespace Qt::StringLiterals;
 #endif
 
 namespace {
@@ -35,7 +37,7 @@ void chooseUtf8() {
 /// one on stderr, where schedulers see every word.
 void dropRuntimeFolderComplaint(QtMsgType, const QMessageLogContext&, const QString& text) {
     if (!text.startsWith(QLatin1String("QStandardPaths:"))) {
-        streams::writeError(text + '\n');
+        streams::writeError(text + u'\n');
     }
 }
 
@@ -55,8 +57,8 @@ ProgramFolder chooseFolder(const Arguments& arguments) {
         return ProgramFolder::ofThisProgram();
     }
     if (!QFileInfo(*arguments.programFolder).isDir()) {
-        throw Error(error_number::FileNotFound, "command line",
-                    "There is no program folder \"" + *arguments.programFolder + "\".");
+        throw Error(error_number::FileNotFound, u"command line"_s,
+                    u"There is no program folder \""_s + *arguments.programFolder + u"\"."_s);
     }
     return ProgramFolder(modelPath(*arguments.programFolder));
 }
@@ -66,8 +68,8 @@ int run(const Arguments& arguments) {
     try {
         SettingsStore settings(arguments.settingsFile.value_or(SettingsStore::standardFile()));
         if (!settings.setAside().isEmpty()) {
-            streams::printError("The settings file was damaged. It was renamed to \"" +
-                                settings.setAside() + "\" and the defaults are used.");
+            streams::printError(u"The settings file was damaged. It was renamed to \""_s +
+                                settings.setAside() + u"\" and the defaults are used."_s);
         }
         Workspace workspace(chooseFolder(arguments), settings);
         CommandContext context{arguments.arguments, arguments.options, workspace, shell};
@@ -89,7 +91,7 @@ int main(int argc, char* argv[]) {
     QString error;
     const auto arguments = parseArguments(words, error);
     if (!arguments) {
-        streams::printError("nubivane-cli: " + error, "see nubivane-cli --help");
+        streams::printError(u"nubivane-cli: "_s + error, u"see nubivane-cli --help"_s);
         return exit_code::WrongUsage;
     }
     switch (arguments->request) {

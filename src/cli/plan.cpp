@@ -5,11 +5,13 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 int runPlan(CommandContext& context) {
     openNamedProject(context, context.arguments[0]);
     const UploadPlan plan = buildUploadPlan(
-        context.workspace, context.options.contains("--symbols"),
-        context.options.contains("--maps"), context.options.contains("--html-page"));
+        context.workspace, context.options.contains(u"--symbols"_s),
+        context.options.contains(u"--maps"_s), context.options.contains(u"--html-page"_s));
     QString lines;
     for (const cUpload& step : plan) {
         lines += QStringList{step.Command, step.Param1, step.Param2,

@@ -6,6 +6,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 int runPrint(CommandContext& context) {
     openNamedProject(context, context.arguments[0]);
     const qint32 frame = frameNumber(context, context.arguments[1]);
@@ -13,7 +15,7 @@ int runPrint(CommandContext& context) {
         printToPdf(canvasToPrint(renderFrame(context.workspace, frame)),
                    modelPath(context.arguments[2]));
     } catch (const Error& error) {
-        throw Error(error.number(), error.source(), "An error occurred while printing.",
+        throw Error(error.number(), error.source(), u"An error occurred while printing."_s,
                     QString::fromUtf8(error.what()));
     }
     return printWritten({context.arguments[2]});

@@ -4,11 +4,13 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 int told(bool written) {
     if (!written) {
-        streams::printError("The settings could not be written.");
+        streams::printError(u"The settings could not be written."_s);
     }
     return written ? exit_code::Done : exit_code::Failed;
 }

@@ -9,6 +9,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char Number[] = "%d";
@@ -16,9 +18,10 @@ constexpr char Number[] = "%d";
 /// The files of all Frames, from a name that holds their number once.
 QStringList filesOfAll(const CommandContext& context, const QString& name) {
     if (name.count(QLatin1String(Number)) != 1) {
-        throw Error(error_number::InvalidArgument, "command line",
-                    "The name of the files must hold %d once.",
-                    "\"all\" writes a file for each Frame, and its number takes the place of %d");
+        throw Error(
+            error_number::InvalidArgument, u"command line"_s,
+            u"The name of the files must hold %d once."_s,
+            u"\"all\" writes a file for each Frame, and its number takes the place of %d"_s);
     }
     QStringList files;
     for (qint32 i = 1; i <= context.workspace.Frames().Count(); ++i) {

@@ -9,6 +9,8 @@
 #include <io.h>
 #else
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
 #endif
 
 namespace nubivane::streams {
@@ -18,7 +20,7 @@ bool writeResult(const QByteArray& bytes) {
     if (std::fwrite(bytes.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0) {
         return true;
     }
-    printError("The result could not be written.", QString::fromLocal8Bit(std::strerror(errno)));
+    printError(u"The result could not be written."_s, QString::fromLocal8Bit(std::strerror(errno)));
     return false;
 }
 
@@ -32,7 +34,7 @@ void printError(const QString& text, const QString& cause) {
     lines.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
     lines += u'\n';
     if (!cause.isEmpty()) {
-        lines += "  " + cause + '\n';
+        lines += u"  "_s + cause + u'\n';
     }
     writeError(lines);
 }

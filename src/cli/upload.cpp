@@ -10,6 +10,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Shows a run as the share of it that is done.
@@ -48,14 +50,14 @@ std::optional<int> portOf(const QString& text) {
 /// Puts what the options say in the place of what the settings say. Raises `Error`.
 void applyOptions(const QHash<QString, QString>& options, FtpSettings& settings,
                   FtpServer& server) {
-    if (options.contains("--host")) {
-        server.host = settings.url = options.value("--host");
+    if (options.contains(u"--host"_s)) {
+        server.host = settings.url = options.value(u"--host"_s);
     }
-    if (options.contains("--user")) {
-        server.user = settings.userName = options.value("--user");
+    if (options.contains(u"--user"_s)) {
+        server.user = settings.userName = options.value(u"--user"_s);
     }
-    if (options.contains("--password-file")) {
-        server.password = readPassword(options.value("--password-file"));
+    if (options.contains(u"--password-file"_s)) {
+        server.password = readPassword(options.value(u"--password-file"_s));
     }
 }
 
@@ -67,11 +69,11 @@ int failed(const QString& text) {
 }  // namespace
 
 int runUpload(CommandContext& context) {
-    const auto port = portOf(context.options.value("--port", "21"));
+    const auto port = portOf(context.options.value(u"--port"_s, u"21"_s));
     if (!port) {
-        streams::printError("nubivane-cli: --port takes a number from 1 to 65535, not \"" +
-                                context.options.value("--port") + '"',
-                            "see nubivane-cli --help");
+        streams::printError(u"nubivane-cli: --port takes a number from 1 to 65535, not \""_s +
+                                context.options.value(u"--port"_s) + u'"',
+                            u"see nubivane-cli --help"_s);
         return exit_code::WrongUsage;
     }
     FtpSettings settings = FtpSettings::read(context.workspace.settings);
@@ -81,13 +83,13 @@ int runUpload(CommandContext& context) {
     openNamedProject(context, context.arguments[0]);
 
     if (!isReachable(context.shell, server.host)) {
-        return failed("No connection to the internet is currently available");
+        return failed(u"No connection to the internet is currently available"_s);
     }
     const FtpCheck check = checkFtpSettings(settings);
     if (check != FtpCheck::Complete) {
         return failed(textOf(check));
     }
-    const bool initialising = context.options.contains("--initialize");
+    const bool initialising = context.options.contains(u"--initialize"_s);
     ProgressView view(context.shell);
     UploadRun run(context.editor(), view);
     if (!run.runUpload(initialising, server)) {

@@ -6,6 +6,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A side in pixels; 0 when it is not given.
@@ -16,9 +18,10 @@ int sideOf(const CommandContext& context, const QString& option) {
     bool isNumber = false;
     const int side = context.options.value(option).toInt(&isNumber);
     if (!isNumber || side < 2 || side > MaxVideoSide) {
-        throw Error(error_number::OutOfRange, "command line",
-                    option + " is no size of a video: \"" + context.options.value(option) + "\".",
-                    QStringLiteral("it takes 2 to %1 pixels").arg(MaxVideoSide));
+        throw Error(
+            error_number::OutOfRange, u"command line"_s,
+            option + u" is no size of a video: \""_s + context.options.value(option) + u"\"."_s,
+            QStringLiteral("it takes 2 to %1 pixels").arg(MaxVideoSide));
     }
     return side;
 }
@@ -27,7 +30,7 @@ int run(CommandContext& context, decltype(saveAvi)& save) {
     openNamedProject(context, context.arguments[0]);
     const qint32 frame = frameNumber(context, context.arguments[1]);
     const VideoOptions options{
-        .size = {sideOf(context, "--width"), sideOf(context, "--height")},
+        .size = {sideOf(context, u"--width"_s), sideOf(context, u"--height"_s)},
         .compression = compressionOf(context),
     };
     try {

@@ -10,6 +10,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char16_t Forbidden[] = u"?*:/\\<>|\"";
@@ -21,9 +23,11 @@ bool isForbidden(QChar c) {
 
 /// Devices of Windows, which bear their names in every folder and with any extension.
 bool isReserved(const QString& name) {
-    static const QSet<QString> devices = {"con", "prn", "aux", "nul", "conin$", "conout$"};
+    static const QSet<QString> devices = {u"con"_s, u"prn"_s,    u"aux"_s,
+                                          u"nul"_s, u"conin$"_s, u"conout$"_s};
     const QString stem = trimBlanks(name.section(u'.', 0, 0)).toLower();
-    const bool isPort = stem.size() == 4 && (stem.startsWith("com") || stem.startsWith("lpt")) &&
+    const bool isPort = stem.size() == 4 &&
+                        (stem.startsWith(u"com"_s) || stem.startsWith(u"lpt"_s)) &&
                         QStringView(u"123456789¹²³").contains(stem[3]);
     return isPort || devices.contains(stem);
 }
@@ -68,7 +72,7 @@ QString newCollectionName(const QString& symbolsFolder) {
     constexpr int MostNumbers = 10000;
     const QSet<QString> taken = entriesOf(symbolsFolder);
     for (int n = 1; n <= MostNumbers; ++n) {
-        QString name = "newCollection" + QString::number(n);
+        QString name = u"newCollection"_s + QString::number(n);
         if (!taken.contains(name.toLower())) {
             return name;
         }

@@ -9,6 +9,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The setting holds a path or a bare name, whoever wrote it last.
@@ -19,7 +21,7 @@ QString nameIn(const QString& setting) {
 }  // namespace
 
 QString mapPath(const ProgramFolder& folder, const QString& name) {
-    return folder.path() + "\\maps\\" + name;
+    return folder.path() + u"\\maps\\"_s + name;
 }
 
 QStringList mapNames(const ProgramFolder& folder) {
@@ -39,7 +41,7 @@ bool isCurrentMap(const Workspace& workspace, const QString& path) {
 QString defaultMapName(const Workspace& workspace) {
     const SettingRow& row = rowOf(Setting::CurrentMap);
     return nameIn(workspace.settings.GetSetting(row.section, row.group, row.key,
-                                                workspace.folder.entry("europe.jpg")));
+                                                workspace.folder.entry(u"europe.jpg"_s)));
 }
 
 QString firstMapName(const SettingsStore& settings) {

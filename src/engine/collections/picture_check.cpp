@@ -13,6 +13,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What a kind of picture may measure, and how its refusals begin and end.
@@ -43,7 +45,7 @@ QString check(const QString& path, const Rules& rules) {
         const QByteArray bytes = host_files::read(path, MaxImportBytes);
         const QSize size = shownSize(bytes);
         const QString measured = QLatin1String(rules.subject) + QString::number(size.width()) +
-                                 " x " + QString::number(size.height()) + " pixels.\r\n";
+                                 u" x "_s + QString::number(size.height()) + u" pixels.\r\n"_s;
         if (size.width() > rules.largest.width() || size.height() > rules.largest.height()) {
             return measured + QLatin1String(rules.tooLarge);
         }

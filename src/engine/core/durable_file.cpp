@@ -13,6 +13,8 @@
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
 #endif
 
 namespace nubivane::durable_file {
@@ -20,8 +22,8 @@ namespace nubivane::durable_file {
 namespace {
 
 [[noreturn]] void fail(const QString& path, const QString& reason) {
-    throw Error(error_number::FileAccess, "durable_file", "Cannot write the file.",
-                path + ": " + reason);
+    throw Error(error_number::FileAccess, u"durable_file"_s, u"Cannot write the file."_s,
+                path + u": "_s + reason);
 }
 
 bool flushToDisk(int handle) {

@@ -5,12 +5,14 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 Error::Error(int number, QString source, QString description, QString cause)
     : number_(number),
       source_(std::move(source)),
       description_(std::move(description)),
       cause_(std::move(cause)) {
-    const QString full = cause_.isEmpty() ? description_ : description_ + " " + cause_;
+    const QString full = cause_.isEmpty() ? description_ : description_ + u" "_s + cause_;
     what_ = full.toUtf8();
 }
 

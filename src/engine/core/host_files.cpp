@@ -9,13 +9,15 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+using namespace Qt::StringLiterals;
+
 namespace nubivane::host_files {
 
 namespace {
 
 [[noreturn]] void fail(int number, const QString& what, const QString& hostPath,
                        const QString& reason) {
-    throw Error(number, "host_files", what, hostPath + ": " + reason);
+    throw Error(number, u"host_files"_s, what, hostPath + u": "_s + reason);
 }
 
 /// The entry of `folder` named like `name` but for case, or `name` itself.
@@ -43,7 +45,7 @@ void replace(const QString& hostPath, const QByteArray& bytes, const QByteArray&
     QSaveFile file(hostPath);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() ||
         file.write(tail) != tail.size() || !file.flush() || !file.commit()) {
-        fail(error_number::FileAccess, "Cannot write the file.", hostPath,
+        fail(error_number::FileAccess, u"Cannot write the file."_s, hostPath,
              durable_file::reasonOf(file));
     }
 }
@@ -126,18 +128,18 @@ QByteArray read(const QString& path, qint64 maxBytes) {
     const QString host = toHost(path);
     QFile file(host);
     if (!QFileInfo(host).isFile()) {
-        fail(error_number::FileNotFound, "File not found.", host, "there is no such file");
+        fail(error_number::FileNotFound, u"File not found."_s, host, u"there is no such file"_s);
     }
     if (!file.open(QIODevice::ReadOnly)) {
-        fail(error_number::FileAccess, "Cannot read the file.", host, file.errorString());
+        fail(error_number::FileAccess, u"Cannot read the file."_s, host, file.errorString());
     }
     if (file.size() > maxBytes) {
-        fail(error_number::FileAccess, "The file is too large.", host,
+        fail(error_number::FileAccess, u"The file is too large."_s, host,
              QStringLiteral("%1 bytes where at most %2 are read").arg(file.size()).arg(maxBytes));
     }
     QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError) {
-        fail(error_number::FileAccess, "Cannot read the file.", host, file.errorString());
+        fail(error_number::FileAccess, u"Cannot read the file."_s, host, file.errorString());
     }
     return bytes;
 }
@@ -147,12 +149,12 @@ void write(const QString& path, const QByteArray& bytes) {
 }
 
 void writeHostFile(const QString& hostPath, const QByteArray& bytes) {
-    QFile file(hostPath + ".new");
+    QFile file(hostPath + u".new"_s);
     try {
         durable_file::create(file);
         durable_file::append(file, bytes);
         if (!file.flush()) {
-            fail(error_number::FileAccess, "Cannot write the file.", hostPath,
+            fail(error_number::FileAccess, u"Cannot write the file."_s, hostPath,
                  durable_file::reasonOf(file));
         }
         file.close();
@@ -216,7 +218,8 @@ bool rename(const QString& path, const QString& newName) {
 void makeFolder(const QString& path) {
     const QString host = toHost(path);
     if (!QDir().mkpath(host)) {
-        fail(error_number::FileAccess, "Cannot create the folder.", host, "the system refused it");
+        fail(error_number::FileAccess, u"Cannot create the folder."_s, host,
+             u"the system refused it"_s);
     }
 }
 

@@ -17,9 +17,9 @@ class ProgramFolder {
     static ProgramFolder ofThisProgram();
 
     const QString& path() const { return path_; }
-    QString maps() const { return path_ + "\\Maps"; }
-    QString symbols() const { return path_ + "\\Symbols"; }
-    QString web() const { return path_ + "\\Web"; }
+    QString maps() const { return path_ + QStringLiteral("\\Maps"); }
+    QString symbols() const { return path_ + QStringLiteral("\\Symbols"); }
+    QString web() const { return path_ + QStringLiteral("\\Web"); }
 
     /// The path of an entry directly in the program folder.
     QString entry(const QString& name) const { return path_ + u'\\' + name; }

@@ -7,6 +7,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 ReplacedFile::ReplacedFile(const QString& path) : file_(host_files::toHost(path)) {
     if (!file_.open(QIODevice::WriteOnly)) {
         fail();
@@ -34,8 +36,8 @@ void ReplacedFile::commit() {
 }
 
 void ReplacedFile::fail() {
-    throw Error(error_number::FileAccess, "replaced_file", "Cannot write the file.",
-                file_.fileName() + ": " + durable_file::reasonOf(file_));
+    throw Error(error_number::FileAccess, u"replaced_file"_s, u"Cannot write the file."_s,
+                file_.fileName() + u": "_s + durable_file::reasonOf(file_));
 }
 
 }  // namespace nubivane

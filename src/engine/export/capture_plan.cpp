@@ -7,6 +7,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What stands when nothing on the stage moves, or only more slowly than `SlowestStep`.
@@ -16,7 +18,7 @@ constexpr int SlowestStep = 10'000;
 CapturePlan plan(qint64 longestLoop, int shortest, int compression) {
     const CapturePlan result{longestLoop, std::max(1, shortest * compression)};
     if (result.count() > MaxCaptures) {
-        throw Error(error_number::OutOfRange, "export", "The animation has too many images.",
+        throw Error(error_number::OutOfRange, u"export"_s, u"The animation has too many images."_s,
                     QStringLiteral("%1 images, one every %2 ms, where at most %3 are written")
                         .arg(result.count())
                         .arg(result.interval)

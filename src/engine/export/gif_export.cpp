@@ -9,6 +9,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double MillisecondsPerHundredth = 10;
@@ -25,11 +27,11 @@ void writeGif(const FrameList& list, const QString& path, GifQuality quality,
               const PictureProgress& captured, ExportWatcher& watcher) {
     constexpr int TryEverything = 2;
     ImageEx::AssembleGif(list, path, captured, quality);
-    watcher.setCaption(" Assembling file - step 2 of 4");
+    watcher.setCaption(u" Assembling file - step 2 of 4"_s);
     watcher.setProgress(80);
-    watcher.setCaption(" Optimizing file - step 3 of 4");
+    watcher.setCaption(u" Optimizing file - step 3 of 4"_s);
     watcher.setProgress(90);
-    watcher.setCaption(" Saving file - step 4 of 4");
+    watcher.setCaption(u" Saving file - step 4 of 4"_s);
     try {
         ImageEx::OptimizeGif(path, path, TryEverything,
                              [&watcher](int, int) { watcher.working(); });
@@ -55,7 +57,7 @@ class AniGifJob : public ExportJob {
     }
 
     void save(ExportWatcher& watcher) override {
-        watcher.setCaption(" Creating frames - step 1 of 4");
+        watcher.setCaption(u" Creating frames - step 1 of 4"_s);
         FrameList list;
         for (qint64 i = 0; i < plan_.count(); ++i) {
             const qint64 time = i * plan_.interval;
@@ -95,7 +97,7 @@ class FilmJob : public ExportJob {
     }
 
     void save(ExportWatcher& watcher) override {
-        watcher.setCaption(" Creating frames - step 1 of 4");
+        watcher.setCaption(u" Creating frames - step 1 of 4"_s);
         FrameList list;
         for (qint32 i = 1; i <= film_.count(); ++i) {
             list.push_back({static_cast<double>(options_.FrameInterval),

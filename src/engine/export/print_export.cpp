@@ -10,6 +10,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int PixelsPerInch = 96;
@@ -48,8 +50,8 @@ QImage canvasToPrint(const QImage& stage) {
 void printPicture(QPagedPaintDevice& paper, const QImage& picture) {
     QPainter painter;
     if (!painter.begin(&paper)) {
-        throw Error(error_number::FileAccess, "printing", "Cannot print.",
-                    "the printer does not begin a page");
+        throw Error(error_number::FileAccess, u"printing"_s, u"Cannot print."_s,
+                    u"the printer does not begin a page"_s);
     }
     // A JPEG in its place would be larger, for a map, and blur its lines.
     painter.setRenderHint(QPainter::LosslessImageRendering);
@@ -57,8 +59,8 @@ void printPicture(QPagedPaintDevice& paper, const QImage& picture) {
                   double(paper.logicalDpiY()) / PixelsPerInch);
     painter.drawImage(QRectF(QPointF(0, 0), QSizeF(picture.size())), picture);
     if (!painter.end()) {
-        throw Error(error_number::FileAccess, "printing", "Cannot print.",
-                    "the printer does not end the page");
+        throw Error(error_number::FileAccess, u"printing"_s, u"Cannot print."_s,
+                    u"the printer does not end the page"_s);
     }
 }
 

@@ -13,15 +13,17 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Exactly three characters count, so "jpeg" and "tiff" are no formats here.
 PictureFormat formatOf(const QString& path) {
     const QString end = path.right(3).toLower();
-    static const QStringList known{"bmp", "gif", "jpg", "png", "tif"};
+    static const QStringList known{u"bmp"_s, u"gif"_s, u"jpg"_s, u"png"_s, u"tif"_s};
     if (!known.contains(end)) {
-        throw Error(error_number::UnsupportedFormat, "DoSaveMap", "Unsupported format",
-                    "the name \"" + path + "\" ends in none of " + known.join(", "));
+        throw Error(error_number::UnsupportedFormat, u"DoSaveMap"_s, u"Unsupported format"_s,
+                    u"the name \""_s + path + u"\" ends in none of "_s + known.join(u", "_s));
     }
     return formatOfExtension(end);
 }

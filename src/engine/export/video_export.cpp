@@ -11,6 +11,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int MillisecondsPerSecond = 1000;
@@ -46,15 +48,15 @@ class VideoJob : public ExportJob {
     }
 
     void save(ExportWatcher& watcher) override {
-        watcher.setCaption(" Creating frames - step 1 of 3");
+        watcher.setCaption(u" Creating frames - step 1 of 3"_s);
         const QSize size = videoSize(format_, options_.size, stage_.size());
         VideoWriter video(path_, format_, size, rate());
         for (qint64 i = 0; i < plan_.count(); ++i) {
             add(video, i * plan_.interval, size, watcher);
         }
-        watcher.setCaption(" Creating file - step 2 of 3");
+        watcher.setCaption(u" Creating file - step 2 of 3"_s);
         watcher.setProgress(80);
-        watcher.setCaption(" Saving - step 3 of 3");
+        watcher.setCaption(u" Saving - step 3 of 3"_s);
         video.finish();
         watcher.setProgress(100);
     }

@@ -17,10 +17,12 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 [[noreturn]] void refuse(const QString& cause) {
-    throw Error(error_number::InvalidPicture, "gif", "Invalid picture.", cause);
+    throw Error(error_number::InvalidPicture, u"gif"_s, u"Invalid picture."_s, cause);
 }
 
 QString reason(int error) {
@@ -187,7 +189,7 @@ class GifReader {
                                .expandedTo({firstRect.left() + firstRect.width(),
                                             firstRect.top() + firstRect.height()});
         if (size.isEmpty()) {
-            refuse("the picture has no size");
+            refuse(u"the picture has no size"_s);
         }
         if (size.width() > MaxPictureSide || size.height() > MaxPictureSide ||
             qint64{size.width()} * size.height() > MaxPicturePixels) {
@@ -196,7 +198,7 @@ class GifReader {
         }
         canvas_ = QImage(size, QImage::Format_ARGB32_Premultiplied);
         if (canvas_.isNull()) {
-            refuse("there is not enough memory");
+            refuse(u"there is not enough memory"_s);
         }
         canvas_.fill(Qt::transparent);
     }

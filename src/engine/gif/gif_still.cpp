@@ -13,12 +13,15 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int MaxSide = 65535;  // sizes have 16 bits
 
 [[noreturn]] void fail(const QString& cause) {
-    throw Error(error_number::InvalidPicture, "gif", "Cannot encode the picture as GIF.", cause);
+    throw Error(error_number::InvalidPicture, u"gif"_s, u"Cannot encode the picture as GIF."_s,
+                cause);
 }
 
 /// One byte a pixel and what the bytes mean.
@@ -72,7 +75,7 @@ Indexed indexByPalette(const QImage& argb) {
         liq_image_destroy);
     liq_result* quantized = nullptr;
     if (!source || liq_image_quantize(source.get(), attributes.get(), &quantized) != LIQ_OK) {
-        fail("no palette was found");
+        fail(u"no palette was found"_s);
     }
     const LiqHandle<liq_result> result(quantized, liq_result_destroy);
     Indexed indexed;
@@ -100,7 +103,7 @@ int appendBytes(GifFileType* file, const GifByteType* bytes, int length) {
 
 QByteArray encodeGifStill(const QImage& image) {
     if (image.isNull() || image.width() > MaxSide || image.height() > MaxSide) {
-        fail("a GIF holds pictures of 1 to 65535 pixels a side");
+        fail(u"a GIF holds pictures of 1 to 65535 pixels a side"_s);
     }
     const QImage argb = image.convertToFormat(QImage::Format_ARGB32);
     std::optional<Indexed> exact = indexExactly(argb);

@@ -12,13 +12,16 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int MaxSide = 65535;   // sizes have 16 bits
 constexpr int MaxDelay = 65535;  // and so have delays
 
 [[noreturn]] void fail(const QString& cause) {
-    throw Error(error_number::InvalidPicture, "gif", "Cannot encode the picture as GIF.", cause);
+    throw Error(error_number::InvalidPicture, u"gif"_s, u"Cannot encode the picture as GIF."_s,
+                cause);
 }
 
 const QRgb* lineOf(const QImage& image, int y) {
@@ -100,7 +103,7 @@ Palette ownPalette(const Change& change) {
             if (!row.changed(x)) {
                 unchanged = true;
             } else if (colors.add(row.now[x]) == ColorIndex::Full) {
-                fail("more than 256 colours change in one image");
+                fail(u"more than 256 colours change in one image"_s);
             }
         }
     }
@@ -149,7 +152,7 @@ Indexed indexed(const Change& change, const Palette& palette) {
             }
             const bool still = palette.hasTransparent && !row.changed(x);
             if (!still && number < 0) {
-                fail("a colour is missing in the palette");
+                fail(u"a colour is missing in the palette"_s);
             }
             const int pixel = still ? 0 : number;
             largest = std::max(largest, pixel);
@@ -238,7 +241,7 @@ GifWriter::GifWriter(QSize size, Sink sink, GifEffort effort, std::vector<QRgb> 
       paletteHoldsAll_(!palette.empty()),
       palette_(std::move(palette)) {
     if (size.isEmpty() || size.width() > MaxSide || size.height() > MaxSide) {
-        fail("a GIF holds pictures of 1 to 65535 pixels a side");
+        fail(u"a GIF holds pictures of 1 to 65535 pixels a side"_s);
     }
 }
 
@@ -252,7 +255,7 @@ std::size_t GifWriter::picturesAtATime(QSize size) {
 void GifWriter::addImages(const std::vector<TimedPicture>& images) {
     for (const TimedPicture& image : images) {
         if (image.picture.size() != size_ || image.picture.format() != QImage::Format_RGB32) {
-            fail("the images differ in size or format");
+            fail(u"the images differ in size or format"_s);
         }
     }
     if (images.empty()) {

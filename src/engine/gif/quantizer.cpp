@@ -10,6 +10,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // 1 is slowest; 3 finds hardly better palettes in twice the time
@@ -19,8 +21,8 @@ constexpr std::size_t KnownSlots = 4096;
 
 void check(liq_error error) {
     if (error != LIQ_OK) {
-        throw Error(error_number::InvalidPicture, "gif", "Cannot encode the picture as GIF.",
-                    "no palette was found");
+        throw Error(error_number::InvalidPicture, u"gif"_s, u"Cannot encode the picture as GIF."_s,
+                    u"no palette was found"_s);
     }
 }
 

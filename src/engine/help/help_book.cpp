@@ -10,6 +10,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qsizetype MaxTextCharacters = 8 << 20;  // that a search goes through
@@ -20,7 +22,7 @@ constexpr int TitleWeight = 20;  // a word in the title counts as much as so man
 QByteArray readFile(const QString& hostFile) {
     QFile file(hostFile);
     if (!file.open(QIODevice::ReadOnly)) {
-        throw Error(error_number::FileNotFound, "help", "The help file cannot be read.",
+        throw Error(error_number::FileNotFound, u"help"_s, u"The help file cannot be read."_s,
                     file.errorString());
     }
     return file.read(ChmFile::MaxBytes + 1);
@@ -70,7 +72,7 @@ QString excerptOf(const QString& text, const QString& word) {
         excerpt.truncate(std::max<qsizetype>(excerpt.lastIndexOf(u' '), 1));
         excerpt += QLatin1String(" ...");
     }
-    return from > 0 ? "... " + excerpt : excerpt;
+    return from > 0 ? u"... "_s + excerpt : excerpt;
 }
 
 /// A page without the elements of a name, as far as they are closed. One pass: no page, whatever it
@@ -93,7 +95,8 @@ QString withoutElements(const QString& html, const char* name) {
 
 /// Whether a tag may stand inside a word: "<b>F</b>rame" is one.
 bool isInsideWords(QStringView tag) {
-    static const QStringList names{"b", "i", "em", "strong", "code", "a", "span", "kbd"};
+    static const QStringList names{u"b"_s,    u"i"_s, u"em"_s,   u"strong"_s,
+                                   u"code"_s, u"a"_s, u"span"_s, u"kbd"_s};
     const QStringView name = tag.startsWith(u'/') ? tag.mid(1) : tag;
     qsizetype length = 0;
     while (length < name.size() && name[length].isLetterOrNumber()) {
@@ -105,7 +108,7 @@ bool isInsideWords(QStringView tag) {
 }  // namespace
 
 QStringList searchWords(const QString& text) {
-    static const QRegularExpression between("[^\\w]+",
+    static const QRegularExpression between(u"[^\\w]+"_s,
                                             QRegularExpression::UseUnicodePropertiesOption);
     QStringList words = text.toLower().split(between, Qt::SkipEmptyParts);
     words.removeDuplicates();
@@ -113,7 +116,7 @@ QStringList searchWords(const QString& text) {
 }
 
 QString pageTitle(const QString& html) {
-    static const QRegularExpression title("<title>([^<]*)</title>",
+    static const QRegularExpression title(u"<title>([^<]*)</title>"_s,
                                           QRegularExpression::CaseInsensitiveOption);
     return withoutReferences(title.match(html).captured(1)).simplified();
 }

@@ -9,6 +9,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qsizetype MaxBytes = 1 << 19;
@@ -34,9 +36,9 @@ int depthOf(const QTextFrame* root) {
 
 bool isHarmlessPage(const QByteArray& html) {
     static const QRegularExpression table(
-        "<\\s*table",
+        u"<\\s*table"_s,
         QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
-    static const QRegularExpression span("(col|row)span",
+    static const QRegularExpression span(u"(col|row)span"_s,
                                          QRegularExpression::CaseInsensitiveOption);
     const QString text = QString::fromUtf8(html.first(std::min(html.size(), MaxBytes)));
     if (html.size() > MaxBytes || text.count(table) > MaxTables || text.contains(span)) {

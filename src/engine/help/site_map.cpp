@@ -8,6 +8,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int MaxDepth = 16;
@@ -49,8 +51,9 @@ void addParameter(HelpEntry& line, const QString& tag) {
 }
 
 QString character(const QString& reference) {
-    static const QHash<QString, QString> named = {{"amp", "&"},   {"lt", "<"},   {"gt", ">"},
-                                                  {"quot", "\""}, {"apos", "'"}, {"nbsp", " "}};
+    static const QHash<QString, QString> named = {{u"amp"_s, u"&"_s},  {u"lt"_s, u"<"_s},
+                                                  {u"gt"_s, u">"_s},   {u"quot"_s, u"\""_s},
+                                                  {u"apos"_s, u"'"_s}, {u"nbsp"_s, u" "_s}};
     if (!reference.startsWith(u'#')) {
         return named.value(reference.toLower());
     }
@@ -68,7 +71,7 @@ QString character(const QString& reference) {
 }  // namespace
 
 QString withoutReferences(const QString& html) {
-    static const QRegularExpression pattern("&(#[xX]?[0-9A-Fa-f]{1,6}|[A-Za-z]{1,8});");
+    static const QRegularExpression pattern(u"&(#[xX]?[0-9A-Fa-f]{1,6}|[A-Za-z]{1,8});"_s);
     QString text;
     qsizetype done = 0;
     auto matches = pattern.globalMatch(html);

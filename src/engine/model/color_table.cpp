@@ -7,6 +7,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Each colour of the palette with the nearest named web colour. The pairs are chosen by hand: the
@@ -147,8 +149,8 @@ QString ColorTable::Item(const QString& key) const {
     bool isNumber = false;
     const qint32 color = key.mid(1).toInt(&isNumber);
     if (!isNumber || keyOf(color) != key) {
-        throw Error(error_number::InvalidArgument, "ColorTable", "Unknown colour.",
-                    "\"" + key + "\" is no key of the colour table");
+        throw Error(error_number::InvalidArgument, u"ColorTable"_s, u"Unknown colour."_s,
+                    u"\""_s + key + u"\" is no key of the colour table"_s);
     }
     return webColor(color);
 }
@@ -156,9 +158,9 @@ QString ColorTable::Item(const QString& key) const {
 QString ColorTable::webColor(qint32 color) const {
     const auto found = byColor_.constFind(color);
     if (found == byColor_.cend()) {
-        throw Error(
-            error_number::InvalidArgument, "ColorTable", "Unknown colour.",
-            "the colour " + QString::number(color) + " is not one of those that a page can show");
+        throw Error(error_number::InvalidArgument, u"ColorTable"_s, u"Unknown colour."_s,
+                    u"the colour "_s + QString::number(color) +
+                        u" is not one of those that a page can show"_s);
     }
     return *found;
 }

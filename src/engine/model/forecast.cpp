@@ -5,6 +5,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 template <class ItemType, int FirstKey>
 ItemType& TextItems<ItemType, FirstKey>::Add(qint32 BackColor, qint32 Forecolor,
                                              const QString& FontName, const QString& FontSize,
@@ -12,7 +14,7 @@ ItemType& TextItems<ItemType, FirstKey>::Add(qint32 BackColor, qint32 Forecolor,
                                              bool FontUnderline, bool FontOverline,
                                              bool FontStrikethourht, const QString& Text) {
     auto item = std::make_unique<ItemType>();
-    item->textKey = "K-" + QString::number(nextKey_);
+    item->textKey = u"K-"_s + QString::number(nextKey_);
     item->FontName = FontName;
     item->FontSize = int16Argument(FontSize);
     item->IndexFontSize = IndexFontSize;

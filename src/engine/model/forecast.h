@@ -37,7 +37,7 @@ struct TextLine {
     bool FontStrikethourht = false;
     qint32 Forecolor = 0;
     qint32 BackColor = NoColor;
-    QString FontName = "Arial";
+    QString FontName = QStringLiteral("Arial");
     qint16 FontSize = 0;       ///< points
     qint16 IndexFontSize = 0;  ///< position in the font dialog's list of sizes; in no file
     qint16 Align = 0;          ///< 0 left, 1 right, 2 centre
@@ -74,7 +74,7 @@ struct cSubtitle : TextLine {
 /// A piece of forecast text with its style: what header and body items have in common.
 struct TextItem {
     QString textKey;  ///< key in its list
-    QString FontName = "Arial";
+    QString FontName = QStringLiteral("Arial");
     qint16 FontSize = 8;       ///< points
     qint16 IndexFontSize = 0;  ///< position in the font dialog's list of sizes; in no file
     bool FontBold = false;

@@ -3,6 +3,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 cFrame& cFrames::Add() {
     frames_.push_back(std::make_unique<cFrame>());
     return *frames_.back();
@@ -22,7 +24,7 @@ qint16 cFrames::NumSprite() const {
 
 std::size_t cFrames::at(qint32 index) const {
     if (index < 1 || index > Count()) {
-        throw Error(error_number::OutOfRange, "cFrames", "Position outside the list.",
+        throw Error(error_number::OutOfRange, u"cFrames"_s, u"Position outside the list."_s,
                     QStringLiteral("Frame %1 of %2").arg(index).arg(Count()));
     }
     return static_cast<std::size_t>(index) - 1;

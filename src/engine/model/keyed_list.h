@@ -76,13 +76,16 @@ class KeyedList {
     };
 
     [[noreturn]] static void refuseKey(const QString& key, const char* why) {
-        throw Error(error_number::InvalidArgument, "KeyedList", "Invalid key.",
-                    "the key \"" + key + "\" " + QLatin1String(why));
+        throw Error(
+            error_number::InvalidArgument, QStringLiteral("KeyedList"),
+            QStringLiteral("Invalid key."),
+            QStringLiteral("the key \"") + key + QStringLiteral("\" ") + QLatin1String(why));
     }
 
     std::size_t indexOf(qint32 position) const {
         if (position < 1 || position > Count()) {
-            throw Error(error_number::OutOfRange, "KeyedList", "Position outside the list.",
+            throw Error(error_number::OutOfRange, QStringLiteral("KeyedList"),
+                        QStringLiteral("Position outside the list."),
                         QStringLiteral("position %1 of a list of %2").arg(position).arg(Count()));
         }
         return static_cast<std::size_t>(position) - 1;

@@ -12,16 +12,16 @@ inline qint16 int16Argument(const QString& text) {
     if (const auto number = toInt16(text)) {
         return *number;
     }
-    throw Error(error_number::TypeMismatch, "Add", "Type mismatch.",
-                "\"" + text + "\" is no 16-bit number");
+    throw Error(error_number::TypeMismatch, QStringLiteral("Add"), QStringLiteral("Type mismatch."),
+                QStringLiteral("\"") + text + QStringLiteral("\" is no 16-bit number"));
 }
 
 inline qint32 int32Argument(const QString& text) {
     if (const auto number = toInt32(text)) {
         return *number;
     }
-    throw Error(error_number::TypeMismatch, "Add", "Type mismatch.",
-                "\"" + text + "\" is no 32-bit number");
+    throw Error(error_number::TypeMismatch, QStringLiteral("Add"), QStringLiteral("Type mismatch."),
+                QStringLiteral("\"") + text + QStringLiteral("\" is no 32-bit number"));
 }
 
 }  // namespace nubivane

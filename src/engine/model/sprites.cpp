@@ -5,13 +5,15 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 cLabel& cLabels::Add(qint16 Frame, const QString& Name, qint32 Index, qint32 Height, qint32 Width,
                      qint32 PosX, qint32 PosY, const QString& Text, const QString& FontName,
                      const QString& FontSize, bool FontBold, bool FontItalic, bool FontUnderline,
                      bool FontOverline, bool FontStrikethourht, qint32 BackColor, qint32 Forecolor,
                      const QString& Border, qint32 BorderColor, const QString& Note) {
     auto label = std::make_unique<cLabel>();
-    label->Key_ = "K-" + QString::number(nextKey_);
+    label->Key_ = u"K-"_s + QString::number(nextKey_);
     label->Name = Name;
     label->Type_ = sprite_type::Label;
     label->Index = Index;
@@ -46,7 +48,7 @@ cSymbol& cSymbols::Add(qint16 Frame, const QString& Name, qint32 Index, qint32 H
                        qint32 PosX, qint32 PosY, const QString& FileGif, const QString& PathFileGif,
                        const QString& Link, const QString& Tooltip, const QString& Note) {
     auto symbol = std::make_unique<cSymbol>();
-    symbol->Key_ = "K-" + QString::number(nextKey_++);
+    symbol->Key_ = u"K-"_s + QString::number(nextKey_++);
     symbol->Name = Name;
     symbol->Type_ = sprite_type::Symbol;
     symbol->Frame = Frame;

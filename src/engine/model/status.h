@@ -16,7 +16,7 @@ class cStatus {
     qint16 CurrentFrame = 1;                             ///< number of the Frame on the canvas
     qint16 CurrentShapeControlType = sprite_type::None;  ///< kind of the selected sprite
     QString CurrentShapeControlKey;                      ///< its `Key_`
-    QString CurrentTool = "cursor";
+    QString CurrentTool = QStringLiteral("cursor");
     QString CurrentProject;  ///< full path of the ".nvpf" file; empty when never saved
     QString Tag;             ///< hand-over slot between a dialog and its caller
 

@@ -13,6 +13,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// No installer is larger.
@@ -51,7 +53,7 @@ bool Downloader::fetch(const QString& url, const QString& target) {
     }
     const QUrl parsed(url, QUrl::StrictMode);
     if (!parsed.isValid() || parsed.host().isEmpty()) {
-        failure_ = "the address is not valid";
+        failure_ = u"the address is not valid"_s;
         return false;
     }
     initializeCurl();

@@ -7,9 +7,11 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 bool isLoopbackHost(const QString& host) {
     static const QRegularExpression names(
-        R"(^(localhost\.?|.+\.localhost\.?|127(\.\d{1,3}){3}|::1)$)",
+        uR"(^(localhost\.?|.+\.localhost\.?|127(\.\d{1,3}){3}|::1)$)"_s,
         QRegularExpression::CaseInsensitiveOption);
     return names.match(host.trimmed()).hasMatch();
 }

@@ -14,6 +14,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct FormatRow {
@@ -31,7 +33,7 @@ constexpr std::array formats = {
 };
 
 [[noreturn]] void refuse(const QString& cause) {
-    throw Error(error_number::InvalidPicture, "picture", "Invalid picture.", cause);
+    throw Error(error_number::InvalidPicture, u"picture"_s, u"Invalid picture."_s, cause);
 }
 
 const FormatRow& rowOf(PictureFormat format) {
@@ -82,13 +84,13 @@ PictureInfo probe(QImageReader& reader, const QByteArray& bytes) {
             continue;
         }
         if (row.format == PictureFormat::Jpeg && jpegScans(bytes) > MaxJpegScans) {
-            refuse("the JPEG picture has too many scans");
+            refuse(u"the JPEG picture has too many scans"_s);
         }
         // A GIF must hold an image, whose size the reader tells, and a screen to show it on.
         const QSize image = reader.size();
         const QSize size = row.format == PictureFormat::Gif ? gifScreen(bytes) : image;
         if (image.isEmpty() || size.isEmpty()) {
-            refuse("the picture has no size");
+            refuse(u"the picture has no size"_s);
         }
         if (size.width() > MaxPictureSide || size.height() > MaxPictureSide ||
             qint64{size.width()} * size.height() > MaxPicturePixels) {
@@ -97,7 +99,7 @@ PictureInfo probe(QImageReader& reader, const QByteArray& bytes) {
         }
         return {row.format, size};
     }
-    refuse("the bytes are no bmp, gif, jpg, png or tif picture");
+    refuse(u"the bytes are no bmp, gif, jpg, png or tif picture"_s);
 }
 
 }  // namespace
@@ -110,8 +112,9 @@ PictureFormat formatOfExtension(const QString& extension) {
             }
         }
     }
-    throw Error(error_number::InvalidArgument, "picture", "Unsupported picture format.",
-                "the extension \"" + extension + "\" names no picture format that can be written");
+    throw Error(
+        error_number::InvalidArgument, u"picture"_s, u"Unsupported picture format."_s,
+        u"the extension \""_s + extension + u"\" names no picture format that can be written"_s);
 }
 
 PictureInfo probePicture(const QByteArray& bytes) {

@@ -20,6 +20,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QSize largest(const FrameList& list) {
@@ -164,8 +166,8 @@ void ImageEx::SaveImage(const QString& path) const {
 void ImageEx::AssembleGif(const FrameList& list, const QString& path,
                           const PictureProgress& progress, GifQuality quality) {
     if (list.empty()) {
-        throw Error(error_number::InvalidPicture, "gif", "Cannot encode the picture as GIF.",
-                    "there is no image");
+        throw Error(error_number::InvalidPicture, u"gif"_s, u"Cannot encode the picture as GIF."_s,
+                    u"there is no image"_s);
     }
     const QSize size = largest(list);
     const std::vector<qint64> delays = spreadDelays(list);
@@ -195,7 +197,8 @@ void ImageEx::OptimizeGif(const QString& source, const QString& target, int mode
     constexpr int TryEverything = 2;
     const QByteArray gif = host_files::read(source, std::numeric_limits<int>::max());
     if (!isGif(gif)) {
-        throw Error(error_number::InvalidPicture, "gif", "Invalid picture.", "it is no GIF");
+        throw Error(error_number::InvalidPicture, u"gif"_s, u"Invalid picture."_s,
+                    u"it is no GIF"_s);
     }
     if (const std::optional<GifOutline> outline = gifOutline(gif); outline && outline->images > 0) {
         qint64 size = 0;

@@ -11,13 +11,15 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr QByteArrayView Signature("\x89PNG\r\n\x1a\n");
 constexpr qsizetype ChunkOverhead = 12;  // length, type, checksum
 
 [[noreturn]] void refuse(const QString& cause) {
-    throw Error(error_number::InvalidPicture, "png", "Invalid picture.", cause);
+    throw Error(error_number::InvalidPicture, u"png"_s, u"Invalid picture."_s, cause);
 }
 
 quint32 numberAt(QByteArrayView bytes, qsizetype at) {
@@ -30,7 +32,7 @@ qint64 uncompressedSize(QByteArrayView header) {
     constexpr std::array<int, 7> channelsOfType = {1, 1, 3, 1, 2, 1, 4};
     constexpr qsizetype HeaderSize = 13;
     if (header.size() < HeaderSize) {
-        refuse("the PNG picture has no header");
+        refuse(u"the PNG picture has no header"_s);
     }
     // Larger sides are refused anyway, and must not overflow here.
     const qint64 width = std::min<qint64>(numberAt(header, 0), MaxPictureSide);
@@ -59,7 +61,7 @@ QByteArray pngWithoutTexts(const QByteArray& bytes) {
     while (type != QByteArrayView("IEND")) {
         const qsizetype left = all.size() - at - ChunkOverhead;
         if (left < 0 || numberAt(all, at) > left) {
-            refuse("the PNG picture is cut short");
+            refuse(u"the PNG picture is cut short"_s);
         }
         const qsizetype length = numberAt(all, at);
         type = all.sliced(at + 4, 4);
@@ -76,7 +78,7 @@ QByteArray pngWithoutTexts(const QByteArray& bytes) {
         at += length + ChunkOverhead;
     }
     if (pixelBytes > mostPixelBytes) {
-        refuse("the PNG picture has more data than pixels");
+        refuse(u"the PNG picture has more data than pixels"_s);
     }
     return kept;
 }

@@ -9,16 +9,18 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 [[noreturn]] void refuse(const QString& cause) {
-    throw Error(error_number::InvalidPicture, "picture", "Invalid picture.", cause);
+    throw Error(error_number::InvalidPicture, u"picture"_s, u"Invalid picture."_s, cause);
 }
 
 GifOutline outlineOf(const QByteArray& bytes) {
     const std::optional<GifOutline> outline = gifOutline(bytes);
     if (!outline || outline->images == 0) {
-        refuse("the GIF picture is cut short");
+        refuse(u"the GIF picture is cut short"_s);
     }
     return *outline;
 }
@@ -48,7 +50,7 @@ QSize shownSize(const QByteArray& bytes) {
         case PictureFormat::Png:
             return info.size;
         default:
-            refuse("the bytes are no gif, jpg or png picture");
+            refuse(u"the bytes are no gif, jpg or png picture"_s);
     }
 }
 
@@ -59,14 +61,14 @@ void requireWholePicture(const QByteArray& bytes) {
             break;
         case PictureFormat::Jpeg:
             if (!isWholeJpeg(bytes)) {
-                refuse("the JPEG picture has fewer pixels than it claims");
+                refuse(u"the JPEG picture has fewer pixels than it claims"_s);
             }
             break;
         case PictureFormat::Png:
             decodePicture(bytes);
             break;
         default:
-            refuse("the bytes are no gif, jpg or png picture");
+            refuse(u"the bytes are no gif, jpg or png picture"_s);
     }
 }
 

@@ -9,6 +9,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Block {
@@ -38,11 +40,11 @@ QHash<qint32, Block> locate(const QHash<qint32, qint32>& sizes, qint64 fileSize)
 
 QByteArray read(QFile& file, const Block& block) {
     if (block.size > MaxPictureBytes) {
-        throw damagedProject("a picture has too many bytes");
+        throw damagedProject(u"a picture has too many bytes"_s);
     }
     QByteArray bytes = file.seek(block.offset) ? file.read(block.size) : QByteArray();
     if (bytes.size() != block.size) {
-        throw damagedProject(file.fileName() + ": " + file.errorString());
+        throw damagedProject(file.fileName() + u": "_s + file.errorString());
     }
     return bytes;
 }
@@ -53,7 +55,7 @@ DataBlocks readDataBlocks(QFile& file, const QHash<qint32, qint32>& sizes, qint3
                           qint32 frameCount) {
     const QHash<qint32, Block> blocks = locate(sizes, file.size());
     if (frameCount > claimed) {
-        throw damagedProject("there are more Frames than pictures");
+        throw damagedProject(u"there are more Frames than pictures"_s);
     }
     DataBlocks result;
     result.map = read(file, blocks.value(0));

@@ -15,6 +15,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Values of one element by position, converted to what their slots hold. Works on the attributes
@@ -69,7 +71,7 @@ class Slots {
 /// `Number` reaches sprites as their 16-bit `Frame`.
 qint16 spriteFrame(qint32 number) {
     if (number > std::numeric_limits<qint16>::max()) {
-        throw damagedProject("the Frame's number is too large for its sprites");
+        throw damagedProject(u"the Frame's number is too large for its sprites"_s);
     }
     return static_cast<qint16>(number);
 }
@@ -92,7 +94,7 @@ qint32 FrameReader::read() {
         }
         const qint32 size = values.int32(1);
         if (size < 0) {
-            throw damagedProject("a Frame's size is negative");
+            throw damagedProject(u"a Frame's size is negative"_s);
         }
         document_.sizes.insert(number_, size);
         frame.Texts().Label = values.text(2);
@@ -173,7 +175,7 @@ void FrameReader::readSymbols(cSymbols& symbols) {
         if (path.isEmpty()) {
             document_.missingSymbols = true;
         } else {
-            symbols.Add(frame, "gifSymbol", index, values.int32(1), values.int32(2),
+            symbols.Add(frame, u"gifSymbol"_s, index, values.int32(1), values.int32(2),
                         values.int32(3), values.int32(4), path, path, values.text(5),
                         values.text(6), values.text(7));
             ++index;
@@ -191,11 +193,11 @@ void FrameReader::readLabels(cLabels& labels) {
         // Files hold overline, strike-through, underline at 8, 9, 10 and are read as underline,
         // overline, strike-through: the flags move on by one at each opening, and users' files
         // rely on it.
-        labels.Add(frame, "lblTesto", index, values.int32(11), values.int32(12), values.int32(13),
-                   values.int32(14), values.text(15), values.text(4), values.text(5),
-                   values.flag(6), values.flag(7), values.flag(8), values.flag(9), values.flag(10),
-                   values.int32(0), values.int32(1), values.text(2), values.int32(3),
-                   values.text(16));
+        labels.Add(frame, u"lblTesto"_s, index, values.int32(11), values.int32(12),
+                   values.int32(13), values.int32(14), values.text(15), values.text(4),
+                   values.text(5), values.flag(6), values.flag(7), values.flag(8), values.flag(9),
+                   values.flag(10), values.int32(0), values.int32(1), values.text(2),
+                   values.int32(3), values.text(16));
         ++index;
         xml_.skipCurrentElement();
     }
@@ -229,8 +231,8 @@ QString FrameReader::readText() {
                 text += xml_.text();
                 break;
             case QXmlStreamReader::EntityReference:
-                throw damagedProject("the XML document uses the unknown entity \"" +
-                                     xml_.name().toString() + '"');
+                throw damagedProject(u"the XML document uses the unknown entity \""_s +
+                                     xml_.name().toString() + u'"');
             default:
                 break;
         }

@@ -9,6 +9,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 bool newProject(Editor editor) {
     if (!confirmLeavingProject(editor)) {
         return false;
@@ -22,7 +24,7 @@ bool newProject(Editor editor) {
     workspace.clearTempPicture();
     workspace.Status.CurrentFrame = 1;
     workspace.pctMap.setPicture(workspace.loadCurrentMap());
-    workspace.Frames().Item(1).Texts().Label = "Map1";
+    workspace.Frames().Item(1).Texts().Label = u"Map1"_s;
     editor.view.rebuildFrameTabs();
     editor.view.showMap();
     editor.view.selectFirstFrame();

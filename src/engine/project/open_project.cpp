@@ -20,13 +20,15 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int ReadingShare = 55;  ///< percent of the progress at which all Frames are read
 
 QString askForName(Editor editor) {
     FileRequest request;
-    request.title = "Open project";
+    request.title = u"Open project"_s;
     request.folder = editor.workspace.folder.path();
     request.filter = ProjectFilter;
     editor.shell.processEvents();
@@ -37,7 +39,7 @@ ProjectDocument readDocument(Editor editor, const QString& name) {
     QFile file(
         completeInterruptedSave(host_files::toHost(name), host_files::toHost(dataFileOf(name))));
     if (!file.open(QIODevice::ReadOnly)) {
-        throw damagedProject(file.fileName() + ": " + file.errorString());
+        throw damagedProject(file.fileName() + u": "_s + file.errorString());
     }
     return readProjectDocument(file, editor.workspace.folder, [&](double part) {
         editor.shell.setProgress(static_cast<int>(part * ReadingShare));
@@ -61,7 +63,7 @@ QStringList checkCollections(cSymbolsCollections& collections, const QStringList
 DataBlocks readPictures(Editor editor, const QString& name, const ProjectDocument& document) {
     QFile file(host_files::toHost(dataFileOf(name)));
     if (!file.open(QIODevice::ReadOnly)) {
-        throw damagedProject(file.fileName() + ": " + file.errorString());
+        throw damagedProject(file.fileName() + u": "_s + file.errorString());
     }
     return readDataBlocks(file, document.sizes, document.frames, editor.workspace.Frames().Count());
 }
@@ -71,8 +73,8 @@ DataBlocks readPictures(Editor editor, const QString& name, const ProjectDocumen
 bool replaceProject(Editor editor, const QString& name, const QString& mapsFolder,
                     std::optional<ProgressGuard>& progress) {
     if (!isValidProjectFile(name)) {
-        throw damagedProject("the project or its data file \"" + dataFileOf(name) +
-                             "\" is missing, or the name has not the extension nvpf");
+        throw damagedProject(u"the project or its data file \""_s + dataFileOf(name) +
+                             u"\" is missing, or the name has not the extension nvpf"_s);
     }
     Workspace& workspace = editor.workspace;
     progress.emplace(editor.shell, 1);
@@ -161,13 +163,13 @@ void OpenProject(Editor editor, const std::optional<QString>& file,
             editor.shell.setProgress(100);
             editor.shell.processEvents();
         }
-        editor.view.setCaption(getFileName(name) + " - " + ProgramTitle);
+        editor.view.setCaption(getFileName(name) + u" - "_s + ProgramTitle);
         editor.workspace.ProjectChanged = false;
     }
     if (missingSymbols) {
         editor.shell.messageBox(
-            {"Cannot load some symbols: they refer to a location on a hard "
-             "drive that is unavailable.",
+            {u"Cannot load some symbols: they refer to a location on a hard "
+             "drive that is unavailable."_s,
              Icon::Exclamation,
              Buttons::Ok,
              {}});

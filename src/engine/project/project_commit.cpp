@@ -8,6 +8,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The file that a path means when it is a link.
@@ -31,8 +33,8 @@ void requireReplaceable(const QString& path) {
     const QFileInfo info(path);
     if (info.exists() && !(info.isFile() && info.isWritable())) {
         throw Error(
-            error_number::FileAccess, "saveProject", "Cannot write the file.",
-            path + (info.isFile() ? ": it is protected from writing" : ": it is not a file"));
+            error_number::FileAccess, u"saveProject"_s, u"Cannot write the file."_s,
+            path + (info.isFile() ? u": it is protected from writing"_s : u": it is not a file"_s));
     }
 }
 
@@ -51,8 +53,8 @@ ProjectCommit::ProjectCommit(const QString& hostProjectFile, const QString& host
       newData_(beside(data_)) {
     // A new data file beside would make an older save that waits to be completed look unfinished.
     if (completeInterruptedSave(project_, data_) != project_) {
-        throw Error(error_number::FileAccess, "saveProject", "Cannot write the file.",
-                    project_ + ": an interrupted save cannot be completed");
+        throw Error(error_number::FileAccess, u"saveProject"_s, u"Cannot write the file."_s,
+                    project_ + u": an interrupted save cannot be completed"_s);
     }
     requireReplaceable(project_);
     requireReplaceable(data_);
@@ -104,8 +106,8 @@ void ProjectCommit::copyOldTail() {
     while (!old.atEnd()) {
         const QByteArray part = old.read(1 << 20);
         if (part.isEmpty()) {
-            throw Error(error_number::FileAccess, "saveProject", "Cannot read the file.",
-                        data_ + ": " + old.errorString());
+            throw Error(error_number::FileAccess, u"saveProject"_s, u"Cannot read the file."_s,
+                        data_ + u": "_s + old.errorString());
         }
         durable_file::append(newData_, part);
     }

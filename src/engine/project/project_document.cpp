@@ -15,6 +15,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A Frame's number has 16 bits throughout the program.
@@ -47,13 +49,13 @@ class DocumentReader {
                                      .arg(xml_.errorString()));
         }
         if (!found) {
-            throw damagedProject("the XML document has no FILE element");
+            throw damagedProject(u"the XML document has no FILE element"_s);
         }
         if (rootFailure_) {
             throw *rootFailure_;
         }
         if (document_.model->Frames().Count() == 0) {
-            throw damagedProject("the project has no Frame");
+            throw damagedProject(u"the project has no Frame"_s);
         }
         return std::move(document_);
     }
@@ -61,7 +63,7 @@ class DocumentReader {
   private:
     void refuseEntities() {
         if (xml_.text().contains(u"<!ENTITY")) {
-            throw damagedProject("the XML document declares entities");
+            throw damagedProject(u"the XML document declares entities"_s);
         }
     }
 
@@ -90,18 +92,19 @@ class DocumentReader {
 
     void readRoot(const QXmlStreamAttributes& attributes) {
         if (attributes.size() < 4 || attributes[3].value() != u"2.0") {
-            throw unsupportedVersion("the project is of no version that can be read");
+            throw unsupportedVersion(u"the project is of no version that can be read"_s);
         }
         const auto frames = integerPart(attributes[0].value());
         const auto mapSize = toInt32(attributes[2].value());
         if (!frames || *frames < 0 || !mapSize || *mapSize < 0) {
-            throw damagedProject("the number of Frames or the size of the map is no such number");
+            throw damagedProject(
+                u"the number of Frames or the size of the map is no such number"_s);
         }
         document_.frames = *frames;
         document_.sizes.insert(0, *mapSize);
         document_.map = attributes[1].value().toString();
         if (!host_files::isPlainName(document_.map)) {
-            throw damagedProject("the map \"" + document_.map + "\" is no plain file name");
+            throw damagedProject(u"the map \""_s + document_.map + u"\" is no plain file name"_s);
         }
     }
 
@@ -120,7 +123,7 @@ class DocumentReader {
         try {
             while (xml_.readNextStartElement()) {
                 if (document_.model->Frames().Count() == MaxFrames) {
-                    throw damagedProject("the project has too many Frames");
+                    throw damagedProject(u"the project has too many Frames"_s);
                 }
                 const qint32 number = frame.read();
                 if (progress_ && document_.frames > 0) {

@@ -6,13 +6,15 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 QString dataFileOf(const QString& projectFile) {
     const qsizetype point = projectFile.lastIndexOf(u'.');
     // A point in the name of a folder is none of the file's: it must not lead out of that folder.
     if (point <= projectFile.lastIndexOf(u'\\')) {
         return {};
     }
-    return projectFile.left(point + 1) + "nvpx";
+    return projectFile.left(point + 1) + u"nvpx"_s;
 }
 
 bool isValidProjectFile(const QString& projectFile) {

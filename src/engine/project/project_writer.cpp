@@ -9,6 +9,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString flagText(bool flag) {
@@ -43,7 +45,7 @@ class ProjectWriter::Document {
         const QStringList parts = allowedInXml(value).split(u'\r');
         for (qsizetype i = 0; i < parts.size(); ++i) {
             if (i > 0) {
-                xml_.writeEntityReference("#13");
+                xml_.writeEntityReference(u"#13"_s);
             }
             xml_.writeCharacters(parts[i]);
         }
@@ -162,7 +164,7 @@ ProjectWriter::ProjectWriter(const Workspace& workspace, const std::vector<qint6
     xml_->attribute("Frames", workspace.Frames().Count());
     xml_->attribute("Map", getFileName(workspace.Status.CurrentMap));
     xml_->attribute("Size", sizes_.at(0));
-    xml_->attribute("Version", "2.0");
+    xml_->attribute("Version", u"2.0"_s);
     xml_->start("Collection");
     for (const cSymbolsCollection& collection : workspace.Status.SymbolsCollection()) {
         if (collection.Checked) {

@@ -21,6 +21,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char NoName[] = "the file name has no extension, so there is no name for the data file";
@@ -31,7 +33,7 @@ constexpr qint64 BatchPixels = 25'000'000;
 
 QString askForName(Editor editor, bool saveAs) {
     FileRequest request;
-    request.title = saveAs ? "Save project as" : "Save project";
+    request.title = saveAs ? u"Save project as"_s : u"Save project"_s;
     request.folder = editor.workspace.folder.path();
     request.filter = ProjectFilter;
     request.confirmOverwrite = true;
@@ -118,11 +120,11 @@ std::vector<qint64> writeImageStore(Workspace& workspace, ProjectCommit& files) 
 void writeFiles(Editor editor, const QString& name) {
     const QString dataFile = dataFileOf(name);
     if (dataFile.compare(name, Qt::CaseInsensitive) == 0) {
-        throw Error(error_number::FileAccess, "saveProject", "Cannot write the file.",
-                    "the file name is that of the data file");
+        throw Error(error_number::FileAccess, u"saveProject"_s, u"Cannot write the file."_s,
+                    u"the file name is that of the data file"_s);
     }
     if (dataFile.isEmpty()) {
-        throw Error(error_number::FileAccess, "saveProject", "Cannot write the file.",
+        throw Error(error_number::FileAccess, u"saveProject"_s, u"Cannot write the file."_s,
                     QLatin1String(NoName));
     }
     ProjectCommit files(host_files::toHost(name), host_files::toHost(dataFile));
@@ -139,8 +141,8 @@ void writeFiles(Editor editor, const QString& name) {
     }
     const QByteArray document = writer.finish();
     if (document.size() > MaxDocumentBytes) {
-        throw Error(error_number::FileAccess, "saveProject", "Cannot write the file.",
-                    "the project has more sprites and texts than could be opened again");
+        throw Error(error_number::FileAccess, u"saveProject"_s, u"Cannot write the file."_s,
+                    u"the project has more sprites and texts than could be opened again"_s);
     }
     files.commit(document);
 }
@@ -160,7 +162,7 @@ std::optional<Error> tryToSave(Editor editor, const QString& name) {
     }
     addRecentFile(editor.workspace.settings, editor.view, name);
     editor.workspace.Status.CurrentProject = name;
-    editor.view.setCaption(getFileName(name) + " - " + ProgramTitle);
+    editor.view.setCaption(getFileName(name) + u" - "_s + ProgramTitle);
     editor.workspace.ProjectChanged = false;
     return std::nullopt;
 }
@@ -181,7 +183,7 @@ bool saveProject(Editor editor, bool saveAs) {
     }
 
     if (const auto failure = tryToSave(editor, name)) {
-        editor.shell.messageBox({"An error occurred while saving the project.", Icon::Critical,
+        editor.shell.messageBox({u"An error occurred while saving the project."_s, Icon::Critical,
                                  Buttons::Ok, failure->cause()});
         return false;
     }
@@ -200,7 +202,7 @@ bool confirmLeavingProject(Editor editor) {
         return true;
     }
     const Answer answer =
-        editor.shell.messageBox({"The project has been changed. Save file before closing ?",
+        editor.shell.messageBox({u"The project has been changed. Save file before closing ?"_s,
                                  Icon::Exclamation,
                                  Buttons::YesNoCancel,
                                  {}});

@@ -15,6 +15,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char ReportFolder[] = "software/bugreport/nVane/6.0.0";
@@ -41,21 +43,21 @@ class LocalFile {
 }  // namespace
 
 QStringList bugReportSystems() {
-    return {"Select a version",     "Windows NT",           "Windows 2000",
-            "Windows ME",           "Windows XP",           "Windows Server 2003",
-            "Windows Vista 32 bit", "Windows Vista 64 bit", "Other"};
+    return {u"Select a version"_s,     u"Windows NT"_s,           u"Windows 2000"_s,
+            u"Windows ME"_s,           u"Windows XP"_s,           u"Windows Server 2003"_s,
+            u"Windows Vista 32 bit"_s, u"Windows Vista 64 bit"_s, u"Other"_s};
 }
 
 std::optional<BugReportComplaint> checkBugReport(const BugReport& report) {
     if (report.system == bugReportSystems().first()) {
-        return BugReportComplaint{BugReportField::System, "Enter the windows version"};
+        return BugReportComplaint{BugReportField::System, u"Enter the windows version"_s};
     }
     if (isMissing(report.errorMessage)) {
-        return BugReportComplaint{BugReportField::ErrorMessage, "Enter the error message"};
+        return BugReportComplaint{BugReportField::ErrorMessage, u"Enter the error message"_s};
     }
     if (isMissing(report.circumstances)) {
         return BugReportComplaint{BugReportField::Circumstances,
-                                  "Enter the circumstances in which the error occurred"};
+                                  u"Enter the circumstances in which the error occurred"_s};
     }
     return std::nullopt;
 }
@@ -63,16 +65,16 @@ std::optional<BugReportComplaint> checkBugReport(const BugReport& report) {
 QByteArray bugReportXml(const BugReport& report) {
     QByteArray bytes;
     QXmlStreamWriter xml(&bytes);
-    xml.writeStartElement("REPORT");
-    xml.writeEmptyElement("Windows");
-    xml.writeAttribute("version", allowedInXml(report.system));
-    xml.writeEmptyElement("Application");
-    xml.writeAttribute("name", ProgramTitle);
-    xml.writeAttribute("version", QLatin1String(Version) + QStringLiteral(" Beta"));
-    xml.writeStartElement("Error");
+    xml.writeStartElement(u"REPORT"_s);
+    xml.writeEmptyElement(u"Windows"_s);
+    xml.writeAttribute(u"version"_s, allowedInXml(report.system));
+    xml.writeEmptyElement(u"Application"_s);
+    xml.writeAttribute(u"name"_s, ProgramTitle);
+    xml.writeAttribute(u"version"_s, QLatin1String(Version) + QStringLiteral(" Beta"));
+    xml.writeStartElement(u"Error"_s);
     xml.writeCDATA(allowedInXml(report.errorMessage));
     xml.writeEndElement();
-    xml.writeStartElement("Circumstances");
+    xml.writeStartElement(u"Circumstances"_s);
     xml.writeCDATA(allowedInXml(report.circumstances));
     xml.writeEndElement();
     xml.writeEndElement();
@@ -80,7 +82,7 @@ QByteArray bugReportXml(const BugReport& report) {
 }
 
 QString generateUniqueFilename(const QDateTime& time, int number) {
-    return time.toString("dd.MM.yyyy.HH.mm.ss") +
+    return time.toString(u"dd.MM.yyyy.HH.mm.ss"_s) +
            QStringLiteral(".%1.%2.xml").arg(time.time().msec()).arg(number);
 }
 
@@ -107,14 +109,14 @@ bool sendBugReport(const BugReport& report, const ProgramFolder& folder, const F
 Message bugReportOutcome(bool sent) {
     if (sent) {
         return {
-            "Thank you for your contributions, the bug report has been successfully sent. We "
+            u"Thank you for your contributions, the bug report has been successfully sent. We "
             "appreciate your feedback which is used in our continuing effort to enhance "
-            "Nubivane.",
+            "Nubivane."_s,
             Icon::Information,
             Buttons::Ok,
             {}};
     }
-    return {"Cannot connect to the server", Icon::Critical, Buttons::Ok, {}};
+    return {u"Cannot connect to the server"_s, Icon::Critical, Buttons::Ok, {}};
 }
 
 }  // namespace nubivane

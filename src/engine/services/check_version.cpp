@@ -18,6 +18,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char ListFile[] = "software/vsrchk.xml";
@@ -25,7 +27,7 @@ constexpr char Product[] = "nvane";
 constexpr qint64 MaxListBytes = qint64{1024} * 1024;
 
 [[noreturn]] void fail(const char* text, const QString& cause = {}) {
-    throw Error(error_number::UploadStopped, "checkVersion", QLatin1String(text), cause);
+    throw Error(error_number::UploadStopped, u"checkVersion"_s, QLatin1String(text), cause);
 }
 
 /// The first two attributes of the document element's children; none when it is not well-formed.
@@ -101,17 +103,17 @@ QString checkVersion(bool verbose, const Publisher& publisher, Shell& shell,
     const ListedVersion found = findVersion(fetchList(publisher.versions, transfer), own);
     if (found.upToDate) {
         if (verbose) {
-            shell.messageBox(
-                {"The current version of " + title + " (" + own + ") is already up-to-date.",
-                 Icon::Information,
-                 Buttons::Ok,
-                 {}});
+            shell.messageBox({u"The current version of "_s + title + u" ("_s + own +
+                                  u") is already up-to-date."_s,
+                              Icon::Information,
+                              Buttons::Ok,
+                              {}});
         }
         return {};
     }
     const Answer answer =
-        shell.messageBox({"The server holds an updated version of " + title +
-                              ". Would you like to download the installation file now ? ",
+        shell.messageBox({u"The server holds an updated version of "_s + title +
+                              u". Would you like to download the installation file now ? "_s,
                           Icon::Question,
                           Buttons::YesNo,
                           {}});
@@ -119,14 +121,14 @@ QString checkVersion(bool verbose, const Publisher& publisher, Shell& shell,
         return {};
     }
     // The version is the server's word: nothing in it may reach beyond the file's name.
-    return "http://" + publisher.downloadHost + "/software/download/nVane/6.0.0/nVane_" +
-           QString::fromLatin1(QUrl::toPercentEncoding(found.version)) + ".EXE";
+    return u"http://"_s + publisher.downloadHost + u"/software/download/nVane/6.0.0/nVane_"_s +
+           QString::fromLatin1(QUrl::toPercentEncoding(found.version)) + u".EXE"_s;
 }
 
 void mnuLastVersion(const Publisher& publisher, Shell& shell, ftpTransfer& transfer,
                     const std::function<void(const QString& url)>& download) {
     if (!isReachable(shell, publisher.versions.host)) {
-        shell.messageBox({"No connection to the internet is currently available",
+        shell.messageBox({u"No connection to the internet is currently available"_s,
                           Icon::Critical,
                           Buttons::Ok,
                           {}});

@@ -10,6 +10,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char PackFolder[] = "software/update/nVane/6.0.0";
@@ -22,7 +24,8 @@ constexpr char AreBeingInstalled[] =
     "The weather symbols extended pack are being downloaded and installed";
 
 [[noreturn]] void fail(const QString& text, const QString& cause = {}) {
-    throw Error(error_number::UploadStopped, Source, cause.isEmpty() ? text : text + ": " + cause);
+    throw Error(error_number::UploadStopped, Source,
+                cause.isEmpty() ? text : text + u": "_s + cause);
 }
 
 int percentOf(qint64 bytes, qint64 total) {
@@ -48,7 +51,7 @@ void SymbolPacks::open() {
     const QScopedValueRollback running(running_, true);
     cancelled_ = false;
     packs_.clear();
-    view_.setCancelCloseCaption("Close");
+    view_.setCancelCloseCaption(u"Close"_s);
     view_.setLblInfo(WillBeInstalled);
     view_.showProgress(false);
     view_.enableStart(false);
@@ -58,11 +61,11 @@ void SymbolPacks::open() {
     }
     transfer_.Disconnect();
     if (!names) {
-        view_.setTxtInfo("Cannot connect to the ftp server...");
+        view_.setTxtInfo(u"Cannot connect to the ftp server..."_s);
         return;
     }
     packs_ = *names;
-    view_.setTxtInfo(packs_.isEmpty() ? "No packs available" : packs_.join(LineEnd));
+    view_.setTxtInfo(packs_.isEmpty() ? u"No packs available"_s : packs_.join(LineEnd));
     view_.enableStart(!packs_.isEmpty());
 }
 
@@ -88,7 +91,7 @@ void SymbolPacks::download() {
     view_.setProgress(0);
     view_.showProgress(true);
     view_.enableStart(false);
-    view_.setCancelCloseCaption("Cancel");
+    view_.setCancelCloseCaption(u"Cancel"_s);
     view_.setTxtInfo({});
     view_.setLblInfo(AreBeingInstalled);
     connect();
@@ -101,12 +104,12 @@ void SymbolPacks::download() {
 void SymbolPacks::connect() {
     if (!transfer_.Connect(server_) || !transfer_.ChangeDirectory(PackFolder)) {
         throwIfCancelled();
-        fail("Cannot connect to the ftp server", transfer_.failure());
+        fail(u"Cannot connect to the ftp server"_s, transfer_.failure());
     }
 }
 
 void SymbolPacks::downloadPack(const QString& pack) {
-    const QString target = folder_.path() + "\\symbols\\" + pack;
+    const QString target = folder_.path() + u"\\symbols\\"_s + pack;
     if (!host_files::folderExists(target)) {
         host_files::makeFolder(target);
     }
@@ -116,25 +119,25 @@ void SymbolPacks::downloadPack(const QString& pack) {
     }
     throwIfCancelled();
     if (!files) {
-        fail("Cannot find the pack " + pack, transfer_.failure());
+        fail(u"Cannot find the pack "_s + pack, transfer_.failure());
     }
     for (qsizetype i = 0; i < files->size(); ++i) {
         downloadFile(pack, files->at(i), i + 1, files->size());
     }
-    if (!transfer_.ChangeDirectory("..")) {
+    if (!transfer_.ChangeDirectory(u".."_s)) {
         throwIfCancelled();
-        fail("Cannot find the other packs", transfer_.failure());
+        fail(u"Cannot find the other packs"_s, transfer_.failure());
     }
 }
 
 void SymbolPacks::downloadFile(const QString& pack, const QString& file, qsizetype i, qsizetype n) {
-    view_.setLblProgress("Downloading " + pack + " file: " + file +
+    view_.setLblProgress(u"Downloading "_s + pack + u" file: "_s + file +
                          QStringLiteral(" (%1 of %2)").arg(i).arg(n));
-    const QString target = folder_.path() + "\\symbols\\" + pack + u'\\' + file;
+    const QString target = folder_.path() + u"\\symbols\\"_s + pack + u'\\' + file;
     const bool fetched = transfer_.GetFile(file, target);
     throwIfCancelled();
     if (!fetched) {
-        fail("Cannot download the file " + file, transfer_.failure());
+        fail(u"Cannot download the file "_s + file, transfer_.failure());
     }
     shell_.processEvents();
     throwIfCancelled();
@@ -142,25 +145,25 @@ void SymbolPacks::downloadFile(const QString& pack, const QString& file, qsizety
 
 void SymbolPacks::throwIfCancelled() {
     if (cancelled_) {
-        fail("Stopped by the user.");
+        fail(u"Stopped by the user."_s);
     }
 }
 
 void SymbolPacks::complete() {
     view_.setLblProgress({});
-    view_.setTxtInfo("Download completed successfully" + (LineEnd + packs_.join(LineEnd)));
+    view_.setTxtInfo(u"Download completed successfully"_s + (LineEnd + packs_.join(LineEnd)));
     view_.showProgress(false);
-    view_.setCancelCloseCaption("Close");
+    view_.setCancelCloseCaption(u"Close"_s);
 }
 
 void SymbolPacks::interrupt(const Error& error) {
     view_.setLblInfo(WillBeInstalled);
-    view_.setTxtInfo("Download interrupted..." + (LineEnd + error.description()));
+    view_.setTxtInfo(u"Download interrupted..."_s + (LineEnd + error.description()));
     view_.setLblProgress({});
     view_.setProgress(0);
     view_.showProgress(false);
     view_.enableStart(true);
-    view_.setCancelCloseCaption("Close");
+    view_.setCancelCloseCaption(u"Close"_s);
 }
 
 bool SymbolPacks::cancelClose() {

@@ -7,6 +7,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool isOne(const SettingsStore& store, Setting setting) {
@@ -51,11 +53,11 @@ bool FtpSettings::save(SettingsStore& store) const {
 
 std::optional<FtpComplaint> validateFtpSettings(const FtpSettings& settings) {
     if (!toNumber(trimBlanks(settings.port))) {
-        return FtpComplaint{FtpField::Port, "Type a valid ftp port"};
+        return FtpComplaint{FtpField::Port, u"Type a valid ftp port"_s};
     }
     // Without a folder of its own the program leaves the remote folder to the user.
     if (!trimBlanks(settings.nubivaneFolder).isEmpty()) {
-        const QString text = "Insert the folder name without separators";
+        const QString text = u"Insert the folder name without separators"_s;
         if (hasSeparator(settings.remoteFolder)) {
             return FtpComplaint{FtpField::RemoteFolder, text};
         }

@@ -25,7 +25,7 @@ enum class FtpLogin { Normal = 0, Anonymous = 1 };
 /// What the settings say of the upload, as the dialog shows it.
 struct FtpSettings {
     QString url;
-    QString port = "21";
+    QString port = QStringLiteral("21");
     QString userName;
     QString password;
     QString remoteFolder;

@@ -8,17 +8,19 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 UploadCommands::UploadCommands(Editor editor, UploadView& view, FtpOptions options)
     : editor_(editor), view_(view), run_(editor, view, std::move(options)) {}
 
 QString textOf(FtpCheck check) {
     switch (check) {
         case FtpCheck::NoAddress:
-            return "Enter a valid ftp address";
+            return u"Enter a valid ftp address"_s;
         case FtpCheck::NoUserName:
-            return "Enter a valid ftp username";
+            return u"Enter a valid ftp username"_s;
         case FtpCheck::NoNubivaneFolder:
-            return "Enter a valid Nubivane folder";
+            return u"Enter a valid Nubivane folder"_s;
         case FtpCheck::Complete:
             break;
     }
@@ -31,7 +33,7 @@ FtpTab tabOf(FtpCheck check) {
 
 void rememberInitialized(SettingsStore& store) {
     constexpr char Sent[] = "2";  // neither chosen nor never asked
-    store.set(Setting::UploadInitialized, "1");
+    store.set(Setting::UploadInitialized, u"1"_s);
     store.set(Setting::UploadMaps, Sent);
     store.set(Setting::UploadSymbols, Sent);
     store.set(Setting::UploadHtmlPage, Sent);
@@ -41,7 +43,7 @@ void rememberInitialized(SettingsStore& store) {
 bool UploadCommands::ready() {
     const FtpSettings settings = FtpSettings::read(editor_.workspace.settings);
     if (!isReachable(editor_.shell, settings.url)) {
-        editor_.shell.messageBox({"No connection to the internet is currently available",
+        editor_.shell.messageBox({u"No connection to the internet is currently available"_s,
                                   Icon::Critical,
                                   Buttons::Ok,
                                   {}});
@@ -68,12 +70,12 @@ void UploadCommands::mnuInitialize() {
     }
     Workspace& workspace = editor_.workspace;
     if (workspace.settings.text(Setting::UploadInitialized) == u"1") {
-        const Answer answer =
-            editor_.shell.messageBox({"Initialization has already been successfully completed. \r\n"
-                                      "Do you want to proceed anyway ?",
-                                      Icon::Question,
-                                      Buttons::YesNo,
-                                      {}});
+        const Answer answer = editor_.shell.messageBox(
+            {u"Initialization has already been successfully completed. \r\n"
+             "Do you want to proceed anyway ?"_s,
+             Icon::Question,
+             Buttons::YesNo,
+             {}});
         if (answer != Answer::Yes) {
             return;
         }
@@ -81,7 +83,7 @@ void UploadCommands::mnuInitialize() {
     if (run_.runUpload(true)) {
         rememberInitialized(workspace.settings);
         editor_.shell.messageBox(
-            {"Initialition completed successfully", Icon::Information, Buttons::Ok, {}});
+            {u"Initialition completed successfully"_s, Icon::Information, Buttons::Ok, {}});
     }
 }
 

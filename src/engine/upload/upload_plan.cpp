@@ -8,6 +8,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char Up[] = "..\\";
@@ -23,15 +25,15 @@ class PlanBuilder {
             enter(remote);
         }
         makeAndEnter(settings.text(Setting::FtpNubivaneFolderInPlan));
-        makeAndEnter("Web");
+        makeAndEnter(u"Web"_s);
         enter(Up);
         symbolFolders(symbols);
-        makeAndEnter("Maps");
+        makeAndEnter(u"Maps"_s);
         enter(Up);
         if (maps) {
             const QString folder = workspace_.folder.maps();
             for (const QString& file : plain(host_files::fileNames(folder))) {
-                send(folder + u'\\' + file, "Maps\\" + file, true);
+                send(folder + u'\\' + file, u"Maps\\"_s + file, true);
             }
         }
         if (htmlPage) {
@@ -46,20 +48,22 @@ class PlanBuilder {
         return names;
     }
 
-    void enter(const QString& folder) { plan_.push_back(newUploadStep("CHDIR", folder, {}, true)); }
+    void enter(const QString& folder) {
+        plan_.push_back(newUploadStep(u"CHDIR"_s, folder, {}, true));
+    }
 
     /// Making a folder that is there fails on every server; entering it tells.
     void makeAndEnter(const QString& folder) {
-        plan_.push_back(newUploadStep("MKDIR", folder, {}, false));
+        plan_.push_back(newUploadStep(u"MKDIR"_s, folder, {}, false));
         enter(folder);
     }
 
     void send(const QString& file, const QString& name, bool stop) {
-        plan_.push_back(newUploadStep("UPLOAD", file, name, stop));
+        plan_.push_back(newUploadStep(u"UPLOAD"_s, file, name, stop));
     }
 
     void symbolFolders(bool withFiles) {
-        makeAndEnter("Symbols");
+        makeAndEnter(u"Symbols"_s);
         const QString symbols = workspace_.folder.symbols();
         const QStringList folders = plain(host_files::folderNames(symbols));
         for (const QString& folder : folders) {
@@ -81,12 +85,12 @@ class PlanBuilder {
         if (!host_files::isPlainName(name)) {
             return;
         }
-        for (const QString& file : {name + ".htm", name + ".js"}) {
+        for (const QString& file : {name + u".htm"_s, name + u".js"_s}) {
             sendIfThere(workspace_.folder.entry(file), file, true);
         }
         for (qint32 i = 1; i <= workspace_.Frames().Count(); ++i) {
-            const QString file = name + QString::number(i) + ".jpg";
-            sendIfThere(workspace_.folder.web() + u'\\' + file, "Web/" + file, false);
+            const QString file = name + QString::number(i) + u".jpg"_s;
+            sendIfThere(workspace_.folder.web() + u'\\' + file, u"Web/"_s + file, false);
         }
     }
 

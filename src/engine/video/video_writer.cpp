@@ -21,6 +21,8 @@ extern "C" {
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int BufferBytes = 64 * 1024;
@@ -28,7 +30,7 @@ constexpr int MjpegQuality = 2;       // 2 is best, 31 is least
 constexpr char H264Quality[] = "18";  // 0 is lossless, 51 is least; 18 looks like the original
 
 [[noreturn]] void fail(const QString& cause) {
-    throw Error(error_number::InvalidVideo, "video", "Cannot encode the video.", cause);
+    throw Error(error_number::InvalidVideo, u"video"_s, u"Cannot encode the video."_s, cause);
 }
 
 void check(int result) {
@@ -42,7 +44,7 @@ void check(int result) {
 template <class T>
 T* checked(T* made) {
     if (!made) {
-        fail("there is not enough memory");
+        fail(u"there is not enough memory"_s);
     }
     return made;
 }
@@ -81,10 +83,10 @@ using Handle = std::unique_ptr<T, FreeContext>;
 /// A file beside a target that goes with this object.
 std::unique_ptr<QTemporaryFile> scratchBeside(const QString& path) {
     const QFileInfo target(host_files::toHost(path));
-    auto file = std::make_unique<QTemporaryFile>(target.absolutePath() + "/.video-XXXXXX");
+    auto file = std::make_unique<QTemporaryFile>(target.absolutePath() + u"/.video-XXXXXX"_s);
     if (!file->open()) {
-        throw Error(error_number::FileAccess, "file", "Cannot write " + target.filePath() + ".",
-                    file->errorString());
+        throw Error(error_number::FileAccess, u"file"_s,
+                    u"Cannot write "_s + target.filePath() + u"."_s, file->errorString());
     }
     return file;
 }
@@ -192,7 +194,7 @@ class VideoWriter::Encoder {
     void openCodec(VideoFormat format, VideoRate rate) {
         const AVCodec* encoder = avcodec_find_encoder(row_.codec);
         if (!encoder) {
-            fail("the encoder is not installed");
+            fail(u"the encoder is not installed"_s);
         }
         codec_.reset(checked(avcodec_alloc_context3(encoder)));
         codec_->width = size_.width();

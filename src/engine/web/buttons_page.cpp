@@ -5,6 +5,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Pixels.
@@ -17,18 +19,14 @@ constexpr char ShowButton[] = "eval('btn_' + i.toString() + '.style.visibility =
 
 /// A function that moves the strip by one button.
 void writeMove(TextLines& out, const char* name, const char* guard, const char* step) {
-    out << "function " + QLatin1String(name) + "()"
-        << "{"
-        << "   if " + QLatin1String(guard) << "   {"
-        << "      var i;"
-        << "      var j = 0;"
-        << "      " + QLatin1String(step) << "      _hide_Buttons();"
+    out << u"function "_s + QLatin1String(name) + u"()"_s << "{"
+        << u"   if "_s + QLatin1String(guard) << u"   {"_s << "      var i;"
+        << "      var j = 0;" << u"      "_s + QLatin1String(step) << u"      _hide_Buttons();"_s
         << "      for (i=position;i <= position + (visible_buttons-1); i++)"
         << "      {"
         << "         eval('btn_' + i.toString() + '.style.left =' + (left + width_nav_buttons  + "
            "space_btw + ((j * width_buttons) + (j * space_btw))).toString() + ';');"
-        << "         " + QLatin1String(ShowButton) << "         j++;"
-        << "      }"
+        << u"         "_s + QLatin1String(ShowButton) << u"         j++;"_s << "      }"
         << "   }"
         << "}";
 }
@@ -36,7 +34,7 @@ void writeMove(TextLines& out, const char* name, const char* guard, const char* 
 }  // namespace
 
 QString ButtonsPage::loadCall() const {
-    return frameCount() > 1 ? "javascript:_Render(1); _Init();" : "javascript:_Render(0);";
+    return frameCount() > 1 ? u"javascript:_Render(1); _Init();"_s : u"javascript:_Render(0);"_s;
 }
 
 bool ButtonsPage::scrolls() const {
@@ -52,11 +50,11 @@ qint64 ButtonsPage::buttonWidth() const {
 QString ButtonsPage::button(const QString& id, const QString& caption, qint64 width,
                             const QString& call) const {
     const qint64 top = mapTop(1) + input().mapOuter.height() + 10;
-    return "<INPUT id=\"" + id + "\" type=\"button\" value=\"" + caption +
+    return u"<INPUT id=\""_s + id + u"\" type=\"button\" value=\""_s + caption +
            "\" style =\"VISIBILITY: hidden; FONT-FAMILY: Arial; FONT-SIZE: 7pt; POSITION: "
-           "absolute;TOP: " +
-           num(top) + "px;WIDTH: " + num(width) + "px;HEIGHT: " + num(ButtonHeight) +
-           "px;\" onclick=\"" + call + "\">";
+           u"absolute;TOP: "_s +
+           num(top) + u"px;WIDTH: "_s + num(width) + u"px;HEIGHT: "_s + num(ButtonHeight) +
+           u"px;\" onclick=\""_s + call + u"\">"_s;
 }
 
 void ButtonsPage::writeAfterTexts(TextLines& out) const {
@@ -68,21 +66,21 @@ void ButtonsPage::writeAfterTexts(TextLines& out) const {
     const qint64 width = buttonWidth();
     out << "<!-- BUTTON -->";
     if (scrolls()) {
-        out << button("btnLeft", "<", ArrowWidth, "_MoveLeft()")
-            << button("btnRight", ">", outer - VisibleButtons * width - 4 * Space - ArrowWidth,
-                      "_MoveRight()");
+        out << button(u"btnLeft"_s, u"<"_s, ArrowWidth, u"_MoveLeft()"_s)
+            << button(u"btnRight"_s, u">"_s,
+                      outer - VisibleButtons * width - 4 * Space - ArrowWidth, u"_MoveRight()"_s);
     }
     for (qint32 i = 1; i <= count; ++i) {
         const bool takesRest = !scrolls() && i == count;
-        out << button("btn_" + num(i), input().frames.Item(i).Texts().Label,
+        out << button(u"btn_"_s + num(i), input().frames.Item(i).Texts().Label,
                       takesRest ? outer - (count - 1) * (width + Space) : width,
-                      "_Render(" + num(i) + ");");
+                      u"_Render("_s + num(i) + u");"_s);
     }
     out << EmptyLine;
 }
 
 void ButtonsPage::writeScript(TextLines& out) const {
-    out << "var left = " + num(Left) + ';';
+    out << u"var left = "_s + num(Left) + u';';
     writeSpriteIndexes(out);
     out << "var currFrame = 1;";
     if (scrolls()) {
@@ -94,11 +92,11 @@ void ButtonsPage::writeScript(TextLines& out) const {
 }
 
 void ButtonsPage::writeScrollingFunctions(TextLines& out) const {
-    out << "var position = 1;"
-        << "var space_btw = " + num(Space) + ';' << "var num_buttons = " + num(frameCount()) + ';'
-        << "var width_buttons = " + num(buttonWidth()) + ';'
-        << "var visible_buttons = " + num(VisibleButtons) + ';'
-        << "var width_nav_buttons = " + num(ArrowWidth) + ';' << EmptyLine;
+    out << "var position = 1;" << u"var space_btw = "_s + num(Space) + u';'
+        << u"var num_buttons = "_s + num(frameCount()) + u';'
+        << u"var width_buttons = "_s + num(buttonWidth()) + u';'
+        << u"var visible_buttons = "_s + num(VisibleButtons) + u';'
+        << u"var width_nav_buttons = "_s + num(ArrowWidth) + u';' << EmptyLine;
 
     out << "function _hide_Buttons()"
         << "{"
@@ -126,8 +124,7 @@ void ButtonsPage::writeScrollingFunctions(TextLines& out) const {
         << "      {"
         << "         eval('btn_' + i.toString() + '.style.left =' + (left + width_nav_buttons + "
            "space_btw + ((j * width_buttons) + (j * space_btw))).toString() + ';');"
-        << "         " + QLatin1String(ShowButton) << "         j++;"
-        << "      }"
+        << u"         "_s + QLatin1String(ShowButton) << u"         j++;"_s << "      }"
         << "   }"
         << "}";
 
@@ -137,8 +134,9 @@ void ButtonsPage::writeScrollingFunctions(TextLines& out) const {
 }
 
 void ButtonsPage::writePlainFunctions(TextLines& out) const {
-    out << "var space_btw = " + num(Space) + ';' << "var num_buttons = " + num(frameCount()) + ';'
-        << "var width_buttons = " + num(buttonWidth()) + ';' << EmptyLine;
+    out << u"var space_btw = "_s + num(Space) + u';'
+        << u"var num_buttons = "_s + num(frameCount()) + u';'
+        << u"var width_buttons = "_s + num(buttonWidth()) + u';' << EmptyLine;
 
     out << "function _Init()"
         << "{"
@@ -149,8 +147,7 @@ void ButtonsPage::writePlainFunctions(TextLines& out) const {
         << "   {"
         << "      eval('btn_' + i.toString() + '.style.left =' + (left + ((space_btw * j) + "
            "(width_buttons * j))).toString() + ';');"
-        << "      " + QLatin1String(ShowButton) << "      j++;"
-        << "   }"
+        << u"      "_s + QLatin1String(ShowButton) << u"      j++;"_s << "   }"
         << "   eval('btn_' + num_buttons.toString() + '.style.left =' + (left + ((space_btw * "
            "(num_buttons-1)) + (width_buttons * (num_buttons-1)))).toString() + ';');"
         << "   eval('btn_' + num_buttons.toString() + '.style.visibility = \"visible\";');"

@@ -7,6 +7,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char ShowLine[] = "eval('%1_' + i.toString() + '.style.visibility=\"visible\";');";
@@ -19,7 +21,7 @@ qint64 ExtendedPage::blockTop(qint32 i) const {
 }
 
 QString ExtendedPage::titleElement() const {
-    return "<TITLE>" + settings().title + " - " + settings().poweredLabel + "   </TITLE>";
+    return u"<TITLE>"_s + settings().title + u" - "_s + settings().poweredLabel + u"   </TITLE>"_s;
 }
 
 void ExtendedPage::writeScript(TextLines& out) const {
@@ -28,36 +30,34 @@ void ExtendedPage::writeScript(TextLines& out) const {
         << "   var i;" << EmptyLine;
     if (settings().effects) {
         // All transitions are armed first and played together.
-        out << "   " + QLatin1String(TransitionTest) << "     {";
+        out << u"   "_s + QLatin1String(TransitionTest) << u"     {"_s;
         writeLoops(out, 15,
-                   {"eval('%1_' + i.toString() + '.style.filter=\"blendTrans(duration=1)\";');",
+                   {u"eval('%1_' + i.toString() + '.style.filter=\"blendTrans(duration=1)\";');"_s,
                     "eval('%1_' + i.toString() + '.filters.blendTrans.stop();');",
                     "eval('%1_' + i.toString() + '.filters.blendTrans.apply();');", ShowLine});
-        writeLoops(out, 14, {"eval('%1_' + i.toString() + '.filters.blendTrans.play();');"});
+        writeLoops(out, 14, {u"eval('%1_' + i.toString() + '.filters.blendTrans.play();');"_s});
         out << "     }"
             << "   else"
             << "     {";
         writeLoops(out, 15, {ShowLine});
-        out << "     }";
+        out << u"     }"_s;
     } else {
         writeLoops(out, 15, {ShowLine});
     }
-    out << "}";
+    out << u"}"_s;
 }
 
 void ExtendedPage::writeLoops(TextLines& out, int column, const QStringList& lines) const {
     QStringList families;
     if (hasTitles()) {
-        families << "title"
-                 << "subtitle";
+        families << u"title"_s << u"subtitle"_s;
     }
-    families << "map";
+    families << u"map"_s;
     if (settings().showForecastText) {
-        families << "textForecast";
+        families << u"textForecast"_s;
     }
     const auto loop = [&](qint64 count, const QStringList& names) {
-        out << "       for (i=1; i<=" + QString::number(count) + "; i++)"
-            << "       {";
+        out << u"       for (i=1; i<="_s + QString::number(count) + u"; i++)"_s << "       {";
         for (const QString& name : names) {
             for (const QString& line : lines) {
                 out << QString(column, u' ') + line.arg(name);
@@ -66,7 +66,7 @@ void ExtendedPage::writeLoops(TextLines& out, int column, const QStringList& lin
         out << "       }";
     };
     loop(frameCount(), families);
-    loop(spriteCount(), {"sprite"});
+    loop(spriteCount(), {u"sprite"_s});
 }
 
 }  // namespace nubivane

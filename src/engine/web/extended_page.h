@@ -11,7 +11,7 @@ class ExtendedPage : public PageWriter {
     using PageWriter::PageWriter;
 
   protected:
-    QString loadCall() const override { return "javascript:_Show();"; }
+    QString loadCall() const override { return QStringLiteral("javascript:_Show();"); }
     QString titleElement() const override;
     qint64 titleTop(qint32 i) const override { return blockTop(i) + 20; }
     qint64 subtitleTop(qint32 i) const override { return blockTop(i) + 80; }

@@ -17,6 +17,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int DefaultTimer = 4;
@@ -28,9 +30,9 @@ qint32 color(const SettingsStore& settings, Setting setting) {
     if (const auto number = toInt32(text)) {
         return *number;
     }
-    throw Error(error_number::TypeMismatch, "page",
-                "The setting \"" + QString(QLatin1String(rowOf(setting).key)) +
-                    "\" is no colour: \"" + text + "\".");
+    throw Error(error_number::TypeMismatch, u"page"_s,
+                u"The setting \""_s + QString(QLatin1String(rowOf(setting).key)) +
+                    u"\" is no colour: \""_s + text + u"\"."_s);
 }
 
 /// Flags count only when they are exactly "1".
@@ -79,8 +81,9 @@ QString addressOf(const SettingsStore& settings) {
 QString readPageFilename(const SettingsStore& settings) {
     const QString name = settings.text(Setting::PageFilename);
     if (!host_files::isPlainName(name)) {
-        throw Error(error_number::InvalidArgument, "page",
-                    "The page's file name in the settings is no plain name: \"" + name + "\".");
+        throw Error(
+            error_number::InvalidArgument, u"page"_s,
+            u"The page's file name in the settings is no plain name: \""_s + name + u"\"."_s);
     }
     return name;
 }

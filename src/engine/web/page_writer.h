@@ -54,7 +54,7 @@ class PageWriter {
     virtual QString loadCall() const = 0;
     virtual QString bodyAttributes() const { return {}; }
     virtual QString titleElement() const;  ///< a line of the head
-    virtual QString titleWidth() const { return "100%"; }
+    virtual QString titleWidth() const { return QStringLiteral("100%"); }
     // Tops in pixels for Frame `i`, counted from 1.
     virtual qint64 titleTop(qint32 i) const;
     virtual qint64 subtitleTop(qint32 i) const;

@@ -3,6 +3,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 const char TransitionTest[] =
     "if ((navigator.appName.indexOf('Microsoft') >= 0) && "
     "(navigator.appVersion.indexOf('4.') >= 0))";
@@ -27,16 +29,14 @@ void writeShowSprite(TextLines& out, const FrameScript& options) {
         << "{"
         << "   var i;" << EmptyLine;
     if (options.hasTitles) {
-        out << "   " + showOrHide("title", "currFrame")
-            << "   " + showOrHide("subtitle", "currFrame");
+        out << u"   "_s + showOrHide("title", "currFrame")
+            << u"   "_s + showOrHide("subtitle", "currFrame");
     }
     if (options.showForecastText) {
-        out << "   " + showOrHide("textForecast", "currFrame") << EmptyLine;
+        out << u"   "_s + showOrHide("textForecast", "currFrame") << EmptyLine;
     }
     out << "   for (i=idx_start; i<=idx_end-1; i++)"
-        << "   {"
-        << "      " + showOrHide("sprite", "i") << "   }"
-        << "}";
+        << "   {" << u"      "_s + showOrHide("sprite", "i") << u"   }"_s << "}";
 }
 
 /// The map's fade: the lines inside the transition block.
@@ -45,8 +45,8 @@ void writeMapTransition(TextLines& out, const char* visibility) {
            "'.style.filter=\"blendTrans(duration=1)\";');"
         << "      eval('map_' + currFrame.toString() + '.filters.blendTrans.stop();');"
         << "      eval('map_' + currFrame.toString() + '.filters.blendTrans.apply();');"
-        << "      " + setMapVisibility(visibility)
-        << "      eval('map_' + currFrame.toString() + '.filters.blendTrans.play();');";
+        << u"      "_s + setMapVisibility(visibility)
+        << u"      eval('map_' + currFrame.toString() + '.filters.blendTrans.play();');"_s;
 }
 
 void writeHide(TextLines& out, const FrameScript& options) {
@@ -54,13 +54,12 @@ void writeHide(TextLines& out, const FrameScript& options) {
         << "{"
         << "   _showSprite(idx_start, idx_end, false);" << EmptyLine;
     if (options.effects) {
-        out << "   " + QLatin1String(TransitionTest) << "   {";
+        out << u"   "_s + QLatin1String(TransitionTest) << u"   {"_s;
         writeMapTransition(out, "hidden");
         out << "   }"
-            << "   else"
-            << "      " + setMapVisibility("hidden") << EmptyLine;
+            << "   else" << u"      "_s + setMapVisibility("hidden") << EmptyLine;
     } else {
-        out << "   " + setMapVisibility("hidden");
+        out << u"   "_s + setMapVisibility("hidden");
     }
     out << "}";
 }
@@ -69,18 +68,16 @@ void writeShow(TextLines& out, const FrameScript& options) {
     out << EmptyLine << "function _Show(idx_start, idx_end)"
         << "{";
     if (options.effects) {
-        out << "   " + QLatin1String(TransitionTest) << "   {";
+        out << u"   "_s + QLatin1String(TransitionTest) << u"   {"_s;
         writeMapTransition(out, "visible");
         out << "      setTimeout(function(){_showSprite(idx_start, idx_end, true)}, 1500);"
             << "   }"
             << "   else"
-            << "   {"
-            << "      " + setMapVisibility("visible") << EmptyLine
-            << "      _showSprite(idx_start, idx_end, true);"
-            << "   }";
+            << "   {" << u"      "_s + setMapVisibility("visible") << EmptyLine
+            << u"      _showSprite(idx_start, idx_end, true);"_s << "   }";
     } else {
-        out << "   " + setMapVisibility("visible") << EmptyLine
-            << "   _showSprite(idx_start, idx_end, true);";
+        out << u"   "_s + setMapVisibility("visible") << EmptyLine
+            << u"   _showSprite(idx_start, idx_end, true);"_s;
     }
     out << "}";
 }
@@ -96,19 +93,18 @@ void writeRender(TextLines& out, const FrameScript& options) {
         << "       _Hide(eval('idx_' + currFrame.toString()), eval('idx_' + (currFrame + "
            "1).toString()));";
     if (options.timed) {
-        out << "       currFrame = currFrame < " + QString::number(options.frameCount) +
-                   "? currFrame + 1:1;";
+        out << u"       currFrame = currFrame < "_s + QString::number(options.frameCount) +
+                   u"? currFrame + 1:1;"_s;
     } else {
         out << "       currFrame=newFrame;";
     }
     out << EmptyLine;
     if (options.effects) {
-        out << "       " + QLatin1String(TransitionTest)
+        out << u"       "_s + QLatin1String(TransitionTest)
             << QStringLiteral("          setTimeout(function(){%1}, 700);").arg(QLatin1String(show))
-            << "       else";
+            << u"       else"_s;
     }
-    out << "          " + QLatin1String(show) << "    }"
-        << "}";
+    out << u"          "_s + QLatin1String(show) << u"    }"_s << "}";
 }
 
 }  // namespace

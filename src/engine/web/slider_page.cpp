@@ -8,14 +8,16 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Border and place in the stack that track and ticks have in common.
 QString raisedBox(int zIndex) {
-    return "BORDER-RIGHT: #000000 1px solid; BORDER-TOP: #ffffff 1px solid; DISPLAY: inline; "
-           "FONT-SIZE: 1pt; Z-INDEX: " +
+    return u"BORDER-RIGHT: #000000 1px solid; BORDER-TOP: #ffffff 1px solid; DISPLAY: inline; "
+           "FONT-SIZE: 1pt; Z-INDEX: "_s +
            QString::number(zIndex) +
-           "; BORDER-LEFT: #ffffff 1px solid; BORDER-BOTTOM: #000000 1px solid; ";
+           u"; BORDER-LEFT: #ffffff 1px solid; BORDER-BOTTOM: #000000 1px solid; "_s;
 }
 
 constexpr char LeftEnd[] = "cursor.style.left = tracker.style.left;";
@@ -56,8 +58,8 @@ void writeGetXY(TextLines& out) {
 }  // namespace
 
 QString SliderPage::bodyAttributes() const {
-    return hasSlider() ? " onmouseup=\"javascript:doUp();\" onmousemove=\"javascript:doMove();\""
-                       : "";
+    return hasSlider() ? u" onmouseup=\"javascript:doUp();\" onmousemove=\"javascript:doMove();\""_s
+                       : u""_s;
 }
 
 void SliderPage::writeAfterMaps(TextLines& out) const {
@@ -66,10 +68,10 @@ void SliderPage::writeAfterMaps(TextLines& out) const {
     }
     const qint64 top = input().map.height() + mapTop(1);
     out << "<!-- SLIDER -->";
-    out << "<DIV id=\"tracker\" style=\"" + raisedBox(100) +
-               "POSITION: absolute; LEFT: " + num(Left) + "px; TOP: " + num(top + 12) +
-               "px; WIDTH: " + num(input().map.width() + 2) +
-               "px; HEIGHT: 5px; BACKGROUND-COLOR: #d3d3d3\"></DIV>"
+    out << u"<DIV id=\"tracker\" style=\""_s + raisedBox(100) + u"POSITION: absolute; LEFT: "_s +
+               num(Left) + u"px; TOP: "_s + num(top + 12) + u"px; WIDTH: "_s +
+               num(input().map.width() + 2) +
+               u"px; HEIGHT: 5px; BACKGROUND-COLOR: #d3d3d3\"></DIV>"_s
         << EmptyLine;
     if (settings().sliderTicks) {
         writeTicks(out, top);
@@ -83,28 +85,29 @@ void SliderPage::writeAfterMaps(TextLines& out) const {
 void SliderPage::writeTicks(TextLines& out, qint64 top) const {
     const qint64 step = roundedQuotient(input().map.width() - 2, frameCount() - 1);
     for (qint32 i = 1; i <= frameCount(); ++i) {
-        out << "<DIV style=\"" + raisedBox(102) +
-                   "POSITION: absolute; LEFT: " + num((i - 1) * step + Left) +
-                   "px; TOP: " + num(top + 12) +
-                   "px; WIDTH: 4px; HEIGHT: 6px; BACKGROUND-COLOR: #d3d3d3\"></DIV>"
+        out << u"<DIV style=\""_s + raisedBox(102) + u"POSITION: absolute; LEFT: "_s +
+                   num((i - 1) * step + Left) + u"px; TOP: "_s + num(top + 12) +
+                   u"px; WIDTH: 4px; HEIGHT: 6px; BACKGROUND-COLOR: #d3d3d3\"></DIV>"_s
             << EmptyLine;
     }
 }
 
 void SliderPage::writeCursor(TextLines& out, qint64 top) const {
     QString element =
-        "<IMG id=\"cursor\" onmouseup=\"javascript:doUp();\" onmousedown=\"javascript:doDown();\" "
+        u"<IMG id=\"cursor\" onmouseup=\"javascript:doUp();\" onmousedown=\"javascript:doDown();\" "
         "style=\"BORDER-RIGHT: #000000 1px solid; BORDER-TOP: #ffffff 1px solid; DISPLAY: inline; "
         "Z-INDEX: 103; BORDER-LEFT: #ffffff 1px solid; CURSOR: hand; BORDER-BOTTOM: #000000 1px "
-        "solid; POSITION: absolute; LEFT: " +
-        num(Left) + "px; TOP: " + num(top + 5) + "px; WIDTH: 12px; HEIGHT: 16px; ";
+        "solid; POSITION: absolute; LEFT: "_s +
+        num(Left) + u"px; TOP: "_s + num(top + 5) + u"px; WIDTH: 12px; HEIGHT: 16px; "_s;
     if (!settings().sliderColor) {
-        throw Error(error_number::TypeMismatch, "page", "The colour of the slider is no number.");
+        throw Error(error_number::TypeMismatch, u"page"_s,
+                    u"The colour of the slider is no number."_s);
     }
     if (*settings().sliderColor != NoColor) {
-        element += "BACKGROUND-COLOR: " + input().colors.webColor(*settings().sliderColor) + ';';
+        element +=
+            u"BACKGROUND-COLOR: "_s + input().colors.webColor(*settings().sliderColor) + u';';
     }
-    out << element + "\" alt=\"\" src=\"\">" << EmptyLine;
+    out << element + u"\" alt=\"\" src=\"\">"_s << EmptyLine;
 }
 
 void SliderPage::writeTickLabel(TextLines& out, qint64 top) const {
@@ -112,12 +115,12 @@ void SliderPage::writeTickLabel(TextLines& out, qint64 top) const {
     for (qint32 i = 1; i <= frameCount(); ++i) {
         longest = std::max(longest, input().frames.Item(i).Texts().Label.size());
     }
-    out << "<DIV id=\"lblTick\" style=\"BORDER-RIGHT: #000000 1px solid; BORDER-TOP: #000000 1px "
+    out << u"<DIV id=\"lblTick\" style=\"BORDER-RIGHT: #000000 1px solid; BORDER-TOP: #000000 1px "
            "solid; FONT-SIZE: 10pt; Z-INDEX: 109; VISIBILITY: hidden; BORDER-LEFT: #000000 1px "
            "solid; BORDER-BOTTOM: #000000 1px solid; FONT-FAMILY: Arial; POSITION: absolute; "
-           "LEFT: " +
-               num(Left) + "px; TOP: " + num(top + 30) + "px; WIDTH: " + num(9 * longest) +
-               "px; HEIGHT: 18px; BACKGROUND-COLOR: #ffffcc; TEXT-ALIGN: center\"></DIV>"
+           "LEFT: "_s +
+               num(Left) + u"px; TOP: "_s + num(top + 30) + u"px; WIDTH: "_s + num(9 * longest) +
+               u"px; HEIGHT: 18px; BACKGROUND-COLOR: #ffffcc; TEXT-ALIGN: center\"></DIV>"_s
         << EmptyLine;
 }
 
@@ -137,15 +140,14 @@ void SliderPage::writeScript(TextLines& out) const {
 void SliderPage::writeVariables(TextLines& out) const {
     QStringList labels;
     for (qint32 i = 1; i <= frameCount(); ++i) {
-        labels << "'" + input().frames.Item(i).Texts().Label + "'";
+        labels << u"'"_s + input().frames.Item(i).Texts().Label + u"'"_s;
     }
     out << "var posX;"
         << "var posY;"
-        << "var posXY;"
-        << "var tick_num = " + num(frameCount()) + ';' << "var abs_posX = 1;"
-        << "var tick_len = " + num(roundedQuotient(input().map.width(), frameCount() - 1)) + ';'
-        << "var m_down = false;"
-        << "var labelTick = [" + labels.join(u',') + "];" << EmptyLine;
+        << "var posXY;" << u"var tick_num = "_s + num(frameCount()) + u';' << u"var abs_posX = 1;"_s
+        << u"var tick_len = "_s + num(roundedQuotient(input().map.width(), frameCount() - 1)) + u';'
+        << u"var m_down = false;"_s << u"var labelTick = ["_s + labels.join(u',') + u"];"_s
+        << EmptyLine;
 }
 
 void SliderPage::writeDoDown(TextLines& out) const {
@@ -166,18 +168,15 @@ void SliderPage::writeDoMove(TextLines& out) const {
         << "{"
         << "    if (m_down)"
         << "    {"
-        << "        posXY = getXY(e);"
-        << "        " + QLatin1String(BelowLeft) << "        {"
-        << "            " + QLatin1String(LeftEnd) << "            return;"
-        << "        }"
+        << "        posXY = getXY(e);" << u"        "_s + QLatin1String(BelowLeft) << u"        {"_s
+        << u"            "_s + QLatin1String(LeftEnd) << u"            return;"_s << "        }"
         << "        if ((posXY[0] + posX) >= parseInt(tracker.style.left) + "
            "parseInt(tracker.style.width))"
-        << "        {"
-        << "            " + QLatin1String(RightEnd) << "            return;"
+        << "        {" << u"            "_s + QLatin1String(RightEnd) << u"            return;"_s
         << "        }"
         << "        cursor.style.left = posXY[0] - posX;"
-        << "        if (abs_posX != " + QLatin1String(TickUnderCursor) + ')';
-    const QString step = "            abs_posX = " + QLatin1String(TickUnderCursor) + ';';
+        << u"        if (abs_posX != "_s + QLatin1String(TickUnderCursor) + u')';
+    const QString step = u"            abs_posX = "_s + QLatin1String(TickUnderCursor) + u';';
     if (settings().sliderTooltip) {
         out << "        {" << step << "            lblTick.innerText = labelTick[abs_posX];"
             << "            lblTick.style.visibility='hidden';"
@@ -206,12 +205,13 @@ void SliderPage::writeDoUp(TextLines& out) const {
         << "    if (m_down)"
         << "    {"
         << "        m_down = false;"
-        << "        posXY = getXY(e);"
-        << "        " + QLatin1String(BelowLeft) << "            " + QLatin1String(LeftEnd)
-        << "        else if ((posXY[0] + posX) > (parseInt(tracker.style.left) + "
-           "parseInt(tracker.style.width)))"
-        << "            " + QLatin1String(RightEnd) << "        else if (abs_posX == (tick_num-1))"
-        << "            " + QLatin1String(RightEnd) << "        else"
+        << "        posXY = getXY(e);" << u"        "_s + QLatin1String(BelowLeft)
+        << u"            "_s + QLatin1String(LeftEnd)
+        << u"        else if ((posXY[0] + posX) > (parseInt(tracker.style.left) + "
+           "parseInt(tracker.style.width)))"_s
+        << u"            "_s + QLatin1String(RightEnd)
+        << u"        else if (abs_posX == (tick_num-1))"_s
+        << u"            "_s + QLatin1String(RightEnd) << u"        else"_s
         << "            cursor.style.left = parseInt(tracker.style.left) + (tick_len * abs_posX);";
     if (settings().sliderTooltip) {
         out << "        lblTick.style.visibility='hidden';";

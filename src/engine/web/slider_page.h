@@ -11,9 +11,9 @@ class SliderPage : public SingleFramePage {
     using SingleFramePage::SingleFramePage;
 
   protected:
-    QString loadCall() const override { return "javascript:_Render(1);"; }
+    QString loadCall() const override { return QStringLiteral("javascript:_Render(1);"); }
     QString bodyAttributes() const override;
-    QString titleWidth() const override { return "90%"; }
+    QString titleWidth() const override { return QStringLiteral("90%"); }
     int textHeight() const override { return input().map.height() + 25; }
     void writeAfterMaps(TextLines& out) const override;
     void writeScript(TextLines& out) const override;

@@ -33,7 +33,7 @@ inline QString num(qint64 number) {
     return QString::number(number);
 }
 
-/// Says "an empty line here".
+/// Says QStringLiteral("an empty line here").
 inline constexpr char EmptyLine[] = "";
 
 }  // namespace nubivane

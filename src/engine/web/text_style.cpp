@@ -5,22 +5,24 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 QString buildFontElement(const TextItem& item, const ColorTable& colors) {
-    QString element = "  <FONT style=\" FONT-FAMILY: " + item.FontName +
-                      "; FONT-SIZE: " + QString::number(item.FontSize) + "pt;";
+    QString element = u"  <FONT style=\" FONT-FAMILY: "_s + item.FontName + u"; FONT-SIZE: "_s +
+                      QString::number(item.FontSize) + u"pt;"_s;
     if (item.Forecolor != NoColor) {
-        element += " COLOR: " + colors.webColor(item.Forecolor) + ';';
+        element += u" COLOR: "_s + colors.webColor(item.Forecolor) + u';';
     }
     if (item.BackColor != NoColor) {
-        element += " BACKGROUND-COLOR: " + colors.webColor(item.BackColor) + ';';
+        element += u" BACKGROUND-COLOR: "_s + colors.webColor(item.BackColor) + u';';
     }
     if (item.FontBold) {
-        element += " FONT-WEIGHT: bold;";
+        element += u" FONT-WEIGHT: bold;"_s;
     }
     if (item.FontItalic) {
-        element += " FONT-STYLE: italic;";
+        element += u" FONT-STYLE: italic;"_s;
     }
-    element += textDecoration(item) + "\">" + item.Text + "</FONT>";
+    element += textDecoration(item) + u"\">"_s + item.Text + u"</FONT>"_s;
     return element;
 }
 

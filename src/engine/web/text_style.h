@@ -15,15 +15,15 @@ QString textDecoration(const Styled& object) {
     if (!object.FontUnderline && !object.FontOverline && !object.FontStrikethourht) {
         return {};
     }
-    QString style = " TEXT-DECORATION:";
+    QString style = QStringLiteral(" TEXT-DECORATION:");
     if (object.FontUnderline) {
-        style += " underline;";
+        style += QStringLiteral(" underline;");
     }
     if (object.FontOverline) {
-        style += " overline;";
+        style += QStringLiteral(" overline;");
     }
     if (object.FontStrikethourht) {
-        style += " line-through;";
+        style += QStringLiteral(" line-through;");
     }
     return style;
 }
@@ -33,16 +33,17 @@ template <class Styled>
 QString buildTextStyle(const Styled& object, const ColorTable& colors) {
     QString style;
     if (object.BackColor != NoColor) {
-        style += " BACKGROUND-COLOR: " + colors.webColor(object.BackColor) + ';';
+        style += QStringLiteral(" BACKGROUND-COLOR: ") + colors.webColor(object.BackColor) + u';';
     }
-    style += " COLOR: " + colors.webColor(object.Forecolor) + ';';
-    style += " FONT-FAMILY: " + object.FontName + ';';
-    style += " FONT-SIZE: " + QString::number(object.FontSize) + "pt;";
+    style += QStringLiteral(" COLOR: ") + colors.webColor(object.Forecolor) + u';';
+    style += QStringLiteral(" FONT-FAMILY: ") + object.FontName + u';';
+    style +=
+        QStringLiteral(" FONT-SIZE: ") + QString::number(object.FontSize) + QStringLiteral("pt;");
     if (object.FontItalic) {
-        style += " FONT-STYLE: italic;";
+        style += QStringLiteral(" FONT-STYLE: italic;");
     }
     if (object.FontBold) {
-        style += " FONT-WEIGHT: bold;";
+        style += QStringLiteral(" FONT-WEIGHT: bold;");
     }
     return style + textDecoration(object);
 }
