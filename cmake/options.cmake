@@ -12,6 +12,13 @@ target_compile_definitions(nubivane_options INTERFACE
 if(NUBIVANE_WERROR)
     target_compile_options(nubivane_options INTERFACE -Werror)
 endif()
+
+# What ships is held to more than its tests, whose texts and numbers are written down as they come.
+add_library(nubivane_strict INTERFACE)
+target_compile_options(nubivane_strict INTERFACE -Wconversion -Wold-style-cast -Wpedantic)
+target_compile_definitions(nubivane_strict INTERFACE
+    QT_NO_CAST_FROM_ASCII       # a literal says whether it is text (u""_s) or Latin-1 (""_L1)
+)
 if(NUBIVANE_SANITIZE)
     target_compile_options(nubivane_options INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

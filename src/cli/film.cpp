@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr char OneSecond[] = "100";
+constexpr QLatin1String OneSecond("100");
 
 /// The whole part of a number counts, as in the editor.
 qint16 intervalOf(const CommandContext& context) {

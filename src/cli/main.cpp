@@ -98,7 +98,8 @@ int main(int argc, char* argv[]) {
         case Arguments::Request::Help:
             return streams::writeResult(helpText().toUtf8()) ? exit_code::Done : exit_code::Failed;
         case Arguments::Request::Version:
-            return streams::writeResult(QByteArray("Nubivane ") + Version + '\n')
+            return streams::writeResult("Nubivane " + QByteArray(Version.data(), Version.size()) +
+                                        '\n')
                        ? exit_code::Done
                        : exit_code::Failed;
         case Arguments::Request::Run:

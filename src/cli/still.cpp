@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr char Number[] = "%d";
+constexpr QLatin1String Number("%d");
 
 /// The files of all Frames, from a name that holds their number once.
 QStringList filesOfAll(const CommandContext& context, const QString& name) {

@@ -40,7 +40,8 @@ bool isCurrentMap(const Workspace& workspace, const QString& path) {
 
 QString defaultMapName(const Workspace& workspace) {
     const SettingRow& row = rowOf(Setting::CurrentMap);
-    return nameIn(workspace.settings.GetSetting(row.section, row.group, row.key,
+    return nameIn(workspace.settings.GetSetting(QLatin1String(row.section),
+                                                QLatin1String(row.group), QLatin1String(row.key),
                                                 workspace.folder.entry(u"europe.jpg"_s)));
 }
 

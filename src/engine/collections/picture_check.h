@@ -14,9 +14,9 @@ QString checkSymbolFile(const QString& path);
 QString checkMapFile(const QString& path);
 
 /// What a file dialog offers for import.
-inline constexpr char ImportFilter[] =
+inline constexpr QLatin1String ImportFilter(
     "All image files |*.gif;*.png;*.jpg;*.jpeg;|gif (*.gif)|*.gif|png (*.png)|*.png|"
-    "jpg (*.jpg)|*.jpg|jpeg (*.jpeg)|*.jpeg|";
+    "jpg (*.jpg)|*.jpg|jpeg (*.jpeg)|*.jpeg|");
 
 /// No symbol or map is larger: several times what the largest picture takes uncompressed.
 inline constexpr qint64 MaxImportBytes = qint64{32} * 1024 * 1024;

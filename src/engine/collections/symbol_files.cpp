@@ -12,8 +12,8 @@ namespace nubivane {
 namespace {
 
 /// The word "delete" serves the renaming of a collection too.
-constexpr char CollectionInUse[] =
-    "Cannot delete: some symbols of the collection are currently used into the project.";
+constexpr QLatin1String CollectionInUse(
+    "Cannot delete: some symbols of the collection are currently used into the project.");
 
 template <class Test>
 bool anySymbol(const cFrames& frames, Test test) {

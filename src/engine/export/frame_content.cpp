@@ -9,8 +9,8 @@ namespace nubivane {
 
 namespace {
 
-constexpr char SymbolArray[] = "gifSymbol";
-constexpr char LabelArray[] = "lblTesto";
+constexpr QLatin1String SymbolArray("gifSymbol");
+constexpr QLatin1String LabelArray("lblTesto");
 
 /// The two arrays of on-screen elements, as far as they are filled.
 class SpriteArrays {

@@ -20,6 +20,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Longer replies are no replies; a server could send them without end.
@@ -208,9 +210,9 @@ bool FtpSession::connect(const FtpServer& server) {
     }
     server_ = server;
     if (server_.user.isEmpty()) {
-        server_.user = "anonymous";
+        server_.user = u"anonymous"_s;
         if (server_.password.isEmpty()) {
-            server_.password = "anonymous@";
+            server_.password = u"anonymous@"_s;
         }
     }
     address_ = "ftp://" + host + ':' + QByteArray::number(server.port) + '/';
@@ -317,7 +319,7 @@ bool FtpSession::perform() {
         cleanText(curl.error.front() != '\0' ? curl.error.data() : curl_easy_strerror(curl.code));
     const QString said = cleanText(curl.lastReply);
     if (!said.isEmpty()) {
-        failure_ += " (" + said + ')';
+        failure_ += u" ("_s + said + u')';
     }
     return false;
 }

@@ -15,6 +15,6 @@ QString dataFileOf(const QString& projectFile);
 bool isValidProjectFile(const QString& projectFile);
 
 /// What a file dialog offers for projects.
-inline constexpr char ProjectFilter[] = "Nubivane files (*.nvpf)|*.nvpf|";
+inline constexpr QLatin1String ProjectFilter("Nubivane files (*.nvpf)|*.nvpf|");
 
 }  // namespace nubivane

@@ -25,7 +25,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr char NoName[] = "the file name has no extension, so there is no name for the data file";
+constexpr QLatin1String NoName(
+    "the file name has no extension, so there is no name for the data file");
 
 /// Frames encoded at a time: enough for all cores, few enough to bound the memory.
 constexpr qint32 BatchSize = 32;

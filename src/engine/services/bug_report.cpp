@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr char ReportFolder[] = "software/bugreport/nVane/6.0.0";
+constexpr QLatin1String ReportFolder("software/bugreport/nVane/6.0.0");
 
 bool isMissing(const QString& text) {
     const QString trimmed = text.trimmed();

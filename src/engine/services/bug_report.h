@@ -17,7 +17,7 @@ class ftpTransfer;
 class ProgramFolder;
 
 /// What the two text boxes hold until something is typed.
-inline constexpr char BugReportPlaceholder[] = "Type text here";
+inline constexpr QLatin1String BugReportPlaceholder("Type text here");
 
 /// The entries to choose from; the first asks for a choice.
 QStringList bugReportSystems();

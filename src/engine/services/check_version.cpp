@@ -22,8 +22,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr char ListFile[] = "software/vsrchk.xml";
-constexpr char Product[] = "nvane";
+constexpr QLatin1String ListFile("software/vsrchk.xml");
+constexpr QLatin1String Product("nvane");
 constexpr qint64 MaxListBytes = qint64{1024} * 1024;
 
 [[noreturn]] void fail(const char* text, const QString& cause = {}) {

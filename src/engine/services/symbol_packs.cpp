@@ -14,14 +14,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr char PackFolder[] = "software/update/nVane/6.0.0";
-constexpr char Source[] = "SymbolPacks";
-constexpr char LineEnd[] = "\r\n";
+constexpr QLatin1String PackFolder("software/update/nVane/6.0.0");
+constexpr QLatin1String Source("SymbolPacks");
+constexpr QLatin1String LineEnd("\r\n");
 
-constexpr char WillBeInstalled[] =
-    "The following weather symbols packs will be downloaded and installed";
-constexpr char AreBeingInstalled[] =
-    "The weather symbols extended pack are being downloaded and installed";
+constexpr QLatin1String WillBeInstalled(
+    "The following weather symbols packs will be downloaded and installed");
+constexpr QLatin1String AreBeingInstalled(
+    "The weather symbols extended pack are being downloaded and installed");
 
 [[noreturn]] void fail(const QString& text, const QString& cause = {}) {
     throw Error(error_number::UploadStopped, Source,

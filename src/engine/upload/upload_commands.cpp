@@ -32,7 +32,7 @@ FtpTab tabOf(FtpCheck check) {
 }
 
 void rememberInitialized(SettingsStore& store) {
-    constexpr char Sent[] = "2";  // neither chosen nor never asked
+    constexpr QLatin1String Sent("2");  // neither chosen nor never asked
     store.set(Setting::UploadInitialized, u"1"_s);
     store.set(Setting::UploadMaps, Sent);
     store.set(Setting::UploadSymbols, Sent);

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr char Up[] = "..\\";
+constexpr QLatin1String Up("..\\");
 
 class PlanBuilder {
   public:

@@ -12,6 +12,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int PauseBeforeConnectingMs = 500;
@@ -53,7 +55,7 @@ bool UploadRun::choosePlan(bool initialising) {
     const UploadGroups groups = initialising ? UploadGroups{true, true, true}
                                              : FtpSettings::read(editor_.workspace.settings).groups;
     if (!groups.any()) {
-        editor_.shell.messageBox({"There is no file to upload. Change upload settings and retry",
+        editor_.shell.messageBox({u"There is no file to upload. Change upload settings and retry"_s,
                                   Icon::Exclamation,
                                   Buttons::Ok,
                                   {}});
@@ -66,18 +68,19 @@ bool UploadRun::choosePlan(bool initialising) {
 
 void UploadRun::open(bool initialising) {
     editor_.shell.processEvents();
-    view_.Init(initialising ? "Initializing..." : "Uploading files...");
+    view_.Init(initialising ? u"Initializing..."_s : u"Uploading files..."_s);
     editor_.shell.setPointer(Pointer::Default);
     editor_.view.setEnabled(false);
 }
 
 void UploadRun::connect(const FtpServer& server) {
-    view_.setInfo("Connecting to the server...");
+    view_.setInfo(u"Connecting to the server..."_s);
     editor_.shell.wait(PauseBeforeConnectingMs);
     editor_.shell.processEvents();
     if (UploadCancelled_ || !transfer_.Connect(server)) {
-        throw Error(error_number::UploadStopped, "runUpload",
-                    "Unable to establish a connection to the remote server", transfer_.failure());
+        throw Error(error_number::UploadStopped, u"runUpload"_s,
+                    u"Unable to establish a connection to the remote server"_s,
+                    transfer_.failure());
     }
 }
 
@@ -94,20 +97,21 @@ void UploadRun::walk(bool initialising) {
 
 void UploadRun::perform(const cUpload& step, bool initialising) {
     const auto tell = [&](const QString& text) {
-        view_.setInfo(initialising ? text + step.Param1 : "Checking folders structure...");
+        view_.setInfo(initialising ? text + step.Param1 : u"Checking folders structure..."_s);
     };
     if (step.Command == u"MKDIR") {
-        tell("Creating folder ");
+        tell(u"Creating folder "_s);
         check(transfer_.MakeDirectory(step.Param1), step,
-              "Cannot create " + step.Param1 + " folder");
+              u"Cannot create "_s + step.Param1 + u" folder"_s);
     } else if (step.Command == u"CHDIR") {
-        tell("Changing folder to ");
+        tell(u"Changing folder to "_s);
         check(transfer_.ChangeDirectory(step.Param1), step,
-              "Cannot find " + step.Param1 + " folder");
+              u"Cannot find "_s + step.Param1 + u" folder"_s);
     } else if (step.Command == u"UPLOAD") {
         const QString file = host_files::toHost(step.Param1);
-        view_.setInfo("Uploading file " + file);
-        check(transfer_.PutFile(step.Param1, step.Param2), step, "Cannot upload " + file + " file");
+        view_.setInfo(u"Uploading file "_s + file);
+        check(transfer_.PutFile(step.Param1, step.Param2), step,
+              u"Cannot upload "_s + file + u" file"_s);
     }
 }
 
@@ -115,7 +119,7 @@ void UploadRun::check(bool done, const cUpload& step, const QString& text) {
     // A file may be refused; a server that is gone has refused nothing and gets no other either.
     const bool lostFile = step.Command == u"UPLOAD" && transfer_.lost();
     if (!done && (step.ErrorCauseStop || lostFile)) {
-        throw Error(error_number::UploadStopped, "runUpload", text, transfer_.failure());
+        throw Error(error_number::UploadStopped, u"runUpload"_s, text, transfer_.failure());
     }
 }
 
@@ -158,14 +162,14 @@ void UploadRun::cancel() {
     }
     UploadCancelled_ = true;
     transfer_.AbortTransfer();
-    view_.setInfo("Disconnecting...");
+    view_.setInfo(u"Disconnecting..."_s);
     view_.disableCancel();
     editor_.shell.processEvents();
     editor_.shell.processEvents();
     view_.close();
     editor_.shell.setPointer(Pointer::Default);
     editor_.shell.messageBox(
-        {"Operation stopped by the user.", Icon::Exclamation, Buttons::Ok, {}});
+        {u"Operation stopped by the user."_s, Icon::Exclamation, Buttons::Ok, {}});
     editor_.view.setEnabled(true);
 }
 

@@ -15,7 +15,8 @@ constexpr int Space = 2;
 constexpr int ArrowWidth = 16;
 constexpr int VisibleButtons = 3;
 
-constexpr char ShowButton[] = "eval('btn_' + i.toString() + '.style.visibility = \"visible\";');";
+constexpr QLatin1String ShowButton(
+    "eval('btn_' + i.toString() + '.style.visibility = \"visible\";');");
 
 /// A function that moves the strip by one button.
 void writeMove(TextLines& out, const char* name, const char* guard, const char* step) {

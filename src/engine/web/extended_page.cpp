@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr char ShowLine[] = "eval('%1_' + i.toString() + '.style.visibility=\"visible\";');";
+constexpr QLatin1String ShowLine("eval('%1_' + i.toString() + '.style.visibility=\"visible\";');");
 
 }  // namespace
 
@@ -33,8 +33,8 @@ void ExtendedPage::writeScript(TextLines& out) const {
         out << u"   "_s + QLatin1String(TransitionTest) << u"     {"_s;
         writeLoops(out, 15,
                    {u"eval('%1_' + i.toString() + '.style.filter=\"blendTrans(duration=1)\";');"_s,
-                    "eval('%1_' + i.toString() + '.filters.blendTrans.stop();');",
-                    "eval('%1_' + i.toString() + '.filters.blendTrans.apply();');", ShowLine});
+                    u"eval('%1_' + i.toString() + '.filters.blendTrans.stop();');"_s,
+                    u"eval('%1_' + i.toString() + '.filters.blendTrans.apply();');"_s, ShowLine});
         writeLoops(out, 14, {u"eval('%1_' + i.toString() + '.filters.blendTrans.play();');"_s});
         out << "     }"
             << "   else"

@@ -24,6 +24,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The pictures of a page: "Web\<Filename><i>.jpg" for each Frame.
@@ -65,7 +67,7 @@ class MapImages {
     }
 
   private:
-    QString name(qint32 frame) const { return filename_ + QString::number(frame) + ".jpg"; }
+    QString name(qint32 frame) const { return filename_ + QString::number(frame) + u".jpg"_s; }
 
     void write(const SharedPicture& group) {
         const QByteArray jpeg = pageJpeg(group.picture);
@@ -161,9 +163,9 @@ QString pageOf(const QStringList& files) {
 
 QStringList writePage(const PageTexts& texts) {
     const QString start = host_files::toHost(texts.start);
-    host_files::writeHostFile(start + ".htm", texts.page);
-    host_files::writeHostFile(start + ".js", texts.script);
-    return {start + ".htm", start + ".js"};
+    host_files::writeHostFile(start + u".htm"_s, texts.page);
+    host_files::writeHostFile(start + u".js"_s, texts.script);
+    return {start + u".htm"_s, start + u".js"_s};
 }
 
 /// The page of a type of the skeleton, in the program folder.
@@ -176,7 +178,7 @@ std::optional<QStringList> writeSkeletonPage(Editor editor, PageType type) {
     try {
         files = writeMapImages(editor, [&texts] { texts.wait(); });
     } catch (const Error& error) {
-        editor.shell.messageBox({"An error occurred while creating the page.", Icon::Critical,
+        editor.shell.messageBox({u"An error occurred while creating the page."_s, Icon::Critical,
                                  Buttons::Ok, QString::fromUtf8(error.what())});
         return std::nullopt;
     }
@@ -213,17 +215,17 @@ void writeSkeletonSite(Editor editor, PageType type, SiteFolder& site) {
         [&](std::size_t i) {
             const QByteArray jpeg = pageJpeg(groups[i].picture);
             for (const qint32 frame : groups[i].frames) {
-                site.write("Web/" + name + QString::number(frame) + ".jpg", jpeg);
+                site.write(u"Web/"_s + name + QString::number(frame) + u".jpg"_s, jpeg);
             }
         },
         [&editor](std::size_t) { editor.shell.processEvents(); });
     copyPictures(workspace, site);
-    site.write(name + ".js", texts.script);
-    site.write(name + ".htm", texts.page);
+    site.write(name + u".js"_s, texts.script);
+    site.write(name + u".htm"_s, texts.page);
 }
 
 void tellFailure(Editor editor, const Error& error) {
-    editor.shell.messageBox({"An error occurred while creating the page: " + error.description(),
+    editor.shell.messageBox({u"An error occurred while creating the page: "_s + error.description(),
                              Icon::Critical, Buttons::Ok, error.cause()});
 }
 
@@ -275,7 +277,7 @@ std::optional<QStringList> createSite(Editor editor, const QString& hostFolder,
 
 void mnuPreview(Editor editor) {
     const QString name = editor.workspace.settings.text(Setting::PreviewFilename);
-    const QString page = editor.workspace.folder.entry(name + ".htm");
+    const QString page = editor.workspace.folder.entry(name + u".htm"_s);
     if (host_files::isPlainName(name) && host_files::fileExists(page)) {
         editor.shell.openInBrowser(host_files::toHost(page));
     }

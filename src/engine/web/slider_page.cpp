@@ -20,13 +20,13 @@ QString raisedBox(int zIndex) {
            u"; BORDER-LEFT: #ffffff 1px solid; BORDER-BOTTOM: #000000 1px solid; "_s;
 }
 
-constexpr char LeftEnd[] = "cursor.style.left = tracker.style.left;";
-constexpr char RightEnd[] =
+constexpr QLatin1String LeftEnd("cursor.style.left = tracker.style.left;");
+constexpr QLatin1String RightEnd(
     "cursor.style.left = parseInt(tracker.style.left) + parseInt(tracker.style.width) - "
-    "parseInt(cursor.style.width);";
-constexpr char BelowLeft[] = "if ((posXY[0] - posX) < parseInt(tracker.style.left))";
-constexpr char TickUnderCursor[] =
-    "Math.round(((posXY[0] - posX) - parseInt(tracker.style.left)) / tick_len)";
+    "parseInt(cursor.style.width);");
+constexpr QLatin1String BelowLeft("if ((posXY[0] - posX) < parseInt(tracker.style.left))");
+constexpr QLatin1String TickUnderCursor(
+    "Math.round(((posXY[0] - posX) - parseInt(tracker.style.left)) / tick_len)");
 
 /// The mouse position in page coordinates, for all browsers.
 void writeGetXY(TextLines& out) {

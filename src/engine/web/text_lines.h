@@ -6,7 +6,7 @@
 namespace nubivane {
 
 /// The line end of pages and scripts.
-inline constexpr char LineEnd[] = "\r\n";
+inline constexpr QLatin1String LineEnd("\r\n");
 
 /// A text built line by line.
 class TextLines {
@@ -18,6 +18,7 @@ class TextLines {
         text_ += QLatin1String(LineEnd);
         return *this;
     }
+    TextLines& operator<<(const char* line) { return *this << QLatin1String(line); }
 
     /// Appends text that already has its line ends.
     void append(const QString& text) { text_ += text; }
@@ -33,7 +34,7 @@ inline QString num(qint64 number) {
     return QString::number(number);
 }
 
-/// Says QStringLiteral("an empty line here").
-inline constexpr char EmptyLine[] = "";
+/// Says "an empty line here".
+inline constexpr QLatin1String EmptyLine("");
 
 }  // namespace nubivane
