@@ -38,7 +38,7 @@ class EditorFixture : public WorkspaceFixture {
     QString placeLabel(QPoint centre);
 
     /// The command of a name, triggered as a click on its menu entry does.
-    void trigger(const char* command) { window_->commands()[command]->trigger(); }
+    void trigger(const char* command) { window_->commands().action(command)->trigger(); }
 
   private:
     std::unique_ptr<frmMap> window_;

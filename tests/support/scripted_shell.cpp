@@ -14,7 +14,7 @@ ScriptedShell::~ScriptedShell() {
     if (!colors_.empty()) {
         ADD_FAILURE() << "a colour dialog did not come";
     }
-    for (const auto* dialogs : {&saveDialogs_, &openDialogs_}) {
+    for (const auto* dialogs : {&saveDialogs_, &openDialogs_, &folderDialogs_}) {
         for (const ExpectedDialog& left : *dialogs) {
             ADD_FAILURE() << "a file dialog did not come: " << left.title.toStdString();
         }
@@ -33,11 +33,18 @@ void ScriptedShell::expectOpenDialog(const QString& title, const QString& chosen
     openDialogs_.push_back({title, chosen});
 }
 
+void ScriptedShell::expectFolderDialog(const QString& title, const QString& chosen) {
+    folderDialogs_.push_back({title, chosen});
+}
+
 void ScriptedShell::expectColorDialog(qint32 initial, std::optional<qint32> chosen) {
     colors_.push_back({initial, chosen});
 }
 
 Answer ScriptedShell::messageBox(const Message& message) {
+    if (message.destroys) {
+        destroying << message.text;
+    }
     causes << message.cause;
     if (messages_.empty()) {
         ADD_FAILURE() << "unexpected message: " << message.text.toStdString() << "\n"
@@ -58,6 +65,10 @@ QString ScriptedShell::openFileName(const FileRequest& request) {
 
 QString ScriptedShell::saveFileName(const FileRequest& request) {
     return answerDialog(saveDialogs_, request);
+}
+
+QString ScriptedShell::chooseFolder(const FileRequest& request) {
+    return answerDialog(folderDialogs_, request);
 }
 
 QString ScriptedShell::answerDialog(std::deque<ExpectedDialog>& expected,

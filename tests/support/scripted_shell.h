@@ -20,6 +20,7 @@ class ScriptedShell : public Shell {
     /// `chosen` is what the dialog returns; empty is Cancel.
     void expectSaveDialog(const QString& title, const QString& chosen);
     void expectOpenDialog(const QString& title, const QString& chosen);
+    void expectFolderDialog(const QString& title, const QString& chosen);
 
     /// `chosen` is what the dialog returns; nothing is Cancel.
     void expectColorDialog(qint32 initial, std::optional<qint32> chosen);
@@ -27,6 +28,7 @@ class ScriptedShell : public Shell {
     Answer messageBox(const Message& message) override;
     QString openFileName(const FileRequest& request) override;
     QString saveFileName(const FileRequest& request) override;
+    QString chooseFolder(const FileRequest& request) override;
     std::optional<qint32> chooseColor(qint32 initial) override;
     void setProgress(int percent) override;
     void hideProgress() override { progressVisible = false; }
@@ -48,6 +50,7 @@ class ScriptedShell : public Shell {
     QStringList openedAddresses;
     QStringList helpTopics;  ///< shown out of a help file that is there
     QStringList causes;      ///< causes of the messages shown
+    QStringList destroying;  ///< questions whose Yes loses work
     FileRequest lastFileRequest;
 
   private:
@@ -70,6 +73,7 @@ class ScriptedShell : public Shell {
     std::deque<ExpectedColor> colors_;
     std::deque<ExpectedDialog> saveDialogs_;
     std::deque<ExpectedDialog> openDialogs_;
+    std::deque<ExpectedDialog> folderDialogs_;
 };
 
 }  // namespace nubivane::testing

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/own_state.h"
+
 #include <QApplication>
+#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 
@@ -8,6 +11,10 @@
 /// QT_QPA_PLATFORM chooses another platform, as for a look at a running test.
 int main(int argc, char* argv[]) {
     ::testing::InitGoogleMock(&argc, argv);
+    // What tests throw away must not end in the trash of whoever runs them.
+    const QTemporaryDir data;
+    qputenv("XDG_DATA_HOME", data.path().toUtf8());
+    const nubivane::testing::OwnStateFolder state;
     if (qgetenv("QT_QPA_PLATFORM").isEmpty() || qgetenv("QT_QPA_PLATFORM") == "offscreen") {
         const bool dense = qgetenv("QT_SCALE_FACTOR").toDouble() > 1;
         qputenv("QT_QPA_PLATFORM",

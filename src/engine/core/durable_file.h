@@ -1,28 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QFile>
+#include <QFileDevice>
 #include <QString>
 
+/// Steps of bringing files onto the disk. Paths are the host's.
 namespace nubivane::durable_file {
 
-/// Steps of a save that survives a crash. Paths are the host's. All raise `Error` (FileAccess) with
-/// the system's reason.
+/// Brings what was written to an open file onto the disk.
+[[nodiscard]] bool flush(QFileDevice& file);
 
-/// Opens a file for writing from its start, emptied.
-void create(QFile& file);
-
-/// Writes all of `bytes`; a short write is a failure.
-void append(QFile& file, const QByteArray& bytes);
-
-/// Brings what was written onto the disk and closes the file.
-void finish(QFile& file);
-
-/// Renames over an existing file in one step.
-void replace(const QString& from, const QString& to);
-
-/// The same, and brings the folder onto the disk.
-void renameOver(const QString& from, const QString& to);
+/// A rename is on disk only when its folder is. A file system that cannot flush a folder has
+/// nothing to flush, so this does not fail.
+void flushFolder(const QString& folder);
 
 /// Why the last operation on a file failed, in the system's words.
 QString reasonOf(const QFileDevice& file);

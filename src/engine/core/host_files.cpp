@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/core/host_files.h"
 
-#include "engine/core/durable_file.h"
 #include "engine/core/error.h"
+#include "engine/core/file_state.h"
+#include "engine/core/replaced_file.h"
+#include "engine/core/temporary_name.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
-
-using namespace Qt::StringLiterals;
 
 namespace nubivane::host_files {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -39,15 +40,10 @@ QStringList names(const QString& path, QDir::Filters filter) {
     return QDir(toHost(path)).entryList(filter | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
 }
 
-/// Writes a file beside its target and renames it. Without the flush a full disk would go
-/// unnoticed: a commit does not look at what was still in the buffer.
-void replace(const QString& hostPath, const QByteArray& bytes, const QByteArray& tail) {
-    QSaveFile file(hostPath);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() ||
-        file.write(tail) != tail.size() || !file.flush() || !file.commit()) {
-        fail(error_number::FileAccess, u"Cannot write the file."_s, hostPath,
-             durable_file::reasonOf(file));
-    }
+void replace(const QString& hostPath, const QByteArray& bytes, Durability durability) {
+    ReplacedFile file(hostPath, durability);
+    file.append(bytes);
+    file.commit();
 }
 
 }  // namespace
@@ -112,6 +108,11 @@ bool fileExists(const QString& path) {
     return QFileInfo(toHost(path)).isFile();
 }
 
+bool fileWithin(const QString& path, qint64 maxBytes) {
+    const QFileInfo info(toHost(path));
+    return info.isFile() && info.size() <= maxBytes;
+}
+
 bool folderExists(const QString& path) {
     return QFileInfo(toHost(path)).isDir();
 }
@@ -126,18 +127,19 @@ QStringList fileNames(const QString& path) {
 
 QByteArray read(const QString& path, qint64 maxBytes) {
     const QString host = toHost(path);
-    QFile file(host);
     if (!QFileInfo(host).isFile()) {
         fail(error_number::FileNotFound, u"File not found."_s, host, u"there is no such file"_s);
     }
-    if (!file.open(QIODevice::ReadOnly)) {
-        fail(error_number::FileAccess, u"Cannot read the file."_s, host, file.errorString());
+    QFile file;
+    QString reason;
+    if (!openOrdinary(file, host, reason)) {
+        fail(error_number::FileAccess, u"Cannot read the file."_s, host, reason);
     }
     if (file.size() > maxBytes) {
         fail(error_number::FileAccess, u"The file is too large."_s, host,
              QStringLiteral("%1 bytes where at most %2 are read").arg(file.size()).arg(maxBytes));
     }
-    QByteArray bytes = file.readAll();
+    QByteArray bytes = file.read(maxBytes);
     if (file.error() != QFileDevice::NoError) {
         fail(error_number::FileAccess, u"Cannot read the file."_s, host, file.errorString());
     }
@@ -145,45 +147,38 @@ QByteArray read(const QString& path, qint64 maxBytes) {
 }
 
 void write(const QString& path, const QByteArray& bytes) {
-    replace(toHost(path), bytes, {});
+    replace(toHost(path), bytes, Durability::Flushed);
 }
 
 void writeHostFile(const QString& hostPath, const QByteArray& bytes) {
-    QFile file(hostPath + u".new"_s);
-    try {
-        durable_file::create(file);
-        durable_file::append(file, bytes);
-        if (!file.flush()) {
-            fail(error_number::FileAccess, u"Cannot write the file."_s, hostPath,
-                 durable_file::reasonOf(file));
-        }
-        file.close();
-        durable_file::replace(file.fileName(), hostPath);
-    } catch (const Error&) {
-        file.close();
-        QFile::remove(file.fileName());
-        throw;
-    }
+    replace(hostPath, bytes, Durability::Quick);
 }
 
-void writeOver(const QString& path, const QByteArray& bytes) {
+void writeOver(const QString& path, const QByteArray& bytes, qint64 maxBytes) {
     const QString host = toHost(path);
-    QFile old(host);
+    QFile old;
+    QString reason;
     QByteArray tail;
-    if (old.open(QIODevice::ReadOnly)) {
+    if (openOrdinary(old, host, reason, LinkUse::Itself) && old.size() <= maxBytes) {
         if (old.read(bytes.size()) == bytes) {
             return;
         }
-        tail = old.readAll();
+        tail = old.read(maxBytes);
     }
-    replace(host, bytes, tail);
+    ReplacedFile file(host, Durability::Flushed, {.links = LinkUse::Itself});
+    file.append(bytes);
+    file.append(tail);
+    file.commit();
 }
 
 bool removeFiles(const QString& folder, const QSet<QString>& kept) {
     QDir dir(toHost(folder));
     bool all = true;
     for (const QString& name : dir.entryList(QDir::Files | QDir::Hidden)) {
-        if (!kept.contains(name)) {
+        if (temporary_name::isOurs(name)) {
+            // Another run may be about to put it in place.
+            temporary_name::removeIfDead(dir.path(), name);
+        } else if (!kept.contains(name)) {
             all = dir.remove(name) && all;
         }
     }

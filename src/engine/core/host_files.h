@@ -32,6 +32,8 @@ bool isPlainName(const QString& name);
 std::optional<QString> pathInside(const QString& folder, const QString& relative);
 
 bool fileExists(const QString& path);
+/// The same for a file of at most `maxBytes` bytes.
+bool fileWithin(const QString& path, qint64 maxBytes);
 bool folderExists(const QString& path);
 
 /// Names of the sub-folders, or of the files, in the order the system lists them by name.
@@ -50,10 +52,13 @@ void write(const QString& path, const QByteArray& bytes);
 void writeHostFile(const QString& hostPath, const QByteArray& bytes);
 
 /// Writes `bytes` over the start of a file without truncating it: a longer old file keeps its
-/// tail. Done by way of a neighbour and a rename too; nothing is written when nothing changes.
-void writeOver(const QString& path, const QByteArray& bytes);
+/// tail. Done by way of a neighbour and a rename too; nothing is written when nothing changes. What
+/// stands in its place without being an ordinary file of at most `maxBytes` bytes, such as a link,
+/// gives way whole.
+void writeOver(const QString& path, const QByteArray& bytes, qint64 maxBytes);
 
-/// Removes every file of a folder but those named. Raises nothing; false when another has stayed.
+/// Removes every file of a folder but those named and what another run is about to put in place.
+/// Raises nothing; false when another has stayed.
 bool removeFiles(const QString& folder, const QSet<QString>& kept = {});
 
 /// Removes one file, or an empty folder; of a link the link itself. Raises nothing; false when it

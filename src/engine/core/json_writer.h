@@ -36,7 +36,7 @@ class JsonWriter {
     void record(const Record& object) {
         startObject();
         Record::forEachSlot(
-            object, [this](const char* slot, const auto& content) { member(slot, content); });
+            object, [this](const auto& slot, const auto& content) { member(slot.name, content); });
         endObject();
     }
 

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/core/program_folder.h"
 
+#include "engine/core/error.h"
 #include "engine/core/host_files.h"
 #include "engine/core/shipped_content.h"
+#include "engine/core/user_folders.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QStandardPaths>
 
 namespace nubivane {
+
+using namespace Qt::StringLiterals;
 
 ProgramFolder ProgramFolder::ofThisProgram() {
     const QString executables = QCoreApplication::applicationDirPath();
@@ -21,8 +24,13 @@ ProgramFolder ProgramFolder::ofThisProgram() {
     if (!systemWide && QFileInfo(executables).isWritable()) {
         return ProgramFolder(host_files::toModel(executables));
     }
-    const QString own = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-                        QStringLiteral("/Nubivane");
+    const QString own = user_folders::data() + QStringLiteral("/Nubivane");
+    // Told here: later the first file that cannot be written would be taken for a damaged one.
+    if (!QDir().mkpath(own) || !QFileInfo(own).isWritable()) {
+        throw Error(error_number::FileAccess, u"program folder"_s,
+                    u"There is no folder that the program may write: neither its own nor yours."_s,
+                    executables + u", "_s + own);
+    }
     deliverContent(systemWide ? shared : executables, own);
     return ProgramFolder(host_files::toModel(own));
 }

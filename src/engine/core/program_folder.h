@@ -13,7 +13,8 @@ class ProgramFolder {
 
     /// The folder of the executable. In its place comes the user's own data folder, filled from the
     /// shipped content, where that folder cannot be written or where the programs are installed
-    /// system-wide: executables in one folder, content in "../share/nubivane" beside it.
+    /// system-wide: executables in one folder, content in "../share/nubivane" beside it. Raises
+    /// `Error` (FileAccess) where neither can be written.
     static ProgramFolder ofThisProgram();
 
     const QString& path() const { return path_; }

@@ -3,6 +3,8 @@
 
 #include <QStringDecoder>
 
+#include <algorithm>
+
 namespace nubivane {
 
 namespace {
@@ -27,22 +29,24 @@ QByteArray escaped(const QString& text, bool isKey) {
     return result;
 }
 
-/// False for bytes that `escaped` never writes.
-bool unescape(const QByteArray& bytes, QString& text) {
-    for (const char c : bytes) {
-        if (static_cast<uchar>(c) < 0x20) {
-            return false;
-        }
-    }
+/// The text of bytes; nothing when they are no UTF-8.
+std::optional<QString> decoded(const QByteArray& bytes) {
     QStringDecoder decoder(QStringDecoder::Utf8);
-    text = decoder(QByteArray::fromPercentEncoding(bytes));
-    return !decoder.hasError();
+    // Whether the last character was cut shows only when nothing follows it.
+    const QString text = decoder(bytes) + decoder(QByteArray());
+    return decoder.hasError() || QString(text).toUtf8() != bytes ? std::nullopt
+                                                                 : std::optional(text);
+}
+
+bool hasControlCharacter(const QByteArray& line) {
+    return std::any_of(line.begin(), line.end(),
+                       [](char c) { return static_cast<uchar>(c) < 0x20; });
 }
 
 }  // namespace
 
-std::optional<SettingsMap> parseSettings(const QByteArray& text) {
-    SettingsMap entries;
+std::optional<SettingsContent> parseSettings(const QByteArray& text) {
+    SettingsContent content;
     const QList<QByteArray> lines = text.split('\n');
     for (QByteArray line : lines) {
         if (line.endsWith('\r')) {
@@ -52,22 +56,28 @@ std::optional<SettingsMap> parseSettings(const QByteArray& text) {
             continue;
         }
         const qsizetype middle = line.indexOf('=');
-        QString key;
-        QString value;
-        if (middle <= 0 || !unescape(line.left(middle), key) ||
-            !unescape(line.mid(middle + 1), value)) {
+        const auto key = decoded(QByteArray::fromPercentEncoding(line.left(middle)));
+        const auto value = decoded(QByteArray::fromPercentEncoding(line.mid(middle + 1)));
+        if (!decoded(line) || !key || !value) {
+            content.unreadable += line;
+        } else if (middle <= 0 || hasControlCharacter(line)) {
             return std::nullopt;
+        } else {
+            content.entries.insert(*key, *value);
         }
-        entries.insert(key, value);
     }
-    return entries;
+    return content;
 }
 
-QByteArray settingsText(const SettingsMap& entries) {
+QByteArray settingsText(const SettingsContent& content) {
     QByteArray text = Header;
     text += '\n';
+    const SettingsMap& entries = content.entries;
     for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry) {
         text += escaped(entry.key(), true) + '=' + escaped(entry.value(), false) + '\n';
+    }
+    for (const QByteArray& line : content.unreadable) {
+        text += line + '\n';
     }
     return text;
 }

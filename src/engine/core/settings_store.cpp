@@ -1,18 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/core/settings_store.h"
 
+#include "engine/core/error.h"
 #include "engine/core/folder_lock.h"
 #include "engine/core/path_text.h"
-#include "engine/core/settings_format.h"
+#include "engine/core/replaced_file.h"
+#include "engine/core/user_folders.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
-#include <QStandardPaths>
-
-#include <sys/stat.h>
 
 #include <limits>
 
@@ -43,7 +41,11 @@ QString moveAside(const QString& hostFile) {
     for (int n = 1;; ++n) {
         const QString target = hostFile + QStringLiteral(".damaged-%1").arg(n);
         if (!QFileInfo::exists(target)) {
-            return QFile::rename(hostFile, target) ? target : QString();
+            if (!QFile::rename(hostFile, target)) {
+                return {};
+            }
+            QFile::setPermissions(target, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+            return target;
         }
     }
 }
@@ -58,46 +60,38 @@ SettingsStore::SettingsStore(const QString& hostFile) : hostFile_(hostFile) {
     }
 }
 
-SettingsStore::FileState SettingsStore::stateOfFile() const {
-    struct stat status {};
-    if (::stat(QFile::encodeName(hostFile_).constData(), &status) != 0) {
-        return {};
-    }
-    return {status.st_ino, status.st_size,
-            qint64{status.st_mtim.tv_sec} * 1000000000 + status.st_mtim.tv_nsec};
-}
-
 /// Reads the file if another program may have written it.
 void SettingsStore::refresh() const {
-    if (!settled_ || !(stateOfFile() == seen_)) {
+    if (!settled_ || !(fileStateOf(hostFile_) == seen_)) {
         read();
     }
 }
 
 SettingsStore::Reading SettingsStore::read() const {
-    seen_ = stateOfFile();
+    seen_ = fileStateOf(hostFile_);
     settled_ = QDateTime::currentMSecsSinceEpoch() * 1000000 - seen_.modified > StampNanoseconds;
-    const QFileInfo info(hostFile_);
-    if (!info.exists()) {
-        entries_.clear();
+    if (!QFileInfo::exists(hostFile_)) {
+        content_ = {};
         return Reading::Done;
     }
-    // A folder, a pipe or a device given by mistake is not ours to move, nor to open.
-    if (!info.isFile()) {
+    // A folder, a pipe or a device given by mistake is not ours to move, nor to wait for.
+    QFile file;
+    QString reason;
+    if (!openOrdinary(file, hostFile_, reason)) {
         return Reading::NotPossible;
     }
-    if (info.size() > MaxFileBytes) {
+    if (file.size() > MaxFileBytes) {
         return Reading::Damaged;
     }
-    QFile file(hostFile_);
-    if (!file.open(QIODevice::ReadOnly)) {
+    const QByteArray text = file.read(MaxFileBytes);
+    if (file.error() != QFileDevice::NoError) {
         return Reading::NotPossible;
     }
-    const std::optional<SettingsMap> entries = parseSettings(file.read(MaxFileBytes));
-    if (!entries || file.error() != QFileDevice::NoError) {
+    const std::optional<SettingsContent> content = parseSettings(text);
+    if (!content) {
         return Reading::Damaged;
     }
-    entries_ = *entries;
+    content_ = *content;
     return Reading::Done;
 }
 
@@ -111,14 +105,13 @@ bool SettingsStore::prepare() {
 }
 
 QString SettingsStore::standardFile() {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           QStringLiteral("/Nubivane/settings.ini");
+    return user_folders::config() + QStringLiteral("/Nubivane/settings.ini");
 }
 
 QString SettingsStore::GetSetting(const QString& section, const QString& group, const QString& key,
                                   const QString& defaultValue) const {
     refresh();
-    return entries_.value(entryName(section, group, key), defaultValue);
+    return content_.entries.value(entryName(section, group, key), defaultValue);
 }
 
 bool SettingsStore::SaveSetting(const QString& section, const QString& group, const QString& key,
@@ -136,20 +129,27 @@ bool SettingsStore::change(const std::function<void(SettingsMap&)>& edit) {
     const QString folder = QFileInfo(hostFile_).absolutePath();
     QDir().mkpath(folder);
     const FolderLock lock(folder);
-    if (!prepare()) {
+    if (lock.state() == FolderLock::State::Busy || !prepare()) {
         return false;
     }
-    SettingsMap entries = entries_;
-    edit(entries);
-    QSaveFile file(hostFile_);
-    const QByteArray text = settingsText(entries);
-    // Without the flush a full disk would go unnoticed.
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.flush() ||
-        !file.commit()) {
+    SettingsContent content = content_;
+    edit(content.entries);
+    if (!writeFile(content)) {
         return false;
     }
-    entries_ = entries;
+    content_ = content;
     settled_ = false;
+    return true;
+}
+
+bool SettingsStore::writeFile(const SettingsContent& content) const {
+    try {
+        ReplacedFile file(hostFile_, Durability::Flushed, {.secret = true});
+        file.append(settingsText(content));
+        file.commit();
+    } catch (const Error&) {
+        return false;
+    }
     return true;
 }
 

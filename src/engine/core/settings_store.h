@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/core/file_state.h"
 #include "engine/core/settings_format.h"
 #include "engine/core/settings_table.h"
 
@@ -16,16 +17,17 @@ namespace nubivane {
 /// section path, group and key, all three without regard to case.
 ///
 /// One file a user. Each read sees what other processes have written; each write is on disk, as a
-/// whole or not at all, when the call returns, and takes nothing from another process's writes. A
+/// whole or not at all, when the call returns, and takes nothing from another process's writes. It
+/// holds a password, so nobody but its owner may read it. A line that is no UTF-8 is passed over. A
 /// damaged file is set aside under a name of its own and the store starts empty; where that is not
-/// possible, or something else than a file stands in its place, nothing is touched: the store is
-/// empty and no write succeeds.
+/// possible, the file cannot be read, or something else stands in its place, nothing is touched:
+/// the store is empty and no write succeeds.
 class SettingsStore {
   public:
     /// Opens the store in `hostFile`; the file need not exist.
     explicit SettingsStore(const QString& hostFile);
 
-    /// The file of the current user.
+    /// The file of the current user. Raises `Error` for one who has no home.
     static QString standardFile();
 
     /// The stored text, or `defaultValue` when there is none.
@@ -52,25 +54,18 @@ class SettingsStore {
     const QString& setAside() const { return setAside_; }
 
   private:
-    /// What tells one state of the file from another.
-    struct FileState {
-        quint64 inode = 0;
-        qint64 size = -1;
-        qint64 modified = 0;  ///< nanoseconds
-        bool operator==(const FileState&) const = default;
-    };
     enum class Reading { Done, Damaged, NotPossible };
 
-    FileState stateOfFile() const;
     void refresh() const;
     Reading read() const;
     /// Reads the file, setting it aside when it is damaged. False when nothing may be written.
     bool prepare();
     bool change(const std::function<void(SettingsMap&)>& edit);
+    bool writeFile(const SettingsContent& content) const;
 
     QString hostFile_;
     QString setAside_;
-    mutable SettingsMap entries_;
+    mutable SettingsContent content_;
     mutable FileState seen_;
     mutable bool settled_ = false;  ///< a later state of the file cannot look like the one seen
 };

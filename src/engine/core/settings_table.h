@@ -22,6 +22,10 @@ enum class Setting {
     UploadMaps,
     UploadHtmlPage,
     UploadInitialized,
+    VersionsKept,       ///< whether a project is kept as it was before each save
+    VersionsLast,       ///< versions of each project
+    VersionsDays,       ///< beyond these, one of each day
+    VersionsMegabytes,  ///< of all projects
     PageFilename,
     PageTitle,
     PageBackcolor,

@@ -19,6 +19,7 @@ struct Message {
     Icon icon = Icon::None;
     Buttons buttons = Buttons::Ok;
     QString cause;
+    bool destroys = false;  ///< Yes loses work for good: No is what Enter presses
 };
 
 /// What a file dialog is asked for. Paths have backslashes.
@@ -27,6 +28,7 @@ struct FileRequest {
     QString folder;
     QString filter;  ///< captions and patterns in turn, each ended by "|"
     bool confirmOverwrite = false;
+    bool peoplesOwn = false;  ///< for files that people keep: a hidden folder is no place for them
 };
 
 /// The person in front of the engine: the only road by which it asks or tells anything. Windows,
@@ -43,6 +45,8 @@ class Shell {
     /// The path chosen, with backslashes; empty after Cancel.
     virtual QString openFileName(const FileRequest& request) = 0;
     virtual QString saveFileName(const FileRequest& request) = 0;
+    /// The folder chosen, there or new; `filter` means nothing.
+    virtual QString chooseFolder(const FileRequest& request) = 0;
 
     /// The colour chosen, red in the low byte, by a dialog that starts with `initial` (-1: with
     /// none in particular); nothing after Cancel.

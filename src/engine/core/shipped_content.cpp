@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/core/shipped_content.h"
 
+#include "engine/core/error.h"
 #include "engine/core/folder_lock.h"
 #include "engine/core/host_files.h"
+#include "engine/core/replaced_file.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 
@@ -32,10 +33,10 @@ QStringList readDelivered(const QString& own) {
 }
 
 void writeDelivered(const QString& own, const QStringList& names) {
-    QSaveFile file(listFile(own));
-    if (file.open(QIODevice::WriteOnly)) {
-        file.write(names.join(u'\n').toUtf8() + '\n');
-        file.commit();
+    try {
+        host_files::writeHostFile(listFile(own), names.join(u'\n').toUtf8() + '\n');
+    } catch (const Error&) {
+        // What was delivered is looked at again at the next start.
     }
 }
 
@@ -50,16 +51,27 @@ QStringList filesBelow(const QString& folder) {
     return names;
 }
 
-/// A copy that its owner can write, as old as the original, so that a newer one can be told.
+/// A copy, as old as the original, so that a newer one can be told. False where it could not be
+/// made.
 bool copyFile(const QString& from, const QString& to) {
+    constexpr qint64 Piece = 1 << 20;
     QDir().mkpath(QFileInfo(to).path());
-    if (!QFile::copy(from, to)) {
+    QFile original(from);
+    if (!original.open(QIODevice::ReadOnly)) {
         return false;
     }
-    QFile copy(to);
-    copy.setPermissions(copy.permissions() | QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-    if (copy.open(QIODevice::ReadWrite)) {
-        copy.setFileTime(QFileInfo(from).lastModified(), QFileDevice::FileModificationTime);
+    try {
+        ReplacedFile copy(to, Durability::Quick, {.links = LinkUse::Itself});
+        for (QByteArray bytes = original.read(Piece); !bytes.isEmpty();
+             bytes = original.read(Piece)) {
+            copy.append(bytes);
+        }
+        copy.finish();
+        copy.device().setFileTime(QFileInfo(from).lastModified(),
+                                  QFileDevice::FileModificationTime);
+        copy.commit();
+    } catch (const Error&) {
+        return false;
     }
     return true;
 }
@@ -100,7 +112,6 @@ void keepEqual(const QString& shipped, const QString& own, const char* folder) {
         const QString from = source + u'/' + name;
         const QString to = target + u'/' + name;
         if (!isSame(QFileInfo(from), QFileInfo(to))) {
-            QFile::remove(to);
             copyFile(from, to);
         }
     }

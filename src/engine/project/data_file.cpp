@@ -44,7 +44,7 @@ QByteArray read(QFile& file, const Block& block) {
     }
     QByteArray bytes = file.seek(block.offset) ? file.read(block.size) : QByteArray();
     if (bytes.size() != block.size) {
-        throw damagedProject(file.fileName() + u": "_s + file.errorString());
+        throw damagedProject(u"the pictures cannot be read: "_s + file.errorString());
     }
     return bytes;
 }

@@ -3,6 +3,7 @@
 
 #include "engine/core/host_files.h"
 #include "engine/core/number_text.h"
+#include "engine/core/picture_limits.h"
 #include "engine/core/program_folder.h"
 #include "engine/project/project_error.h"
 
@@ -27,9 +28,26 @@ class Slots {
     Slots(const Values& values, QStringView element) : values_(values), element_(element) {}
 
     QString text(qsizetype i) const { return value(i).toString(); }
-    qint16 int16(qsizetype i) const { return converted(i, toInt16(value(i)), "16-bit number"); }
     qint32 int32(qsizetype i) const { return converted(i, toInt32(value(i)), "32-bit number"); }
     qint32 whole(qsizetype i) const { return converted(i, integerPart(value(i)), "32-bit number"); }
+
+    /// Fills the slots of a record that stand in files, in the order of the values: what stands
+    /// before a value that is wrong is taken over.
+    template <class Record>
+    void readInto(Record& record) const {
+        forEachValueInFile<Record>(record, &Slot::readFrom,
+                                   [this](const Slot& slot, auto& member) { read(slot, member); });
+    }
+
+  private:
+    void read(const Slot& slot, QString& member) const { member = text(slot.readFrom); }
+    void read(const Slot& slot, bool& member) const { member = flag(slot.readFrom); }
+    void read(const Slot& slot, qint16& member) const { member = int16(slot.readFrom); }
+    void read(const Slot& slot, qint32& member) const {
+        member = slot.narrow ? int16(slot.readFrom) : int32(slot.readFrom);
+    }
+
+    qint16 int16(qsizetype i) const { return converted(i, toInt16(value(i)), "16-bit number"); }
 
     bool flag(qsizetype i) const {
         const QStringView text = value(i).trimmed();
@@ -42,7 +60,6 @@ class Slots {
         return converted(i, toInt32(text), "truth value") != 0;
     }
 
-  private:
     QStringView value(qsizetype i) const {
         if (i >= values_.size()) {
             throw damagedProject(QStringLiteral("%1 lacks its value %2").arg(element_).arg(i + 1));
@@ -107,11 +124,11 @@ qint32 FrameReader::read() {
     while (xml_.readNextStartElement()) {
         const auto name = xml_.qualifiedName();
         if (name == u"Div" && !std::exchange(hasDiv, true)) {
-            readDiv(forecast.Div());
+            readChildren(forecast.Div(), u"Div");
         } else if (name == u"Title" && !std::exchange(hasTitle, true)) {
-            readTextLine(forecast.Title());
+            readChildren(forecast.Title(), u"Title or Subtitle");
         } else if (name == u"Subtitle" && !std::exchange(hasSubtitle, true)) {
-            readTextLine(forecast.Subtitle());
+            readChildren(forecast.Subtitle(), u"Title or Subtitle");
         } else if (name == u"Header") {
             readTextItems(forecast.Header());
         } else if (name == u"Body") {
@@ -127,40 +144,19 @@ qint32 FrameReader::read() {
     return number_;
 }
 
-void FrameReader::readDiv(cDiv& div) {
-    const QStringList texts = readChildTexts(3);
-    const Slots values(texts, u"Div");
-    div.BackColor = values.int32(0);
-    div.Border = values.int16(1);
-    div.BorderColor = values.int32(2);
-}
-
-void FrameReader::readTextLine(TextLine& line) {
-    const QStringList texts = readChildTexts(13);
-    const Slots values(texts, u"Title or Subtitle");
-    line.BackColor = values.int32(0);
-    line.Forecolor = values.int32(1);
-    line.Border = values.int16(2);
-    line.BorderColor = values.int32(3);
-    line.FontName = values.text(4);
-    line.FontSize = values.int16(5);
-    line.FontBold = values.flag(6);
-    line.FontItalic = values.flag(7);
-    line.FontUnderline = values.flag(8);
-    line.FontOverline = values.flag(9);
-    line.FontStrikethourht = values.flag(10);
-    line.Align = values.int16(11);
-    line.Text = values.text(12);
+template <class Record>
+void FrameReader::readChildren(Record& record, QStringView element) {
+    const QStringList texts = readChildTexts(valuesInFile(record));
+    Slots(texts, element).readInto(record);
 }
 
 template <class Items>
 void FrameReader::readTextItems(Items& items) {
     while (xml_.readNextStartElement()) {
+        typename Items::Record item{{.IndexFontSize = 1}};
         const QXmlStreamAttributes attributes = xml_.attributes();
-        const Slots values(attributes, u"Header or Body");
-        items.Add(values.int32(0), values.int32(1), values.text(2), values.text(3), 1,
-                  values.flag(4), values.flag(5), values.flag(6), values.flag(7), values.flag(8),
-                  values.text(9));
+        Slots(attributes, u"Header or Body").readInto(item);
+        items.add(item);
         xml_.skipCurrentElement();
     }
 }
@@ -171,13 +167,16 @@ void FrameReader::readSymbols(cSymbols& symbols) {
     while (xml_.readNextStartElement()) {
         const QXmlStreamAttributes attributes = xml_.attributes();
         const Slots values(attributes, u"Symbol");
+        // A Symbol without its file is passed over, whatever its other values are.
         const QString path = findSymbol(values.text(0));
         if (path.isEmpty()) {
             document_.missingSymbols = true;
         } else {
-            symbols.Add(frame, u"gifSymbol"_s, index, values.int32(1), values.int32(2),
-                        values.int32(3), values.int32(4), path, path, values.text(5),
-                        values.text(6), values.text(7));
+            cSymbol symbol{.Name = u"gifSymbol"_s, .Frame = frame, .Index = index};
+            values.readInto(symbol);
+            symbol.FileGif = path;
+            symbol.PathFileGif = path;
+            symbols.add(std::move(symbol));
             ++index;
         }
         xml_.skipCurrentElement();
@@ -188,16 +187,10 @@ void FrameReader::readLabels(cLabels& labels) {
     const qint16 frame = spriteFrame(number_);
     qint32 index = labels.Count() + 1;
     while (xml_.readNextStartElement()) {
+        cLabel label{.Name = u"lblTesto"_s, .Index = index, .Frame = frame};
         const QXmlStreamAttributes attributes = xml_.attributes();
-        const Slots values(attributes, u"Label");
-        // Files hold overline, strike-through, underline at 8, 9, 10 and are read as underline,
-        // overline, strike-through: the flags move on by one at each opening, and users' files
-        // rely on it.
-        labels.Add(frame, u"lblTesto"_s, index, values.int32(11), values.int32(12),
-                   values.int32(13), values.int32(14), values.text(15), values.text(4),
-                   values.text(5), values.flag(6), values.flag(7), values.flag(8), values.flag(9),
-                   values.flag(10), values.int32(0), values.int32(1), values.text(2),
-                   values.int32(3), values.text(16));
+        Slots(attributes, u"Label").readInto(label);
+        labels.add(std::move(label));
         ++index;
         xml_.skipCurrentElement();
     }
@@ -246,8 +239,8 @@ QString FrameReader::findSymbol(const QString& relative) {
         return *known;
     }
     const auto path = host_files::pathInside(folder_.symbols(), relative);
-    return *symbolPaths_.insert(relative,
-                                path && host_files::fileExists(*path) ? *path : QString());
+    return *symbolPaths_.insert(
+        relative, path && host_files::fileWithin(*path, MaxPictureBytes) ? *path : QString());
 }
 
 }  // namespace nubivane

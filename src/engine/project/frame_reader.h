@@ -25,8 +25,9 @@ class FrameReader {
     qint32 read();
 
   private:
-    void readDiv(cDiv& div);
-    void readTextLine(TextLine& line);
+    /// Reads the values that the current element holds as children.
+    template <class Record>
+    void readChildren(Record& record, QStringView element);
     template <class Items>
     void readTextItems(Items& items);
     void readSymbols(cSymbols& symbols);

@@ -21,6 +21,7 @@ bool newProject(Editor editor) {
     editor.view.clearSelection();
     editor.view.unloadFrameSprites();
     workspace.resetProject();
+    workspace.opened.reset();
     workspace.clearTempPicture();
     workspace.Status.CurrentFrame = 1;
     workspace.pctMap.setPicture(workspace.loadCurrentMap());

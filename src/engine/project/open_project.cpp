@@ -7,11 +7,12 @@
 #include "engine/core/shell.h"
 #include "engine/core/version.h"
 #include "engine/model/editor_view.h"
+#include "engine/model/edits/project_edits.h"
 #include "engine/model/workspace.h"
 #include "engine/project/data_file.h"
-#include "engine/project/project_commit.h"
 #include "engine/project/project_document.h"
 #include "engine/project/project_error.h"
+#include "engine/project/project_pair.h"
 #include "engine/project/project_paths.h"
 #include "engine/project/recent_files.h"
 #include "engine/project/save_project.h"
@@ -30,17 +31,13 @@ QString askForName(Editor editor) {
     FileRequest request;
     request.title = u"Open project"_s;
     request.folder = editor.workspace.folder.path();
+    request.peoplesOwn = true;
     request.filter = ProjectFilter;
     editor.shell.processEvents();
     return trimBlanks(editor.shell.openFileName(request));
 }
 
-ProjectDocument readDocument(Editor editor, const QString& name) {
-    QFile file(
-        completeInterruptedSave(host_files::toHost(name), host_files::toHost(dataFileOf(name))));
-    if (!file.open(QIODevice::ReadOnly)) {
-        throw damagedProject(file.fileName() + u": "_s + file.errorString());
-    }
+ProjectDocument readDocument(Editor editor, QFile& file) {
     return readProjectDocument(file, editor.workspace.folder, [&](double part) {
         editor.shell.setProgress(static_cast<int>(part * ReadingShare));
         editor.shell.processEvents();
@@ -60,14 +57,6 @@ QStringList checkCollections(cSymbolsCollections& collections, const QStringList
     return folders;
 }
 
-DataBlocks readPictures(Editor editor, const QString& name, const ProjectDocument& document) {
-    QFile file(host_files::toHost(dataFileOf(name)));
-    if (!file.open(QIODevice::ReadOnly)) {
-        throw damagedProject(file.fileName() + u": "_s + file.errorString());
-    }
-    return readDataBlocks(file, document.sizes, document.frames, editor.workspace.Frames().Count());
-}
-
 /// Replaces the open project by the file's. The progress shows from where the file is one that can
 /// be read. Returns whether Symbols were dropped.
 bool replaceProject(Editor editor, const QString& name, const QString& mapsFolder,
@@ -79,28 +68,33 @@ bool replaceProject(Editor editor, const QString& name, const QString& mapsFolde
     Workspace& workspace = editor.workspace;
     progress.emplace(editor.shell, 1);
     editor.shell.processEvents();
-    ProjectDocument document = readDocument(editor, name);
+    const ProjectPair pair =
+        openProjectPair(host_files::toHost(name), host_files::toHost(dataFileOf(name)));
+    ProjectDocument document = readDocument(editor, *pair.document);
 
     workspace.Status.CurrentMap = mapsFolder + u'\\' + document.map;
     editor.view.unloadFrameSprites();
     workspace.Project = std::move(document.model);
+    workspace.edits().clear();
     reloadCollections(workspace.Status.SymbolsCollection(), workspace.folder);
     editor.view.rebuildPalette(
         checkCollections(workspace.Status.SymbolsCollection(), document.collections));
     if (document.damage) {
         throw *document.damage;
     }
-    const DataBlocks blocks = readPictures(editor, name, document);
+    const DataBlocks blocks =
+        readDataBlocks(*pair.data, document.sizes, document.frames, workspace.Frames().Count());
     editor.shell.setProgress(70);
     editor.shell.processEvents();
     // The map travels with the project and back into the folder of maps at every opening.
     host_files::makeFolder(mapsFolder);
-    host_files::writeOver(workspace.Status.CurrentMap, blocks.map);
+    host_files::writeOver(workspace.Status.CurrentMap, blocks.map, MaxPictureBytes);
     workspace.clearTempPicture();
     for (std::size_t i = 0; i < blocks.frames.size(); ++i) {
         workspace.pctPanel.setPicture(static_cast<qint32>(i) + 1, blocks.frames[i]);
     }
     editor.shell.setProgress(85);
+    workspace.opened = OpenedPair{name, pair.state};
     return document.missingSymbols;
 }
 
@@ -143,7 +137,7 @@ void OpenProject(Editor editor, const std::optional<QString>& file,
         const InputGuard noInput(editor.view);
         std::optional<ProgressGuard> progress;
         const cWrapper* const before = editor.workspace.Project.get();
-        if (host_files::fileExists(name)) {
+        if (projectStands(host_files::toHost(name))) {
             try {
                 missingSymbols = replaceProject(
                     editor, name, mapsFolder.value_or(editor.workspace.folder.maps()), progress);
@@ -157,6 +151,7 @@ void OpenProject(Editor editor, const std::optional<QString>& file,
             }
         } else {
             editor.workspace.clearTempPicture();
+            editor.workspace.edits().clear();
         }
         showOpenedProject(editor, name);
         if (progress) {
@@ -165,6 +160,7 @@ void OpenProject(Editor editor, const std::optional<QString>& file,
         }
         editor.view.setCaption(getFileName(name) + u" - "_s + ProgramTitle);
         editor.workspace.ProjectChanged = false;
+        editor.workspace.edits().markSaved();
     }
     if (missingSymbols) {
         editor.shell.messageBox(

@@ -3,6 +3,8 @@
 
 #include "engine/core/durable_file.h"
 #include "engine/core/error.h"
+#include "engine/core/folder_lock.h"
+#include "engine/project/project_document.h"
 
 #include <QFileInfo>
 
@@ -12,119 +14,165 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The file that a path means when it is a link.
-QString target(const QString& path) {
-    const QFileInfo info(path);
-    return info.exists() ? info.canonicalFilePath() : path;
+[[noreturn]] void fail(const QString& path, const QString& reason) {
+    throw Error(error_number::FileAccess, u"saveProject"_s, u"Cannot write the file."_s,
+                path + u": "_s + reason);
 }
 
-QString beside(const QString& path) {
-    return path + QStringLiteral(".saving");
+/// Found out before anything is written: after the first rename there is no way back.
+const QString& replaceable(const QString& path) {
+    requireReplaceable(path);
+    return path;
 }
 
-/// Closing first: a file that cannot be flushed is not removed while it is open.
-void discard(QFile& file) {
-    file.close();
-    QFile::remove(file.fileName());
-}
-
-/// Found out before anything is renamed: afterwards there would be no way back.
-void requireReplaceable(const QString& path) {
-    const QFileInfo info(path);
-    if (info.exists() && !(info.isFile() && info.isWritable())) {
-        throw Error(
-            error_number::FileAccess, u"saveProject"_s, u"Cannot write the file."_s,
-            path + (info.isFile() ? u": it is protected from writing"_s : u": it is not a file"_s));
-    }
-}
-
-void keepPermissions(QFile& file, const QString& old) {
-    if (QFileInfo::exists(old)) {
-        file.setPermissions(QFile::permissions(old));
-    }
+QString folderOf(const QString& path) {
+    return QFileInfo(path).path();
 }
 
 }  // namespace
 
-ProjectCommit::ProjectCommit(const QString& hostProjectFile, const QString& hostDataFile)
-    : project_(target(hostProjectFile)),
-      data_(target(hostDataFile)),
-      newProject_(beside(project_)),
-      newData_(beside(data_)) {
-    // A new data file beside would make an older save that waits to be completed look unfinished.
-    if (completeInterruptedSave(project_, data_) != project_) {
-        throw Error(error_number::FileAccess, u"saveProject"_s, u"Cannot write the file."_s,
-                    project_ + u": an interrupted save cannot be completed"_s);
+ProjectCommit::ProjectCommit(const QString& hostProjectFile, const QString& hostDataFile,
+                             const Rules& rules)
+    : project_(behindLinks(replaceable(hostProjectFile))),
+      data_(hostDataFile, Durability::Flushed),
+      rules_(rules) {
+    const PairState found = pairStateOf(project_, data_.target());
+    if (completeInterruptedSave(project_, data_.target()) != project_) {
+        fail(project_, u"an interrupted save cannot be completed"_s);
     }
-    requireReplaceable(project_);
-    requireReplaceable(data_);
-    durable_file::create(newData_);
-    keepPermissions(newData_, data_);
-}
-
-ProjectCommit::~ProjectCommit() {
-    if (!dataInPlace_) {
-        // In this order: a project file that waits alone would count as a save to be completed.
-        discard(newProject_);
-        discard(newData_);
+    before_ = pairStateOf(project_, data_.target());
+    // Completing a save is no change by somebody else.
+    if (rules.opened && !(*rules.opened == found)) {
+        before_ = *rules.opened;
     }
 }
 
 void ProjectCommit::appendData(const QByteArray& bytes) {
-    durable_file::append(newData_, bytes);
+    data_.append(bytes);
+    dataSum_.add(bytes);
 }
 
-void ProjectCommit::commit(const QByteArray& xml) {
-    copyOldTail();
-    durable_file::finish(newData_);
-
-    durable_file::create(newProject_);
-    keepPermissions(newProject_, project_);
-    durable_file::append(newProject_, xml);
-    durable_file::finish(newProject_);
-
-    durable_file::renameOver(newData_.fileName(), data_);
-    dataInPlace_ = true;
-    try {
-        durable_file::renameOver(newProject_.fileName(), project_);
-    } catch (const Error&) {
-        // Another process that opened the project in between has done this step already.
-        if (QFileInfo::exists(newProject_.fileName())) {
+PairState ProjectCommit::commit(const QByteArray& xml) {
+    // While nobody waits: what is left to be flushed under the lock is little then.
+    if (!durable_file::flush(data_.device())) {
+        fail(data_.target(), durable_file::reasonOf(data_.device()));
+    }
+    const FolderLock lock(folderOf(project_));
+    if (lock.state() == FolderLock::State::Busy) {
+        fail(project_, u"another program has been writing in its folder for 30 seconds"_s);
+    }
+    if (rules_.keepsTail) {
+        copyOldTail();
+    }
+    const Fingerprint document = fingerprintOf(xml);
+    const Fingerprint data = dataSum_.result();
+    const Change change = findChange(document, data);
+    if (change.document || change.data) {
+        requireUnchanged();
+        const std::optional<KeptVersion> kept = keepVersion(change);
+        try {
+            putInPlace(change, xml, document, data);
+        } catch (const Error&) {
+            if (kept && pairStateOf(project_, data_.target()) == before_) {
+                VersionStore::forget(*kept);
+            }
             throw;
         }
     }
+    durable_file::flushFolder(folderOf(project_));
+    removeLeftoversOf(data_.target());
+    removeLeftoversOf(project_);
+    return pairStateOf(project_, data_.target());
+}
+
+/// A save onto what another program has written meanwhile would be the end of that without a word.
+void ProjectCommit::requireUnchanged() const {
+    // Where nothing lies any more there is nothing to lose.
+    if (QFile::exists(project_) && !(pairStateOf(project_, data_.target()) == before_)) {
+        fail(project_, u"another program has saved it meanwhile, and what it saved stays"_s);
+    }
+}
+
+/// What is new in the pair. A data file that is to make the new document obsolete is never kept.
+ProjectCommit::Change ProjectCommit::findChange(const Fingerprint& document,
+                                                const Fingerprint& data) const {
+    Change change;
+    const FileState oldData = fileStateOf(data_.target());
+    if (oldData.size == data.size && !isObsolete(document, oldData)) {
+        change.data = fingerprintOf(data_.target(), MaxDataBytes) != data;
+    }
+    if (fileStateOf(project_).size == document.size) {
+        change.document = fingerprintOf(project_, MaxDocumentBytes) != document;
+    }
+    return change;
+}
+
+std::optional<KeptVersion> ProjectCommit::keepVersion(const Change& change) const {
+    if (!rules_.versions) {
+        return std::nullopt;
+    }
+    try {
+        return rules_.versions->keep(project_, data_.target(), VersionCause::Saved,
+                                     {.document = change.document, .data = change.data});
+    } catch (const Error&) {
+        return std::nullopt;
+    }
+}
+
+void ProjectCommit::putInPlace(const Change& change, const QByteArray& xml,
+                               const Fingerprint& document, const Fingerprint& data) {
+    if (change.document && change.data) {
+        putBothInPlace(xml, document, data);
+    } else if (change.data) {
+        data_.putInPlace();
+    } else {
+        putDocumentInPlace(xml);
+    }
+}
+
+void ProjectCommit::putBothInPlace(const QByteArray& xml, const Fingerprint& document,
+                                   const Fingerprint& data) {
+    const std::optional<Fingerprint> old = fingerprintOf(project_, MaxDocumentBytes);
+    // Written whole first, since writing moves the time stamp.
+    if (old && data_.device().flush()) {
+        markObsolete(data_.device(), *old);
+    }
+    data_.finish();
+    ReplacedFile project(project_, Durability::Flushed, {.note = waitingNote(document, data, old)});
+    project.append(xml);
+    project.finish();
+
+    data_.putInPlace();
+    project.leave();  // from here on the new project counts
+    durable_file::flushFolder(folderOf(data_.target()));
+    project.putInPlace();
+}
+
+void ProjectCommit::putDocumentInPlace(const QByteArray& xml) {
+    ReplacedFile project(project_, Durability::Flushed);
+    project.append(xml);
+    project.putInPlace();
 }
 
 /// A save does not truncate the data file: what an older, longer one holds behind the new end
-/// stays.
+/// stays. One that is longer than any project is not ours to copy.
 void ProjectCommit::copyOldTail() {
-    QFile old(data_);
-    if (!old.open(QIODevice::ReadOnly) || old.size() <= newData_.pos()) {
+    constexpr qint64 Piece = 1 << 20;
+    const qint64 newSize = dataSum_.result().size;
+    QFile old;
+    QString reason;
+    if (!openOrdinary(old, data_.target(), reason) || old.size() <= newSize ||
+        old.size() > MaxDataBytes) {
         return;
     }
-    old.seek(newData_.pos());
+    old.seek(newSize);
     while (!old.atEnd()) {
-        const QByteArray part = old.read(1 << 20);
+        const QByteArray part = old.read(Piece);
         if (part.isEmpty()) {
-            throw Error(error_number::FileAccess, u"saveProject"_s, u"Cannot read the file."_s,
-                        data_ + u": "_s + old.errorString());
+            fail(data_.target(), old.errorString());
         }
-        durable_file::append(newData_, part);
+        appendData(part);
     }
-}
-
-QString completeInterruptedSave(const QString& hostProjectFile, const QString& hostDataFile) {
-    const QString project = target(hostProjectFile);
-    const QString waiting = beside(project);
-    if (!QFileInfo(waiting).isFile() || QFileInfo::exists(beside(target(hostDataFile)))) {
-        return project;
-    }
-    try {
-        durable_file::renameOver(waiting, project);
-    } catch (const Error&) {
-        return QFileInfo::exists(waiting) ? waiting : project;
-    }
-    return project;
 }
 
 }  // namespace nubivane

@@ -11,7 +11,15 @@ namespace nubivane {
 /// "nvpx". Empty for a name without a point.
 QString dataFileOf(const QString& projectFile);
 
-/// True when the extension is "nvpf" in any case and both files exist.
+/// The same for a project that is to be written. Raises `Error` (FileAccess) for a name from which
+/// none can be made.
+QString requireDataFileOf(const QString& projectFile);
+
+/// True where a project file stands at a host path, or one that an interrupted save has left is to
+/// take this place.
+bool projectStands(const QString& hostProjectFile);
+
+/// True when the extension is "nvpf" in any case and both files stand.
 bool isValidProjectFile(const QString& projectFile);
 
 /// What a file dialog offers for projects.

@@ -13,8 +13,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString flagText(bool flag) {
+QString valueText(const QString& text) {
+    return text;
+}
+QString valueText(bool flag) {
     return flag ? QStringLiteral("True") : QStringLiteral("False");
+}
+QString valueText(qint32 number) {
+    return QString::number(number);
+}
+
+/// A record with the values that its file holds.
+template <class Record>
+const Record& asInFile(const Record& record) {
+    return record;
+}
+cSymbol asInFile(cSymbol symbol) {
+    const QString path = symbol.PathFileGif;
+    symbol.PathFileGif = getLastFolder(path) + u'\\' + getFileName(path);
+    return symbol;
 }
 
 }  // namespace
@@ -36,7 +53,6 @@ class ProjectWriter::Document {
         xml_.writeAttribute(QLatin1String(name), allowedInXml(value));
     }
     void attribute(const char* name, qint64 value) { attribute(name, QString::number(value)); }
-    void flag(const char* name, bool value) { attribute(name, flagText(value)); }
 
     /// A child element with a text. A carriage return stands as a reference, else parsers would
     /// read it as a line feed.
@@ -51,8 +67,6 @@ class ProjectWriter::Document {
         }
         end();
     }
-    void child(const char* name, qint32 value) { child(name, QString::number(value)); }
-    void childFlag(const char* name, bool value) { child(name, flagText(value)); }
 
   private:
     QByteArray bytes_;
@@ -61,97 +75,34 @@ class ProjectWriter::Document {
 
 namespace {
 
-template <class Document>
-void writeTextLine(Document& xml, const char* name, const TextLine& line) {
+/// A record whose values are child elements.
+template <class Document, class Record>
+void writeChildren(Document& xml, const char* name, const Record& record) {
     xml.start(name);
-    xml.child("Backcolor", line.BackColor);
-    xml.child("Forecolor", line.Forecolor);
-    xml.child("Border", line.Border);
-    xml.child("BorderColor", line.BorderColor);
-    xml.child("FontName", line.FontName);
-    xml.child("FontSize", line.FontSize);
-    xml.childFlag("FontBold", line.FontBold);
-    xml.childFlag("FontItalic", line.FontItalic);
-    xml.childFlag("FontUnderline", line.FontUnderline);
-    xml.childFlag("FontOverline", line.FontOverline);
-    xml.childFlag("FontStrikethourht", line.FontStrikethourht);
-    xml.child("Align", line.Align);
-    xml.child("Text", line.Text);
+    forEachValueInFile<Record>(record, &Slot::place, [&xml](const Slot& slot, const auto& value) {
+        xml.child(slot.fileName, valueText(value));
+    });
     xml.end();
 }
 
-template <class Document, class Items>
-void writeTextItems(Document& xml, const char* listName, const char* itemName, const Items& items) {
-    if (items.Count() == 0) {
+/// A record whose values are attributes.
+template <class Document, class Record>
+void writeAttributes(Document& xml, const char* name, const Record& record) {
+    xml.start(name);
+    forEachValueInFile<Record>(record, &Slot::place, [&xml](const Slot& slot, const auto& value) {
+        xml.attribute(slot.fileName, valueText(value));
+    });
+    xml.end();
+}
+
+template <class Document, class List>
+void writeList(Document& xml, const char* listName, const char* itemName, const List& list) {
+    if (list.Count() == 0) {
         return;
     }
     xml.start(listName);
-    for (const TextItem& item : items) {
-        xml.start(itemName);
-        xml.attribute("Backcolor", item.BackColor);
-        xml.attribute("Forecolor", item.Forecolor);
-        xml.attribute("Fontname", item.FontName);
-        xml.attribute("Fontsize", item.FontSize);
-        xml.flag("Fontbold", item.FontBold);
-        xml.flag("Fontitalic", item.FontItalic);
-        xml.flag("Fontunderline", item.FontUnderline);
-        xml.flag("Fontoverline", item.FontOverline);
-        xml.flag("Fontstrikethourht", item.FontStrikethourht);
-        xml.attribute("Text", item.Text);
-        xml.end();
-    }
-    xml.end();
-}
-
-template <class Document>
-void writeSymbols(Document& xml, const cSymbols& symbols) {
-    if (symbols.Count() == 0) {
-        return;
-    }
-    xml.start("Symbol");
-    for (const cSymbol& symbol : symbols) {
-        xml.start("Item");
-        xml.attribute("Filename",
-                      getLastFolder(symbol.PathFileGif) + u'\\' + getFileName(symbol.PathFileGif));
-        xml.attribute("Height", symbol.Height);
-        xml.attribute("Width", symbol.Width);
-        xml.attribute("Left", symbol.PosX);
-        xml.attribute("Top", symbol.PosY);
-        xml.attribute("Link", symbol.Link);
-        xml.attribute("Tooltip", symbol.Tooltip);
-        xml.attribute("Note", symbol.Note);
-        xml.end();
-    }
-    xml.end();
-}
-
-template <class Document>
-void writeLabels(Document& xml, const cLabels& labels) {
-    if (labels.Count() == 0) {
-        return;
-    }
-    xml.start("Label");
-    for (const cLabel& label : labels) {
-        xml.start("Item");
-        xml.attribute("Backcolor", label.BackColor);
-        xml.attribute("Forecolor", label.Forecolor);
-        xml.attribute("Border", label.Border);
-        xml.attribute("Bordercolor", label.BorderColor);
-        xml.attribute("Fontname", label.FontName);
-        xml.attribute("Fontsize", label.FontSize);
-        xml.flag("Fontbold", label.FontBold);
-        xml.flag("Fontitalic", label.FontItalic);
-        // In another order than the reader takes them: see FrameReader::readLabels.
-        xml.flag("Fontoverline", label.FontOverline);
-        xml.flag("Fontstrikethourht", label.FontStrikethourht);
-        xml.flag("Fontunderline", label.FontUnderline);
-        xml.attribute("Height", label.Height);
-        xml.attribute("Width", label.Width);
-        xml.attribute("Left", label.PosX);
-        xml.attribute("Top", label.PosY);
-        xml.attribute("Text", label.Text);
-        xml.attribute("Note", label.Note);
-        xml.end();
+    for (const auto& record : list) {
+        writeAttributes(xml, itemName, asInFile(record));
     }
     xml.end();
 }
@@ -187,17 +138,13 @@ void ProjectWriter::writeFrame(qint32 number) {
     xml_->attribute("Number", number);
     xml_->attribute("Size", sizes_.at(static_cast<std::size_t>(number)));
     xml_->attribute("Label", frame.Texts().Label);
-    xml_->start("Div");
-    xml_->child("Backcolor", forecast.Div().BackColor);
-    xml_->child("Border", forecast.Div().Border);
-    xml_->child("BorderColor", forecast.Div().BorderColor);
-    xml_->end();
-    writeTextLine(*xml_, "Title", forecast.Title());
-    writeTextLine(*xml_, "Subtitle", forecast.Subtitle());
-    writeTextItems(*xml_, "Header", "Item", forecast.Header());
-    writeTextItems(*xml_, "Body", "Detail", forecast.Body());
-    writeSymbols(*xml_, frame.Sprites().Symbols());
-    writeLabels(*xml_, frame.Sprites().Labels());
+    writeChildren(*xml_, "Div", forecast.Div());
+    writeChildren(*xml_, "Title", forecast.Title());
+    writeChildren(*xml_, "Subtitle", forecast.Subtitle());
+    writeList(*xml_, "Header", "Item", forecast.Header());
+    writeList(*xml_, "Body", "Detail", forecast.Body());
+    writeList(*xml_, "Symbol", "Item", frame.Sprites().Symbols());
+    writeList(*xml_, "Label", "Item", frame.Sprites().Labels());
     xml_->end();
 }
 

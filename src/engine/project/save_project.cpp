@@ -7,7 +7,10 @@
 #include "engine/core/path_text.h"
 #include "engine/core/shell.h"
 #include "engine/core/version.h"
+#include "engine/history/version_store.h"
 #include "engine/model/editor_view.h"
+#include "engine/model/edits/project_edits.h"
+#include "engine/model/edits/unfinished_drawing.h"
 #include "engine/model/workspace.h"
 #include "engine/picture/picture.h"
 #include "engine/project/project_commit.h"
@@ -25,8 +28,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QLatin1String NoName(
-    "the file name has no extension, so there is no name for the data file");
+constexpr QLatin1String NoName("the file name has no ending; type it with \".nvpf\" behind it");
 
 /// Frames encoded at a time: enough for all cores, few enough to bound the memory.
 constexpr qint32 BatchSize = 32;
@@ -36,6 +38,7 @@ QString askForName(Editor editor, bool saveAs) {
     FileRequest request;
     request.title = saveAs ? u"Save project as"_s : u"Save project"_s;
     request.folder = editor.workspace.folder.path();
+    request.peoplesOwn = true;
     request.filter = ProjectFilter;
     request.confirmOverwrite = true;
     editor.shell.processEvents();
@@ -119,16 +122,15 @@ std::vector<qint64> writeImageStore(Workspace& workspace, ProjectCommit& files) 
 }
 
 void writeFiles(Editor editor, const QString& name) {
-    const QString dataFile = dataFileOf(name);
-    if (dataFile.compare(name, Qt::CaseInsensitive) == 0) {
-        throw Error(error_number::FileAccess, u"saveProject"_s, u"Cannot write the file."_s,
-                    u"the file name is that of the data file"_s);
+    const QString dataFile = requireDataFileOf(name);
+    const std::optional<OpenedPair>& opened = editor.workspace.opened;
+    const auto versions = VersionStore::ofUser(editor.workspace.settings);
+    ProjectCommit::Rules rules;
+    rules.versions = versions ? &*versions : nullptr;
+    if (opened && opened->project == name) {
+        rules.opened = opened->state;
     }
-    if (dataFile.isEmpty()) {
-        throw Error(error_number::FileAccess, u"saveProject"_s, u"Cannot write the file."_s,
-                    QLatin1String(NoName));
-    }
-    ProjectCommit files(host_files::toHost(name), host_files::toHost(dataFile));
+    ProjectCommit files(host_files::toHost(name), host_files::toHost(dataFile), rules);
     const std::vector<qint64> sizes = writeImageStore(editor.workspace, files);
     editor.shell.setProgress(30);
     editor.shell.processEvents();
@@ -145,7 +147,7 @@ void writeFiles(Editor editor, const QString& name) {
         throw Error(error_number::FileAccess, u"saveProject"_s, u"Cannot write the file."_s,
                     u"the project has more sprites and texts than could be opened again"_s);
     }
-    files.commit(document);
+    editor.workspace.opened = OpenedPair{name, files.commit(document)};
 }
 
 /// The save itself, with the window locked meanwhile. Returns what went wrong.
@@ -165,6 +167,7 @@ std::optional<Error> tryToSave(Editor editor, const QString& name) {
     editor.workspace.Status.CurrentProject = name;
     editor.view.setCaption(getFileName(name) + u" - "_s + ProgramTitle);
     editor.workspace.ProjectChanged = false;
+    editor.workspace.edits().markSaved();
     return std::nullopt;
 }
 
@@ -192,6 +195,7 @@ bool saveProject(Editor editor, bool saveAs) {
 }
 
 void restorePersistentLayer(Editor editor) {
+    commitUnfinishedDrawing(editor.workspace);
     editor.workspace.storeCurrentFrame();
     editor.workspace.pctMap.setPicture(
         editor.workspace.pctPanel.picture(editor.workspace.Status.CurrentFrame));

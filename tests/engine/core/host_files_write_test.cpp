@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/core/error.h"
 #include "engine/core/host_files.h"
+#include "engine/core/temporary_name.h"
 #include "support/fixtures.h"
 
 #include <QDir>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <cstdlib>
@@ -14,6 +16,8 @@
 namespace nubivane {
 
 namespace {
+
+constexpr qint64 Limit = 100'000;
 
 class HostFilesWrite : public ::testing::Test {
   protected:
@@ -77,7 +81,7 @@ TEST_F(HostFilesWrite, AFolderInPlaceOfTheFileIsRefused) {
     testing::writeFile(folder.file("a.txt/inside"), "x");
     EXPECT_EQ(errorNumberOf([this] { host_files::write(model("a.txt"), "x"); }),
               error_number::FileAccess);
-    EXPECT_EQ(errorNumberOf([this] { host_files::writeOver(model("a.txt"), "x"); }),
+    EXPECT_EQ(errorNumberOf([this] { host_files::writeOver(model("a.txt"), "x", Limit); }),
               error_number::FileAccess);
     EXPECT_EQ(entries(), QStringList("a.txt"));
 }
@@ -105,18 +109,18 @@ TEST_F(HostFilesWrite, AWriteThatFailsInItsLastBytesLeavesTheOldFileAndNothingEl
 
 TEST_F(HostFilesWrite, WritingOverAShorterFileIsAPlainWrite) {
     testing::writeFile(folder.file("a.txt"), "old");
-    host_files::writeOver(model("a.txt"), "longer");
+    host_files::writeOver(model("a.txt"), "longer", Limit);
     EXPECT_EQ(testing::readFile(folder.file("a.txt")), "longer");
 }
 
 TEST_F(HostFilesWrite, WritingOverNoFileCreatesIt) {
-    host_files::writeOver(model("a.txt"), "new");
+    host_files::writeOver(model("a.txt"), "new", Limit);
     EXPECT_EQ(testing::readFile(folder.file("a.txt")), "new");
 }
 
 TEST_F(HostFilesWrite, WritingOverKeepsTheTailOfALongerFile) {
     testing::writeFile(folder.file("a.txt"), "0123456789");
-    host_files::writeOver(model("a.txt"), "abc");
+    host_files::writeOver(model("a.txt"), "abc", Limit);
     EXPECT_EQ(testing::readFile(folder.file("a.txt")), "abc3456789");
     EXPECT_EQ(entries(), QStringList("a.txt"));
 }
@@ -124,19 +128,64 @@ TEST_F(HostFilesWrite, WritingOverKeepsTheTailOfALongerFile) {
 TEST_F(HostFilesWrite, WritingOverChangesNoFileThatBeginsAlike) {
     testing::writeFile(folder.file("a.txt"), "0123456789");
     const ino_t before = inode("a.txt");
-    host_files::writeOver(model("a.txt"), "0123");
+    host_files::writeOver(model("a.txt"), "0123", Limit);
     EXPECT_EQ(testing::readFile(folder.file("a.txt")), "0123456789");
     EXPECT_EQ(inode("a.txt"), before);
-    host_files::writeOver(model("a.txt"), "0124");
+    host_files::writeOver(model("a.txt"), "0124", Limit);
     EXPECT_NE(inode("a.txt"), before);
 }
 
 TEST_F(HostFilesWrite, WritingOverThatFailsLeavesTheOldFileWhole) {
     testing::writeFile(folder.file("a.txt"), QByteArray(3000, 'o'));
-    expectRefusedBeyond(2000,
-                        [this] { host_files::writeOver(model("a.txt"), QByteArray(100, 'n')); });
+    expectRefusedBeyond(
+        2000, [this] { host_files::writeOver(model("a.txt"), QByteArray(100, 'n'), Limit); });
     EXPECT_TRUE(testing::readFile(folder.file("a.txt")) == QByteArray(3000, 'o'));
     EXPECT_EQ(entries(), QStringList("a.txt"));
+}
+
+TEST_F(HostFilesWrite, WritingOverALinkReplacesTheLinkAndSparesWhatItLeadsTo) {
+    testing::writeFile(folder.file("real.txt"), "a person's own, and longer");
+    ASSERT_TRUE(QFile::link(folder.file("real.txt"), folder.file("a.txt")));
+    host_files::writeOver(model("a.txt"), "new", Limit);
+    EXPECT_FALSE(QFileInfo(folder.file("a.txt")).isSymLink());
+    EXPECT_EQ(testing::readFile(folder.file("a.txt")), "new");
+    EXPECT_EQ(testing::readFile(folder.file("real.txt")), "a person's own, and longer");
+}
+
+TEST_F(HostFilesWrite, WritingOverAPipeOrALinkToNothingPutsAFileThere) {
+    ASSERT_EQ(::mkfifo(QFile::encodeName(folder.file("a.txt")).constData(), 0600), 0);
+    host_files::writeOver(model("a.txt"), "new", Limit);
+    EXPECT_EQ(testing::readFile(folder.file("a.txt")), "new");
+    ASSERT_TRUE(QFile::remove(folder.file("a.txt")));
+    ASSERT_TRUE(QFile::link(folder.file("nothing"), folder.file("a.txt")));
+    host_files::writeOver(model("a.txt"), "newer", Limit);
+    EXPECT_EQ(testing::readFile(folder.file("a.txt")), "newer");
+    EXPECT_EQ(entries(), QStringList("a.txt"));
+}
+
+TEST_F(HostFilesWrite, WritingOverAFileBeyondTheLimitDropsItsTail) {
+    testing::writeFile(folder.file("a.txt"), {});
+    ASSERT_TRUE(QFile::resize(folder.file("a.txt"), qint64{64} << 30));
+    host_files::writeOver(model("a.txt"), "new", Limit);
+    EXPECT_EQ(testing::readFile(folder.file("a.txt")), "new");
+}
+
+TEST_F(HostFilesWrite, AFileFarTooLargeIsNotWithinTheLimit) {
+    testing::writeFile(folder.file("a.txt"), QByteArray(10, 'x'));
+    EXPECT_TRUE(host_files::fileWithin(model("a.txt"), 10));
+    EXPECT_FALSE(host_files::fileWithin(model("a.txt"), 9));
+    EXPECT_FALSE(host_files::fileWithin(model("none"), 9));
+}
+
+TEST_F(HostFilesWrite, RemovingFilesSparesWhatAnotherRunIsAboutToPutInPlace) {
+    QString name;
+    const int living = temporary_name::create(folder.path(), "a.txt", {}, 0600, name);
+    ASSERT_GE(living, 0);
+    EXPECT_TRUE(host_files::removeFiles(model("")));
+    EXPECT_EQ(entries(), QStringList(name));
+    ::close(living);
+    EXPECT_TRUE(host_files::removeFiles(model("")));
+    EXPECT_EQ(entries(), QStringList());
 }
 
 TEST_F(HostFilesWrite, ReadingTakesAFileUpToTheLimitAndNoByteMore) {

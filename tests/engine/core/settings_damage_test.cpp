@@ -3,6 +3,8 @@
 #include "support/fixtures.h"
 #include "support/processes.h"
 
+#include <QDir>
+
 #include <sys/resource.h>
 #include <sys/stat.h>
 
@@ -93,7 +95,7 @@ TEST_F(SettingsDamage, TheCommandLineTellsThatTheFileWasDamaged) {
 }
 
 TEST_F(SettingsDamage, ADamagedFileThatCannotBeSetAsideIsNotOverwritten) {
-    // The name leaves room for the lock but for no suffix that is longer.
+    // The name leaves no room for a suffix.
     const QString longName = folder.file(QString(247, u's'));
     testing::writeFile(longName, damaged);
     SettingsStore store(longName);
@@ -152,6 +154,44 @@ TEST_F(SettingsDamage, OnceTheFileCanBeWrittenAgainAWriteIsDoneAndSaysSo) {
     ASSERT_TRUE(QFile::remove(blocked));
     EXPECT_TRUE(store.set(Setting::FtpUrl, "second"));
     EXPECT_TRUE(testing::readFile(blocked + "/settings.ini").contains("second"));
+}
+
+TEST_F(SettingsDamage, ALineWhoseLastCharacterWasCutIsPassedOverAndKept) {
+    for (const QByteArray& cut : {QByteArray("a/b/c=caf\xC3"), QByteArray("a/caf\xC3=x"),
+                                  QByteArray("a/b/c=caf%C3"), QByteArray("caf\xC3")}) {
+        SettingsStore(file).set(Setting::FtpUrl, "ftp.example.org");
+        testing::writeFile(file, cut + '\n' + testing::readFile(file));
+        SettingsStore store(file);
+        EXPECT_EQ(store.setAside(), "") << cut.toStdString();
+        EXPECT_EQ(store.text(Setting::FtpUrl), "ftp.example.org") << cut.toStdString();
+        EXPECT_TRUE(store.set(Setting::FtpPort, "2121"));
+        EXPECT_EQ(SettingsStore(file).text(Setting::FtpPort), "2121");
+        EXPECT_EQ(SettingsStore(file).text(Setting::FtpUrl), "ftp.example.org");
+        EXPECT_TRUE(testing::readFile(file).contains(cut)) << cut.toStdString();
+        EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden),
+                  QStringList("settings.ini"));
+    }
+}
+
+TEST_F(SettingsDamage, NobodyElseMayReadTheFileOnceItIsWritten) {
+    const auto mode = [this] {
+        struct stat about {};
+        ::stat(QFile::encodeName(file).constData(), &about);
+        return about.st_mode & 07777;
+    };
+    SettingsStore(file).set(Setting::FtpPassword, "secret");
+    EXPECT_EQ(mode(), 0600U);
+    ASSERT_EQ(::chmod(QFile::encodeName(file).constData(), 0644), 0);
+    SettingsStore(file).set(Setting::FtpPort, "2121");
+    EXPECT_EQ(mode(), 0600U);
+}
+
+TEST_F(SettingsDamage, ALinkIsFollowedAndStays) {
+    testing::writeFile(folder.file("real.ini"), {});
+    ASSERT_TRUE(QFile::link(folder.file("real.ini"), file));
+    EXPECT_TRUE(SettingsStore(file).set(Setting::FtpUrl, "x"));
+    EXPECT_TRUE(QFileInfo(file).isSymLink());
+    EXPECT_TRUE(testing::readFile(folder.file("real.ini")).contains("=x"));
 }
 
 }  // namespace nubivane

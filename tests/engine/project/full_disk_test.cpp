@@ -46,7 +46,7 @@ class FullDisk : public ::testing::Test {
     }
 
     QStringList leftovers() const {
-        return QDir(temporary.path()).entryList({"*.saving*"}, QDir::Files);
+        return QDir(temporary.path()).entryList({".nubivane-*"}, QDir::Files | QDir::Hidden);
     }
 
     TemporaryFolder temporary;

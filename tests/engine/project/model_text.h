@@ -22,8 +22,8 @@ requires std::is_arithmetic_v<T> QString valueText(T value) {
 
 template <class Record>
 void addRecord(QStringList& lines, const QString& where, const Record& record) {
-    Record::forEachSlot(record, [&](const char* name, const auto& value) {
-        lines << where + QLatin1String(name) + " = " + valueText(value);
+    Record::forEachSlot(record, [&](const Slot& slot, const auto& value) {
+        lines << where + QLatin1String(slot.name) + " = " + valueText(value);
     });
 }
 

@@ -25,7 +25,7 @@ class FailedOpening : public WorkspaceFixture {
         project.write(temporary.file("old.nvpf"));
         open(temporary.file("old.nvpf"));
         workspace.Status.CurrentFrame = 2;
-        workspace.Status.CurrentTool = "line";
+        workspace.Status.CurrentTool = Tool::line;
         workspace.TabEventsEnabled = true;
         oldModel = workspace.Project.get();
         oldText = projectText(workspace);
@@ -62,7 +62,7 @@ class FailedOpening : public WorkspaceFixture {
         EXPECT_EQ(workspace.Project.get(), oldModel);
         EXPECT_EQ(projectText(workspace), oldText);
         EXPECT_EQ(workspace.Status.CurrentFrame, 2);
-        EXPECT_EQ(workspace.Status.CurrentTool, "line");
+        EXPECT_EQ(workspace.Status.CurrentTool, Tool::line);
         EXPECT_TRUE(workspace.TabEventsEnabled);
         EXPECT_EQ(view.calls, QStringList({"disable", "enable"}));
     }

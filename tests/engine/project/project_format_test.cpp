@@ -21,9 +21,18 @@ class ProjectFormat : public WorkspaceFixture {
     }
 
     cLabel& addLabel(const QString& text) {
-        return workspace.Frames().Item(1).Sprites().Labels().Add(
-            1, "lblTesto", 1, 18, 39, 60, 80, text, "Arial", "12", false, false, false, false,
-            false, -1, 0, "1", 0, "");
+        return workspace.Frames().Item(1).Sprites().Labels().add(
+            {.Name = "lblTesto",
+             .Index = 1,
+             .Frame = 1,
+             .Width = 39,
+             .Height = 18,
+             .Font = {.Name = "Arial", .Size = 12},
+             .BackColor = -1,
+             .Border = 1,
+             .PosX = 60,
+             .PosY = 80,
+             .Text = text});
     }
 
     cLabel& label() { return workspace.Frames().Item(1).Sprites().Labels().Item(1); }
@@ -31,9 +40,9 @@ class ProjectFormat : public WorkspaceFixture {
     /// The three flags as letters: u, o, s.
     QString flags() {
         QString text;
-        text += label().FontUnderline ? "u" : "";
-        text += label().FontOverline ? "o" : "";
-        text += label().FontStrikethourht ? "s" : "";
+        text += label().Font.Underline ? "u" : "";
+        text += label().Font.Overline ? "o" : "";
+        text += label().Font.Strikeout ? "s" : "";
         return text;
     }
 };
@@ -99,7 +108,7 @@ TEST_F(ProjectFormat, CharactersThatXmlCannotHoldAreLeftOut) {
 }
 
 TEST_F(ProjectFormat, LabelFlagsMoveOnByOneAtEachOpening) {
-    addLabel("x").FontUnderline = true;
+    addLabel("x").Font.Underline = true;
     for (const char* expected : {"s", "o", "u", "s"}) {
         saved();
         open(file());
@@ -108,8 +117,8 @@ TEST_F(ProjectFormat, LabelFlagsMoveOnByOneAtEachOpening) {
 }
 
 TEST_F(ProjectFormat, TwoLabelFlagsMoveOnTogether) {
-    addLabel("x").FontUnderline = true;
-    label().FontOverline = true;
+    addLabel("x").Font.Underline = true;
+    label().Font.Overline = true;
     for (const char* expected : {"us", "os", "uo"}) {
         saved();
         open(file());
@@ -119,22 +128,28 @@ TEST_F(ProjectFormat, TwoLabelFlagsMoveOnTogether) {
 
 TEST_F(ProjectFormat, FlagsOfTitlesHeadersAndBodiesStayPut) {
     cForecast& forecast = workspace.Frames().Item(1).Texts().Forecast();
-    forecast.Title().FontUnderline = true;
-    forecast.Header().Add(-1, 0, "Arial", "8", 3, false, false, true, false, false, "h");
-    forecast.Body().Add(-1, 0, "Arial", "8", 3, false, false, false, true, false, "b");
+    forecast.Title().Font.Underline = true;
+    forecast.Header().add({.Font = {.Name = "Arial", .Size = 8, .Underline = true},
+                           .IndexFontSize = 3,
+                           .BackColor = -1,
+                           .Text = "h"});
+    forecast.Body().add({.Font = {.Name = "Arial", .Size = 8, .Overline = true},
+                         .IndexFontSize = 3,
+                         .BackColor = -1,
+                         .Text = "b"});
     saved();
     open(file());
     const cForecast& read = workspace.Frames().Item(1).Texts().Forecast();
-    EXPECT_TRUE(read.Title().FontUnderline);
-    EXPECT_TRUE(read.Header().Item(1).FontUnderline);
-    EXPECT_TRUE(read.Body().Item(1).FontOverline);
-    EXPECT_FALSE(read.Body().Item(1).FontUnderline);
+    EXPECT_TRUE(read.Title().Font.Underline);
+    EXPECT_TRUE(read.Header().Item(1).Font.Underline);
+    EXPECT_TRUE(read.Body().Item(1).Font.Overline);
+    EXPECT_FALSE(read.Body().Item(1).Font.Underline);
 }
 
 TEST_F(ProjectFormat, IndexFontSizeIsNotStored) {
     cForecast& forecast = workspace.Frames().Item(1).Texts().Forecast();
     forecast.Title().IndexFontSize = 5;
-    forecast.Header().Add(-1, 0, "Arial", "8", 5, false, false, false, false, false, "h");
+    forecast.Header().add({.IndexFontSize = 5, .BackColor = -1, .Text = "h"});
     saved();
     open(file());
     EXPECT_EQ(workspace.Frames().Item(1).Texts().Forecast().Title().IndexFontSize, 0);
@@ -143,8 +158,18 @@ TEST_F(ProjectFormat, IndexFontSizeIsNotStored) {
 
 TEST_F(ProjectFormat, ASymbolIsStoredByItsLastFolderAndName) {
     const QString path = model("Symbols/sea/wave.png");
-    workspace.Frames().Item(1).Sprites().Symbols().Add(1, "gifSymbol", 1, 2, 3, 4, 5, "ignored",
-                                                       path, "link", "tip", "note");
+    workspace.Frames().Item(1).Sprites().Symbols().add({.Name = "gifSymbol",
+                                                        .Frame = 1,
+                                                        .PosX = 4,
+                                                        .PosY = 5,
+                                                        .Width = 3,
+                                                        .Height = 2,
+                                                        .FileGif = "ignored",
+                                                        .PathFileGif = path,
+                                                        .Index = 1,
+                                                        .Link = "link",
+                                                        .Tooltip = "tip",
+                                                        .Note = "note"});
     EXPECT_TRUE(
         saved().contains("<Symbol><Item Filename=\"sea\\wave.png\" Height=\"2\" "
                          "Width=\"3\" Left=\"4\" Top=\"5\" Link=\"link\" "

@@ -96,15 +96,15 @@ class RandomModel : public WorkspaceFixture, public ::testing::WithParamInterfac
     void fillLine(TextLine& line) {
         line.Border = dice.number<qint16>();
         line.BorderColor = dice.number<qint32>();
-        line.FontBold = dice.flag();
-        line.FontItalic = dice.flag();
-        line.FontUnderline = dice.flag();
-        line.FontOverline = dice.flag();
-        line.FontStrikethourht = dice.flag();
-        line.Forecolor = dice.number<qint32>();
+        line.Font.Bold = dice.flag();
+        line.Font.Italic = dice.flag();
+        line.Font.Underline = dice.flag();
+        line.Font.Overline = dice.flag();
+        line.Font.Strikeout = dice.flag();
+        line.Font.Color = dice.number<qint32>();
         line.BackColor = dice.number<qint32>();
-        line.FontName = dice.text();
-        line.FontSize = dice.number<qint16>();
+        line.Font.Name = dice.text();
+        line.Font.Size = dice.number<qint16>();
         line.Align = dice.number<qint16>();
         line.Text = dice.text();
     }
@@ -112,27 +112,57 @@ class RandomModel : public WorkspaceFixture, public ::testing::WithParamInterfac
     template <class Items>
     void fillItems(Items& items) {
         for (int i = dice.below(5); i > 0; --i) {
-            items.Add(dice.number<qint32>(), dice.number<qint32>(), dice.text(),
-                      QString::number(dice.number<qint16>()), 1, dice.flag(), dice.flag(),
-                      dice.flag(), dice.flag(), dice.flag(), dice.text());
+            items.add({.Font = {.Name = dice.text(),
+                                .Size = dice.number<qint16>(),
+                                .Bold = dice.flag(),
+                                .Italic = dice.flag(),
+                                .Underline = dice.flag(),
+                                .Overline = dice.flag(),
+                                .Strikeout = dice.flag(),
+                                .Color = dice.number<qint32>()},
+                       .IndexFontSize = 1,
+                       .BackColor = dice.number<qint32>(),
+                       .Text = dice.text()});
         }
     }
 
     void fillSprites(qint16 number, cSprites& sprites) {
         for (int i = 1, count = dice.below(6); i <= count; ++i) {
             const QString path = symbols[dice.below(static_cast<int>(symbols.size()))];
-            sprites.Symbols().Add(number, "gifSymbol", i, dice.number<qint32>(),
-                                  dice.number<qint32>(), dice.number<qint32>(),
-                                  dice.number<qint32>(), path, path, dice.text(), dice.text(),
-                                  dice.text());
+            sprites.Symbols().add({.Name = "gifSymbol",
+                                   .Frame = number,
+                                   .PosX = dice.number<qint32>(),
+                                   .PosY = dice.number<qint32>(),
+                                   .Width = dice.number<qint32>(),
+                                   .Height = dice.number<qint32>(),
+                                   .FileGif = path,
+                                   .PathFileGif = path,
+                                   .Index = i,
+                                   .Link = dice.text(),
+                                   .Tooltip = dice.text(),
+                                   .Note = dice.text()});
         }
         for (int i = 1, count = dice.below(6); i <= count; ++i) {
-            sprites.Labels().Add(
-                number, "lblTesto", i, dice.number<qint32>(), dice.number<qint32>(),
-                dice.number<qint32>(), dice.number<qint32>(), dice.text(), dice.text(),
-                QString::number(dice.number<qint32>()), dice.flag(), dice.flag(), dice.flag(),
-                dice.flag(), dice.flag(), dice.number<qint32>(), dice.number<qint32>(),
-                QString::number(dice.number<qint16>()), dice.number<qint32>(), dice.text());
+            sprites.Labels().add({.Name = "lblTesto",
+                                  .Index = i,
+                                  .Frame = number,
+                                  .Width = dice.number<qint32>(),
+                                  .Height = dice.number<qint32>(),
+                                  .Font = {.Name = dice.text(),
+                                           .Size = dice.number<qint32>(),
+                                           .Bold = dice.flag(),
+                                           .Italic = dice.flag(),
+                                           .Underline = dice.flag(),
+                                           .Overline = dice.flag(),
+                                           .Strikeout = dice.flag(),
+                                           .Color = dice.number<qint32>()},
+                                  .BackColor = dice.number<qint32>(),
+                                  .Border = dice.number<qint16>(),
+                                  .BorderColor = dice.number<qint32>(),
+                                  .PosX = dice.number<qint32>(),
+                                  .PosY = dice.number<qint32>(),
+                                  .Text = dice.text(),
+                                  .Note = dice.text()});
         }
     }
 
@@ -156,10 +186,10 @@ class RandomModel : public WorkspaceFixture, public ::testing::WithParamInterfac
     void moveLabelFlagsOn() {
         for (qint32 i = 1; i <= workspace.Frames().Count(); ++i) {
             for (cLabel& label : workspace.Frames().Item(i).Sprites().Labels()) {
-                const bool underline = label.FontUnderline;
-                label.FontUnderline = label.FontOverline;
-                label.FontOverline = label.FontStrikethourht;
-                label.FontStrikethourht = underline;
+                const bool underline = label.Font.Underline;
+                label.Font.Underline = label.Font.Overline;
+                label.Font.Overline = label.Font.Strikeout;
+                label.Font.Strikeout = underline;
             }
         }
     }

@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/core/folder_lock.h"
 #include "engine/core/host_files.h"
+#include "engine/core/temporary_name.h"
 #include "engine/project/folder_snapshot.h"
+#include "engine/project/interrupted_save.h"
 #include "engine/project/save_project.h"
 #include "support/fixtures.h"
 
 #include <QFileInfo>
+
+#include <sys/stat.h>
 
 namespace nubivane::testing {
 
@@ -49,14 +54,28 @@ TEST_F(SaveFailures, TheDataFileIsAFolder) {
     expectNothingWritten(temporary.file("weather.nvpf"));
 }
 
-TEST_F(SaveFailures, TheNeighbourInWhichTheDataIsWrittenIsAFolder) {
-    QDir().mkpath(temporary.file("weather.nvpx.saving"));
-    expectNothingWritten(temporary.file("weather.nvpf"));
+TEST_F(SaveFailures, TheProjectFileIsAPipe) {
+    ASSERT_EQ(::mkfifo(QFile::encodeName(temporary.file("weather.nvpf")).constData(), 0600), 0);
+    shell.expectMessage(SaveFailed, Icon::Critical);
+    EXPECT_FALSE(saveTo(temporary.file("weather.nvpf")));
+    EXPECT_FALSE(QFileInfo::exists(temporary.file("weather.nvpx")));
 }
 
-TEST_F(SaveFailures, TheNeighbourInWhichTheProjectIsWrittenIsAFolder) {
-    QDir().mkpath(temporary.file("weather.nvpf.saving"));
-    expectNothingWritten(temporary.file("weather.nvpf"));
+TEST_F(SaveFailures, TheDataFileIsALinkToAPipe) {
+    ASSERT_EQ(::mkfifo(QFile::encodeName(temporary.file("pipe")).constData(), 0600), 0);
+    QFile::link(temporary.file("pipe"), temporary.file("weather.nvpx"));
+    shell.expectMessage(SaveFailed, Icon::Critical);
+    EXPECT_FALSE(saveTo(temporary.file("weather.nvpf")));
+    EXPECT_FALSE(QFileInfo::exists(temporary.file("weather.nvpf")));
+    EXPECT_TRUE(QFileInfo(temporary.file("weather.nvpx")).isSymLink());
+}
+
+TEST_F(SaveFailures, TheFolderHasBeenLockedForTooLong) {
+    // Half a minute is not waited for here: the lock is all that a save needs to be told.
+    const FolderLock lock(temporary.path());
+    EXPECT_EQ(FolderLock(temporary.path(), std::chrono::milliseconds(1)).state(),
+              FolderLock::State::Busy);
+    EXPECT_LE(LockPatience, std::chrono::seconds(30));
 }
 
 TEST_F(SaveFailures, TheFolderIsMissing) {
@@ -109,12 +128,45 @@ TEST_F(SaveFailures, AnInterruptedSaveBehindALinkIsCompleted) {
     ASSERT_TRUE(saveTo(temporary.file("real.nvpf")));
     QFile::link(temporary.file("real.nvpf"), temporary.file("weather.nvpf"));
     QFile::link(temporary.file("real.nvpx"), temporary.file("weather.nvpx"));
-    QFile::rename(temporary.file("real.nvpf"), temporary.file("real.nvpf.saving"));
-    writeFile(temporary.file("real.nvpf"), "older");
+    const QByteArray older("older");
+    const QString waiting = temporary.file(
+        temporary_name::prefixFor("real.nvpf") + "12345678-" +
+        QString::fromLatin1(waitingNote(*fingerprintOf(temporary.file("real.nvpf"), 1 << 20),
+                                        *fingerprintOf(temporary.file("real.nvpx"), 1 << 20),
+                                        fingerprintOf(older))));
+    QFile::rename(temporary.file("real.nvpf"), waiting);
+    writeFile(temporary.file("real.nvpf"), older);
     open(temporary.file("weather.nvpf"));
     EXPECT_TRUE(readFile(temporary.file("real.nvpf")).startsWith("<FILE "));
-    EXPECT_FALSE(QFileInfo::exists(temporary.file("real.nvpf.saving")));
+    EXPECT_FALSE(QFileInfo::exists(waiting));
     EXPECT_TRUE(QFileInfo(temporary.file("weather.nvpf")).isSymLink());
+}
+
+TEST_F(SaveFailures, ANameAsLongAsFileSystemsTakeIsSaved) {
+    const QString name = temporary.file(QString(250, u'x') + ".nvpf");
+    ASSERT_TRUE(saveTo(name));
+    open(name);
+}
+
+TEST_F(SaveFailures, APersonsOwnFilesBesideThePairAreLeftAlone) {
+    for (const char* name : {"weather.nvpf.saving", "weather.nvpx.saving", "weather.nvpf.new",
+                             "weather.nvpf.tmp", "weather.nvpx.part", "weather.nvpf.bak"}) {
+        writeFile(temporary.file(name), "mine");
+    }
+    ASSERT_TRUE(saveTo(temporary.file("weather.nvpf")));
+    open(temporary.file("weather.nvpf"));
+    for (const char* name : {"weather.nvpf.saving", "weather.nvpx.saving", "weather.nvpf.new",
+                             "weather.nvpf.tmp", "weather.nvpx.part", "weather.nvpf.bak"}) {
+        EXPECT_EQ(readFile(temporary.file(name)), "mine") << name;
+    }
+}
+
+TEST_F(SaveFailures, ATailLongerThanAnyProjectIsNotCopied) {
+    writeFile(temporary.file("weather.nvpx"), {});
+    ASSERT_TRUE(QFile::resize(temporary.file("weather.nvpx"), qint64{64} << 30));
+    ASSERT_TRUE(saveTo(temporary.file("weather.nvpf")));
+    EXPECT_LT(QFileInfo(temporary.file("weather.nvpx")).size(), 1 << 20);
+    open(temporary.file("weather.nvpf"));
 }
 
 TEST_F(SaveFailures, PermissionsAreKept) {

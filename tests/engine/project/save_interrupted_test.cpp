@@ -1,17 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/core/error.h"
 #include "engine/core/host_files.h"
+#include "engine/core/replaced_file.h"
+#include "engine/core/temporary_name.h"
 #include "engine/project/message_log.h"
 #include "engine/project/model_text.h"
 #include "engine/project/open_project.h"
 #include "engine/project/save_project.h"
 #include "engine/project/system_calls.h"
 
+#include <QDir>
 #include <QFileInfo>
 
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 #include <optional>
+#include <utility>
 
 namespace nubivane::testing {
 
@@ -32,6 +37,8 @@ enum class End { Killed, Failed, Saved };
 class InterruptedSave : public ::testing::Test {
   protected:
     InterruptedSave() {
+        // Keeping versions makes calls of its own, of which none may matter to the pair.
+        qputenv("XDG_STATE_HOME", "/dev/null");
         copyFolder(testFile("fixtures/program"), temporary.file("program"));
         prepare("old", 3, Qt::darkBlue);
         EXPECT_TRUE(save());
@@ -46,8 +53,32 @@ class InterruptedSave : public ::testing::Test {
 
     QString target() const { return temporary.file("weather.nvpf"); }
     QString targetData() const { return temporary.file("weather.nvpx"); }
-    QString waiting() const { return target() + ".saving"; }
-    QString waitingData() const { return targetData() + ".saving"; }
+    /// What interrupted saves have left beside the pair.
+    QStringList leftovers() const {
+        QStringList paths;
+        const QDir folder(temporary.path());
+        for (const QString& name : folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::System |
+                                                    QDir::NoDotAndDotDot)) {
+            if (temporary_name::isOurs(name)) {
+                paths << folder.filePath(name);
+            }
+        }
+        return paths;
+    }
+    void removeLeftovers() const {
+        for (const QString& path : leftovers()) {
+            QFile::remove(path);
+        }
+    }
+    /// The one that waits to become the project file; its name says what it belongs to.
+    QString waiting() const {
+        for (const QString& path : leftovers()) {
+            if (path.count(u'-') > 4) {
+                return path;
+            }
+        }
+        return {};
+    }
 
     void prepare(const QString& name, qint32 frames, Qt::GlobalColor color) {
         workspace.resetProject();
@@ -56,22 +87,24 @@ class InterruptedSave : public ::testing::Test {
         }
         workspace.Frames().Item(1).Texts().Label = name;
         workspace.clearTempPicture();
-        writeFile(temporary.file("program/Maps/" + name + ".png"),
-                  encodePicture(plainImage({6 + frames, 5}, color), PictureFormat::Png));
-        workspace.Status.CurrentMap = workspace.folder.maps() + u'\\' + name + ".png";
+        // Pictures of one size take as many bytes each, so that no length betrays a mix.
+        writeFile(temporary.file("program/Maps/" + name + ".bmp"),
+                  encodePicture(plainImage({8, 5}, color), PictureFormat::Bmp));
+        workspace.Status.CurrentMap = workspace.folder.maps() + u'\\' + name + ".bmp";
         workspace.pctMap.setPicture(workspace.loadCurrentMap());
         workspace.pctMap.persistentLayer().setPixelColor(1, 1, Qt::white);
         workspace.Status.CurrentProject = host_files::toModel(target());
     }
 
     bool save() {
+        // The tests put files back themselves, which is not what is looked at here.
+        workspace.opened.reset();
         MessageLog log(view);
         return saveProject({workspace, log, view}, false);
     }
 
     void putOldBack() {
-        QFile::remove(waiting());
-        QFile::remove(waitingData());
+        removeLeftovers();
         writeFile(target(), oldXml);
         writeFile(targetData(), oldData);
     }
@@ -112,6 +145,17 @@ class InterruptedSave : public ::testing::Test {
         return code == 10 ? End::Saved : code == 11 ? End::Failed : End::Killed;
     }
 
+    /// The new project is saved by a child that dies between the two renames.
+    void stopBetweenTheRenames() {
+        EXPECT_EQ(saveInChild([seen = 0](Call& call) mutable {
+                      if (call.name == "rename" && ++seen == 2) {
+                          ::_exit(0);
+                      }
+                  }),
+                  End::Killed);
+        EXPECT_NE(waiting(), "");
+    }
+
     /// A hook that ends the process before its n-th call.
     static Hook killBefore(int n) {
         return [n, seen = 0](Call&) mutable {
@@ -148,7 +192,8 @@ TEST_F(InterruptedSave, TheHookSeesTheCallsOfASave) {
     QStringList names;
     const Watch watch([&](Call& call) { names << QString::fromUtf8(call.name.data()); });
     ASSERT_TRUE(save());
-    EXPECT_GE(names.count("open64"), 2);
+    EXPECT_GE(names.count("open"), 2);
+    EXPECT_GE(names.count("flock"), 3);  // both temporaries and their folder
     EXPECT_GE(names.count("write"), 2);
     EXPECT_GE(names.count("fsync"), 4);  // both files, and their folder after each rename
     EXPECT_GE(names.count("rename"), 2);
@@ -236,9 +281,6 @@ TEST_F(InterruptedSave, FollowedByASaveOnAFullDiskGivesAnyWholeProject) {
 TEST_F(InterruptedSave, AFailedSaveKilledWhileItTidiesUpLeavesAWholeProject) {
     for (const char* failing : {"write", "fsync", "rename"}) {
         for (int n = 1; n < Enough; ++n) {
-            // Both files of an earlier save that was killed lie beside the targets.
-            writeFile(waiting(), "not the XML of a project");
-            writeFile(waitingData(), "no pictures");
             const End end = saveInChild([&, seen = 0](Call& call) mutable {
                 if (call.name == failing) {
                     call.error = ENOSPC;
@@ -261,9 +303,13 @@ TEST_F(InterruptedSave, AnyCallThatFailsOnceGivesTheOldOrTheNewProject) {
         bool failed = false;
         int seen = 0;
         bool saved = false;
+        std::string calls;
         {
             const Watch watch([&](Call& call) {
-                if (++seen == n) {
+                if (++seen <= n) {
+                    calls += std::string(call.name) + ' ';
+                }
+                if (seen == n) {
                     call.error = EIO;
                     failed = true;
                 }
@@ -271,10 +317,9 @@ TEST_F(InterruptedSave, AnyCallThatFailsOnceGivesTheOldOrTheNewProject) {
             saved = save();
         }
         const auto found = openElsewhere();
-        ASSERT_TRUE(found) << "call " << n << ": " << cause;
+        ASSERT_TRUE(found) << "call " << n << " of " << calls << ": " << cause;
         EXPECT_TRUE(*found == newProject || (*found == oldProject && !saved)) << "call " << n;
-        EXPECT_FALSE(QFileInfo::exists(waiting())) << "call " << n;
-        EXPECT_FALSE(QFileInfo::exists(waitingData())) << "call " << n;
+        EXPECT_EQ(leftovers(), QStringList()) << "call " << n;
         putOldBack();
         if (!failed) {
             return;
@@ -298,20 +343,26 @@ TEST_F(InterruptedSave, AReaderAtAnyMomentFindsTheOldOrTheNewProject) {
 }
 
 TEST_F(InterruptedSave, BetweenTheRenamesIsCompletedByOpening) {
-    ASSERT_TRUE(save());
-    const QByteArray newXml = readFile(target());
-    writeFile(waiting(), newXml);
-    writeFile(target(), oldXml);
+    stopBetweenTheRenames();
+    const QByteArray newXml = readFile(waiting());
     EXPECT_EQ(*openElsewhere(), newProject);
     EXPECT_TRUE(readFile(target()) == newXml);
-    EXPECT_FALSE(QFileInfo::exists(waiting()));
+    EXPECT_EQ(leftovers(), QStringList());
+}
+
+TEST_F(InterruptedSave, TheFirstOneBetweenTheRenamesIsCompletedByOpening) {
+    QFile::remove(target());
+    QFile::remove(targetData());
+    stopBetweenTheRenames();
+    EXPECT_FALSE(QFileInfo::exists(target()));
+    EXPECT_EQ(*openElsewhere(), newProject);
+    EXPECT_TRUE(QFileInfo::exists(target()));
+    EXPECT_EQ(leftovers(), QStringList());
 }
 
 TEST_F(InterruptedSave, BetweenTheRenamesIsReadFromTheNeighbourWhereNothingMayBeRenamed) {
-    ASSERT_TRUE(save());
-    const QByteArray newXml = readFile(target());
-    writeFile(waiting(), newXml);
-    writeFile(target(), oldXml);
+    stopBetweenTheRenames();
+    const QString neighbour = waiting();
     const Watch watch([](Call& call) {
         if (call.name == "rename") {
             call.error = EROFS;
@@ -319,24 +370,154 @@ TEST_F(InterruptedSave, BetweenTheRenamesIsReadFromTheNeighbourWhereNothingMayBe
     });
     EXPECT_EQ(*openElsewhere(), newProject);
     EXPECT_TRUE(readFile(target()) == oldXml);
-    EXPECT_TRUE(readFile(waiting()) == newXml);
+    EXPECT_EQ(waiting(), neighbour);
 }
 
-TEST_F(InterruptedSave, BeforeTheRenamesIsForgotten) {
-    writeFile(waiting(), "a half");
-    writeFile(waitingData(), "another half");
+TEST_F(InterruptedSave, ItsLeftoversGoWithTheNextSaveAndNotByOpening) {
+    ASSERT_EQ(saveInChild([](Call& call) {
+                  if (call.name == "rename") {
+                      ::_exit(0);
+                  }
+              }),
+              End::Killed);
+    const QStringList left = leftovers();
+    EXPECT_EQ(left.size(), 2);
     EXPECT_EQ(*openElsewhere(), oldProject);
+    EXPECT_EQ(leftovers(), left);
     EXPECT_TRUE(save());
     EXPECT_EQ(*openElsewhere(), newProject);
-    EXPECT_FALSE(QFileInfo::exists(waiting()));
-    EXPECT_FALSE(QFileInfo::exists(waitingData()));
+    EXPECT_EQ(leftovers(), QStringList());
 }
 
-TEST_F(InterruptedSave, AFolderOfTheWaitingFilesNameIsNone) {
-    QDir().mkpath(waiting());
-    EXPECT_EQ(openElsewhere().value_or(QStringList(QString::fromStdString(cause))), oldProject);
-    EXPECT_TRUE(QFileInfo(waiting()).isDir());
-    QDir().rmdir(waiting());
+TEST_F(InterruptedSave, AFileOfALivingSaverStays) {
+    ReplacedFile living(target(), Durability::Quick);
+    EXPECT_TRUE(save());
+    EXPECT_EQ(leftovers(), QStringList(living.temporaryPath()));
+}
+
+TEST_F(InterruptedSave, ARestoredCopyBeatsWhatWaits) {
+    stopBetweenTheRenames();
+    const QString neighbour = waiting();
+    writeFile(target(), oldXml);
+    writeFile(targetData(), oldData);
+    EXPECT_EQ(*openElsewhere(), oldProject);
+    EXPECT_EQ(waiting(), neighbour) << "an opening removes nothing that it does not use";
+}
+
+TEST_F(InterruptedSave, ARestoredCopyWithTheSamePicturesBeatsWhatWaits) {
+    stopBetweenTheRenames();
+    const QByteArray restored = readFile(waiting()).replace("\"new\"", "\"restored\"");
+    writeFile(target(), restored);
+    const auto found = openElsewhere();
+    ASSERT_TRUE(found) << cause;
+    EXPECT_NE(*found, newProject);
+    EXPECT_TRUE(readFile(target()) == restored);
+    EXPECT_NE(waiting(), "");
+}
+
+TEST_F(InterruptedSave, ACutWaitingDocumentIsNeitherUsedNorRemoved) {
+    stopBetweenTheRenames();
+    const QString neighbour = waiting();
+    const QByteArray whole = readFile(neighbour);
+    for (const QByteArray& damaged :
+         {QByteArray(), whole.left(whole.size() / 2), QByteArray(whole).replace("new", "old")}) {
+        writeFile(neighbour, damaged);
+        EXPECT_FALSE(openElsewhere());
+        EXPECT_TRUE(readFile(neighbour) == damaged);
+    }
+    writeFile(neighbour, whole);
+    EXPECT_EQ(*openElsewhere(), newProject);
+}
+
+TEST_F(InterruptedSave, AWaitingDocumentRemovedByHandNeverGivesAMix) {
+    stopBetweenTheRenames();
+    removeLeftovers();
+    ASSERT_EQ(readFile(targetData()).size(), oldData.size()) << "no length betrays it";
+    EXPECT_FALSE(openElsewhere());
+    EXPECT_NE(cause.find("interrupted"), std::string::npos) << cause;
+    // A copy of both is as good as ever.
+    writeFile(target(), oldXml);
+    writeFile(targetData(), oldData);
+    EXPECT_EQ(*openElsewhere(), oldProject);
+}
+
+TEST_F(InterruptedSave, WhateverLeftoversAreRemovedNoMixOpens) {
+    int refused = 0;
+    for (int n = 1; n < Enough; ++n) {
+        const bool ended = saveInChild(killBefore(n)) == End::Saved;
+        const bool oldStands = readFile(target()) == oldXml && readFile(targetData()) == oldData;
+        removeLeftovers();
+        const auto found = openElsewhere();
+        refused += found ? 0 : 1;
+        EXPECT_TRUE(!found || *found == oldProject || *found == newProject) << "call " << n;
+        EXPECT_TRUE(found || !oldStands) << "call " << n << ": " << cause;
+        putOldBack();
+        if (ended) {
+            EXPECT_GT(refused, 0);
+            return;
+        }
+    }
+    FAIL() << "no save came to its end";
+}
+
+TEST_F(InterruptedSave, GoingBackToAnEarlierDocumentOverTheSamePicturesOpens) {
+    ASSERT_TRUE(save());
+    // The old document again, word for word, over pictures that once made it obsolete.
+    workspace.resetProject();
+    prepare("new", 3, Qt::darkBlue);
+    ASSERT_TRUE(save());
+    const QByteArray before = readFile(target());
+    workspace.pctMap.persistentLayer().setPixelColor(2, 2, Qt::red);
+    workspace.Frames().Item(1).Texts().Label = "other";
+    ASSERT_TRUE(save());
+    workspace.Frames().Item(1).Texts().Label = "new";
+    ASSERT_TRUE(save());
+    EXPECT_TRUE(readFile(target()) == before);
+    EXPECT_TRUE(openElsewhere()) << cause;
+}
+
+TEST_F(InterruptedSave, OneRenameIsEnoughWhereOneFileChanges) {
+    const auto renames = [this] {
+        int count = 0;
+        const Watch watch([&count](Call& call) { count += call.name == "rename" ? 1 : 0; });
+        EXPECT_TRUE(save());
+        return count;
+    };
+    EXPECT_EQ(renames(), 2);
+    workspace.Frames().Item(1).Texts().Label = "sprites alone";
+    EXPECT_EQ(renames(), 1);
+    workspace.pctMap.persistentLayer().setPixelColor(2, 2, Qt::red);
+    EXPECT_EQ(renames(), 1);
+    EXPECT_EQ(renames(), 0) << "nothing has changed";
+}
+
+TEST_F(InterruptedSave, AFolderOrPipeOfTheWaitingFilesNameIsNone) {
+    stopBetweenTheRenames();
+    const QString neighbour = waiting();
+    QFile::remove(neighbour);
+    QDir().mkpath(neighbour);
+    EXPECT_FALSE(openElsewhere());
+    QDir().rmdir(neighbour);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(neighbour).constData(), 0600), 0);
+    EXPECT_FALSE(openElsewhere());
+    EXPECT_TRUE(QFileInfo::exists(neighbour));
+}
+
+TEST_F(InterruptedSave, WhatAnotherProgramSavedMeanwhileStays) {
+    prepare("third", 1, Qt::darkRed);
+    bool first = true;
+    MessageLog log(view);
+    {
+        const Watch watch([&](Call& call) {
+            if (call.name == "write" && std::exchange(first, false)) {
+                prepare("new", 2, Qt::darkGreen);
+                EXPECT_TRUE(save());
+            }
+        });
+        EXPECT_FALSE(save());
+    }
+    EXPECT_EQ(*openElsewhere(), newProject);
+    EXPECT_EQ(leftovers(), QStringList());
 }
 
 }  // namespace nubivane::testing

@@ -90,6 +90,10 @@ NUBIVANE_CALL(fchmod, int, (int file, mode_t mode), (file, mode))
 NUBIVANE_CALL(chmod, int, (const char* path, mode_t mode), (path, mode))
 NUBIVANE_CALL(mkdir, int, (const char* path, mode_t mode), (path, mode))
 NUBIVANE_CALL(link, int, (const char* from, const char* to), (from, to))
+NUBIVANE_CALL(flock, int, (int file, int operation), (file, operation))
+NUBIVANE_CALL(fchown, int, (int file, uid_t user, gid_t group), (file, user, group))
+NUBIVANE_CALL(futimens, int, (int file, const void* times), (file, times))
+NUBIVANE_CALL(dup, int, (int file), (file))
 
 #undef NUBIVANE_CALL
 
@@ -102,13 +106,20 @@ extern "C" ssize_t nubivane_test_write(int file, const void* bytes, std::size_t 
                        [&](std::size_t allowed) { return original(file, bytes, allowed); });
 }
 
-extern "C" __attribute__((visibility("default"))) int nubivane_test_open64(
-    const char* path, int flags, mode_t mode) __asm__("open64");
-extern "C" int nubivane_test_open64(const char* path, int flags, mode_t mode) {
-    namespace calls = nubivane::testing::system_calls;
-    static auto* const original = calls::original<int(const char*, int, mode_t)>("open64");
-    if ((flags & O_ACCMODE) == O_RDONLY) {
-        return original(path, flags, mode);
+// Opening for reading changes nothing and is not shown.
+#define NUBIVANE_OPEN(name)                                                                     \
+    extern "C" __attribute__((visibility("default"))) int nubivane_test_##name(                 \
+        const char* path, int flags, mode_t mode) __asm__(#name);                               \
+    extern "C" int nubivane_test_##name(const char* path, int flags, mode_t mode) {             \
+        namespace calls = nubivane::testing::system_calls;                                      \
+        static auto* const original = calls::original<int(const char*, int, mode_t)>(#name);    \
+        if ((flags & O_ACCMODE) == O_RDONLY) {                                                  \
+            return original(path, flags, mode);                                                 \
+        }                                                                                       \
+        return calls::made(#name, 0, [&](std::size_t) { return original(path, flags, mode); }); \
     }
-    return calls::made("open64", 0, [&](std::size_t) { return original(path, flags, mode); });
-}
+
+NUBIVANE_OPEN(open)
+NUBIVANE_OPEN(open64)
+
+#undef NUBIVANE_OPEN
