@@ -25,6 +25,8 @@ class FramePanels {
     void reset(qint32 count);
     /// Adds an empty panel behind the last.
     void append() { panels_.emplace_back(); }
+    /// Puts a panel at a number; the later ones move up.
+    void insert(qint32 frame, const Picture& picture);
     /// Removes a panel; the later ones close up. A number without a panel is passed over.
     void remove(qint32 frame);
 

@@ -10,8 +10,16 @@ cFrame& cFrames::Add() {
     return *frames_.back();
 }
 
-void cFrames::Remove(qint32 index) {
-    frames_.erase(frames_.begin() + static_cast<std::ptrdiff_t>(at(index)));
+void cFrames::Insert(qint32 index, std::unique_ptr<cFrame> frame) {
+    const std::size_t position = index == Count() + 1 ? frames_.size() : at(index);
+    frames_.insert(frames_.begin() + static_cast<std::ptrdiff_t>(position), std::move(frame));
+}
+
+std::unique_ptr<cFrame> cFrames::Take(qint32 index) {
+    const auto place = frames_.begin() + static_cast<std::ptrdiff_t>(at(index));
+    std::unique_ptr<cFrame> frame = std::move(*place);
+    frames_.erase(place);
+    return frame;
 }
 
 qint16 cFrames::NumSprite() const {

@@ -37,9 +37,14 @@ class cFrame {
 /// The Frames in order. A position outside the list raises `Error` (OutOfRange).
 class cFrames {
   public:
-    cFrame& Item(qint32 index) const { return *frames_[at(index)]; }
+    const cFrame& Item(qint32 index) const { return *frames_[at(index)]; }
+    cFrame& Item(qint32 index) { return *frames_[at(index)]; }
     cFrame& Add();
-    void Remove(qint32 index);
+    /// Puts a Frame at a position; those from there on move up.
+    void Insert(qint32 index, std::unique_ptr<cFrame> frame);
+    /// Takes a Frame out; the later ones close up.
+    std::unique_ptr<cFrame> Take(qint32 index);
+    void Remove(qint32 index) { Take(index); }
     qint32 Count() const { return static_cast<qint32>(frames_.size()); }
     /// Number of sprites on all Frames.
     qint16 NumSprite() const;

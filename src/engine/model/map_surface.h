@@ -41,6 +41,9 @@ class MapSurface {
     /// since.
     Picture image() const;
 
+    /// The picture that was set, while nothing has been drawn since; else none.
+    Picture untouched() const { return drawn_.isNull() ? picture_ : Picture(); }
+
     /// Inner size: that of the picture.
     int ScaleWidth() const { return picture_.size().width(); }
     int ScaleHeight() const { return picture_.size().height(); }

@@ -1,73 +1,38 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/model/sprites.h"
 
-#include "engine/model/number_argument.h"
+#include <utility>
 
 namespace nubivane {
 
-using namespace Qt::StringLiterals;
-
-cLabel& cLabels::Add(qint16 Frame, const QString& Name, qint32 Index, qint32 Height, qint32 Width,
-                     qint32 PosX, qint32 PosY, const QString& Text, const QString& FontName,
-                     const QString& FontSize, bool FontBold, bool FontItalic, bool FontUnderline,
-                     bool FontOverline, bool FontStrikethourht, qint32 BackColor, qint32 Forecolor,
-                     const QString& Border, qint32 BorderColor, const QString& Note) {
-    auto label = std::make_unique<cLabel>();
-    label->Key_ = u"K-"_s + QString::number(nextKey_);
-    label->Name = Name;
-    label->Type_ = sprite_type::Label;
-    label->Index = Index;
-    label->Frame = Frame;
-    label->Width = Width;
-    label->Height = Height;
-    label->FontName = FontName;
-    label->FontSize = int32Argument(FontSize);
-    label->Forecolor = Forecolor;
-    label->BackColor = BackColor;
-    label->Border = int16Argument(Border);
-    label->BorderColor = BorderColor;
-    label->FontBold = FontBold;
-    label->FontItalic = FontItalic;
-    label->FontUnderline = FontUnderline;
-    label->FontOverline = FontOverline;
-    label->FontStrikethourht = FontStrikethourht;
-    label->PosX = PosX;
-    label->PosY = PosY;
-    label->Text = Text;
-    label->Note = Note;
-    ++nextKey_;
-    const QString key = label->Key_;
-    return append(key, std::move(label));
+cLabel& cLabels::add(cLabel record) {
+    record.Key_ = issueKey();
+    record.Type_ = sprite_type::Label;
+    const QString key = record.Key_;
+    return append(key, std::move(record));
 }
 
-std::unique_ptr<cLabel> cLabels::Copy(const cLabel& source) const {
-    return std::make_unique<cLabel>(source);
+QString cLabels::issueKey() const {
+    return QStringLiteral("K-%1").arg(nextKey_++);
 }
 
-cSymbol& cSymbols::Add(qint16 Frame, const QString& Name, qint32 Index, qint32 Height, qint32 Width,
-                       qint32 PosX, qint32 PosY, const QString& FileGif, const QString& PathFileGif,
-                       const QString& Link, const QString& Tooltip, const QString& Note) {
-    auto symbol = std::make_unique<cSymbol>();
-    symbol->Key_ = u"K-"_s + QString::number(nextKey_++);
-    symbol->Name = Name;
-    symbol->Type_ = sprite_type::Symbol;
-    symbol->Frame = Frame;
-    symbol->PosX = PosX;
-    symbol->PosY = PosY;
-    symbol->Width = Width;
-    symbol->Height = Height;
-    symbol->FileGif = FileGif;
-    symbol->PathFileGif = PathFileGif;
-    symbol->Index = Index;
-    symbol->Link = Link;
-    symbol->Tooltip = Tooltip;
-    symbol->Note = Note;
-    const QString key = symbol->Key_;
-    return append(key, std::move(symbol));
+void cLabels::Insert(qint32 position, const cLabel& label) {
+    insertAt(position, label.Key_, label);
 }
 
-std::unique_ptr<cSymbol> cSymbols::Copy(const cSymbol& source) const {
-    return std::make_unique<cSymbol>(source);
+cSymbol& cSymbols::add(cSymbol record) {
+    record.Key_ = issueKey();
+    record.Type_ = sprite_type::Symbol;
+    const QString key = record.Key_;
+    return append(key, std::move(record));
+}
+
+QString cSymbols::issueKey() const {
+    return QStringLiteral("K-%1").arg(nextKey_++);
+}
+
+void cSymbols::Insert(qint32 position, const cSymbol& symbol) {
+    insertAt(position, symbol.Key_, symbol);
 }
 
 cSprites::List cSprites::evalSprite(const QString& type) {
@@ -88,6 +53,20 @@ cSprites::Sprite cSprites::eval(const QString& type, const QString& key) {
         return &labels_.Item(key);
     }
     return {};
+}
+
+cSprites::Sprite cSprites::find(const SpriteId& id) {
+    if (!contains(id)) {
+        return {};
+    }
+    if (id.kind == SpriteKind::Symbol) {
+        return &symbols_.Item(id.key);
+    }
+    return &labels_.Item(id.key);
+}
+
+bool cSprites::contains(const SpriteId& id) const {
+    return id.kind == SpriteKind::Symbol ? symbols_.contains(id.key) : labels_.contains(id.key);
 }
 
 void cSprites::RemovaAll() {

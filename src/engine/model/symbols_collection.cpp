@@ -7,11 +7,7 @@ namespace nubivane {
 
 cSymbolsCollection& cSymbolsCollections::Add2(const QString& name, const QString& key,
                                               const QString& path) {
-    auto collection = std::make_unique<cSymbolsCollection>();
-    collection->Path = path;
-    collection->Name = name;
-    collection->Key = key;
-    return append(key, std::move(collection));
+    return append(key, {.Path = path, .Name = name, .Key = key});
 }
 
 void cSymbolsCollections::Clear() {

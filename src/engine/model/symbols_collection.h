@@ -9,9 +9,9 @@ namespace nubivane {
 
 /// A folder of symbols under "\Symbols".
 struct cSymbolsCollection {
-    QString Path;  ///< full path of the folder
-    QString Name;
-    QString Key;
+    QString Path = {};  ///< full path of the folder
+    QString Name = {};
+    QString Key = {};
     bool Checked = false;  ///< the palette shows it
 };
 

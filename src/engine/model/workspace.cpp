@@ -1,21 +1,28 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/model/workspace.h"
 
+#include "engine/core/error.h"
 #include "engine/core/host_files.h"
+#include "engine/model/edits/project_edits.h"
 
 #include <utility>
 
 namespace nubivane {
 
 Workspace::Workspace(ProgramFolder folderOfProgram, SettingsStore& store)
-    : folder(std::move(folderOfProgram)), settings(store) {
+    : folder(std::move(folderOfProgram)),
+      settings(store),
+      edits_(std::make_unique<ProjectEdits>(*this)) {
     resetProject();
     clearTempPicture();
 }
 
+Workspace::~Workspace() = default;
+
 void Workspace::resetProject() {
     Project = std::make_unique<cWrapper>();
     Frames().Add();
+    edits_->clear();
 }
 
 void Workspace::clearTempPicture() {
@@ -27,6 +34,19 @@ void Workspace::storeCurrentFrame() {
     if (!image.isEmpty()) {
         pctPanel.setPicture(Status.CurrentFrame, image);
     }
+}
+
+void Workspace::showFrame(qint32 frame) {
+    Status.CurrentFrame = static_cast<qint16>(frame);
+    Picture picture = pctPanel.picture(frame);
+    if (picture.isEmpty()) {
+        try {
+            picture = loadCurrentMap();
+        } catch (const Error&) {
+            picture = pctMap.image();
+        }
+    }
+    pctMap.setPicture(picture);
 }
 
 void Workspace::fillPanels() {

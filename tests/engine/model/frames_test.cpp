@@ -9,7 +9,7 @@ namespace {
 
 void addSymbols(cFrame& frame, int count) {
     for (int i = 0; i < count; ++i) {
-        frame.Sprites().Symbols().Add(1, "gifSymbol", 1, 1, 1, 1, 1, "", "", "", "", "");
+        frame.Sprites().Symbols().add({.Frame = 1});
     }
 }
 
@@ -53,7 +53,7 @@ TEST(Frames, RemovalLeavesTheFrameNumberOfSpritesAlone) {
     cFrames frames;
     frames.Add();
     cFrame& second = frames.Add();
-    second.Sprites().Symbols().Add(2, "gifSymbol", 1, 1, 1, 1, 1, "", "", "", "", "");
+    second.Sprites().Symbols().add({.Frame = 2});
     frames.Remove(1);
     EXPECT_EQ(frames.Item(1).Sprites().Item("K-1").Frame, 2);
 }

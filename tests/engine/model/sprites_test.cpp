@@ -4,18 +4,46 @@
 #include "engine/model/frames.h"
 #include "support/fixtures.h"
 
+#include <string_view>
+
 namespace nubivane {
 
 namespace {
 
-cLabel& addLabel(cLabels& labels, const QString& fontSize = "8", const QString& border = "1") {
-    return labels.Add(3, "lblTesto", 4, 20, 50, 30, 40, "a text", "Arial", fontSize, true, false,
-                      true, false, true, NoColor, 255, border, 65280, "a note");
+cLabel& addLabel(cLabels& labels, qint32 fontSize = 8, qint16 border = 1) {
+    return labels.add({.Name = "lblTesto",
+                       .Index = 4,
+                       .Frame = 3,
+                       .Width = 50,
+                       .Height = 20,
+                       .Font = {.Name = "Arial",
+                                .Size = fontSize,
+                                .Bold = true,
+                                .Underline = true,
+                                .Strikeout = true,
+                                .Color = 255},
+                       .BackColor = NoColor,
+                       .Border = border,
+                       .BorderColor = 65280,
+                       .PosX = 30,
+                       .PosY = 40,
+                       .Text = "a text",
+                       .Note = "a note"});
 }
 
 cSymbol& addSymbol(cSymbols& symbols) {
-    return symbols.Add(3, "gifSymbol", 4, 20, 50, 30, 40, "C:\\a.gif", "C:\\b.gif", "a link",
-                       "a tip", "a note");
+    return symbols.add({.Name = "gifSymbol",
+                        .Frame = 3,
+                        .PosX = 30,
+                        .PosY = 40,
+                        .Width = 50,
+                        .Height = 20,
+                        .FileGif = "C:\\a.gif",
+                        .PathFileGif = "C:\\b.gif",
+                        .Index = 4,
+                        .Link = "a link",
+                        .Tooltip = "a tip",
+                        .Note = "a note"});
 }
 
 template <class Work>
@@ -31,7 +59,7 @@ int errorNumberOf(Work work) {
 template <class Object>
 QStringList slotsOf(const Object& object) {
     QStringList names;
-    Object::forEachSlot(object, [&](const char* name, const auto&) { names += name; });
+    Object::forEachSlot(object, [&](const Slot& slot, const auto&) { names += slot.name; });
     return names;
 }
 
@@ -39,7 +67,7 @@ QStringList slotsOf(const Object& object) {
 template <class Object>
 bool isBlank(const Object& object) {
     bool blank = true;
-    Object::forEachSlot(object, [&](const char*, const auto& value) {
+    Object::forEachSlot(object, [&](const Slot&, const auto& value) {
         blank = blank && value == std::decay_t<decltype(value)>();
     });
     return blank;
@@ -68,7 +96,7 @@ TEST(Sprites, ASymbolHasItsPropertiesInOrderAndStartsBlank) {
 
 TEST(Sprites, AddSetsEveryPropertyOfALabel) {
     cLabels labels;
-    const cLabel& label = addLabel(labels, "12", "1");
+    const cLabel& label = addLabel(labels, 12, 1);
     EXPECT_EQ(label.Key_, "K-1");
     EXPECT_EQ(label.Name, "lblTesto");
     EXPECT_EQ(label.Type_, 2);
@@ -76,17 +104,17 @@ TEST(Sprites, AddSetsEveryPropertyOfALabel) {
     EXPECT_EQ(label.Frame, 3);
     EXPECT_EQ(label.Width, 50);
     EXPECT_EQ(label.Height, 20);
-    EXPECT_EQ(label.FontName, "Arial");
-    EXPECT_EQ(label.FontSize, 12);
-    EXPECT_EQ(label.Forecolor, 255);
+    EXPECT_EQ(label.Font.Name, "Arial");
+    EXPECT_EQ(label.Font.Size, 12);
+    EXPECT_EQ(label.Font.Color, 255);
     EXPECT_EQ(label.BackColor, -1);
     EXPECT_EQ(label.Border, 1);
     EXPECT_EQ(label.BorderColor, 65280);
-    EXPECT_TRUE(label.FontBold);
-    EXPECT_FALSE(label.FontItalic);
-    EXPECT_TRUE(label.FontUnderline);
-    EXPECT_FALSE(label.FontOverline);
-    EXPECT_TRUE(label.FontStrikethourht);
+    EXPECT_TRUE(label.Font.Bold);
+    EXPECT_FALSE(label.Font.Italic);
+    EXPECT_TRUE(label.Font.Underline);
+    EXPECT_FALSE(label.Font.Overline);
+    EXPECT_TRUE(label.Font.Strikeout);
     EXPECT_EQ(label.PosX, 30);
     EXPECT_EQ(label.PosY, 40);
     EXPECT_EQ(label.Text, "a text");
@@ -95,13 +123,20 @@ TEST(Sprites, AddSetsEveryPropertyOfALabel) {
 
 TEST(Sprites, TheOtherTwoFontFlagsHaveAPlaceOfTheirOwn) {
     cLabels labels;
-    const cLabel& label = labels.Add(1, "lblTesto", 1, 1, 1, 1, 1, "", "Arial", "8", false, true,
-                                     false, true, false, 0, 0, "0", 0, "");
-    EXPECT_FALSE(label.FontBold);
-    EXPECT_TRUE(label.FontItalic);
-    EXPECT_FALSE(label.FontUnderline);
-    EXPECT_TRUE(label.FontOverline);
-    EXPECT_FALSE(label.FontStrikethourht);
+    const cLabel& label =
+        labels.add({.Name = "lblTesto",
+                    .Index = 1,
+                    .Frame = 1,
+                    .Width = 1,
+                    .Height = 1,
+                    .Font = {.Name = "Arial", .Size = 8, .Italic = true, .Overline = true},
+                    .PosX = 1,
+                    .PosY = 1});
+    EXPECT_FALSE(label.Font.Bold);
+    EXPECT_TRUE(label.Font.Italic);
+    EXPECT_FALSE(label.Font.Underline);
+    EXPECT_TRUE(label.Font.Overline);
+    EXPECT_FALSE(label.Font.Strikeout);
 }
 
 TEST(Sprites, AddSetsEveryPropertyOfASymbol) {
@@ -167,29 +202,6 @@ TEST(Sprites, UnknownKeysAndPositionsAreErrors) {
     EXPECT_EQ(errorNumberOf([&] { labels.Item(2); }), error_number::OutOfRange);
     EXPECT_EQ(errorNumberOf([&] { labels.Remove(2); }), error_number::OutOfRange);
     EXPECT_EQ(labels.Count(), 1);
-}
-
-TEST(Sprites, TextFormsAreConvertedToNumbers) {
-    cLabels labels;
-    EXPECT_EQ(addLabel(labels, " 10 ", "0").FontSize, 10);
-    EXPECT_EQ(addLabel(labels, "8.5", "0").FontSize, 8);
-    EXPECT_EQ(addLabel(labels, "9.5", "0").FontSize, 10);
-    EXPECT_EQ(addLabel(labels, "70000", "0").FontSize, 70000);
-    EXPECT_EQ(addLabel(labels, "8", "-32768").Border, -32768);
-}
-
-TEST(Sprites, ATextThatIsNoNumberIsAnErrorAndLeavesTheListAsItWas) {
-    cLabels labels;
-    for (const auto& [fontSize, border] :
-         {std::pair{"abc", "0"}, std::pair{"", "0"}, std::pair{"2147483648", "0"},
-          std::pair{"8", "thick"}, std::pair{"8", ""}, std::pair{"8", "32768"}}) {
-        EXPECT_EQ(
-            errorNumberOf([&, size = fontSize, line = border] { addLabel(labels, size, line); }),
-            error_number::TypeMismatch)
-            << fontSize << ", " << border;
-    }
-    EXPECT_EQ(labels.Count(), 0);
-    EXPECT_EQ(addLabel(labels).Key_, "K-1");
 }
 
 TEST(Sprites, ASymbolAndALabelOfOneFrameBothGetK1) {
@@ -268,15 +280,20 @@ TEST(Sprites, AfterRemovaAllTheKeyCountersGoOn) {
     EXPECT_EQ(addSymbol(sprites.Symbols()).Key_, "K-3");
 }
 
-TEST(Sprites, CopyOfALabelHasEveryPropertyAndStandsInNoList) {
+TEST(Sprites, AddedCopiesHaveEveryPropertyOfTheirSourceButTheKey) {
     cLabels labels;
-    cLabel& source = addLabel(labels);
-    source.Index = 9;
-    const std::unique_ptr<cLabel> copy = labels.Copy(source);
+    addLabel(labels).Index = 9;
+    const cLabel copy = labels.Item(1);
+    EXPECT_EQ(copy.Key_, "K-1");
+    const cLabel& added = labels.add(copy);
+    EXPECT_EQ(added.Key_, "K-2");
     QStringList ofSource;
-    QStringList ofCopy;
+    QStringList ofAdded;
     const auto write = [](QStringList& list) {
-        return [&list](const char*, const auto& value) {
+        return [&list](const Slot& slot, const auto& value) {
+            if (slot.name == std::string_view("Key_")) {
+                return;
+            }
             if constexpr (std::is_same_v<std::decay_t<decltype(value)>, QString>) {
                 list += value;
             } else {
@@ -284,26 +301,32 @@ TEST(Sprites, CopyOfALabelHasEveryPropertyAndStandsInNoList) {
             }
         };
     };
-    cLabel::forEachSlot(source, write(ofSource));
-    cLabel::forEachSlot(*copy, write(ofCopy));
-    EXPECT_EQ(ofCopy, ofSource);
-    EXPECT_EQ(copy->Key_, "K-1");
-    EXPECT_NE(copy.get(), &source);
-    EXPECT_EQ(labels.Count(), 1);
-    EXPECT_EQ(addLabel(labels).Key_, "K-2");
+    cLabel::forEachSlot(labels.Item(1), write(ofSource));
+    cLabel::forEachSlot(added, write(ofAdded));
+    EXPECT_EQ(ofAdded, ofSource);
+    EXPECT_EQ(labels.Count(), 2);
 }
 
-TEST(Sprites, CopyOfASymbolIsASymbolOfItsOwn) {
+TEST(Sprites, ACopyOfASymbolIsASymbolOfItsOwn) {
     cSymbols symbols;
-    cSymbol& source = addSymbol(symbols);
-    const std::unique_ptr<cSymbol> copy = symbols.Copy(source);
-    copy->PosX = 1000;
+    const cSymbol& source = addSymbol(symbols);
+    cSymbol copy = source;
+    copy.PosX = 1000;
     EXPECT_EQ(source.PosX, 30);
-    EXPECT_EQ(copy->Key_, "K-1");
-    EXPECT_EQ(copy->Type_, 1);
-    EXPECT_EQ(copy->PathFileGif, "C:\\b.gif");
-    EXPECT_EQ(copy->Tooltip, "a tip");
+    EXPECT_EQ(copy.Key_, "K-1");
+    EXPECT_EQ(copy.Type_, 1);
+    EXPECT_EQ(copy.PathFileGif, "C:\\b.gif");
+    EXPECT_EQ(copy.Tooltip, "a tip");
     EXPECT_EQ(symbols.Count(), 1);
+}
+
+TEST(Sprites, TheListDecidesOnKeyAndType) {
+    cLabels labels;
+    cSymbols symbols;
+    EXPECT_EQ(labels.add({.Key_ = "mine", .Type_ = 7}).Key_, "K-1");
+    EXPECT_EQ(labels.Item("K-1").Type_, sprite_type::Label);
+    EXPECT_EQ(symbols.add({.Key_ = "mine", .Type_ = 7}).Key_, "K-1");
+    EXPECT_EQ(symbols.Item("K-1").Type_, sprite_type::Symbol);
 }
 
 TEST(Sprites, AWalkGoesInTheOrderOfAdd) {

@@ -36,7 +36,7 @@ TEST_F(StatusTest, StartsWithTheFirstFrameTheCursorAndNothingElse) {
     EXPECT_EQ(status.CurrentFrame, 1);
     EXPECT_EQ(status.CurrentShapeControlType, 0);
     EXPECT_EQ(status.CurrentShapeControlKey, "");
-    EXPECT_EQ(status.CurrentTool, "cursor");
+    EXPECT_EQ(status.CurrentTool, Tool::cursor);
     EXPECT_EQ(status.CurrentProject, "");
     EXPECT_EQ(status.Tag, "");
     EXPECT_EQ(status.SymbolsCollection().Count(), 0);
