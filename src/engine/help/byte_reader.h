@@ -13,8 +13,6 @@ class ByteReader {
   public:
     explicit ByteReader(QByteArrayView bytes) : rest_(bytes) {}
 
-    bool atEnd() const { return rest_.isEmpty(); }
-
     QByteArrayView take(qint64 count) {
         if (count < 0 || count > rest_.size()) {
             throw damagedHelp("it ends too soon");
@@ -41,22 +39,6 @@ class ByteReader {
             throw damagedHelp("a number without bounds");
         }
         return static_cast<qint64>(value);
-    }
-
-    /// A number in as few bytes as it needs: seven bits each, the high ones first, the last byte
-    /// without its top bit.
-    qint64 numberPacked() {
-        qint64 value = 0;
-        for (;;) {
-            const auto byte = static_cast<quint8>(take(1)[0]);
-            value = value << 7 | (byte & 0x7F);
-            if (value > MaxNumber) {
-                throw damagedHelp("a number without bounds");
-            }
-            if ((byte & 0x80) == 0) {
-                return value;
-            }
-        }
     }
 
   private:

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "engine/help/lzx_decoder.h"
+#include "engine/help/chm_archive.h"
 
 #include <QCache>
 #include <QHash>
@@ -13,6 +13,8 @@ namespace nubivane {
 ///
 /// The bytes may be anything. What cannot be read raises `Error`; sizes and counts are held against
 /// the bytes that are there and against the limits below before anything is made for them.
+/// A file is unpacked with the whole run it stands in, which is kept for the files beside it: files
+/// listed in any order cost no more than the content.
 class ChmFile {
   public:
     static constexpr qint64 MaxBytes = 64 << 20;       // of the whole file
@@ -31,36 +33,18 @@ class ChmFile {
     QByteArray read(const QString& name) const;
 
   private:
-    struct Entry {
-        bool packed = false;
-        qint64 offset = 0;  ///< in the content, unpacked
-        qint64 length = 0;
-    };
-    /// The packed content: frames, and how many of them make a run.
-    struct Packed {
-        QByteArrayView bytes;
-        qint64 length = 0;           ///< unpacked
-        QList<qint64> frameOffsets;  ///< in `bytes`
-        qint64 framesPerRun = 0;
-        qint64 windowSize = 0;
-    };
-
-    void readDirectory();
-    void readChunk(QByteArrayView chunk);
-    void addEntry(const QString& name, const Entry& entry);
-    void preparePacked();
-    void readResetTable(QByteArrayView table);
-    void readControlData(QByteArrayView control);
-
-    QByteArrayView plainEntry(const char* name) const;
+    void addEntry(const QString& name, const ChmArchive::Entry& entry);
+    void readControlData(const QByteArray& control);
+    void readResetTable(const QByteArray& table);
+    QByteArray plainEntry(const char* name) const;
     QByteArray unpack(qint64 offset, qint64 length) const;
     QByteArray runAt(qint64 run) const;
 
-    QByteArray bytes_;
-    qint64 contentOffset_ = 0;
-    QHash<QString, Entry> entries_;  ///< by name in lower case
+    std::unique_ptr<ChmArchive> archive_;
+    QHash<QString, ChmArchive::Entry> entries_;  ///< by name in lower case
     QStringList names_;
-    Packed packed_;
+    qint64 packedLength_ = 0;  ///< of the packed content, unpacked
+    qint64 runBytes_ = 0;      ///< of the parts that are packed by themselves, unpacked
     mutable QCache<qint64, QByteArray> runs_;  ///< unpacked lately; costs are bytes
 };
 
