@@ -18,6 +18,9 @@ class ExportWatcher {
     /// The stage as it was just captured.
     virtual void showStage(const QImage&) {}
     virtual void working() {}
+    /// A sentence for the person about a file that is written all the same, such as letters that
+    /// no font has.
+    virtual void remark(const QString&) {}
 };
 
 }  // namespace nubivane

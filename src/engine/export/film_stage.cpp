@@ -27,4 +27,13 @@ Capture FilmStage::captureFrame(qint32 number) {
     return stage_.capture(qint64{options_.FrameInterval} * MillisecondsPerHundredth);
 }
 
+void FilmStage::remarkMissingLetters(ExportWatcher& watcher) const {
+    for (std::size_t i = 0; i < frames_.size(); ++i) {
+        // The sprites of the current Frame may stand on the first image and on their own.
+        if (i == 0 || frames_[i].number != frames_.front().number) {
+            nubivane::remarkMissingLetters(frames_[i], watcher);
+        }
+    }
+}
+
 }  // namespace nubivane

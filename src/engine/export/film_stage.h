@@ -6,6 +6,8 @@
 
 namespace nubivane {
 
+class ExportWatcher;
+
 /// The stage of a film: it shows one Frame after the other, each for one interval before it is
 /// taken, which decides how far its Symbols have played.
 class FilmStage {
@@ -20,6 +22,9 @@ class FilmStage {
     QSize size(qint32 frame);
     /// The image of a Frame. Raises `Error` when its map cannot be read.
     Capture captureFrame(qint32 frame);
+
+    /// Tells of letters without a font, Frame by Frame.
+    void remarkMissingLetters(ExportWatcher& watcher) const;
 
   private:
     const FrameContent& frame(qint32 number) const {

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/export/frame_content.h"
 
+#include "engine/export/export_watcher.h"
+#include "engine/export/label_painter.h"
 #include "engine/model/workspace.h"
 
 #include <optional>
 
 namespace nubivane {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -43,11 +47,12 @@ cLabel onStage(cLabel label) {
 FrameContent contentOf(Workspace& workspace, qint32 frame) {
     const cSprites& sprites = workspace.Frames().Item(frame).Sprites();
     FrameContent content;
+    content.number = frame;
     content.drawn = workspace.pctPanel.picture(frame);
     content.mapFile = workspace.Status.CurrentMap;
     content.symbolCount = sprites.Symbols().Count();
     SpriteArrays arrays;
-    for (cSymbol& symbol : sprites.Symbols()) {
+    for (const cSymbol& symbol : sprites.Symbols()) {
         if (const auto index = arrays.add(symbol.Name)) {
             symbol.Index = *index;
             if (symbol.Name == QLatin1String(SymbolArray)) {
@@ -55,7 +60,7 @@ FrameContent contentOf(Workspace& workspace, qint32 frame) {
             }
         }
     }
-    for (cLabel& label : sprites.Labels()) {
+    for (const cLabel& label : sprites.Labels()) {
         if (const auto index = arrays.add(label.Name)) {
             label.Index = *index;
             if (label.Name == QLatin1String(LabelArray)) {
@@ -64,6 +69,16 @@ FrameContent contentOf(Workspace& workspace, qint32 frame) {
         }
     }
     return content;
+}
+
+void remarkMissingLetters(const FrameContent& frame, ExportWatcher& watcher) {
+    for (const cLabel& label : frame.labels) {
+        const QString letters = lettersWithoutFont(label);
+        if (!letters.isEmpty()) {
+            watcher.remark(u"Frame %1: no installed font has %2 of the label \"%3\"."_s.arg(
+                QString::number(frame.number), letters, label.Text.simplified()));
+        }
+    }
 }
 
 }  // namespace nubivane

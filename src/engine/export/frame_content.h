@@ -11,6 +11,7 @@
 
 namespace nubivane {
 
+class ExportWatcher;
 class Workspace;
 
 /// What a Frame shows, copied from the model. Pictures are shared, so a copy costs little; and an
@@ -21,6 +22,7 @@ struct FrameContent {
         QString file;  ///< path text
     };
 
+    qint32 number = 0;       ///< the Frame's
     Picture drawn;           ///< the map with what was drawn on it; empty while it is bare
     QString mapFile;         ///< the bare map, a path text
     qint32 symbolCount = 0;  ///< Symbols of the Frame, those that cannot be shown among them
@@ -33,5 +35,8 @@ struct FrameContent {
 /// behind the panels: whoever exports the Frame on it calls `Workspace::storeCurrentFrame` first.
 /// Raises `Error` (OutOfRange) when there is no such Frame.
 FrameContent contentOf(Workspace& workspace, qint32 frame);
+
+/// Tells the watcher of each Label that has letters for which no installed font has a form.
+void remarkMissingLetters(const FrameContent& frame, ExportWatcher& watcher);
 
 }  // namespace nubivane

@@ -16,6 +16,22 @@ namespace {
 constexpr double MillisecondsPerHundredth = 10;
 constexpr int ProgressOfCaptures = 70;  // percent
 
+/// The largest moving GIF. A picture takes some thirty bytes a pixel on the way to its colours, so
+/// that this one needs 300 MB at most.
+constexpr qint64 MaxGifPixels = 8'000'000;
+
+/// Refuses a map before memory is taken for its pixels.
+void checkGifSize(QSize size) {
+    if (qint64{size.width()} * size.height() > MaxGifPixels) {
+        throw Error(error_number::OutOfRange, u"export"_s,
+                    u"The map is too large for a moving GIF."_s,
+                    u"%1 x %2 pixels, where at most %3 million are written: choose a smaller map, "
+                    "or write a video"_s.arg(size.width())
+                        .arg(size.height())
+                        .arg(MaxGifPixels / 1'000'000));
+    }
+}
+
 Capture shown(Capture capture, ExportWatcher& watcher) {
     watcher.showStage(capture.picture);
     return capture;
@@ -51,12 +67,14 @@ class AniGifJob : public ExportJob {
           quality_(quality) {}
 
     void load() override {
+        checkGifSize(stage_.mapOf(frame_).size());
         stage_.loadMap(frame_);
         stage_.loadStageSprites(frame_);
         plan_ = planGif(stage_.timing(), compression_);
     }
 
     void save(ExportWatcher& watcher) override {
+        remarkMissingLetters(frame_, watcher);
         watcher.setCaption(u" Creating frames - step 1 of 4"_s);
         FrameList list;
         for (qint64 i = 0; i < plan_.count(); ++i) {
@@ -91,12 +109,16 @@ class FilmJob : public ExportJob {
         : film_(workspace, options), path_(path), options_(options) {}
 
     void load() override {
+        QSize sheet;
         for (qint32 i = 1; i <= film_.count(); ++i) {
             sizes_.push_back(film_.size(i));
+            sheet = sheet.expandedTo(sizes_.back());
         }
+        checkGifSize(sheet);
     }
 
     void save(ExportWatcher& watcher) override {
+        film_.remarkMissingLetters(watcher);
         watcher.setCaption(u" Creating frames - step 1 of 4"_s);
         FrameList list;
         for (qint32 i = 1; i <= film_.count(); ++i) {

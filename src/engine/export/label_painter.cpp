@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/export/label_painter.h"
 
+#include "engine/export/label_text.h"
 #include "engine/gif/color_value.h"
 #include "engine/model/forecast.h"
 
-#include <QFontMetrics>
 #include <QPainter>
 
 #include <algorithm>
@@ -17,25 +17,19 @@ constexpr int PixelsPerInch = 96;
 constexpr int PointsPerInch = 72;
 constexpr int MaxPoints = 1000;  // a hostile project may ask for any size
 
-/// Text lines end as their writer wished.
-QString withPlainLineEnds(QString text) {
-    return text.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
-}
-
-QFont fontOf(const cLabel& label) {
-    return mapFont(label.FontName, label.FontSize, label.FontBold, label.FontItalic,
-                   label.FontUnderline);
+LabelText textOf(const cLabel& label) {
+    return {label.Text, mapFont(label.Font)};
 }
 
 }  // namespace
 
-QFont mapFont(const QString& family, int points, bool bold, bool italic, bool underline) {
-    QFont font(family);
-    const int size = std::clamp(points, 1, MaxPoints);
+QFont mapFont(const FontStyle& style) {
+    QFont font(style.Name);
+    const int size = std::clamp(style.Size, 1, MaxPoints);
     font.setPixelSize(std::max(1, (size * PixelsPerInch + PointsPerInch / 2) / PointsPerInch));
-    font.setBold(bold);
-    font.setItalic(italic);
-    font.setUnderline(underline);
+    font.setBold(style.Bold);
+    font.setItalic(style.Italic);
+    font.setUnderline(style.Underline);
     font.setHintingPreference(QFont::PreferNoHinting);
     font.setStyleStrategy(
         QFont::StyleStrategy(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
@@ -43,11 +37,8 @@ QFont mapFont(const QString& family, int points, bool bold, bool italic, bool un
 }
 
 QSize labelSize(const cLabel& label) {
-    const QFontMetrics metrics(fontOf(label));
-    const QSize text =
-        metrics.size(Qt::TextExpandTabs, withPlainLineEnds(label.Text)).expandedTo({1, 1});
     const int frame = label.Border != 0 ? 2 : 0;
-    return text + QSize(frame, frame);
+    return textOf(label).size() + QSize(frame, frame);
 }
 
 void paintLabel(QPainter& painter, const cLabel& label, const QRect& rect, bool strikeOut) {
@@ -61,13 +52,12 @@ void paintLabel(QPainter& painter, const cLabel& label, const QRect& rect, bool 
         painter.drawRect(rect.adjusted(0, 0, -1, -1));
         text.adjust(1, 1, -1, -1);
     }
-    QFont font = fontOf(label);
-    font.setStrikeOut(strikeOut);
-    painter.setFont(font);
-    painter.setPen(colorOf(label.Forecolor));
-    painter.drawText(text, Qt::AlignLeft | Qt::AlignTop | Qt::TextExpandTabs | Qt::TextDontClip,
-                     withPlainLineEnds(label.Text));
+    textOf(label).draw(painter, text, colorOf(label.Font.Color), strikeOut);
     painter.restore();
+}
+
+QString lettersWithoutFont(const cLabel& label) {
+    return textOf(label).withoutFont();
 }
 
 }  // namespace nubivane

@@ -3,8 +3,13 @@
 
 #include "engine/core/error.h"
 #include "engine/core/host_files.h"
+#include "engine/core/path_text.h"
+#include "engine/core/version.h"
+#include "engine/export/pdf_language.h"
+#include "engine/model/workspace.h"
 
 #include <QBuffer>
+#include <QLocale>
 #include <QPainter>
 #include <QPdfWriter>
 
@@ -64,17 +69,30 @@ void printPicture(QPagedPaintDevice& paper, const QImage& picture) {
     }
 }
 
-void printToPdf(const QImage& picture, const QString& path) {
+void printToPdf(const QImage& picture, const QString& path, const QString& title) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     {
         QPdfWriter pdf(&buffer);
+        pdf.setTitle(title);
+        pdf.setCreator(QLatin1String(ProgramTitle));
         pdf.setResolution(PixelsPerInch);
         pdf.setPageLayout(layoutFor(picture.size()));
         printPicture(pdf, picture);
     }
-    host_files::writeHostFile(host_files::toHost(path), bytes);
+    const QLocale language = QLocale::system();
+    const QString tag =
+        language.language() == QLocale::C ? QStringLiteral("en") : language.bcp47Name();
+    host_files::writeHostFile(host_files::toHost(path), pdfWithLanguage(bytes, tag));
+}
+
+QString titleOfPrint(const Workspace& workspace, qint32 frame) {
+    const cTexts& texts = workspace.Frames().Item(frame).Texts();
+    const QString title = texts.Forecast().Title().Text.simplified();
+    const QString name = title.isEmpty() ? texts.Label : title;
+    const QString project = stripExtension(getFileName(workspace.Status.CurrentProject));
+    return project.isEmpty() ? name : project + QStringLiteral(": ") + name;
 }
 
 }  // namespace nubivane

@@ -8,6 +8,8 @@ class QPagedPaintDevice;
 
 namespace nubivane {
 
+class Workspace;
+
 /// The colour of the canvas's frame, a line of one pixel around the map.
 inline constexpr QRgb CanvasFrameColor = qRgb(96, 110, 122);
 
@@ -23,7 +25,11 @@ QImage canvasToPrint(const QImage& stage);
 void printPicture(QPagedPaintDevice& paper, const QImage& picture);
 
 /// The same into a PDF file of one page, without any loss: A4 as it holds the picture, upright or
-/// across; where neither does, a page of the picture's size. Raises `Error`.
-void printToPdf(const QImage& picture, const QString& path);
+/// across; where neither does, a page of the picture's size. The title is what viewers show; the
+/// file's language is that of the person's system. Raises `Error`.
+void printToPdf(const QImage& picture, const QString& path, const QString& title);
+
+/// What a print of a Frame is called: the project, and the Frame's title or else its name.
+QString titleOfPrint(const Workspace& workspace, qint32 frame);
 
 }  // namespace nubivane

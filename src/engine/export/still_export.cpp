@@ -6,6 +6,7 @@
 #include "engine/export/export_stage.h"
 #include "engine/export/export_watcher.h"
 #include "engine/picture/image_codec.h"
+#include "engine/picture/jpeg_encoder.h"
 
 #include <QStringList>
 
@@ -23,9 +24,17 @@ PictureFormat formatOf(const QString& path) {
     static const QStringList known{u"bmp"_s, u"gif"_s, u"jpg"_s, u"png"_s, u"tif"_s};
     if (!known.contains(end)) {
         throw Error(error_number::UnsupportedFormat, u"DoSaveMap"_s, u"Unsupported format"_s,
-                    u"the name \""_s + path + u"\" ends in none of "_s + known.join(u", "_s));
+                    u"the name \""_s + host_files::toHost(path) + u"\" ends in none of "_s +
+                        known.join(u", "_s));
     }
     return formatOfExtension(end);
+}
+
+/// Coloured letters on a JPEG need colour as fine as brightness; the pages' maps have always done
+/// without, and their bytes are kept.
+QByteArray encoded(const QImage& picture, PictureFormat format) {
+    return format == PictureFormat::Jpeg ? encodeJpegWithFullColor(picture, JpegQuality)
+                                         : encodePicture(picture, format);
 }
 
 /// Writes what stands on a stage.
@@ -34,7 +43,7 @@ void writeStage(const ExportStage& stage, const QString& path, ExportWatcher& wa
     const QImage picture = stage.grabStage(0);
     watcher.showStage(picture);
     watcher.setProgress(70);
-    const QByteArray bytes = encodePicture(picture, formatOf(path));
+    const QByteArray bytes = encoded(picture, formatOf(path));
     host_files::writeHostFile(host_files::toHost(path), bytes);
     watcher.setProgress(90);
     watcher.setProgress(100);
@@ -49,7 +58,10 @@ class MapFileJob : public ExportJob {
         stage_.loadStageSprites(frame_);
     }
 
-    void save(ExportWatcher& watcher) override { writeStage(stage_, path_, watcher); }
+    void save(ExportWatcher& watcher) override {
+        remarkMissingLetters(frame_, watcher);
+        writeStage(stage_, path_, watcher);
+    }
 
   private:
     FrameContent frame_;
@@ -71,6 +83,7 @@ void saveMapFile(ExportStage& stage, const FrameContent& frame, const QString& p
                  ExportWatcher& watcher) {
     stage.loadMap(frame);
     stage.loadStageSprites(frame);
+    remarkMissingLetters(frame, watcher);
     writeStage(stage, path, watcher);
 }
 

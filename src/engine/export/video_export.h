@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/export/gif_export.h"
+#include "engine/video/video_writer.h"
 
 #include <QSize>
 #include <QString>
@@ -10,7 +11,8 @@ namespace nubivane {
 
 /// What a video of a Frame is made with.
 struct VideoOptions {
-    QSize size;           ///< pixels; a side that is not above 0 is the map's
+    QSize size;           ///< pixels; a side that is not above 0 follows from the other in the
+                          ///< map's proportions, both from the map
     int compression = 1;  ///< 1 to `MaxCompression`
 };
 
@@ -25,7 +27,7 @@ void saveAvi(Workspace& workspace, qint32 frame, const QString& AviFileName,
              const VideoOptions& options, ExportWatcher& watcher);
 
 /// The same as MP4, captured as a moving GIF in every case, with each picture shown exactly as long
-/// as the step between captures. Odd sides lose a pixel.
+/// as the step between captures. Odd sides lose a pixel, of which the watcher is told.
 void saveMp4(Workspace& workspace, qint32 frame, const QString& path, const VideoOptions& options,
              ExportWatcher& watcher);
 
@@ -33,6 +35,12 @@ void saveMp4(Workspace& workspace, qint32 frame, const QString& path, const Vide
 /// white sheet.
 void saveFilmMp4(Workspace& workspace, const QString& path, const FilmOptions& options,
                  ExportWatcher& watcher);
+
+/// The size of a video of a map where `asked` leaves sides open. A map that is larger than a video
+/// may be is scaled down whole. What is not asked for is such that the format has it, but for the
+/// map's own sides. Raises `Error` (OutOfRange) when the side that follows from the one asked for
+/// is none of a video.
+QSize sizeOfVideo(VideoFormat format, QSize asked, QSize map);
 
 /// Whole pictures a second at a step between them (ms), at least one.
 int framesPerSecond(qint64 interval);

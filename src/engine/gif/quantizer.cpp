@@ -88,8 +88,14 @@ void Quantizer::add(const std::vector<CountedColor>& colors) {
         entries.push_back({toLiq(color.color), color.pixels * WeightOfAPixel});
     }
     if (!entries.empty()) {
-        check(liq_histogram_add_colors(histogram_.get(), attributes_.get(), entries.data(),
-                                       static_cast<int>(entries.size()), 0));
+        const liq_error error =
+            liq_histogram_add_colors(histogram_.get(), attributes_.get(), entries.data(),
+                                     static_cast<int>(entries.size()), 0);
+        // A picture of more than a million colours has been counted in coarser ones, and the
+        // library takes no others then. Among so many some are near enough to each of these.
+        if (error != LIQ_UNSUPPORTED) {
+            check(error);
+        }
     }
 }
 

@@ -172,7 +172,7 @@ void ImageEx::AssembleGif(const FrameList& list, const QString& path,
     const QSize size = largest(list);
     const std::vector<qint64> delays = spreadDelays(list);
     const int count = static_cast<int>(list.size());
-    ReplacedFile file(path);
+    ReplacedFile file(host_files::toHost(path), Durability::Flushed);
     GifColors colors(quality);
     GifWriter writer(
         size, [&file](const QByteArray& bytes) { file.append(bytes); }, GifEffort::Quick);
@@ -202,7 +202,7 @@ void ImageEx::OptimizeGif(const QString& source, const QString& target, int mode
     }
     if (const std::optional<GifOutline> outline = gifOutline(gif); outline && outline->images > 0) {
         qint64 size = 0;
-        ReplacedFile file(target);
+        ReplacedFile file(host_files::toHost(target), Durability::Flushed);
         GifWriter writer(
             outline->size,
             [&](const QByteArray& bytes) {

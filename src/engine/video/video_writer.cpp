@@ -5,8 +5,7 @@
 #include "engine/core/host_files.h"
 #include "engine/core/replaced_file.h"
 
-#include <QFileInfo>
-#include <QTemporaryFile>
+#include <QThread>
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -28,6 +27,22 @@ namespace {
 constexpr int BufferBytes = 64 * 1024;
 constexpr int MjpegQuality = 2;       // 2 is best, 31 is least
 constexpr char H264Quality[] = "18";  // 0 is lossless, 51 is least; 18 looks like the original
+
+/// A video larger than those of television is written with fewer pictures held at a time, to
+/// compare them and to work on several side by side. It comes out some hundredths longer, and needs
+/// a third of the memory.
+constexpr qint64 LargePixels = 2'500'000;
+constexpr int LookaheadOfLarge = 4;
+
+bool isLarge(QSize size) {
+    return qint64{size.width()} * size.height() > LargePixels;
+}
+
+/// Cores that work on a video, each on a picture of its own; 0 stands for all.
+int threadsFor(VideoFormat format, QSize size) {
+    const int most = format == VideoFormat::Mp4 ? 1 : 2;
+    return isLarge(size) ? std::min(most, QThread::idealThreadCount()) : 0;
+}
 
 [[noreturn]] void fail(const QString& cause) {
     throw Error(error_number::InvalidVideo, u"video"_s, u"Cannot encode the video."_s, cause);
@@ -80,17 +95,6 @@ struct FreeContext {
 template <class T>
 using Handle = std::unique_ptr<T, FreeContext>;
 
-/// A file beside a target that goes with this object.
-std::unique_ptr<QTemporaryFile> scratchBeside(const QString& path) {
-    const QFileInfo target(host_files::toHost(path));
-    auto file = std::make_unique<QTemporaryFile>(target.absolutePath() + u"/.video-XXXXXX"_s);
-    if (!file->open()) {
-        throw Error(error_number::FileAccess, u"file"_s,
-                    u"Cannot write "_s + target.filePath() + u"."_s, file->errorString());
-    }
-    return file;
-}
-
 /// What a format needs to be told.
 struct FormatRow {
     const char* container;
@@ -112,10 +116,7 @@ constexpr FormatRow rowOf(VideoFormat format) {
 class VideoWriter::Encoder {
   public:
     Encoder(const QString& path, VideoFormat format, QSize size, VideoRate rate)
-        : row_(rowOf(format)), size_(size), file_(path) {
-        if (format == VideoFormat::Mp4) {
-            scratch_ = scratchBeside(path);
-        }
+        : row_(rowOf(format)), size_(size), file_(host_files::toHost(path), Durability::Flushed) {
         openContainer();
         openCodec(format, rate);
         frame_.reset(checked(av_frame_alloc()));
@@ -124,7 +125,7 @@ class VideoWriter::Encoder {
         frame_->height = size.height();
         check(av_frame_get_buffer(frame_.get(), 0));
         packet_.reset(checked(av_packet_alloc()));
-        writeHeader();
+        writeHeader(format);
     }
 
     void add(const QImage& picture) {
@@ -144,21 +145,16 @@ class VideoWriter::Encoder {
         encode(nullptr);
         check(av_write_trailer(container_.get()));
         avio_flush(io_.get());
-        if (scratch_) {
-            takeOver();
-        }
         file_.commit();
     }
 
   private:
-    QFileDevice& device() { return scratch_ ? *scratch_ : file_.device(); }
-
-    void writeHeader() {
+    void writeHeader(VideoFormat format) {
         AVDictionary* options = nullptr;
-        if (scratch_) {
+        if (format == VideoFormat::Mp4) {
             // The table of contents goes to the front, so that a page plays what it has loaded. For
             // that the library reads its own file again.
-            const QByteArray url = "file:" + QFile::encodeName(scratch_->fileName());
+            const QByteArray url = "file:" + QFile::encodeName(file_.temporaryPath());
             container_->url = checked(av_strdup(url.constData()));
             check(av_dict_set(&options, "movflags", "+faststart", 0));
         }
@@ -167,25 +163,13 @@ class VideoWriter::Encoder {
         check(result);
     }
 
-    void takeOver() {
-        constexpr qint64 Piece = 1 << 20;
-        scratch_->seek(0);
-        for (QByteArray bytes = scratch_->read(Piece); !bytes.isEmpty();
-             bytes = scratch_->read(Piece)) {
-            file_.append(bytes);
-        }
-        if (scratch_->error() != QFileDevice::NoError) {
-            fail(scratch_->errorString());
-        }
-    }
-
     void openContainer() {
         AVFormatContext* container = nullptr;
         check(avformat_alloc_output_context2(&container, nullptr, row_.container, nullptr));
         container_.reset(container);
         auto* buffer = static_cast<unsigned char*>(checked(av_malloc(BufferBytes)));
-        io_.reset(checked(
-            avio_alloc_context(buffer, BufferBytes, 1, &device(), nullptr, writePacket, seek)));
+        io_.reset(checked(avio_alloc_context(buffer, BufferBytes, 1, &file_.device(), nullptr,
+                                             writePacket, seek)));
         container_->pb = io_.get();
         // The same pictures give the same file.
         container_->flags |= AVFMT_FLAG_BITEXACT;
@@ -203,7 +187,7 @@ class VideoWriter::Encoder {
         codec_->time_base = {rate.seconds, rate.count};
         codec_->framerate = {rate.count, rate.seconds};
         codec_->colorspace = AVCOL_SPC_SMPTE170M;  // to which the pictures are scaled
-        codec_->thread_count = 0;                  // as many as there are cores
+        codec_->thread_count = threadsFor(format, size_);
         if (format == VideoFormat::Avi) {
             codec_->color_range = AVCOL_RANGE_JPEG;
             codec_->flags |= AV_CODEC_FLAG_QSCALE;
@@ -213,6 +197,11 @@ class VideoWriter::Encoder {
             codec_->color_primaries = AVCOL_PRI_SMPTE170M;
             codec_->color_trc = AVCOL_TRC_SMPTE170M;
             check(av_opt_set(codec_->priv_data, "crf", H264Quality, 0));
+            if (isLarge(size_)) {
+                codec_->refs = 1;
+                codec_->max_b_frames = 0;
+                check(av_opt_set_int(codec_->priv_data, "rc-lookahead", LookaheadOfLarge, 0));
+            }
         }
         if (container_->oformat->flags & AVFMT_GLOBALHEADER) {
             codec_->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
@@ -252,7 +241,6 @@ class VideoWriter::Encoder {
     FormatRow row_;
     QSize size_;
     ReplacedFile file_;
-    std::unique_ptr<QTemporaryFile> scratch_;  ///< where the whole is put in order first, if at all
     Handle<AVIOContext> io_;
     Handle<AVFormatContext> container_;
     Handle<AVCodecContext> codec_;

@@ -144,8 +144,8 @@ TEST_F(ExportStageTest, OnlyALabelWithoutABackColourLetsTheMapShowThrough) {
 TEST_F(ExportStageTest, OverlineAndStrikeOutAreNotCarriedOver) {
     cLabel& label = addLabel("Rain", {5, 6});
     const QImage plain = rendered();
-    label.FontOverline = true;
-    label.FontStrikethourht = true;
+    label.Font.Overline = true;
+    label.Font.Strikeout = true;
     EXPECT_EQ(rendered(), plain);
 }
 

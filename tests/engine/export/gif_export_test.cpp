@@ -5,6 +5,7 @@
 #include "engine/export/export_stage.h"
 #include "engine/export/stage_fixture.h"
 #include "engine/gif/gif_reader.h"
+#include "engine/picture/image_codec.h"
 #include "engine/picture/made_pictures.h"
 
 #include <numeric>
@@ -39,6 +40,31 @@ class Film : public StageFixture {
 };
 
 }  // namespace
+
+TEST_F(AniGif, AMapThatWouldTakeTooMuchMemoryIsRefusedBeforeItIsDecoded) {
+    QImage map(4001, 2000, QImage::Format_Mono);
+    map.fill(0);
+    workspace.pctPanel.setPicture(1, Picture::fromEncoded(encodePicture(map, PictureFormat::Png)));
+    try {
+        save();
+        ADD_FAILURE() << "it was written";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.description(), "The map is too large for a moving GIF.");
+        EXPECT_TRUE(error.cause().startsWith("4001 x 2000 pixels")) << error.what();
+    }
+    EXPECT_EQ(outputs(), QStringList());
+    EXPECT_EQ(watcher.told, QStringList());
+}
+
+TEST_F(Film, AMapThatWouldTakeTooMuchMemoryIsRefused) {
+    // Together their sheet is too large, none of them alone.
+    for (const QSize size : {QSize(6000, 10), QSize(10, 6000)}) {
+        workspace.pctPanel.setPicture(size.width() > 100 ? 1 : 2,
+                                      Picture(plainImage(size, Qt::red)));
+    }
+    EXPECT_THROW(save({}), Error);
+    EXPECT_EQ(outputs(), QStringList());
+}
 
 TEST_F(AniGif, AFrameWithoutMovementIsOneImageOfHalfASecondTimesTheCompression) {
     const std::array delays = {50, 100, 150};

@@ -2,6 +2,7 @@
 #include "engine/export/print_export.h"
 
 #include "engine/core/error.h"
+#include "engine/export/pdf_language.h"
 #include "engine/export/stage_fixture.h"
 #include "engine/picture/made_pictures.h"
 #include "support/processes.h"
@@ -12,7 +13,7 @@ namespace {
 
 class PrintExport : public StageFixture {
   protected:
-    void print(const QImage& picture) { printToPdf(picture, output("a.pdf")); }
+    void print(const QImage& picture) { printToPdf(picture, output("a.pdf"), "week: Monday"); }
 
     /// The page at 96 pixels to the inch.
     QImage page() {
@@ -93,8 +94,56 @@ TEST_F(PrintExport, TheCanvasIsPrintedWithoutItsFirstRowAndColumn) {
     EXPECT_EQ(canvas.pixel(0, 20), CanvasFrameColor);
 }
 
+TEST_F(PrintExport, ThePdfHasATitleAndALanguage) {
+    print(shaded({30, 20}));
+    const ProcessResult info = runProgram("pdfinfo", {outputHost("a.pdf")});
+    EXPECT_EQ(info.exitCode, 0);
+    EXPECT_EQ(info.err, "");
+    EXPECT_TRUE(info.out.contains("week: Monday\n")) << info.out.toStdString();
+    EXPECT_TRUE(info.out.contains("Pages:           1\n"));
+    const QByteArray pdf = readFile(outputHost("a.pdf"));
+    EXPECT_TRUE(pdf.contains("/Lang (")) << "no language";
+    EXPECT_EQ(pdf.count("%%EOF"), 2);
+}
+
+TEST(PdfLanguage, StandsInACatalogueThatTakesTheFirstOnesPlace) {
+    const QByteArray object = "1 0 obj\n<<\n/Type /Catalog\n/Pages 2 0 R\n>>\nendobj\n";
+    const QByteArray head = "%PDF-1.4\n";
+    const QByteArray table = "xref\n0 2\n0000000000 65535 f \n0000000009 00000 n \n";
+    const QByteArray pdf = head + object + table +
+                           "trailer\n<<\n/Size 2\n/Root 1 0 R\n>>\nstartxref\n" +
+                           QByteArray::number(head.size() + object.size()) + "\n%%EOF\n";
+    const QByteArray told = pdfWithLanguage(pdf, "de-AT");
+    ASSERT_TRUE(told.startsWith(pdf));
+    const QByteArray update = told.mid(pdf.size());
+    EXPECT_TRUE(update.startsWith(
+        "1 0 obj\n<<\n/Type /Catalog\n/Pages 2 0 R\n/Lang (de-AT)\n>>\nendobj\nxref\n1 1\n" +
+        QByteArray::number(pdf.size()).rightJustified(10, '0') + " 00000 n \n"))
+        << update.toStdString();
+    EXPECT_TRUE(update.contains("/Prev " + QByteArray::number(head.size() + object.size())));
+}
+
+TEST(PdfLanguage, AFileOfAnotherBuildComesBackAsItIs) {
+    for (const QByteArray& pdf :
+         {QByteArray(), QByteArray("%PDF-1.4"), QByteArray("trailer <</Root 1 0 R>> startxref 5"),
+          QByteArray("startxref\n0\ntrailer\n<</Root 9 0 R>>\nstartxref\n0\n"),
+          QByteArray(
+              "xref\n0 1\n0000000000 65535 f \ntrailer\n<<\n/Root 5 0 R\n>>\nstartxref\n0\n")}) {
+        EXPECT_EQ(pdfWithLanguage(pdf, "en"), pdf) << pdf.toStdString();
+    }
+}
+
+TEST_F(PrintExport, IsCalledAfterTheProjectAndTheFramesTitleOrName) {
+    EXPECT_EQ(titleOfPrint(workspace, 1), workspace.Frames().Item(1).Texts().Label);
+    workspace.Status.CurrentProject = "C:\\maps\\week.nvpf";
+    workspace.Frames().Item(1).Texts().Label = "Monday";
+    EXPECT_EQ(titleOfPrint(workspace, 1), "week: Monday");
+    workspace.Frames().Item(1).Texts().Forecast().Title().Text = "Storm in\nthe north";
+    EXPECT_EQ(titleOfPrint(workspace, 1), "week: Storm in the north");
+}
+
 TEST_F(PrintExport, AFolderThatIsNotThereIsTold) {
-    EXPECT_THROW(printToPdf(shaded({30, 20}), output("none\\a.pdf")), Error);
+    EXPECT_THROW(printToPdf(shaded({30, 20}), output("none\\a.pdf"), {}), Error);
     EXPECT_EQ(outputs(), QStringList());
 }
 

@@ -13,11 +13,13 @@ namespace nubivane::testing {
 class RecordingWatcher : public ExportWatcher {
   public:
     QStringList told;
+    QStringList remarks;
     int rounds = 0;
 
     void setCaption(const QString& text) override { told << text; }
     void setProgress(int percent) override { told << QString::number(percent); }
     void working() override { ++rounds; }
+    void remark(const QString& sentence) override { remarks << sentence; }
 };
 
 /// A workspace with a blue map of 60 x 40 pixels, and sprites put on its Frames.
@@ -43,15 +45,27 @@ class StageFixture : public WorkspaceFixture {
     cSymbol& addSymbol(const QString& file, QPoint position, qint32 frame = 1,
                        const QString& name = "gifSymbol") {
         const QString path = model("Symbols/set-1/" + file);
-        return sprites(frame).Symbols().Add(static_cast<qint16>(frame), name, 0, 99, 99,
-                                            position.x(), position.y(), path, path, {}, {}, {});
+        return sprites(frame).Symbols().add({.Name = name,
+                                             .Frame = static_cast<qint16>(frame),
+                                             .PosX = position.x(),
+                                             .PosY = position.y(),
+                                             .Width = 99,
+                                             .Height = 99,
+                                             .FileGif = path,
+                                             .PathFileGif = path});
     }
 
     cLabel& addLabel(const QString& text, QPoint position, qint32 backColor = -1, qint32 frame = 1,
                      const QString& name = "lblTesto") {
-        return sprites(frame).Labels().Add(static_cast<qint16>(frame), name, 0, 99, 99,
-                                           position.x(), position.y(), text, "Arial", "10", false,
-                                           false, false, false, false, backColor, 0, "0", 0, {});
+        return sprites(frame).Labels().add({.Name = name,
+                                            .Frame = static_cast<qint16>(frame),
+                                            .Width = 99,
+                                            .Height = 99,
+                                            .Font = {.Name = "Arial", .Size = 10},
+                                            .BackColor = backColor,
+                                            .PosX = position.x(),
+                                            .PosY = position.y(),
+                                            .Text = text});
     }
 
     QString output(const QString& name) const { return model("out/" + name); }

@@ -5,6 +5,7 @@
 #include "engine/export/export_stage.h"
 #include "engine/export/stage_fixture.h"
 #include "engine/picture/image_codec.h"
+#include "engine/picture/jpeg_encoder.h"
 
 namespace nubivane::testing {
 
@@ -43,6 +44,8 @@ TEST_F(StillExport, WritesTheStageInEachFormat) {
     const QByteArray jpeg = readFile(outputHost("a.jpg"));
     EXPECT_EQ(probePicture(jpeg).format, PictureFormat::Jpeg);
     EXPECT_EQ(probePicture(jpeg).size, QSize(60, 40));
+    // Its colours are as fine as its brightness, and its quality is that of the pages' maps.
+    EXPECT_EQ(jpeg, encodeJpegWithFullColor(stage, JpegQuality));
 }
 
 TEST_F(StillExport, AMovingSymbolShowsItsFirstImage) {

@@ -195,4 +195,47 @@ TEST_F(VideoExport, AFilmAsMp4HasOnePictureForEachFrame) {
     EXPECT_GT(qBlue(last.pixel(150, 110)), 240);
 }
 
+TEST(SizeOfVideo, OneSideKeepsTheMapsProportions) {
+    using enum VideoFormat;
+    EXPECT_EQ(sizeOfVideo(Avi, {400, 0}, {800, 600}), QSize(400, 300));
+    EXPECT_EQ(sizeOfVideo(Avi, {0, 300}, {800, 600}), QSize(400, 300));
+    EXPECT_EQ(sizeOfVideo(Avi, {320, 0}, {498, 300}), QSize(320, 193));
+    EXPECT_EQ(sizeOfVideo(Avi, {320, 0}, {1000, 702}), QSize(320, 225));
+    EXPECT_EQ(sizeOfVideo(Avi, {320, 288}, {498, 300}), QSize(320, 288));
+    EXPECT_EQ(sizeOfVideo(Avi, {}, {499, 301}), QSize(499, 301));
+}
+
+TEST(SizeOfVideo, TheSideThatFollowsIsOneThatMp4Holds) {
+    using enum VideoFormat;
+    EXPECT_EQ(sizeOfVideo(Mp4, {320, 0}, {498, 300}), QSize(320, 192));
+    EXPECT_EQ(sizeOfVideo(Mp4, {0, 200}, {498, 300}), QSize(332, 200));
+}
+
+TEST(SizeOfVideo, ASideThatNoVideoHasIsRefused) {
+    using enum VideoFormat;
+    EXPECT_THROW(sizeOfVideo(Avi, {4000, 0}, {100, 200}), Error);
+    EXPECT_THROW(sizeOfVideo(Avi, {10, 0}, {1000, 20}), Error);
+    EXPECT_THROW(sizeOfVideo(Avi, {0, 4096}, {16384, 1}), Error);
+}
+
+TEST(SizeOfVideo, AMapLargerThanAVideoIsScaledDownWhole) {
+    using enum VideoFormat;
+    EXPECT_EQ(sizeOfVideo(Avi, {}, {8192, 3000}), QSize(4096, 1500));
+    EXPECT_EQ(sizeOfVideo(Mp4, {}, {2999, 8192}), QSize(1498, 4096));
+}
+
+TEST_F(VideoExport, AnOddSizeIsToldOfAnMp4AndKeptByAnAvi) {
+    workspace.pctPanel.setPicture(1, Picture(shaded({201, 151})));
+    saveMp4(workspace, 1, output("a.mp4"), {}, watcher);
+    EXPECT_EQ(watcher.remarks,
+              QStringList({"The video has 200 x 150 pixels instead of 201 x 151: MP4 holds even "
+                           "sides alone."}));
+    watcher.remarks.clear();
+    saveAvi(workspace, 1, output("a.avi"), {}, watcher);
+    saveMp4(workspace, 1, output("b.mp4"), {.size = {100, 0}}, watcher);
+    EXPECT_EQ(watcher.remarks, QStringList());
+    saveFilmMp4(workspace, output("film.mp4"), {.FrameInterval = 100}, watcher);
+    EXPECT_EQ(watcher.remarks.size(), 1);
+}
+
 }  // namespace nubivane::testing

@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/picture/jpeg_encoder.h"
+
+#include "engine/core/error.h"
+
+#include <QPainter>
+
+#include <cstdio>
+// Needs <cstdio> before it.
+#include <jpeglib.h>
+
+#include <array>
+#include <csetjmp>
+#include <cstdlib>
+#include <vector>
+
+namespace nubivane {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int PixelsPerInch = 96;
+constexpr int Channels = 3;
+
+/// The library's error handler, with what it has to say.
+struct Failure {
+    jpeg_error_mgr handler;  ///< first: the library hands it back by its address
+    std::jmp_buf giveUp;
+    std::array<char, JMSG_LENGTH_MAX> text;
+};
+
+[[noreturn]] void onError(j_common_ptr file) {
+    auto& failure = *reinterpret_cast<Failure*>(file->err);
+    file->err->format_message(file, failure.text.data());
+    std::longjmp(failure.giveUp, 1);
+}
+
+void onWarning(j_common_ptr, int) {}
+
+struct Output {
+    unsigned char* bytes = nullptr;  ///< the library's, from malloc
+    unsigned long size = 0;
+};
+
+QImage opaque(const QImage& image) {
+    if (!image.hasAlphaChannel()) {
+        return image.convertToFormat(QImage::Format_RGB32);
+    }
+    QImage sheet(image.size(), QImage::Format_RGB32);
+    sheet.fill(Qt::white);
+    QPainter(&sheet).drawImage(0, 0, image);
+    return sheet;
+}
+
+void start(jpeg_compress_struct& file, QSize size, int quality) {
+    file.image_width = static_cast<JDIMENSION>(size.width());
+    file.image_height = static_cast<JDIMENSION>(size.height());
+    file.input_components = Channels;
+    file.in_color_space = JCS_RGB;
+    jpeg_set_defaults(&file);
+    jpeg_set_quality(&file, quality, TRUE);
+    // Brightness has a place for each pixel anyway; this gives colour as many.
+    file.comp_info[0].h_samp_factor = 1;
+    file.comp_info[0].v_samp_factor = 1;
+    file.optimize_coding = TRUE;
+    file.density_unit = 1;  // pixels per inch
+    file.X_density = PixelsPerInch;
+    file.Y_density = PixelsPerInch;
+    jpeg_start_compress(&file, TRUE);
+}
+
+/// Nothing with a destructor may live here: an error jumps out.
+bool encode(jpeg_compress_struct& file, Failure& failure, const QImage& image, int quality,
+            std::vector<JSAMPLE>& row, Output& output) {
+    if (setjmp(failure.giveUp)) {
+        return false;
+    }
+    jpeg_mem_dest(&file, &output.bytes, &output.size);
+    start(file, image.size(), quality);
+    JSAMPROW line = row.data();
+    for (int y = 0; y < image.height(); ++y) {
+        const auto* pixels = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        JSAMPLE* next = line;
+        for (int x = 0; x < image.width(); ++x) {
+            *next++ = static_cast<JSAMPLE>(qRed(pixels[x]));
+            *next++ = static_cast<JSAMPLE>(qGreen(pixels[x]));
+            *next++ = static_cast<JSAMPLE>(qBlue(pixels[x]));
+        }
+        jpeg_write_scanlines(&file, &line, 1);
+    }
+    jpeg_finish_compress(&file);
+    return true;
+}
+
+}  // namespace
+
+QByteArray encodeJpegWithFullColor(const QImage& image, int quality) {
+    const QImage picture = opaque(image);
+    std::vector<JSAMPLE> row(static_cast<std::size_t>(picture.width()) * Channels + 1);
+    Failure failure{};
+    jpeg_compress_struct file{};
+    file.err = jpeg_std_error(&failure.handler);
+    failure.handler.error_exit = onError;
+    failure.handler.emit_message = onWarning;
+    jpeg_create_compress(&file);
+    Output output;
+    const bool done = encode(file, failure, picture, quality, row, output);
+    jpeg_destroy_compress(&file);
+    const QByteArray bytes(reinterpret_cast<const char*>(output.bytes),
+                           done ? static_cast<qsizetype>(output.size) : 0);
+    std::free(output.bytes);
+    if (!done) {
+        throw Error(error_number::InvalidPicture, u"picture"_s, u"Invalid picture."_s,
+                    QString::fromLatin1(failure.text.data()));
+    }
+    return bytes;
+}
+
+}  // namespace nubivane
