@@ -6,6 +6,9 @@
 #include "engine/core/settings_store.h"
 #include "engine/model/workspace.h"
 
+#include <QFile>
+#include <QSet>
+
 namespace nubivane {
 
 using namespace Qt::StringLiterals;
@@ -13,6 +16,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QLatin1String Up("..\\");
+constexpr int ResponsiveType = 5;              ///< of the setting
+constexpr char Doctype[] = "<!DOCTYPE html>";  ///< the other types' pages have none
 
 class PlanBuilder {
   public:
@@ -91,6 +96,37 @@ class PlanBuilder {
         for (qint32 i = 1; i <= workspace_.Frames().Count(); ++i) {
             const QString file = name + QString::number(i) + u".jpg"_s;
             sendIfThere(workspace_.folder.web() + u'\\' + file, u"Web/"_s + file, false);
+        }
+        if (isResponsive(name)) {
+            responsivePage(name);
+        }
+    }
+
+    /// The page may have been made of this type without the settings knowing.
+    bool isResponsive(const QString& name) const {
+        if (workspace_.settings.number(Setting::PageType) == ResponsiveType) {
+            return true;
+        }
+        QFile page(host_files::toHost(workspace_.folder.entry(name + u".htm"_s)));
+        return page.open(QIODevice::ReadOnly) && page.read(qstrlen(Doctype)) == Doctype;
+    }
+
+    /// Its further files, and the pictures of "Web" that are not yet in the plan. Without its style
+    /// the page would not be what was made.
+    void responsivePage(const QString& name) {
+        sendIfThere(workspace_.folder.entry(name + u".css"_s), name + u".css"_s, true);
+        for (const QString& file : {name + u"-custom.css"_s, name + u".json"_s}) {
+            sendIfThere(workspace_.folder.entry(file), file, false);
+        }
+        QSet<QString> sent;
+        for (const cUpload& step : plan_) {
+            sent += step.Param2;
+        }
+        const QString web = workspace_.folder.web();
+        for (const QString& file : plain(host_files::fileNames(web))) {
+            if (file.startsWith(name) && !sent.contains(u"Web/"_s + file)) {
+                send(web + u'\\' + file, u"Web/"_s + file, false);
+            }
         }
     }
 

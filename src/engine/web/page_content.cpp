@@ -46,17 +46,17 @@ class Colors {
 template <class Styled>
 TextLook lookOf(const Styled& object, const Colors& colors) {
     TextLook look{
-        .family = plainLine(object.FontName),
-        .points = std::clamp(static_cast<int>(object.FontSize), SmallestFont, LargestFont),
-        .bold = object.FontBold,
-        .italic = object.FontItalic,
-        .underline = object.FontUnderline,
-        .overline = object.FontOverline,
-        .strikeOut = object.FontStrikethourht,
+        .family = plainLine(object.Font.Name),
+        .points = std::clamp(static_cast<int>(object.Font.Size), SmallestFont, LargestFont),
+        .bold = object.Font.Bold,
+        .italic = object.Font.Italic,
+        .underline = object.Font.Underline,
+        .overline = object.Font.Overline,
+        .strikeOut = object.Font.Strikeout,
         .back = colors.of(object.BackColor),
     };
-    if (object.Forecolor > 0 || look.back) {
-        look.ink = colors.of(object.Forecolor).value_or(qRgb(0, 0, 0));
+    if (object.Font.Color > 0 || look.back) {
+        look.ink = colors.of(object.Font.Color).value_or(qRgb(0, 0, 0));
     }
     if constexpr (requires { object.Border; }) {
         if (object.Border != 0) {

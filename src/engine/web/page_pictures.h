@@ -40,7 +40,7 @@ struct PagePictures {
 /// Quality (0 to 100) of a page's WebP pictures: at this one the differences from the JPEG beside
 /// it disappear in what that has lost itself, in half its bytes (figures in bench/README.md).
 inline constexpr int WebpQuality = 82;
-inline constexpr int IconSide = 96;  ///< pixels
+inline constexpr int IconSide = 64;  ///< pixels
 
 /// Where a sprite stands on the map, in pixels. What a file holds may be any number: far outside,
 /// one place is as good as another.

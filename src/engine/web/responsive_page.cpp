@@ -190,8 +190,12 @@ void ResponsivePage::writeMap(TextLines& out, const PeriodContent& period, bool 
             alternative += u". "_s + line;
         }
     }
+    // The parameter means nothing. But WebKit's search for what to load ahead takes any WebP
+    // picture that it meets, lazy or not, unless the type is one that it does not know at first
+    // sight.
+    const QString type = first ? u"image/webp"_s : u"image/webp;loading=lazy"_s;
     out << "<div class=\"map\">"_L1
-        << u"<picture><source type=\"image/webp\""_s +
+        << u"<picture><source"_s + attribute("type"_L1, type) +
                attribute("srcset"_L1, urlPath(period.map.webp)) + u"><img"_s +
                (first ? u" fetchpriority=\"high\""_s : u" loading=\"lazy\""_s) +
                attribute("src"_L1, urlPath(period.map.jpeg)) + sizes(content_.map) +

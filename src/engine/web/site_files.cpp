@@ -4,6 +4,7 @@
 #include "engine/core/error.h"
 #include "engine/core/host_files.h"
 #include "engine/core/parallel.h"
+#include "engine/core/replaced_file.h"
 #include "engine/core/settings_store.h"
 #include "engine/core/shell.h"
 #include "engine/core/windows1252.h"
@@ -47,6 +48,13 @@ class MapImages {
     }
     QString hostPath(const QString& name) const {
         return host_files::toHost(folder_) + u'/' + name;
+    }
+
+    /// Raises `Error` when something stands in the place of one that must not be replaced.
+    void requireReplaceable() const {
+        for (const QString& file : names()) {
+            nubivane::requireReplaceable(hostPath(file));
+        }
     }
 
     /// Writes them while `waiting` runs on the calling thread now and then. Raises `Error`.
@@ -139,6 +147,7 @@ QStringList writeMapImages(Editor editor, const std::function<void()>& meanwhile
         host_files::removeFiles(workspace.folder.web());  // no page's pictures are left
         throw;
     }
+    images->requireReplaceable();
     const InputGuard noInput(editor.view);  // a second page would take away this one's files
     images->write([&] {
         meanwhile();
@@ -149,16 +158,6 @@ QStringList writeMapImages(Editor editor, const std::function<void()>& meanwhile
         files += images->hostPath(name);
     }
     return files;
-}
-
-/// The page among the files of a site.
-QString pageOf(const QStringList& files) {
-    for (const QString& file : files) {
-        if (file.endsWith(QLatin1String(".htm"))) {
-            return file;
-        }
-    }
-    return {};
 }
 
 QStringList writePage(const PageTexts& texts) {
@@ -244,7 +243,7 @@ std::optional<QStringList> createPage(Editor editor, std::optional<PageType> typ
         editor.shell.processEvents();
         editor.view.selectFirstFrame();
         editor.shell.processEvents();
-        editor.shell.openInBrowser(pageOf(*files));
+        editor.shell.openInBrowser(pageAmong(*files));
         editor.shell.processEvents();
         return files;
     } catch (const Error& error) {
@@ -273,6 +272,15 @@ std::optional<QStringList> createSite(Editor editor, const QString& hostFolder,
         tellFailure(editor, error);
         return std::nullopt;
     }
+}
+
+QString pageAmong(const QStringList& files) {
+    for (const QString& file : files) {
+        if (file.endsWith(QLatin1String(".htm"))) {
+            return file;
+        }
+    }
+    return {};
 }
 
 void mnuPreview(Editor editor) {

@@ -24,6 +24,9 @@ std::optional<QStringList> createPage(Editor editor, std::optional<PageType> typ
 std::optional<QStringList> createSite(Editor editor, const QString& hostFolder,
                                       std::optional<PageType> type = std::nullopt);
 
+/// The page among the files that `createPage` or `createSite` returned.
+QString pageAmong(const QStringList& files);
+
 /// Opens the page of the name that the preview looks for, if there is one. The preview does not
 /// follow the name of the page settings.
 void mnuPreview(Editor editor);

@@ -7,22 +7,56 @@ namespace nubivane {
 
 using namespace Qt::StringLiterals;
 
+QString textDecoration(const FontStyle& font) {
+    if (!font.Underline && !font.Overline && !font.Strikeout) {
+        return {};
+    }
+    QString style = u" TEXT-DECORATION:"_s;
+    if (font.Underline) {
+        style += u" underline;"_s;
+    }
+    if (font.Overline) {
+        style += u" overline;"_s;
+    }
+    if (font.Strikeout) {
+        style += u" line-through;"_s;
+    }
+    return style;
+}
+
+QString buildTextStyle(const FontStyle& font, qint32 backColor, const ColorTable& colors) {
+    QString style;
+    if (backColor != NoColor) {
+        style += u" BACKGROUND-COLOR: "_s + colors.webColor(backColor) + u';';
+    }
+    style += u" COLOR: "_s + colors.webColor(font.Color) + u';';
+    style += u" FONT-FAMILY: "_s + font.Name + u';';
+    style += u" FONT-SIZE: "_s + QString::number(font.Size) + u"pt;"_s;
+    if (font.Italic) {
+        style += u" FONT-STYLE: italic;"_s;
+    }
+    if (font.Bold) {
+        style += u" FONT-WEIGHT: bold;"_s;
+    }
+    return style + textDecoration(font);
+}
+
 QString buildFontElement(const TextItem& item, const ColorTable& colors) {
-    QString element = u"  <FONT style=\" FONT-FAMILY: "_s + item.FontName + u"; FONT-SIZE: "_s +
-                      QString::number(item.FontSize) + u"pt;"_s;
-    if (item.Forecolor != NoColor) {
-        element += u" COLOR: "_s + colors.webColor(item.Forecolor) + u';';
+    QString element = u"  <FONT style=\" FONT-FAMILY: "_s + item.Font.Name + u"; FONT-SIZE: "_s +
+                      QString::number(item.Font.Size) + u"pt;"_s;
+    if (item.Font.Color != NoColor) {
+        element += u" COLOR: "_s + colors.webColor(item.Font.Color) + u';';
     }
     if (item.BackColor != NoColor) {
         element += u" BACKGROUND-COLOR: "_s + colors.webColor(item.BackColor) + u';';
     }
-    if (item.FontBold) {
+    if (item.Font.Bold) {
         element += u" FONT-WEIGHT: bold;"_s;
     }
-    if (item.FontItalic) {
+    if (item.Font.Italic) {
         element += u" FONT-STYLE: italic;"_s;
     }
-    element += textDecoration(item) + u"\">"_s + item.Text + u"</FONT>"_s;
+    element += textDecoration(item.Font) + u"\">"_s + item.Text + u"</FONT>"_s;
     return element;
 }
 

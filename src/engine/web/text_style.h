@@ -9,43 +9,16 @@
 namespace nubivane {
 
 /// " TEXT-DECORATION:" and what is set of underline, overline and line-through; empty when nothing
-/// is. Serves every object with these three flags.
-template <class Styled>
-QString textDecoration(const Styled& object) {
-    if (!object.FontUnderline && !object.FontOverline && !object.FontStrikethourht) {
-        return {};
-    }
-    QString style = QStringLiteral(" TEXT-DECORATION:");
-    if (object.FontUnderline) {
-        style += QStringLiteral(" underline;");
-    }
-    if (object.FontOverline) {
-        style += QStringLiteral(" overline;");
-    }
-    if (object.FontStrikethourht) {
-        style += QStringLiteral(" line-through;");
-    }
-    return style;
-}
+/// is.
+QString textDecoration(const FontStyle& font);
 
 /// CSS of a title, subtitle or label. Raises `Error` for a colour that pages cannot show.
+QString buildTextStyle(const FontStyle& font, qint32 backColor, const ColorTable& colors);
+
+/// The same for a record.
 template <class Styled>
 QString buildTextStyle(const Styled& object, const ColorTable& colors) {
-    QString style;
-    if (object.BackColor != NoColor) {
-        style += QStringLiteral(" BACKGROUND-COLOR: ") + colors.webColor(object.BackColor) + u';';
-    }
-    style += QStringLiteral(" COLOR: ") + colors.webColor(object.Forecolor) + u';';
-    style += QStringLiteral(" FONT-FAMILY: ") + object.FontName + u';';
-    style +=
-        QStringLiteral(" FONT-SIZE: ") + QString::number(object.FontSize) + QStringLiteral("pt;");
-    if (object.FontItalic) {
-        style += QStringLiteral(" FONT-STYLE: italic;");
-    }
-    if (object.FontBold) {
-        style += QStringLiteral(" FONT-WEIGHT: bold;");
-    }
-    return style + textDecoration(object);
+    return buildTextStyle(object.Font, object.BackColor, colors);
 }
 
 /// A FONT element of the forecast text. Bold stands before italic here.

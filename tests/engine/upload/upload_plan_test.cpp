@@ -158,6 +158,30 @@ TEST_F(Plan, NamesThatCannotBeToldFromAPathAreLeftOut) {
     EXPECT_EQ(plan(true, true, false), folders + symbolFiles + mapsFolder);
 }
 
+TEST_F(Plan, AResponsivePageHasFurtherFiles) {
+    useFrames(2);
+    add({"Forecast.js", "Forecast.css", "Forecast.json", "Forecast-custom.css", "Web/Forecast1.jpg",
+         "Web/Forecast1.webp", "Web/Forecast-card.jpg", "Web/Other.jpg"});
+    writeFile(host("Forecast.htm"), "<!DOCTYPE html>\r\n<html lang=\"en\">");
+    const QStringList further{
+        "UPLOAD <program folder>\\Forecast.css -> Forecast.css !",
+        "UPLOAD <program folder>\\Forecast-custom.css -> Forecast-custom.css",
+        "UPLOAD <program folder>\\Forecast.json -> Forecast.json",
+        "UPLOAD <program folder>\\Web\\Forecast-card.jpg -> Web/Forecast-card.jpg",
+        "UPLOAD <program folder>\\Web\\Forecast1.webp -> Web/Forecast1.webp"};
+    const QStringList always{"UPLOAD <program folder>\\Forecast.htm -> Forecast.htm !",
+                             "UPLOAD <program folder>\\Forecast.js -> Forecast.js !",
+                             "UPLOAD <program folder>\\Web\\Forecast1.jpg -> Web/Forecast1.jpg"};
+    EXPECT_EQ(plan(false, false, true), folders + mapsFolder + always + further);
+
+    writeFile(host("Forecast.htm"), "<HTML>");
+    EXPECT_EQ(plan(false, false, true), folders + mapsFolder + always) << "a page of another type";
+
+    settings.set(Setting::PageType, "5");
+    EXPECT_EQ(plan(false, false, true), folders + mapsFolder + always + further);
+    EXPECT_EQ(plan(true, false, false), folders + symbolFiles + mapsFolder);
+}
+
 TEST_F(Plan, AStepHoldsWhatItWasMadeOf) {
     const cUpload step = newUploadStep("UPLOAD", "C:\\a", "b", true);
     EXPECT_EQ(step.Command, "UPLOAD");

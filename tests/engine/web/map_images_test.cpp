@@ -80,9 +80,17 @@ TEST_F(MapImages, AFrameLeftEarlierShowsItsOwnPicture) {
 
 TEST_F(MapImages, SpritesAreNoPartOfTheImages) {
     useFrames(1);
-    workspace.Frames().Item(1).Sprites().Labels().Add(1, "lblTesto", 0, 20, 40, 5, 5, "14 C",
-                                                      "Arial", "10", true, false, false, false,
-                                                      false, White, 0, "1", 0, {});
+    workspace.Frames().Item(1).Sprites().Labels().add(
+        {.Name = "lblTesto",
+         .Frame = 1,
+         .Width = 40,
+         .Height = 20,
+         .Font = {.Name = "Arial", .Size = 10, .Bold = true},
+         .BackColor = White,
+         .Border = 1,
+         .PosX = 5,
+         .PosY = 5,
+         .Text = "14 C"});
     ASSERT_TRUE(createPage(editor()));
     EXPECT_EQ(pageImage(1), mapBytes());
 }

@@ -130,7 +130,7 @@ TEST_F(PageFailures, AFolderHasTheNameOfTheScript) {
 
 TEST_F(PageFailures, AColourThatPagesCannotShow) {
     workspace.Frames().Item(2).Texts().Forecast().Title().Text = "Evening";
-    workspace.Frames().Item(2).Texts().Forecast().Title().Forecolor = 123;
+    workspace.Frames().Item(2).Texts().Forecast().Title().Font.Color = 123;
     expectFailure(QString(PageFailed) + "Unknown colour.");
     EXPECT_FALSE(pageExists());
     EXPECT_FALSE(QFile::exists(host("Forecast.js")));
@@ -151,8 +151,8 @@ TEST_F(PageFailures, ASliderColourOfNoNumberStopsTheSliderPage) {
 }
 
 TEST_F(PageFailures, AHeaderWithoutItsBodyItem) {
-    workspace.Frames().Item(1).Texts().Forecast().Header().Add(White, 0, "Arial", "8", 1, false,
-                                                               false, false, false, false, "North");
+    workspace.Frames().Item(1).Texts().Forecast().Header().add(
+        {.IndexFontSize = 1, .Text = "North"});
     expectFailure(QString(PageFailed) + "Position outside the list.");
     EXPECT_FALSE(pageExists());
 }

@@ -24,22 +24,36 @@ class PageTest : public ::testing::Test {
     }
 
     cSymbol& addSymbol(int frame, const QString& link = {}, const QString& tooltip = {}) {
-        return frames.Item(frame).Sprites().Symbols().Add(
-            static_cast<qint16>(frame), "gifSymbol", 0, 32, 40, 100, 50,
-            "C:\\x\\Symbols\\set-1\\sun.gif", "C:\\x\\Symbols\\set-1\\sun.gif", link, tooltip, {});
+        return frames.Item(frame).Sprites().Symbols().add(
+            {.Name = "gifSymbol",
+             .Frame = static_cast<qint16>(frame),
+             .PosX = 100,
+             .PosY = 50,
+             .Width = 40,
+             .Height = 32,
+             .FileGif = "C:\\x\\Symbols\\set-1\\sun.gif",
+             .PathFileGif = "C:\\x\\Symbols\\set-1\\sun.gif",
+             .Link = link,
+             .Tooltip = tooltip});
     }
 
     cLabel& addLabel(int frame, const QString& text = "14 C") {
-        return frames.Item(frame).Sprites().Labels().Add(
-            static_cast<qint16>(frame), "lblTesto", 0, 20, 90, 10, 15, text, "Arial", "10", false,
-            false, false, false, false, NoColor, 0, "0", 0, {});
+        return frames.Item(frame).Sprites().Labels().add({.Name = "lblTesto",
+                                                          .Frame = static_cast<qint16>(frame),
+                                                          .Width = 90,
+                                                          .Height = 20,
+                                                          .Font = {.Name = "Arial", .Size = 10},
+                                                          .BackColor = NoColor,
+                                                          .PosX = 10,
+                                                          .PosY = 15,
+                                                          .Text = text});
     }
 
     /// Adds a header and the body item that belongs to it.
     void addText(int frame, const QString& header, const QString& body) {
         cForecast& forecast = frames.Item(frame).Texts().Forecast();
-        forecast.Header().Add(White, 0, "Arial", "8", 1, false, false, false, false, false, header);
-        forecast.Body().Add(White, 0, "Arial", "8", 1, false, false, false, false, false, body);
+        forecast.Header().add({.IndexFontSize = 1, .Text = header});
+        forecast.Body().add({.IndexFontSize = 1, .Text = body});
     }
 
     cTitle& title(int frame) { return frames.Item(frame).Texts().Forecast().Title(); }

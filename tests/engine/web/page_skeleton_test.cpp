@@ -207,7 +207,7 @@ TEST_P(EveryPage, AColourOutsideTheTableIsAnErrorWhereItIsWritten) {
     EXPECT_THROW(page(), Error);
     settings.backcolor = White;
 
-    addLabel(1).Forecolor = 123;
+    addLabel(1).Font.Color = 123;
     EXPECT_THROW(page(), Error);
     frames.Item(1).Sprites().RemovaAll();
 
@@ -216,15 +216,15 @@ TEST_P(EveryPage, AColourOutsideTheTableIsAnErrorWhereItIsWritten) {
     div(1).BackColor = NoColor;
 
     title(1).Text = "Morning";
-    subtitle(1).Forecolor = 123;
+    subtitle(1).Font.Color = 123;
     EXPECT_THROW(page(), Error);
-    subtitle(1).Forecolor = 0;
+    subtitle(1).Font.Color = 0;
     EXPECT_NO_THROW(page());
 }
 
 TEST_P(EveryPage, AColourOutsideTheTableThatIsNotWrittenDoesNoHarm) {
     addFrames(1);
-    title(1).Forecolor = 123;  // there are no titles
+    title(1).Font.Color = 123;  // there are no titles
     subtitle(1).BackColor = 123;
     cLabel& label = addLabel(1);
     label.Border = 0;
@@ -236,7 +236,7 @@ TEST_P(EveryPage, AColourOutsideTheTableThatIsNotWrittenDoesNoHarm) {
 
     addText(1, "North", "Snow");
     div(1).BackColor = 123;
-    frames.Item(1).Texts().Forecast().Header().Item(1).Forecolor = 123;
+    frames.Item(1).Texts().Forecast().Header().Item(1).Font.Color = 123;
     settings.showForecastText = false;
     EXPECT_NO_THROW(page());
 }

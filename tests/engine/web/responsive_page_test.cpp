@@ -81,7 +81,7 @@ TEST_F(ResponsivePages, TextsAreNeverMarkup) {
     frames.Item(1).Texts().Label = hostile;
     title(1).Text = hostile;
     subtitle(1).Text = hostile;
-    title(1).FontName = "x\";}</style><script>";
+    title(1).Font.Name = "x\";}</style><script>";
     addText(1, hostile, hostile);
     addSymbol(1, hostile, hostile);
     addLabel(1, hostile);
@@ -125,7 +125,7 @@ TEST_F(ResponsivePages, ControlCharactersAreLeftOutOfAllFiles) {
     addFrames(2);
     frames.Item(1).Texts().Label = text;
     title(1).Text = text;
-    title(1).FontName = text;
+    title(1).Font.Name = text;
     addSymbol(1, "example.org/" + text, text);
     addLabel(1, text);
     addText(1, text, text);
@@ -220,7 +220,7 @@ TEST_F(ResponsivePages, TheDefaultColourGoesWithTheScheme) {
 TEST_F(ResponsivePages, AColourOfOnesOwnStaysWhereItCanBeReadAndMovesWhereNot) {
     addFrames(1);
     title(1).Text = "Title";
-    title(1).Forecolor = 9175040;  // #00008B
+    title(1).Font.Color = 9175040;  // #00008B
     write();
     EXPECT_NE(rule("f1").find("--ink:#00008b"), std::string::npos);
     const auto dark = css.find(".f1{", css.find("prefers-color-scheme"));
@@ -232,7 +232,7 @@ TEST_F(ResponsivePages, AColourOfOnesOwnStaysWhereItCanBeReadAndMovesWhereNot) {
 TEST_F(ResponsivePages, ALabelCanBeReadOnItsMap) {
     addFrames(1);
     ground = 0xFF101010;
-    addLabel(1).Forecolor = 0;
+    addLabel(1).Font.Color = 0;
     write();
     const std::string look = rule("l1");
     const QColor ink(QString::fromStdString(look.substr(look.find("--ink:") + 6, 7)));
@@ -315,12 +315,12 @@ TEST_F(ResponsivePages, NumbersOfAHostileFileHarmNothing) {
     symbol.PosY = std::numeric_limits<qint32>::max();
     symbol.Width = std::numeric_limits<qint32>::max();
     cLabel& label = addLabel(1);
-    label.FontSize = std::numeric_limits<qint32>::max();
-    label.Forecolor = -77;
+    label.Font.Size = std::numeric_limits<qint32>::max();
+    label.Font.Color = -77;
     title(1).Text = "Title";
-    title(1).FontSize = -5;
+    title(1).Font.Size = -5;
     title(1).Align = 99;
-    title(1).Forecolor = 0x123456;  // no colour of the table
+    title(1).Font.Color = 0x123456;  // no colour of the table
     div(1).Border = 77;
     write();
     EXPECT_EQ(rule("s1"), ".s1{--x:-250000;--y:250000;--w:250000;--h:8");

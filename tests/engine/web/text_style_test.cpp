@@ -14,9 +14,9 @@ class TextStyle : public ::testing::Test {
   protected:
     TextStyle() {
         object.BackColor = NoColor;
-        object.Forecolor = 0;
-        object.FontName = "Arial";
-        object.FontSize = 12;
+        object.Font.Color = 0;
+        object.Font.Name = "Arial";
+        object.Font.Size = 12;
     }
 
     QString style() const { return buildTextStyle(object, colors); }
@@ -42,47 +42,47 @@ TYPED_TEST(TextStyle, TheBackgroundStandsFirst) {
 }
 
 TYPED_TEST(TextStyle, ItalicStandsBeforeBold) {
-    this->object.FontBold = true;
-    this->object.FontItalic = true;
+    this->object.Font.Bold = true;
+    this->object.Font.Italic = true;
     EXPECT_TRUE(this->style().endsWith(" FONT-STYLE: italic; FONT-WEIGHT: bold;"));
 }
 
 TYPED_TEST(TextStyle, ItalicAndBoldEachAlone) {
-    this->object.FontBold = true;
+    this->object.Font.Bold = true;
     EXPECT_TRUE(this->style().endsWith("12pt; FONT-WEIGHT: bold;"));
-    this->object.FontBold = false;
-    this->object.FontItalic = true;
+    this->object.Font.Bold = false;
+    this->object.Font.Italic = true;
     EXPECT_TRUE(this->style().endsWith("12pt; FONT-STYLE: italic;"));
 }
 
 TYPED_TEST(TextStyle, TheDecorationEndsTheStyle) {
-    this->object.FontBold = true;
-    this->object.FontUnderline = true;
+    this->object.Font.Bold = true;
+    this->object.Font.Underline = true;
     EXPECT_TRUE(this->style().endsWith(" FONT-WEIGHT: bold; TEXT-DECORATION: underline;"));
 }
 
 TYPED_TEST(TextStyle, DecorationsStandInAFixedOrder) {
     auto& styled = this->object;
-    EXPECT_EQ(textDecoration(styled), "");
-    styled.FontStrikethourht = true;
-    EXPECT_EQ(textDecoration(styled), " TEXT-DECORATION: line-through;");
-    styled.FontOverline = true;
-    EXPECT_EQ(textDecoration(styled), " TEXT-DECORATION: overline; line-through;");
-    styled.FontUnderline = true;
-    EXPECT_EQ(textDecoration(styled), " TEXT-DECORATION: underline; overline; line-through;");
-    styled.FontOverline = false;
-    EXPECT_EQ(textDecoration(styled), " TEXT-DECORATION: underline; line-through;");
+    EXPECT_EQ(textDecoration(styled.Font), "");
+    styled.Font.Strikeout = true;
+    EXPECT_EQ(textDecoration(styled.Font), " TEXT-DECORATION: line-through;");
+    styled.Font.Overline = true;
+    EXPECT_EQ(textDecoration(styled.Font), " TEXT-DECORATION: overline; line-through;");
+    styled.Font.Underline = true;
+    EXPECT_EQ(textDecoration(styled.Font), " TEXT-DECORATION: underline; overline; line-through;");
+    styled.Font.Overline = false;
+    EXPECT_EQ(textDecoration(styled.Font), " TEXT-DECORATION: underline; line-through;");
 }
 
 TYPED_TEST(TextStyle, ColoursAreThoseOfTheTableNotOfTheNumber) {
-    this->object.Forecolor = 132;  // spells #840000
+    this->object.Font.Color = 132;  // spells #840000
     EXPECT_TRUE(this->style().startsWith(" COLOR: #800000;"));
 }
 
 TYPED_TEST(TextStyle, AForeignColourIsAnError) {
-    this->object.Forecolor = 123;
+    this->object.Font.Color = 123;
     EXPECT_THROW(this->style(), Error);
-    this->object.Forecolor = 0;
+    this->object.Font.Color = 0;
     this->object.BackColor = 123;
     EXPECT_THROW(this->style(), Error);
 }
@@ -92,9 +92,9 @@ namespace {
 class FontElement : public ::testing::Test {
   protected:
     FontElement() {
-        item.FontName = "Verdana";
-        item.FontSize = 9;
-        item.Forecolor = NoColor;
+        item.Font.Name = "Verdana";
+        item.Font.Size = 9;
+        item.Font.Color = NoColor;
         item.BackColor = NoColor;
         item.Text = "Rain";
     }
@@ -112,7 +112,7 @@ TEST_F(FontElement, WithoutColoursOnlyTheFont) {
 }
 
 TEST_F(FontElement, ForeColourStandsBeforeBackColour) {
-    item.Forecolor = 255;
+    item.Font.Color = 255;
     item.BackColor = White;
     EXPECT_EQ(element(),
               "  <FONT style=\" FONT-FAMILY: Verdana; FONT-SIZE: 9pt; COLOR: #FF0000; "
@@ -120,9 +120,9 @@ TEST_F(FontElement, ForeColourStandsBeforeBackColour) {
 }
 
 TEST_F(FontElement, BoldStandsBeforeItalicTheOtherWayRoundThanInStyles) {
-    item.FontBold = true;
-    item.FontItalic = true;
-    item.FontOverline = true;
+    item.Font.Bold = true;
+    item.Font.Italic = true;
+    item.Font.Overline = true;
     EXPECT_EQ(element(),
               "  <FONT style=\" FONT-FAMILY: Verdana; FONT-SIZE: 9pt; FONT-WEIGHT: bold; "
               "FONT-STYLE: italic; TEXT-DECORATION: overline;\">Rain</FONT>");
@@ -134,9 +134,9 @@ TEST_F(FontElement, TextsAreNotEscaped) {
 }
 
 TEST_F(FontElement, AForeignColourIsAnError) {
-    item.Forecolor = 123;
+    item.Font.Color = 123;
     EXPECT_THROW(element(), Error);
-    item.Forecolor = NoColor;
+    item.Font.Color = NoColor;
     item.BackColor = 123;
     EXPECT_THROW(element(), Error);
 }

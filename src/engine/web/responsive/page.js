@@ -8,12 +8,15 @@
   addEventListener('DOMContentLoaded', start);
 
   function start() {
-    tooltips();
-    const list = document.querySelector('.tabs');
-    if (list) {
-      tabs(list);
+    try {
+      tooltips();
+      const list = document.querySelector('.tabs');
+      if (list) {
+        tabs(list);
+      }
+    } finally {
+      state.remove('wait');
     }
-    state.remove('wait');
   }
 
   function tabs(list) {
@@ -25,7 +28,6 @@
     let shown = -1;
     let timer = 0;
 
-    state.add('many');
     list.setAttribute('role', 'tablist');
     list.setAttribute('aria-label', nav.getAttribute('aria-label'));
     tab.forEach((link, i) => {
@@ -202,8 +204,4 @@
       }
     });
   }
-
-  addEventListener('beforeprint', () => {
-    document.querySelectorAll('img[loading]').forEach((image) => { image.loading = 'eager'; });
-  });
 })();

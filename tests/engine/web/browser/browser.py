@@ -181,7 +181,7 @@ class Drag:
         self._x = stops[-1]
 
 
-def _start(scratch):
+def _start(scratch, switches=()):
     if NO_SELENIUM:
         raise Unavailable(f"selenium is missing ({NO_SELENIUM})")
     for program in (CHROMIUM, CHROMEDRIVER):
@@ -190,7 +190,7 @@ def _start(scratch):
 
     options = webdriver.ChromeOptions()
     options.binary_location = CHROMIUM
-    for switch in SWITCHES:
+    for switch in (*SWITCHES, *switches):
         options.add_argument(switch)
     options.add_argument(f"--user-data-dir={scratch / 'browser'}")
     options.set_capability("goog:loggingPrefs", {"browser": "ALL"})

@@ -12,7 +12,7 @@ from page_case import PageCase
 from program import BUTTONS, EXTENDED
 from projects import sample
 
-SERVER = Path(__file__).resolve().parents[2] / "support" / "ftp_server.py"
+SERVER = Path(__file__).resolve().parents[3] / "support" / "ftp_server.py"
 
 
 @contextmanager
