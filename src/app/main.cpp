@@ -9,7 +9,9 @@
 #include "windows/desktop/help_key.h"
 #include "windows/desktop/screen_size.h"
 #include "windows/desktop/single_instance.h"
+#include "windows/desktop/termination.h"
 #include "windows/main/frm_map.h"
+#include "windows/main/recovery.h"
 #include "windows/main/startup.h"
 #include "windows/widgets/icons.h"
 
@@ -18,16 +20,42 @@
 #include <QIcon>
 #include <QScreen>
 
+#include <unistd.h>
+
+#include <iostream>
+#include <optional>
+
 using namespace nubivane;
+using namespace Qt::StringLiterals;
 
-int main(int argc, char* argv[]) {
-    QApplication application(argc, argv);
-    QApplication::setApplicationName(ProgramTitle);
-    QApplication::setApplicationVersion(Version);
-    QApplication::setDesktopFileName("nubivane");
-    QApplication::setWindowIcon(programIcon("nubivane"));
-    QApplication::setQuitOnLastWindowClosed(false);
+namespace {
 
+/// Without a display there is nobody to be shown anything: the two questions that a terminal may
+/// ask are answered there. On a display every argument is a file's path.
+std::optional<int> answerWithoutDisplay(const QStringList& arguments) {
+    const bool hasDisplay =
+        qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+        qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || arguments.contains("-platform"_L1);
+    if (hasDisplay) {
+        return std::nullopt;
+    }
+    const QString argument = arguments.value(0);
+    if (argument == u"--version" || argument == u"-V") {
+        std::cout << ProgramTitle.data() << ' ' << Version.data() << '\n';
+        return 0;
+    }
+    if (argument == u"--help" || argument == u"-h") {
+        std::cout << "usage: Nubivane [PROJECT.nvpf]\n\n"
+                     "Opens the editor, which needs a display, with a project.\n"
+                     "The same work for scripts, without a display: nubivane-cli --help\n";
+        return 0;
+    }
+    std::cerr << "Nubivane: there is no display to open the editor on; nubivane-cli needs none.\n";
+    return 1;
+}
+
+/// Raises `Error` where there is no folder to work in.
+int runEditor() {
     const ProgramFolder folder = ProgramFolder::ofThisProgram();
     SingleInstance instance(folder.path());
     if (!instance.isFirst()) {
@@ -59,6 +87,18 @@ int main(int argc, char* argv[]) {
         window.activateWindow();
     };
 
+    Recovery recovery(window, workspace, RecoveryCopy::folderOfUser());
+    const Termination termination;
+    QObject::connect(&termination, &Termination::wanted, &recovery, [&recovery](int signal) {
+        constexpr int ByASignal = 128;
+        recovery.writeNow();
+        // At once: a dialog that waits for an answer must not hold the end back.
+        ::_exit(ByASignal + signal);
+    });
+
+    QObject::connect(qApp, &QGuiApplication::commitDataRequest, &recovery,
+                     [&recovery] { recovery.writeNow(); });
+
     frmSplash splash;
     bool started = false;
     splash.init = [&] {
@@ -77,8 +117,36 @@ int main(int argc, char* argv[]) {
         }
         QApplication::setQuitOnLastWindowClosed(true);
         window.show();
+        recovery.offer();
     };
     shell.setPointer(Pointer::ArrowWithHourglass);
     splash.show();
-    return QApplication::exec();
+    const int code = QApplication::exec();
+    recovery.close();
+    return code;
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i) {
+        arguments << QString::fromLocal8Bit(argv[i]);
+    }
+    if (const auto answered = answerWithoutDisplay(arguments)) {
+        return *answered;
+    }
+    const QApplication application(argc, argv);
+    QApplication::setApplicationName(ProgramTitle);
+    QApplication::setApplicationVersion(Version);
+    QApplication::setDesktopFileName("nubivane");
+    QApplication::setWindowIcon(programIcon("nubivane"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    try {
+        return runEditor();
+    } catch (const Error& error) {
+        DesktopShell().messageBox({"An error occurred while initializing: " + error.description(),
+                                   Icon::Critical, Buttons::Ok, error.cause()});
+        return 1;
+    }
 }

@@ -72,10 +72,29 @@ void MapCanvas::showToolTip(const QHelpEvent& event) {
 
 void MapCanvas::takeOver(const QRect& mapRect) {
     if (!mapRect.isEmpty() && !picture_.isNull()) {
-        QPainter(&picture_).drawImage(mapRect.topLeft(), workspace_.pctMap.persistentLayer(),
-                                      mapRect);
+        QPainter(&picture_).drawImage(mapRect.topLeft(), workspace_.pctMap.pixels(), mapRect);
         updateMap(mapRect);
     }
+}
+
+QImage MapCanvas::thumbnail(QSize bounds) const {
+    const QSize size = picture_.size().scaled(bounds, Qt::KeepAspectRatio).expandedTo({1, 1});
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    if (picture_.isNull()) {
+        return image;
+    }
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.scale(static_cast<double>(size.width()) / picture_.width(),
+                  static_cast<double>(size.height()) / picture_.height());
+    painter.drawPixmap(0, 0, picture_);
+    for (const SpriteControl* control : sprites_.controls()) {
+        if (control->visible) {
+            control->paint(painter);
+        }
+    }
+    return image;
 }
 
 void MapCanvas::paintEvent(QPaintEvent* event) {
@@ -115,19 +134,28 @@ void MapCanvas::mousePressEvent(QMouseEvent* event) {
     if (!mouse_.press(position, event->button())) {
         mapPressed(position, event->button());
     }
+    Q_EMIT gestureChanged();
 }
 
 void MapCanvas::mouseMoveEvent(QMouseEvent* event) {
     const QPoint position = toMap(event->position().toPoint());
     if (!mouse_.move(position, event->buttons())) {
         mapMoved(position);
+    } else {
+        Q_EMIT dragMoved(event->position().toPoint());
     }
 }
 
+void MapCanvas::dragTo(QPoint widgetPosition) {
+    mouse_.move(toMap(widgetPosition), Qt::LeftButton);
+}
+
 void MapCanvas::mouseReleaseEvent(QMouseEvent* event) {
+    Q_EMIT dragEnded();
     if (!mouse_.release(event->button())) {
         mapReleased(event->button());
     }
+    Q_EMIT gestureChanged();
 }
 
 void MapCanvas::dragEnterEvent(QDragEnterEvent* event) {
@@ -141,12 +169,18 @@ void MapCanvas::dragMoveEvent(QDragMoveEvent* event) {
     if (dropAllowed()) {
         event->setDropAction(Qt::CopyAction);
         event->accept();
+        Q_EMIT dragMoved(event->position().toPoint());
     } else {
         event->ignore();
     }
 }
 
+void MapCanvas::dragLeaveEvent(QDragLeaveEvent*) {
+    Q_EMIT dragEnded();
+}
+
 void MapCanvas::dropEvent(QDropEvent* event) {
+    Q_EMIT dragEnded();
     if (!dropAllowed()) {
         event->ignore();
         return;

@@ -32,6 +32,8 @@ class MapCanvas : public QWidget {
     void showPicture();
     /// Takes over a part of the surface's persistent layer, which was drawn on.
     void takeOver(const QRect& mapRect);
+    /// The map with its sprites as they stand, made small.
+    QImage thumbnail(QSize bounds) const;
     /// Paints a part of the map again.
     void updateMap(const QRect& mapRect) { update(toWidget(mapRect)); }
 
@@ -43,6 +45,17 @@ class MapCanvas : public QWidget {
     std::function<bool()> dropAllowed;
     std::function<void(const QString&, QPoint)> dropped;
 
+    /// A sprite that is being dragged or resized goes on to a position of the widget, under which
+    /// the map has moved.
+    void dragTo(QPoint widgetPosition);
+
+  Q_SIGNALS:
+    /// A stroke, a figure or a gesture may have begun or ended.
+    void gestureChanged();
+    /// Something is being dragged over the map, or is no longer. Position of the widget.
+    void dragMoved(QPoint widgetPosition);
+    void dragEnded();
+
   protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -51,6 +64,7 @@ class MapCanvas : public QWidget {
     void mouseReleaseEvent(QMouseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;

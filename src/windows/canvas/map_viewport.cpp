@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/canvas/map_viewport.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace nubivane {
 
@@ -29,7 +31,7 @@ MapViewport::MapViewport(QWidget* parent)
     for (QScrollBar* bar : {hScroll1_, vScroll1_}) {
         bar->setMinimum(1);
         bar->hide();
-        connect(bar, &QScrollBar::valueChanged, this, &MapViewport::placeMap);
+        connect(bar, &QScrollBar::valueChanged, this, &MapViewport::barMoved);
     }
 }
 
@@ -40,44 +42,95 @@ void MapViewport::setMap(QWidget* map) {
     setScrollBars();
 }
 
+MapViewport::Axis MapViewport::horizontal() const {
+    return {hScroll1_, map_->width(), width()};
+}
+
+MapViewport::Axis MapViewport::vertical() const {
+    return {vScroll1_, map_->height(), height()};
+}
+
+int MapViewport::Axis::distance() const {
+    return bar->isHidden() ? 0 : map + 2 * Rest - viewport;
+}
+
+int MapViewport::Axis::step() const {
+    return std::max(1, distance() / (bar->maximum() - 1));
+}
+
+/// A map that fits goes from one of its few positions to the next, one of which shows it whole.
+int MapViewport::Axis::notch() const {
+    const int most = std::max(1, viewport / 4);
+    return std::clamp(map <= viewport ? step() : distance() / 8, 1, most);
+}
+
+/// Whole steps fall short of the far edge by what was cut off them: the last value takes the rest.
+int MapViewport::Axis::scrolledAt(int value) const {
+    return value >= bar->maximum() ? distance() : std::min((value - 1) * step(), distance());
+}
+
+int MapViewport::Axis::valueAt(int scrolled) const {
+    return scrolled >= distance() ? bar->maximum()
+                                  : std::min(1 + scrolled / step(), bar->maximum() - 1);
+}
+
 void MapViewport::setScrollBars() {
     if (!map_) {
         return;
     }
-    map_->move(Rest, Rest);
-    setScrollBar(hScroll1_, Rest, map_->width(), width());
-    setScrollBar(vScroll1_, Rest, map_->height(), height());
+    setScrollBar(horizontal());
+    setScrollBar(vertical());
     placeBars();
-    map_->move(Rest, Rest);
+    placeMap({});
+}
+
+void MapViewport::setScrollBar(const Axis& axis) {
+    const bool needed = Rest + axis.map + Margin > axis.viewport;
+    // With a maximum of 1 there would be no step to scroll by; a map that fits has a position
+    // between the two that show its margins.
+    const int least = axis.map <= axis.viewport ? 3 : 2;
+    const QSignalBlocker noScrolling(axis.bar);
+    axis.bar->setMaximum(needed ? std::max(least, (axis.map - axis.viewport) / 2) : 2);
+    axis.bar->setValue(1);
+    axis.bar->setPageStep(std::max(1, axis.bar->maximum() / 5));
+    axis.bar->setVisible(needed);
+}
+
+void MapViewport::barMoved() {
+    if (map_) {
+        placeMap({horizontal().scrolledAt(hScroll1_->value()),
+                  vertical().scrolledAt(vScroll1_->value())});
+    }
+}
+
+void MapViewport::placeMap(QPoint scrolled) {
+    map_->move(QPoint(Rest, Rest) - scrolled);
     update();
 }
 
-void MapViewport::setScrollBar(QScrollBar* bar, int mapStart, int mapExtent, int viewportExtent) {
-    const bool needed = mapStart + mapExtent + Margin > viewportExtent;
-    const QSignalBlocker noScrolling(bar);
-    // With a maximum of 1 there would be no step to scroll by.
-    bar->setMaximum(needed ? std::max(2, (mapExtent - viewportExtent) / 2) : 2);
-    bar->setValue(1);
-    bar->setPageStep(std::max(1, bar->maximum() / 5));
-    bar->setVisible(needed);
+QPoint MapViewport::notch() const {
+    return map_ ? QPoint(horizontal().notch(), vertical().notch()) : QPoint(1, 1);
 }
 
-/// Where the map begins on one axis for the value of its bar.
-int MapViewport::offset(const QScrollBar* bar, int mapExtent, int viewportExtent) const {
-    if (bar->isHidden()) {
-        return Rest;
+bool MapViewport::scrollBy(QPoint pixels) {
+    if (!map_) {
+        return false;
     }
-    const double distance = mapExtent + 2.0 * Rest - viewportExtent;
-    const int step = std::max(1, static_cast<int>(distance / (bar->maximum() - 1)));
-    return step + Rest - bar->value() * step;
-}
-
-void MapViewport::placeMap() {
-    if (map_) {
-        map_->move(offset(hScroll1_, map_->width(), width()),
-                   offset(vScroll1_, map_->height(), height()));
-        update();
+    const QPoint before = QPoint(Rest, Rest) - map_->pos();
+    const QPoint wanted = before + pixels;
+    const QPoint scrolled(std::clamp(wanted.x(), 0, horizontal().distance()),
+                          std::clamp(wanted.y(), 0, vertical().distance()));
+    if (scrolled == before) {
+        return false;
     }
+    for (const auto& [axis, at] :
+         {std::pair(horizontal(), scrolled.x()), std::pair(vertical(), scrolled.y())}) {
+        const QSignalBlocker noScrolling(axis.bar);
+        axis.bar->setValue(axis.valueAt(at));
+        axis.bar->update();
+    }
+    placeMap(scrolled);
+    return true;
 }
 
 void MapViewport::placeBars() {
@@ -107,6 +160,18 @@ QRect MapViewport::visibleMapRect() const {
     return map_ ? rect().translated(-map_->pos()).intersected(map_->rect()) : QRect();
 }
 
+void MapViewport::ensureVisible(const QRect& rect) {
+    const QRect seen = visibleMapRect();
+    const QRect wanted = map_ ? rect & map_->rect() : QRect();
+    if (seen.contains(wanted)) {
+        return;
+    }
+    const QPoint off = wanted.center() - seen.center();
+    const bool across = wanted.left() < seen.left() || wanted.right() > seen.right();
+    const bool along = wanted.top() < seen.top() || wanted.bottom() > seen.bottom();
+    scrollBy({across ? off.x() : 0, along ? off.y() : 0});
+}
+
 void MapViewport::setHint(const QString& text) {
     if (hint_ != text) {
         hint_ = text;
@@ -118,17 +183,19 @@ void MapViewport::resizeEvent(QResizeEvent*) {
     setScrollBars();
 }
 
+void MapViewport::mousePressEvent(QMouseEvent* event) {
+    QWidget::mousePressEvent(event);
+    Q_EMIT groundPressed();
+}
+
 void MapViewport::wheelEvent(QWheelEvent* event) {
-    QScrollBar* bar =
-        event->modifiers() & Qt::ShiftModifier || vScroll1_->isHidden() ? hScroll1_ : vScroll1_;
-    if (!bar->isHidden()) {
-        // Fine wheels and touchpads send parts of a notch.
-        wheel_ += event->angleDelta().y() + event->angleDelta().x();
-        const int notch = std::max(1, bar->maximum() / 8);
-        const int pixels = wheel_ * notch / Notch;
-        wheel_ -= pixels * Notch / notch;
-        bar->setValue(bar->value() - pixels);
-    }
+    const bool sideways = event->modifiers() & Qt::ShiftModifier || vScroll1_->isHidden();
+    // Fine wheels and touchpads send parts of a notch.
+    wheel_ += (event->angleDelta().y() + event->angleDelta().x()) *
+              (sideways ? notch().x() : notch().y());
+    const int pixels = wheel_ / Notch;
+    wheel_ -= pixels * Notch;
+    scrollBy(sideways ? QPoint(-pixels, 0) : QPoint(0, -pixels));
     event->accept();
 }
 

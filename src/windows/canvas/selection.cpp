@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/canvas/selection.h"
 
+#include "engine/model/edits/project_edits.h"
+
 namespace nubivane {
 
 Selection::Selection(Workspace& workspace, SpriteStack& sprites)
     : workspace_(workspace), sprites_(sprites) {}
 
 void Selection::select(SpriteControl& control) {
-    workspace_.Status.CurrentShapeControlType = static_cast<qint16>(control.type().toInt());
-    workspace_.Status.CurrentShapeControlKey = control.key();
+    workspace_.edits().seal();
+    workspace_.Status.selectSprite(control.id);
     selectSprite(control);
 }
 
@@ -16,7 +18,8 @@ void Selection::selectSprite(SpriteControl& control) {
     if (selector_) {
         changed(selector_->paintedRect());
     }
-    selector_.emplace(control.rect, control.isResizable());
+    const QRect map(0, 0, workspace_.pctMap.ScaleWidth(), workspace_.pctMap.ScaleHeight());
+    selector_.emplace(control.rect, control.isResizable(), map);
     changed(selector_->paintedRect());
     commandsChanged();
 }
@@ -25,8 +28,8 @@ void Selection::clearSelection() {
     if (isEmpty()) {
         return;
     }
-    workspace_.Status.CurrentShapeControlType = sprite_type::None;
-    workspace_.Status.CurrentShapeControlKey.clear();
+    workspace_.edits().seal();
+    workspace_.Status.selectSprite(std::nullopt);
     hideFrame();
     commandsChanged();
 }
@@ -53,14 +56,12 @@ void Selection::surround(const QRect& sprite) {
 }
 
 bool Selection::isEmpty() const {
-    return workspace_.Status.CurrentShapeControlType == sprite_type::None ||
-           workspace_.Status.CurrentShapeControlKey.isEmpty();
+    return !workspace_.Status.selectedSprite();
 }
 
 SpriteControl* Selection::control() const {
-    return isEmpty() ? nullptr
-                     : sprites_.find(QString::number(workspace_.Status.CurrentShapeControlType),
-                                     workspace_.Status.CurrentShapeControlKey);
+    const auto id = workspace_.Status.selectedSprite();
+    return id ? sprites_.find(*id) : nullptr;
 }
 
 }  // namespace nubivane

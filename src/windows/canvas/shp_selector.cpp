@@ -12,7 +12,7 @@ namespace {
 
 constexpr int HandleSize = 7;
 constexpr int GripSize = 11;  // easier to hit than to see
-constexpr int MinimumSprite = 1;
+constexpr int MinimumSprite = 8;
 
 constexpr std::array<ShpSelector::Handle, 8> handles = {
     {{-1, -1}, {0, -1}, {1, -1}, {-1, 0}, {1, 0}, {-1, 1}, {0, 1}, {1, 1}}};
@@ -27,6 +27,17 @@ QRect square(const QRect& frame, ShpSelector::Handle handle, int size) {
     return {centre.x() - size / 2, centre.y() - size / 2, size, size};
 }
 
+/// A square moved to where it is seen whole, as far as there is room.
+QRect within(const QRect& square, const QRect& room) {
+    const auto shift = [](int low, int high, int first, int last) {
+        return low < first ? first - low : high > last ? last - high : 0;
+    };
+    return room.isEmpty()
+               ? square
+               : square.translated(shift(square.left(), square.right(), room.left(), room.right()),
+                                   shift(square.top(), square.bottom(), room.top(), room.bottom()));
+}
+
 }  // namespace
 
 std::optional<ShpSelector::Handle> ShpSelector::handleAt(QPoint position) const {
@@ -34,7 +45,7 @@ std::optional<ShpSelector::Handle> ShpSelector::handleAt(QPoint position) const 
         return std::nullopt;
     }
     for (const Handle handle : handles) {
-        if (square(rect_, handle, GripSize).contains(position)) {
+        if (within(square(rect_, handle, GripSize), room_).contains(position)) {
             return handle;
         }
     }
@@ -55,6 +66,14 @@ Qt::CursorShape ShpSelector::cursorOf(Handle handle) {
         return Qt::SizeHorCursor;
     }
     return handle.horizontal == handle.vertical ? Qt::SizeFDiagCursor : Qt::SizeBDiagCursor;
+}
+
+QRect ShpSelector::paintedRect() const {
+    QRect painted = rect_.adjusted(-4, -4, 4, 4);
+    for (const Handle handle : handles) {
+        painted |= within(square(rect_, handle, HandleSize), room_);
+    }
+    return painted;
 }
 
 void ShpSelector::drag(Handle handle, QPoint position) {
@@ -82,7 +101,8 @@ void ShpSelector::paint(QPainter& painter) const {
         painter.setPen(QColor(31, 78, 121));
         painter.setBrush(Qt::white);
         for (const Handle handle : handles) {
-            painter.drawRect(square(rect_, handle, HandleSize).adjusted(0, 0, -1, -1));
+            painter.drawRect(
+                within(square(rect_, handle, HandleSize), room_).adjusted(0, 0, -1, -1));
         }
     }
     painter.restore();

@@ -21,7 +21,11 @@ class ShpSelector {
         int vertical;    ///< -1 top, 0 none, 1 bottom
     };
 
-    ShpSelector(const QRect& sprite, bool resizable) : resizable_(resizable) { surround(sprite); }
+    /// `room` is the map, on which the handles of a sprite at its border stay whole.
+    ShpSelector(const QRect& sprite, bool resizable, const QRect& room = {})
+        : resizable_(resizable), room_(room) {
+        surround(sprite);
+    }
 
     /// Puts the frame around a sprite.
     void surround(const QRect& sprite) {
@@ -31,7 +35,7 @@ class ShpSelector {
     /// The sprite's rectangle that belongs to the frame.
     QRect spriteRect() const { return rect_.adjusted(Distance, Distance, -Distance, -Distance); }
     /// What painting the frame touches.
-    QRect paintedRect() const { return rect_.adjusted(-4, -4, 4, 4); }
+    QRect paintedRect() const;
 
     /// The handle at a position, or nothing.
     std::optional<Handle> handleAt(QPoint position) const;
@@ -40,8 +44,8 @@ class ShpSelector {
     /// The shape of pointer for a handle.
     static Qt::CursorShape cursorOf(Handle handle);
 
-    /// Moves the sides of a handle so that it lies at a position; a sprite keeps at least one
-    /// pixel.
+    /// Moves the sides of a handle so that it lies at a position; a sprite keeps at least
+    /// 8 x 8 pixels.
     void drag(Handle handle, QPoint position);
 
     void paint(QPainter& painter) const;
@@ -49,6 +53,7 @@ class ShpSelector {
   private:
     QRect rect_;
     bool resizable_;
+    QRect room_;
 };
 
 }  // namespace nubivane

@@ -1,20 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/canvas/sprite_control.h"
 
-#include "engine/core/path_text.h"
 #include "engine/export/label_painter.h"
 
 #include <QPainter>
 
 namespace nubivane {
-
-QString SpriteControl::type() const {
-    return getField(Tag, 1);
-}
-
-QString SpriteControl::key() const {
-    return getField(Tag, 2);
-}
 
 void GifSymbol::setAnimation(std::shared_ptr<const Animation> other) {
     animation = std::move(other);

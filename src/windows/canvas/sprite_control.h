@@ -23,13 +23,9 @@ class SpriteControl {
     virtual ~SpriteControl() = default;
 
     int Index = 0;  ///< its number in its array, from 1
-    QString Tag;    ///< type, "|", key, "|"
+    SpriteId id;    ///< the sprite of the current Frame that it stands for
     QRect rect;
     bool visible = false;
-
-    /// First and second field of the tag.
-    QString type() const;
-    QString key() const;
 
     virtual void paint(QPainter& painter) const = 0;
     /// Whether the frame around it has handles: a Label's size follows its text.

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/canvas/sprite_keys.h"
 
-#include "windows/canvas/sprite_model.h"
+#include "engine/model/edits/sprite_changes.h"
 
 #include <QKeyEvent>
 
 #include <algorithm>
 
 namespace nubivane {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -37,9 +39,7 @@ bool nudgeSelection(Workspace& workspace, SpriteStack& sprites, Selection& selec
         return false;
     }
     SpriteControl* control = selection.control();
-    cFrame& frame = workspace.Frames().Item(workspace.Status.CurrentFrame);
-    const auto position =
-        control ? sprite_model::position(frame, control->type(), control->key()) : std::nullopt;
+    const auto position = control ? positionOf(workspace, control->id) : std::nullopt;
     if (!position) {
         return true;
     }
@@ -51,7 +51,7 @@ bool nudgeSelection(Workspace& workspace, SpriteStack& sprites, Selection& selec
                                          : centre.y() < workspace.pctMap.Height();
     if (allowed) {
         const QPoint moved = *position + *step;
-        sprite_model::setPosition(frame, control->type(), control->key(), moved);
+        moveSprite(workspace, control->id, moved, Marks::Nothing, u"nudge"_s);
         sprites.Move(*control, QRect(moved, control->rect.size()));
         selection.follow();
     }
@@ -63,7 +63,7 @@ bool stepSelection(const Workspace& workspace, const SpriteStack& sprites, Selec
     const bool up = key.key() == Qt::Key_PageUp;
     if ((!up && key.key() != Qt::Key_PageDown) ||
         (key.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier ||
-        workspace.Status.CurrentTool != u"cursor") {
+        workspace.Status.CurrentTool != Tool::cursor) {
         return false;
     }
     const std::vector<SpriteControl*>& controls = sprites.controls();

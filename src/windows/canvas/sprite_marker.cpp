@@ -12,7 +12,7 @@ constexpr QChar Cut(6);
 }  // namespace
 
 QString SpriteMarker::text() const {
-    QString text = type == sprite_type::Symbol ? "S" : "T";
+    QString text = kind == SpriteKind::Symbol ? "S" : "T";
     text += First;
     text += Second;
     if (cut) {
@@ -28,9 +28,9 @@ std::optional<SpriteMarker> SpriteMarker::read(const QString& text) {
     const bool cut = text.size() > 3 && text[3] == Cut;
     switch (text[0].toUpper().unicode()) {
         case u'S':
-            return SpriteMarker{sprite_type::Symbol, cut};
+            return SpriteMarker{SpriteKind::Symbol, cut};
         case u'T':
-            return SpriteMarker{sprite_type::Label, cut};
+            return SpriteMarker{SpriteKind::Label, cut};
         default:
             return std::nullopt;
     }

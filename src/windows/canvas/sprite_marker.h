@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "engine/model/sprites.h"
+#include "engine/model/sprite_id.h"
 
 #include <optional>
 
@@ -11,8 +11,8 @@ namespace nubivane {
 /// stays in the program: the text only tells of it, and any other text that is put in its place
 /// ends the paste.
 struct SpriteMarker {
-    qint16 type;  ///< `sprite_type::Symbol` or `sprite_type::Label`
-    bool cut;     ///< the sprite leaves its Frame when it is pasted
+    SpriteKind kind;
+    bool cut;  ///< the sprite leaves its Frame when it is pasted
 
     QString text() const;
     /// What a clipboard's text tells; nothing when it is no marker.

@@ -2,8 +2,8 @@
 #include "windows/canvas/sprite_mouse.h"
 
 #include "engine/core/shell.h"
+#include "engine/model/edits/sprite_changes.h"
 #include "windows/canvas/map_bounds.h"
-#include "windows/canvas/sprite_model.h"
 
 namespace nubivane {
 
@@ -34,18 +34,20 @@ bool SpriteMouse::press(QPoint position, Qt::MouseButton button) {
 
 bool SpriteMouse::pressHandle(QPoint position) {
     const ShpSelector* selector = selection_.shpSelector();
-    const auto handle = selector && workspace_.Status.CurrentTool == u"cursor"
+    const auto handle = selector && workspace_.Status.CurrentTool == Tool::cursor
                             ? selector->handleAt(position)
                             : std::nullopt;
     if (handle) {
-        resize_ = Resize{*handle, selector->gripOffset(*handle, position)};
+        const SpriteControl* control = selection_.control();
+        resize_ = Resize{*handle, control ? control->rect : QRect(),
+                         selector->gripOffset(*handle, position)};
     }
     return handle.has_value();
 }
 
 void SpriteMouse::pressSprite(SpriteControl& control, QPoint position) {
-    if (workspace_.Status.CurrentTool != u"cursor") {
-        const bool symbol = control.type() == u"1";
+    if (workspace_.Status.CurrentTool != Tool::cursor) {
+        const bool symbol = control.id.kind == SpriteKind::Symbol;
         shell_.messageBox(
             {symbol
                  ? "Operation not allowed in draw mode. Select cursor from toolbar and try again."
@@ -61,7 +63,7 @@ void SpriteMouse::pressSprite(SpriteControl& control, QPoint position) {
         selection_.select(control);
         return;
     }
-    drag_ = Drag{control.type(), control.key(), position.x() - control.rect.x(),
+    drag_ = Drag{control.id, control.rect, position.x() - control.rect.x(),
                  position.y() - control.rect.y()};
     setPlaying(control, false);
 }
@@ -79,7 +81,7 @@ bool SpriteMouse::move(QPoint position, Qt::MouseButtons buttons) {
 }
 
 void SpriteMouse::moveDragged(QPoint position) {
-    if (SpriteControl* control = sprites_.find(drag_->type, drag_->key)) {
+    if (SpriteControl* control = sprites_.find(drag_->id)) {
         const QPoint topLeft(position.x() - drag_->pressX, position.y() - drag_->pressY);
         sprites_.Move(*control, QRect(topLeft, control->rect.size()));
     }
@@ -108,40 +110,49 @@ bool SpriteMouse::release(Qt::MouseButton button) {
     return true;
 }
 
+/// The project is marked even by a drag that ends where it began.
 void SpriteMouse::endDrag() {
     const Drag drag = *std::exchange(drag_, std::nullopt);
-    SpriteControl* control = sprites_.find(drag.type, drag.key);
+    SpriteControl* control = sprites_.find(drag.id);
     if (!control) {
         return;
     }
     const QPoint position = insideMap(control->rect, workspace_.pctMap);
-    sprite_model::setPosition(workspace_.Frames().Item(workspace_.Status.CurrentFrame), drag.type,
-                              drag.key, position);
+    moveSprite(workspace_, drag.id, position, Marks::Project);
     sprites_.Move(*control, QRect(position, control->rect.size()));
     setPlaying(*control, true);
     if (!selection_.shpSelector()) {
         selection_.select(*control);
     }
-    projectChanged();
 }
 
 void SpriteMouse::endResize() {
     resize_.reset();
     const SpriteControl* control = selection_.control();
-    cSymbols& symbols =
-        workspace_.Frames().Item(workspace_.Status.CurrentFrame).Sprites().Symbols();
-    if (control && control->type() == u"1" && symbols.contains(control->key())) {
-        cSymbol& symbol = symbols.Item(control->key());
-        symbol.PosY = control->rect.y();
-        symbol.PosX = control->rect.x();
-        symbol.Width = control->rect.width();
-        symbol.Height = control->rect.height();
+    if (control && control->id.kind == SpriteKind::Symbol) {
+        changeSprite<cSymbol>(workspace_, control->id, QT_TRANSLATE_NOOP("Edits", "Resize symbol"),
+                              {}, [control](cSymbol& symbol) {
+                                  symbol.PosY = control->rect.y();
+                                  symbol.PosX = control->rect.x();
+                                  symbol.Width = control->rect.width();
+                                  symbol.Height = control->rect.height();
+                              });
     }
 }
 
 void SpriteMouse::cancel() {
-    drag_.reset();
-    resize_.reset();
+    if (const auto drag = std::exchange(drag_, std::nullopt)) {
+        if (SpriteControl* control = sprites_.find(drag->id)) {
+            sprites_.Move(*control, drag->from);
+            setPlaying(*control, true);
+        }
+    }
+    const auto resize = std::exchange(resize_, std::nullopt);
+    SpriteControl* control = selection_.control();
+    if (resize && control) {
+        sprites_.Move(*control, resize->from);
+        selection_.follow();
+    }
 }
 
 void SpriteMouse::setPlaying(SpriteControl& control, bool playing) {

@@ -18,15 +18,14 @@ class SpriteMouse {
   public:
     SpriteMouse(Workspace& workspace, SpriteStack& sprites, Selection& selection, Shell& shell);
 
-    std::function<bool()> Locked;  ///< the lock of the whole map
-    std::function<void()> projectChanged;
+    std::function<bool()> Locked;                  ///< the lock of the whole map
     std::function<void(SpriteControl&)> showMenu;  ///< the popup menu of a sprite
 
     /// Each returns whether the event was for a sprite or its frame.
     bool press(QPoint position, Qt::MouseButton button);
     bool move(QPoint position, Qt::MouseButtons buttons);
     bool release(Qt::MouseButton button);
-    /// Drops a gesture under way, as when the Frame changes.
+    /// Takes back a gesture under way, as when the Frame changes.
     void cancel();
 
     bool dragging() const { return drag_.has_value(); }
@@ -36,13 +35,14 @@ class SpriteMouse {
 
   private:
     struct Drag {
-        QString type;
-        QString key;
+        SpriteId id;
+        QRect from;  ///< where the control stood
         int pressX;  ///< pointer inside the sprite at the press
         int pressY;
     };
     struct Resize {
         ShpSelector::Handle handle;
+        QRect from;   ///< where the control stood
         QPoint grip;  ///< from the frame's side to the pointer at the press
     };
 

@@ -2,12 +2,21 @@
 #include "windows/canvas/sprite_placement.h"
 
 #include "engine/core/host_files.h"
-#include "engine/core/path_text.h"
 #include "engine/core/shell.h"
+#include "engine/export/label_painter.h"
+#include "engine/model/edits/project_edits.h"
+#include "engine/model/edits/sprite_edits.h"
 #include "engine/model/forecast.h"
 #include "windows/canvas/map_bounds.h"
+#include "windows/canvas/sprite_payload.h"
+
+#include <QCoreApplication>
+
+#include <utility>
 
 namespace nubivane {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -23,61 +32,64 @@ SpritePlacement::SpritePlacement(Workspace& workspace, SpriteStack& sprites, Sel
     : workspace_(workspace), sprites_(sprites), selection_(selection), shell_(shell) {}
 
 void SpritePlacement::drop(const QString& payload, QPoint position) {
-    const QString kind = getField(payload, 1);
-    if (workspace_.Status.CurrentTool != u"cursor" || (kind != u"symbol" && kind != u"text")) {
+    const auto wanted = SpritePayload::read(payload);
+    if (workspace_.Status.CurrentTool != Tool::cursor || !wanted) {
         return;
     }
-    SpriteControl* control =
-        kind == u"symbol" ? dropSymbol(getField(payload, 2), position) : dropLabel(position);
-    if (!control) {
-        return;
+    if (wanted->type == sprite_type::Symbol) {
+        dropSymbol(wanted->file, position);
+    } else {
+        dropLabel(position);
     }
-    // The model keeps the position before this clamp until the first drag.
-    sprites_.Move(*control,
-                  QRect(insideMap(control->rect, workspace_.pctMap), control->rect.size()));
-    sprites_.show(*control);
-    sprites_.playingChanged();
-    selection_.select(*control);
-    projectChanged();
 }
 
-SpriteControl* SpritePlacement::dropSymbol(const QString& file, QPoint position) {
+void SpritePlacement::dropSymbol(const QString& file, QPoint position) {
     if (!host_files::fileExists(file)) {
-        shell_.messageBox({"Symbol not found.", Icon::Critical, Buttons::Ok, {}});
-        return nullptr;
+        shell_.messageBox({u"Symbol not found."_s, Icon::Critical, Buttons::Ok, {}});
+        return;
     }
-    GifSymbol& control = sprites_.makeSymbol(file);
-    if (!control.animation) {
-        sprites_.discard(control);
-        return nullptr;
+    const auto size = sprites_.sizeOf(file);
+    if (!size) {
+        return;
     }
-    selection_.clearSelection();
-    const QSize size = control.animation->size();
-    const QPoint corner = centred(position, size);
-    const qint16 frame = workspace_.Status.CurrentFrame;
-    const cSymbol& symbol = workspace_.Frames().Item(frame).Sprites().Symbols().Add(
-        frame, "gifSymbol", control.Index, size.height(), size.width(), corner.x(), corner.y(),
-        file, file, {}, {}, {});
-    control.Tag = "1|" + symbol.Key_ + '|';
-    control.rect = QRect(corner, size);
-    control.StartAnimation(sprites_.now());
-    return &control;
+    const QPoint corner = centred(position, *size);
+    place(QT_TRANSLATE_NOOP("Edits", "Place symbol"), cSymbol{
+                                                          .Name = u"gifSymbol"_s,
+                                                          .PosX = corner.x(),
+                                                          .PosY = corner.y(),
+                                                          .Width = size->width(),
+                                                          .Height = size->height(),
+                                                          .FileGif = file,
+                                                          .PathFileGif = file,
+                                                      });
 }
 
-SpriteControl* SpritePlacement::dropLabel(QPoint position) {
-    selection_.clearSelection();
-    LblTesto& control = sprites_.makeLabel();
-    const qint16 frame = workspace_.Status.CurrentFrame;
-    cLabel& label = workspace_.Frames().Item(frame).Sprites().Labels().Add(
-        frame, "lblTesto", control.Index, 14, 26, 0, 0, "Label", "Arial", "12", false, false, false,
-        false, false, NoColor, 0, "0", 0, {});
-    control.Tag = "2|" + label.Key_ + '|';
-    control.show(label);
-    const QPoint corner = centred(position, control.rect.size());
+void SpritePlacement::dropLabel(QPoint position) {
+    cLabel label{
+        .Name = u"lblTesto"_s,
+        .Width = 26,
+        .Height = 14,
+        .Font = {.Name = u"Arial"_s, .Size = 12},
+        .BackColor = NoColor,
+        .Text = u"Label"_s,
+    };
+    const QPoint corner = centred(position, labelSize(label));
     label.PosX = corner.x();
     label.PosY = corner.y();
-    control.rect.moveTo(corner);
-    return &control;
+    place(QT_TRANSLATE_NOOP("Edits", "Place label"), std::move(label));
+}
+
+/// The model keeps the position that was dropped at; the control stands inside the map.
+void SpritePlacement::place(const char* name, SpriteRecord record) {
+    selection_.clearSelection();
+    const qint32 frame = workspace_.Status.CurrentFrame;
+    auto edit = std::make_unique<AddSprite>(name, Marks::Project, workspace_.Frames().Item(frame),
+                                            frame, std::move(record), Arrival::Dropped);
+    const SpriteId id = edit->id();
+    workspace_.edits().push(std::move(edit));
+    if (SpriteControl* control = sprites_.find(id)) {
+        selection_.select(*control);
+    }
 }
 
 }  // namespace nubivane

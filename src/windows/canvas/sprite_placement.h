@@ -6,8 +6,6 @@
 #include <QPoint>
 #include <QString>
 
-#include <functional>
-
 namespace nubivane {
 
 class Shell;
@@ -17,15 +15,14 @@ class SpritePlacement {
   public:
     SpritePlacement(Workspace& workspace, SpriteStack& sprites, Selection& selection, Shell& shell);
 
-    std::function<void()> projectChanged;
-
     /// Places what a drag's payload names ("symbol|<file>" or "text") centred on a position of the
     /// map, wholly inside it, and selects it. Any other payload does nothing.
     void drop(const QString& payload, QPoint position);
 
   private:
-    SpriteControl* dropSymbol(const QString& file, QPoint position);
-    SpriteControl* dropLabel(QPoint position);
+    void dropSymbol(const QString& file, QPoint position);
+    void dropLabel(QPoint position);
+    void place(const char* name, SpriteRecord record);
 
     Workspace& workspace_;
     SpriteStack& sprites_;

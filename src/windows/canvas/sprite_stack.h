@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/model/edits/edit_watcher.h"
 #include "engine/model/workspace.h"
 #include "windows/canvas/sprite_control.h"
 
@@ -9,6 +10,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace nubivane {
@@ -54,18 +56,26 @@ class SpriteStack {
 
     /// Makes the controls of a Frame, Symbols first. A Symbol whose file is missing is passed over.
     void loadFrameSprites(qint32 frame);
-    /// Removes the controls of a Frame, with `remove` the sprites from the model too.
-    void unloadFrameSprites(qint32 frame, bool remove = false);
-    /// The same for every Frame.
-    void unloadAllSprites(bool remove = false);
+    /// Removes all controls.
+    void unloadAllSprites();
 
-    /// New, invisible elements for a sprite about to be placed; `Tag` is the caller's to set.
+    /// Makes and shows the control of a sprite of a Frame, as a visit or an arrival does. Without a
+    /// depth a visit puts it where the order of its list says.
+    void loadSprite(qint32 frame, const SpriteId& id, Arrival arrival, std::optional<int> depth);
+    /// Takes over what has changed in a sprite's record.
+    void refresh(const SpriteRecord& before, const SpriteRecord& after);
+    /// The place of a control from below.
+    std::optional<int> depthOf(const SpriteControl& control) const;
+    /// The size of a symbol's picture; nothing where it cannot be shown.
+    std::optional<QSize> sizeOf(const QString& file) const;
+
+    /// New, invisible elements for a sprite about to be placed; `id` is the caller's to set.
     GifSymbol& makeSymbol(const QString& file);
     LblTesto& makeLabel();
     void discard(SpriteControl& control);
 
     /// The control of a sprite of the current Frame, or nothing.
-    SpriteControl* find(const QString& type, const QString& key) const;
+    SpriteControl* find(const SpriteId& id) const;
     /// The topmost visible control at a position of the map, or nothing.
     SpriteControl* at(QPoint position) const;
 
@@ -84,8 +94,11 @@ class SpriteStack {
 
   private:
     void unload(SpriteControl* control);
-    template <class List, class Array>
-    void unloadList(List& sprites, Array& array, bool remove);
+    GifSymbol& loadSymbol(const cSymbol& symbol);
+    LblTesto& loadLabel(const cLabel& label);
+    int placeInList(const cSprites& sprites, const SpriteId& id) const;
+    void refreshSymbol(GifSymbol& control, const cSymbol& before, const cSymbol& after);
+    void refreshLabel(LblTesto& control, const cLabel& before, const cLabel& after);
 
     Workspace& workspace_;
     AnimationCache& animations_;

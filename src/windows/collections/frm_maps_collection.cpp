@@ -8,6 +8,7 @@
 #include "engine/core/host_files.h"
 #include "engine/core/path_text.h"
 #include "engine/core/shell.h"
+#include "engine/core/trash.h"
 #include "windows/collections/frm_copy.h"
 #include "windows/widgets/help_topic.h"
 
@@ -61,8 +62,10 @@ frmMapsCollection::frmMapsCollection(Workspace& workspace, Shell& shell, QWidget
 void frmMapsCollection::buildTools() {
     const auto tool = [this](const char* name, const char* icon, const QString& text,
                              const QString& hint, const QKeySequence& keys, auto handler) {
-        return tlbMap_->add({name, icon, text, hint, keys},
-                            [this, handler] { (this->*handler)(); });
+        return tlbMap_->add({name, icon, text, hint, keys}, [this, handler] {
+            lvwCollection_->finishRenaming();
+            (this->*handler)();
+        });
     };
     using Self = frmMapsCollection;
     needMap_ << tool("btnDeleteMap", "map-delete", tr("Delete"), tr("delete map"), {},
@@ -189,7 +192,9 @@ void frmMapsCollection::renameMapTo(const QString& name, const QString& newStem)
     }
     const QString newName = newStem + u'.' + getExtension(name);
     QListWidgetItem* row = lvwCollection_->rowOf(name);
-    if (row && mapNames(workspace_.folder).contains(newName)) {
+    const QStringList names = mapNames(workspace_.folder);
+    // A name that differs in case alone can be another map's, which has a row of its own.
+    if (row && !names.contains(name) && names.contains(newName)) {
         NameList::setRow(*row, newStem, newName, mapPath(workspace_.folder, newName));
         showMap();
     }
@@ -202,13 +207,13 @@ void frmMapsCollection::deleteMapAsked() {
         refuse(refusal);
         return;
     }
-    if (shell_.messageBox({"Delete selected map ?", Icon::Question, Buttons::YesNo, {}}) !=
+    if (shell_.messageBox({"Delete selected map ?", Icon::Question, Buttons::YesNo, {}, true}) !=
         Answer::Yes) {
         return;
     }
     const bool wasDefault = row->font().bold();
     const QString file = NameList::tagOf(row);
-    if (!host_files::removeFile(file) && host_files::fileExists(file)) {
+    if (!trash::discardFile(file) && host_files::fileExists(file)) {
         return;
     }
     delete row;
@@ -245,13 +250,19 @@ void frmMapsCollection::accept() {
                                    "to continue ?",
                                    Icon::Question,
                                    Buttons::YesNo,
-                                   {}}) != Answer::Yes) {
+                                   {},
+                                   true}) != Answer::Yes) {
                 return;
             }
         }
-        workspace_.Status.Tag = path;
+        chosenMap_ = path;
     }
     QDialog::accept();
+}
+
+void frmMapsCollection::done(int result) {
+    lvwCollection_->finishRenaming();
+    QDialog::done(result);
 }
 
 }  // namespace nubivane

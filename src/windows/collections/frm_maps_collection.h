@@ -14,8 +14,7 @@ namespace nubivane {
 
 class Shell;
 
-/// The window of the base maps: imports, names and deletes them, marks the default one, and leaves
-/// the path of the one chosen in `cStatus::Tag`.
+/// The window of the base maps: imports, names and deletes them, marks the default one.
 class frmMapsCollection : public QDialog {
     Q_OBJECT
 
@@ -29,7 +28,11 @@ class frmMapsCollection : public QDialog {
     NameList* lvwCollection() const { return lvwCollection_; }
     PictureBox* imgMap() const { return imgMap_; }
 
+    /// The path of the map that OK was given with; empty where none was chosen.
+    const QString& chosenMap() const { return chosenMap_; }
+
     void accept() override;
+    void done(int result) override;
 
   private:
     void buildTools();
@@ -49,6 +52,7 @@ class frmMapsCollection : public QDialog {
     QLabel* lblSize_;
     QLineEdit* txtMap_;
     QLineEdit* txtDirectory_;
+    QString chosenMap_;
     QList<QAction*> needMap_;  ///< tools that work on the selected map
 };
 

@@ -5,12 +5,14 @@
 #include "engine/collections/picture_check.h"
 #include "engine/collections/scan_collections.h"
 #include "engine/collections/symbol_files.h"
+#include "engine/core/host_files.h"
 #include "engine/core/path_text.h"
 #include "engine/core/shell.h"
 #include "windows/collections/frm_copy.h"
 #include "windows/widgets/help_topic.h"
 
 #include <QDialogButtonBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -22,9 +24,14 @@ frmSymbolsCollection::frmSymbolsCollection(Workspace& workspace, AnimationCache&
       workspace_(workspace),
       shell_(shell),
       tlbSymbols_(new DialogTools("tlbSymbols", tr("Collections and symbols"), this)),
-      pane_(new CollectionPane(workspace, animations, shell, CollectionPane::Boxes::Shown, this)) {
+      pane_(new CollectionPane(workspace, animations, shell, CollectionPane::Boxes::Shown, this)),
+      lblNotice_(new QLabel(this)) {
     setObjectName("frmSymbolsCollection");
     setWindowTitle(tr("Symbol collections"));
+    lblNotice_->setObjectName("lblNotice");
+    lblNotice_->setTextFormat(Qt::PlainText);
+    lblNotice_->setWordWrap(true);
+    lblNotice_->hide();
     buildTools();
     auto* buttons = new QDialogButtonBox(this);
     auto* cmdOK = buttons->addButton(QDialogButtonBox::Ok);
@@ -37,6 +44,7 @@ frmSymbolsCollection::frmSymbolsCollection(Workspace& workspace, AnimationCache&
     auto* column = new QVBoxLayout(this);
     column->addWidget(tlbSymbols_);
     column->addWidget(pane_, 1);
+    column->addWidget(lblNotice_);
     column->addWidget(buttons);
 
     pane_->lvwCollection()->nameTyped = [this](const QString& key, const QString& name) {
@@ -51,8 +59,11 @@ frmSymbolsCollection::frmSymbolsCollection(Workspace& workspace, AnimationCache&
 void frmSymbolsCollection::buildTools() {
     const auto tool = [this](const char* name, const char* icon, const QString& text,
                              const QString& hint, const QKeySequence& keys, auto handler) {
-        return tlbSymbols_->add({name, icon, text, hint, keys},
-                                [this, handler] { (this->*handler)(); });
+        return tlbSymbols_->add({name, icon, text, hint, keys}, [this, handler] {
+            pane_->lvwCollection()->finishRenaming();
+            lblNotice_->hide();
+            (this->*handler)();
+        });
     };
     using Self = frmSymbolsCollection;
     tool("btnNewCollection", "collection-new", tr("New"), tr("New collection"),
@@ -98,7 +109,8 @@ void frmSymbolsCollection::renameCollectionTo(const QString& key, const QString&
         return;
     }
     const cSymbolsCollections& collections = workspace_.Status.SymbolsCollection();
-    if (collections.contains(name)) {
+    // A name that differs in case alone can be another collection's, which has a row of its own.
+    if (!collections.contains(key) && collections.contains(name)) {
         pane_->replaceRow(key, collections.Item(name));
     }
     if (pane_->lvwCollection()->count() != collections.Count()) {
@@ -110,16 +122,26 @@ void frmSymbolsCollection::deleteCollectionAsked() {
     if (shell_.messageBox({"Are you sure you want to delete the collection ?",
                            Icon::Question,
                            Buttons::YesNo,
-                           {}}) != Answer::Yes) {
+                           {},
+                           true}) != Answer::Yes) {
         return;
     }
     const HourglassGuard hourglass(shell_);
-    const QString refusal = deleteCollection(workspace_, pane_->selectedKey());
+    const QString name = pane_->selectedKey();
+    const QString folder = pane_->selectedFolder();
+    const QString refusal = deleteCollection(workspace_, name);
     if (!refusal.isEmpty()) {
         refuse(refusal);
         return;
     }
     pane_->fillCollectionList();
+    if (host_files::folderExists(folder)) {
+        lblNotice_->setText(
+            tr("The folder of the collection %1 could not be deleted: it holds other folders, or "
+               "you may not change it.")
+                .arg(name));
+        lblNotice_->show();
+    }
 }
 
 void frmSymbolsCollection::importSymbol() {
@@ -152,7 +174,8 @@ void frmSymbolsCollection::deleteSymbolAsked() {
     if (shell_.messageBox({"Are you sure you want to delete the selected symbol ?",
                            Icon::Question,
                            Buttons::YesNo,
-                           {}}) != Answer::Yes) {
+                           {},
+                           true}) != Answer::Yes) {
         return;
     }
     const HourglassGuard hourglass(shell_);
@@ -169,6 +192,11 @@ void frmSymbolsCollection::accept() {
     pane_->syncChecks();
     saveCheckedCollections(workspace_.Status.SymbolsCollection(), workspace_.settings);
     QDialog::accept();
+}
+
+void frmSymbolsCollection::done(int result) {
+    pane_->lvwCollection()->finishRenaming();
+    QDialog::done(result);
 }
 
 }  // namespace nubivane

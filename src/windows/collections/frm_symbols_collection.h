@@ -6,6 +6,8 @@
 
 #include <QDialog>
 
+class QLabel;
+
 namespace nubivane {
 
 /// The window in which collections are made, named and deleted, symbols imported and deleted, and
@@ -21,6 +23,7 @@ class frmSymbolsCollection : public QDialog {
     CollectionPane& pane() { return *pane_; }
 
     void accept() override;
+    void done(int result) override;
 
   private:
     void buildTools();
@@ -36,6 +39,7 @@ class frmSymbolsCollection : public QDialog {
     Shell& shell_;
     DialogTools* tlbSymbols_;
     CollectionPane* pane_;
+    QLabel* lblNotice_;               ///< what the disk refused, in the window itself
     QList<QAction*> needCollection_;  ///< tools that work on the selected collection
 };
 

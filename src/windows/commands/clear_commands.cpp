@@ -3,16 +3,21 @@
 
 #include "engine/core/error.h"
 #include "engine/core/shell.h"
+#include "engine/model/edits/picture_edits.h"
+#include "engine/model/edits/project_edits.h"
+#include "engine/model/edits/sprite_edits.h"
 #include "windows/canvas/map_viewport.h"
 #include "windows/commands/commands.h"
 #include "windows/panes/frame_canvas.h"
+
+#include <QCoreApplication>
 
 namespace nubivane {
 
 namespace {
 
 bool confirmed(Shell& shell, const char* question) {
-    return shell.messageBox({question, Icon::Question, Buttons::YesNo, {}}) == Answer::Yes;
+    return shell.messageBox({question, Icon::Question, Buttons::YesNo, {}, true}) == Answer::Yes;
 }
 
 }  // namespace
@@ -20,8 +25,8 @@ bool confirmed(Shell& shell, const char* question) {
 ClearCommands::ClearCommands(Workspace& workspace, Shell& shell, FrameCanvas& canvas,
                              MapViewport& viewport, Commands& commands)
     : workspace_(workspace), shell_(shell), canvas_(canvas), viewport_(viewport) {
-    commands.handle("mnuDelAllSymbols", [this] { deleteAllSprites(); });
-    commands.handle("mnuPulisci", [this] { clearMap(); });
+    commands.handle(Command::mnuDelAllSymbols, [this] { deleteAllSprites(); });
+    commands.handle(Command::mnuPulisci, [this] { clearMap(); });
 }
 
 void ClearCommands::deleteAllSprites() {
@@ -29,8 +34,9 @@ void ClearCommands::deleteAllSprites() {
         return;
     }
     canvas_.selection().clearSelection();
-    canvas_.sprites().unloadFrameSprites(workspace_.Status.CurrentFrame, true);
-    spritesChanged();
+    workspace_.edits().push(std::make_unique<ReplaceSprites>(
+        QT_TRANSLATE_NOOP("Edits", "Delete all"), Marks::Nothing,
+        std::vector{ReplaceSprites::Row{workspace_.Status.CurrentFrame, {}}}));
 }
 
 void ClearCommands::clearMap() {
@@ -46,9 +52,7 @@ void ClearCommands::clearMap() {
     }
     // A figure still being drawn is of this Frame's drawings too.
     canvas_.resetDrawing();
-    workspace_.pctPanel.setPicture(workspace_.Status.CurrentFrame, map);
-    workspace_.pctMap.setPicture(map);
-    canvas_.widget().showPicture();
+    workspace_.edits().push(std::make_unique<ClearDrawings>(workspace_.Status.CurrentFrame, map));
     viewport_.update();
 }
 

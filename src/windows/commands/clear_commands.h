@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <functional>
-
 namespace nubivane {
 
 class Commands;
@@ -16,8 +14,6 @@ class ClearCommands {
   public:
     ClearCommands(Workspace& workspace, Shell& shell, FrameCanvas& canvas, MapViewport& viewport,
                   Commands& commands);
-
-    std::function<void()> spritesChanged;  ///< all sprites have gone
 
   private:
     /// `mnuDelAllSymbols`: takes away Symbols and Labels alike.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/commands/clipboard_commands.h"
 
+#include "engine/model/edits/sprite_changes.h"
 #include "windows/commands/commands.h"
 #include "windows/panes/frame_canvas.h"
 
@@ -15,33 +16,25 @@ namespace {
 
 constexpr QPoint PastePosition(6, 6);
 
-/// The kind of a sprite, which is its place among the alternatives.
-qint16 typeOf(const ClipSprite& sprite) {
-    static_assert(sprite_type::Symbol == 1 && sprite_type::Label == 2);
-    return static_cast<qint16>(sprite.index());
+/// The kind of a copy that is there.
+SpriteKind kindOf(const ClipSprite& sprite) {
+    return std::holds_alternative<cSymbol>(sprite) ? SpriteKind::Symbol : SpriteKind::Label;
 }
 
-void removeSprite(cSprites& sprites, const QString& type, const QString& key) {
-    std::visit(
-        [&key](auto list) {
-            if constexpr (!std::is_same_v<decltype(list), std::monostate>) {
-                if (list->contains(key)) {
-                    list->Remove(key);
-                }
-            }
-        },
-        sprites.evalSprite(type));
+/// The name of an edit on one kind of sprite or the other.
+const char* named(SpriteKind kind, const char* symbol, const char* label) {
+    return kind == SpriteKind::Symbol ? symbol : label;
 }
 
 }  // namespace
 
 ClipboardCommands::ClipboardCommands(Workspace& workspace, FrameCanvas& canvas, Commands& commands)
     : workspace_(workspace), canvas_(canvas), commands_(commands) {
-    commands_.handle("mnuCut", [this] { cutSprite(); });
-    commands_.handle("mnuCopy", [this] { copySprite(); });
-    commands_.handle("mnuPaste", [this] { pasteSprite(); });
-    commands_.handle("mnuDelSymbol", [this] { deleteSprite(); });
-    commands_.handle("mnuRestore", [this] { restoreSprite(); });
+    commands_.handle(Command::mnuCut, [this] { cutSprite(); });
+    commands_.handle(Command::mnuCopy, [this] { copySprite(); });
+    commands_.handle(Command::mnuPaste, [this] { pasteSprite(); });
+    commands_.handle(Command::mnuDelSymbol, [this] { deleteSprite(); });
+    commands_.handle(Command::mnuRestore, [this] { restoreSprite(); });
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,
             &ClipboardCommands::refreshPaste);
     refreshPaste();
@@ -52,7 +45,7 @@ bool ClipboardCommands::clipboardHasSprite() const {
 }
 
 void ClipboardCommands::refreshPaste() {
-    commands_.setEnabled({"mnuPaste"}, clipboardHasSprite());
+    commands_.setEnabled({Command::mnuPaste}, clipboardHasSprite());
 }
 
 void ClipboardCommands::copySprite() {
@@ -67,116 +60,110 @@ void ClipboardCommands::take(bool cut) {
     clipSprite_ = {};
     origin_.reset();
     const cStatus& status = workspace_.Status;
-    const QString& key = status.CurrentShapeControlKey;
+    const auto id = status.selectedSprite();
     const cSprites& sprites = workspace_.Frames().Item(status.CurrentFrame).Sprites();
-    if (status.CurrentShapeControlType == sprite_type::Symbol && sprites.Symbols().contains(key)) {
-        clipSprite_ = sprites.Symbols().Copy(sprites.Symbols().Item(key));
-    } else if (status.CurrentShapeControlType == sprite_type::Label &&
-               sprites.Labels().contains(key)) {
-        clipSprite_ = sprites.Labels().Copy(sprites.Labels().Item(key));
-    } else {
+    if (!id || !sprites.contains(*id)) {
         return;
+    }
+    if (id->kind == SpriteKind::Symbol) {
+        clipSprite_ = sprites.Symbols().Item(id->key);
+    } else {
+        clipSprite_ = sprites.Labels().Item(id->key);
     }
     if (cut) {
         // Not the copy's own Frame number: that one is stale once an earlier Frame was removed.
-        origin_ = Origin{status.CurrentFrame, sprites.identity(), key};
+        origin_ = Origin{status.CurrentFrame, sprites.identity(), *id};
     }
-    QGuiApplication::clipboard()->setText(SpriteMarker{typeOf(clipSprite_), cut}.text());
+    QGuiApplication::clipboard()->setText(SpriteMarker{kindOf(clipSprite_), cut}.text());
 }
 
 void ClipboardCommands::pasteSprite() {
     const auto marker = SpriteMarker::read(QGuiApplication::clipboard()->text());
     // A second editor may have put its own marker there since: it does not tell of this copy.
-    if (!marker || marker->type != typeOf(clipSprite_)) {
+    if (!marker || std::holds_alternative<std::monostate>(clipSprite_) ||
+        marker->kind != kindOf(clipSprite_)) {
         return;
     }
+    const char* const name = named(marker->kind, QT_TRANSLATE_NOOP("Edits", "Paste symbol"),
+                                   QT_TRANSLATE_NOOP("Edits", "Paste label"));
+    const qint32 frame = workspace_.Status.CurrentFrame;
+    auto paste = std::make_unique<AddSprite>(name, Marks::Nothing, workspace_.Frames().Item(frame),
+                                             frame, pasted(), Arrival::Pasted);
+    const SpriteId id = paste->id();
+    auto removal = marker->cut ? removalOfCutSprite(name) : nullptr;
     if (marker->cut) {
-        removeCutSprite();
-        QGuiApplication::clipboard()->setText(SpriteMarker{marker->type, false}.text());
+        QGuiApplication::clipboard()->setText(SpriteMarker{marker->kind, false}.text());
     }
-    SpriteControl* control =
-        std::visit([this](const auto& copy) { return add(copy); }, clipSprite_);
-    canvas_.sprites().show(*control);
-    canvas_.sprites().playingChanged();
+    if (removal) {
+        auto both = std::make_unique<EditGroup>(name, Marks::Nothing, frame);
+        both->add(std::move(removal));
+        both->add(std::move(paste));
+        workspace_.edits().push(std::move(both));
+    } else {
+        workspace_.edits().push(std::move(paste));
+    }
     canvas_.selection().clearSelection();
-    canvas_.selection().select(*control);
-    spritesChanged();
+    if (SpriteControl* control = canvas_.sprites().find(id)) {
+        canvas_.selection().select(*control);
+    }
+}
+
+/// The copy as it comes onto the map.
+SpriteRecord ClipboardCommands::pasted() const {
+    const auto placed = [](auto record) {
+        record.PosX = PastePosition.x();
+        record.PosY = PastePosition.y();
+        return SpriteRecord(std::move(record));
+    };
+    if (const auto* symbol = std::get_if<cSymbol>(&clipSprite_)) {
+        return placed(*symbol);
+    }
+    return placed(std::get<cLabel>(clipSprite_));
 }
 
 /// Nothing is removed in the place of a sprite that has left its Frame or whose Frame has another
 /// number now.
-void ClipboardCommands::removeCutSprite() {
+std::unique_ptr<Edit> ClipboardCommands::removalOfCutSprite(const char* name) {
     const auto origin = std::exchange(origin_, std::nullopt);
     if (!origin || origin->frame > workspace_.Frames().Count()) {
-        return;
+        return nullptr;
     }
-    cSprites& sprites = workspace_.Frames().Item(origin->frame).Sprites();
-    if (sprites.identity().lock() != origin->identity.lock()) {
-        return;
+    const cSprites& sprites = workspace_.Frames().Item(origin->frame).Sprites();
+    if (sprites.identity().lock() != origin->identity.lock() || !sprites.contains(origin->id)) {
+        return nullptr;
     }
-    const QString type = QString::number(typeOf(clipSprite_));
-    if (origin->frame == workspace_.Status.CurrentFrame) {
-        if (SpriteControl* control = canvas_.sprites().find(type, origin->key)) {
-            canvas_.sprites().discard(*control);
-        }
-    }
-    removeSprite(sprites, type, origin->key);
-}
-
-SpriteControl* ClipboardCommands::add(const std::unique_ptr<cSymbol>& copy) {
-    GifSymbol& control = canvas_.sprites().makeSymbol(copy->PathFileGif);
-    const qint16 frame = workspace_.Status.CurrentFrame;
-    const cSymbol& symbol = workspace_.Frames().Item(frame).Sprites().Symbols().Add(
-        frame, copy->Name, control.Index, copy->Height, copy->Width, PastePosition.x(),
-        PastePosition.y(), copy->FileGif, copy->PathFileGif, copy->Link, copy->Tooltip, copy->Note);
-    control.Tag = "1|" + symbol.Key_ + '|';
-    control.rect = QRect(PastePosition, QSize(symbol.Width, symbol.Height));
-    control.StartAnimation(canvas_.sprites().now());
-    return &control;
-}
-
-SpriteControl* ClipboardCommands::add(const std::unique_ptr<cLabel>& copy) {
-    LblTesto& control = canvas_.sprites().makeLabel();
-    const qint16 frame = workspace_.Status.CurrentFrame;
-    const cLabel& label = workspace_.Frames().Item(frame).Sprites().Labels().Add(
-        frame, copy->Name, control.Index, copy->Height, copy->Width, PastePosition.x(),
-        PastePosition.y(), copy->Text, copy->FontName, QString::number(copy->FontSize),
-        copy->FontBold, copy->FontItalic, copy->FontUnderline, copy->FontOverline,
-        copy->FontStrikethourht, copy->BackColor, copy->Forecolor, QString::number(copy->Border),
-        copy->BorderColor, copy->Note);
-    control.Tag = "2|" + label.Key_ + '|';
-    control.show(label);  // its background appears when the Frame is shown anew
-    control.rect.moveTo(PastePosition);
-    return &control;
+    return std::make_unique<RemoveSprite>(name, Marks::Nothing, origin->frame, origin->id);
 }
 
 void ClipboardCommands::deleteSprite() {
-    SpriteControl* control = canvas_.selection().control();
+    const SpriteControl* control = canvas_.selection().control();
     if (!control) {
         return;
     }
-    const QString type = control->type();
-    const QString key = control->key();
-    canvas_.sprites().discard(*control);
-    canvas_.selection().clearSelection();
-    removeSprite(workspace_.Frames().Item(workspace_.Status.CurrentFrame).Sprites(), type, key);
-    spritesChanged();
+    const SpriteId id = control->id;
+    const qint32 frame = workspace_.Status.CurrentFrame;
+    if (workspace_.Frames().Item(frame).Sprites().contains(id)) {
+        workspace_.edits().push(std::make_unique<RemoveSprite>(
+            named(id.kind, QT_TRANSLATE_NOOP("Edits", "Delete symbol"),
+                  QT_TRANSLATE_NOOP("Edits", "Delete label")),
+            Marks::Nothing, frame, id, canvas_.sprites().depthOf(*control)));
+    }
 }
 
 void ClipboardCommands::restoreSprite() {
     auto* control = dynamic_cast<GifSymbol*>(canvas_.selection().control());
-    const cSymbols& symbols =
-        workspace_.Frames().Item(workspace_.Status.CurrentFrame).Sprites().Symbols();
     // A picture that cannot be read has no size to go back to.
-    if (!control || !control->animation || !symbols.contains(control->key())) {
+    if (!control || !control->animation) {
         return;
     }
     canvas_.selection().clearSelection();
     const QSize size = control->animation->size();
     canvas_.sprites().Move(*control, QRect(control->rect.topLeft(), size));
-    cSymbol& symbol = symbols.Item(control->key());
-    symbol.Width = size.width();
-    symbol.Height = size.height();
+    changeSprite<cSymbol>(workspace_, control->id, QT_TRANSLATE_NOOP("Edits", "Restore symbol"), {},
+                          [size](cSymbol& symbol) {
+                              symbol.Width = size.width();
+                              symbol.Height = size.height();
+                          });
     canvas_.selection().select(*control);
 }
 

@@ -1,30 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/model/edits/edit.h"
 #include "windows/canvas/sprite_marker.h"
 
 #include <QObject>
 
-#include <functional>
+#include <memory>
+#include <optional>
 #include <variant>
 
 namespace nubivane {
 
 class Commands;
 class FrameCanvas;
-class SpriteControl;
 class Workspace;
 
 /// A copy of a sprite that is in no list, or nothing.
-using ClipSprite = std::variant<std::monostate, std::unique_ptr<cSymbol>, std::unique_ptr<cLabel>>;
+using ClipSprite = std::variant<std::monostate, cSymbol, cLabel>;
 
 /// Cut, copy, paste, delete and restore of the selected sprite. The system clipboard holds a
 /// marker, this class the copy (`clipSprite`), which outlives changes of Frame and project.
 class ClipboardCommands : public QObject {
   public:
     ClipboardCommands(Workspace& workspace, FrameCanvas& canvas, Commands& commands);
-
-    std::function<void()> spritesChanged;  ///< a sprite has come or gone
 
     /// Whether the clipboard holds a sprite's marker: what paste is enabled by.
     bool clipboardHasSprite() const;
@@ -41,10 +40,8 @@ class ClipboardCommands : public QObject {
 
   private:
     void take(bool cut);
-    void removeCutSprite();
-    SpriteControl* add(const std::monostate&) { return nullptr; }
-    SpriteControl* add(const std::unique_ptr<cSymbol>& copy);
-    SpriteControl* add(const std::unique_ptr<cLabel>& copy);
+    SpriteRecord pasted() const;
+    std::unique_ptr<Edit> removalOfCutSprite(const char* name);
     void refreshPaste();
 
     Workspace& workspace_;
@@ -56,7 +53,7 @@ class ClipboardCommands : public QObject {
     struct Origin {
         qint32 frame;
         std::weak_ptr<const void> identity;
-        QString key;
+        SpriteId id;
     };
     std::optional<Origin> origin_;
 };

@@ -24,8 +24,8 @@ CollectionCommands::CollectionCommands(Workspace& workspace, AnimationCache& ani
       palette_(palette),
       frameCommands_(frameCommands),
       window_(window) {
-    commands.handle("mnuCollection", [this] { mnuCollection(); });
-    commands.handle("mnuOpenMap", [this] { mnuOpenMap(); });
+    commands.handle(Command::mnuCollection, [this] { mnuCollection(); });
+    commands.handle(Command::mnuOpenMap, [this] { mnuOpenMap(); });
 }
 
 void CollectionCommands::mnuCollection() {
@@ -42,13 +42,15 @@ std::optional<QString> CollectionCommands::chooseSymbol(QWidget* over) {
     return window.FileName();
 }
 
+/// Empty where none was chosen.
+QString CollectionCommands::chooseMap() {
+    frmMapsCollection window(workspace_, shell_, window_);
+    window.exec();
+    return window.chosenMap();
+}
+
 void CollectionCommands::mnuOpenMap() {
-    workspace_.Status.Tag.clear();
-    {
-        frmMapsCollection window(workspace_, shell_, window_);
-        window.exec();
-    }
-    const QString map = std::exchange(workspace_.Status.Tag, QString());
+    const QString map = chooseMap();
     // By the dialog's own measure: a map that it took for the one in use was chosen without the
     // question whether all symbols may go.
     if (map.isEmpty() || isCurrentMap(workspace_, map)) {

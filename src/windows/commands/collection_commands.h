@@ -29,6 +29,7 @@ class CollectionCommands {
 
   private:
     void mnuCollection();
+    QString chooseMap();
     void mnuOpenMap();
 
     Workspace& workspace_;

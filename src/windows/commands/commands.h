@@ -2,20 +2,78 @@
 #pragma once
 
 #include <QAction>
-#include <QHash>
 #include <QObject>
 
 #include <functional>
 #include <span>
+#include <vector>
 
 namespace nubivane {
 
+/// Every command by its control name, in the order of the table.
+enum class Command {
+    mnuNewProject,
+    mnuOpenProject,
+    mnuSaveProject,
+    mnuSaveProjectAs,
+    mnuSetPrinter,
+    mnuPrint,
+    mnuEsci,
+    mnuUndo,
+    mnuRedo,
+    mnuHistory,
+    mnuViewMainToolbar,
+    mnuViewMapToolbar,
+    mnuViewLargeIcons,
+    mnuViewSmallIcons,
+    mnuCut,
+    mnuCopy,
+    mnuCopySymbols,
+    mnuPaste,
+    mnuLock,
+    mnuDelSymbol,
+    mnuDelAllSymbols,
+    mnuRestore,
+    mnuProperty,
+    btnProperty,
+    mnuCollection,
+    mnuPack,
+    mnuRefreshSymbols,
+    mnuPulisci,
+    mnuOpenMap,
+    mnuFrameInsert,
+    mnuFrameRemove,
+    mnuMapRename,
+    subEsportaAvi,
+    subEsportaFilm,
+    subEsportaGifAni,
+    subEsportaBmp,
+    subEsportaGif,
+    subEsportaJpg,
+    subEsportaPng,
+    subEsportaTif,
+    mnuPreview,
+    mnuCrea,
+    mnuSaveSite,
+    mnuImpostazioni,
+    mnuInitialize,
+    mnuInvia,
+    mnuFtpSetting,
+    mnuSommario,
+    mnuWeb,
+    mnuBugReport,
+    mnuLastVersion,
+    mnuInfo,
+};
+
 /// One row of the table of commands.
 struct CommandRow {
+    Command id;
     const char* name;      ///< its control name, also the action's object name
     const char* caption;   ///< with "&" before the access key
     const char* icon;      ///< file name in the icons' folder without extension, or empty
-    const char* shortcut;  ///< key sequence, a standard key's name as "@Save", or empty
+    const char* shortcut;  ///< key sequences parted by "; ", a standard key's name as "@Save", or
+                           ///< empty
     const char* hint;      ///< what the tool tip says where the caption is too short; or empty
 };
 
@@ -29,18 +87,19 @@ class Commands : public QObject {
   public:
     explicit Commands(QObject* parent);
 
-    QAction* operator[](const char* name) const { return action(name); }
+    QAction* operator[](Command id) const { return actions_[static_cast<std::size_t>(id)]; }
+    /// The command of a control name; nothing for a name that is none.
     QAction* action(const QString& name) const;
 
     /// Gives a command its handler; from then on it can be enabled.
-    void handle(const char* name, std::function<void()> handler);
+    void handle(Command id, std::function<void()> handler);
     /// Enables or disables a command as far as it has a handler.
-    void setEnabled(std::initializer_list<const char*> names, bool enabled);
-    void makeCheckable(std::initializer_list<const char*> names);
+    void setEnabled(std::initializer_list<Command> ids, bool enabled);
+    void makeCheckable(std::initializer_list<Command> ids);
 
   private:
-    QHash<QString, QAction*> actions_;
-    QHash<QString, bool> handled_;
+    std::vector<QAction*> actions_;  ///< in the order of the commands
+    std::vector<bool> handled_;
 };
 
 }  // namespace nubivane

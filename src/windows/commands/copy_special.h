@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/model/edits/sprite_edits.h"
 #include "engine/model/workspace.h"
 
 #include <QString>
-
-#include <functional>
 
 class QWidget;
 
@@ -29,11 +28,9 @@ class CopySpecial {
     /// that names no two Frames does nothing.
     void copyBetweenFrames(const QString& request);
 
-    std::function<void()> projectChanged;
-
   private:
     void mnuCopySymbols();
-    void copySprites(cSprites& source, cSprites& destination, qint16 frame);
+    ReplaceSprites::Sprites copies(qint32 from, qint32 to, bool isShown);
 
     Workspace& workspace_;
     Shell& shell_;

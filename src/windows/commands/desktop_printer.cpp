@@ -26,26 +26,66 @@ QString proposedFile(const QString& proposed) {
 
 }  // namespace
 
+/// What the set-up has decided. A printer that has failed once refuses everything afterwards, so
+/// each job has a new one, which takes this over.
+struct DesktopPrinter::Choice {
+    explicit Choice(const QPrinter& printer)
+        : name(printer.printerName()),
+          file(printer.outputFileName()),
+          page(printer.pageLayout()),
+          pages(printer.pageOrder()),
+          copies(printer.copyCount()),
+          collated(printer.collateCopies()),
+          duplex(printer.duplex()),
+          color(printer.colorMode()) {}
+
+    void apply(QPrinter& printer) const {
+        if (!file.isEmpty()) {
+            printer.setOutputFormat(QPrinter::PdfFormat);
+            printer.setOutputFileName(file);
+        } else if (!name.isEmpty()) {
+            printer.setPrinterName(name);
+        }
+        printer.setPageLayout(page);
+        printer.setPageOrder(pages);
+        printer.setCopyCount(copies);
+        printer.setCollateCopies(collated);
+        printer.setDuplex(duplex);
+        printer.setColorMode(color);
+    }
+
+    QString name;
+    QString file;
+    QPageLayout page;
+    QPrinter::PageOrder pages;
+    int copies;
+    bool collated;
+    QPrinter::DuplexMode duplex;
+    QPrinter::ColorMode color;
+};
+
 DesktopPrinter::DesktopPrinter() = default;
 DesktopPrinter::~DesktopPrinter() = default;
 
-QPrinter& DesktopPrinter::printer() {
-    if (!printer_) {
-        printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
-        printer_->setCreator(ProgramTitle);
+std::unique_ptr<QPrinter> DesktopPrinter::newPrinter() const {
+    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer->setCreator(ProgramTitle);
+    if (choice_) {
+        choice_->apply(*printer);
     }
-    return *printer_;
+    return printer;
 }
 
 /// The dialog that prints serves as the one that only remembers: no other offers all printers and
 /// their papers.
 void DesktopPrinter::setUp(QWidget* over) {
-    QPrintDialog dialog(&printer(), over);
+    const auto printer = newPrinter();
+    QPrintDialog dialog(printer.get(), over);
     dialog.setObjectName("printSetup");
     dialog.setWindowTitle(QPrintDialog::tr("Print setup"));
     dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
     auto* file = dialog.findChild<QLineEdit*>("filename");
-    if (file && printer().outputFileName().isEmpty()) {
+    if (file && printer->outputFileName().isEmpty()) {
         file->setText(proposedFile(file->text()));
     }
     if (auto* buttons = dialog.findChild<QDialogButtonBox*>()) {
@@ -53,20 +93,23 @@ void DesktopPrinter::setUp(QWidget* over) {
             print->setText(QPrintDialog::tr("OK"));
         }
     }
-    dialog.exec();
+    if (dialog.exec() == QDialog::Accepted) {
+        choice_ = std::make_unique<Choice>(*printer);
+    }
 }
 
 void DesktopPrinter::print(const QImage& picture) {
-    printer().setDocName(ProgramTitle);
+    const auto printer = newPrinter();
+    printer->setDocName(ProgramTitle);
     try {
-        printPicture(printer(), picture);
+        printPicture(*printer, picture);
     } catch (const Error&) {
-        printer().abort();
+        printer->abort();
         throw;
     }
-    if (printer().printerState() == QPrinter::Error) {
+    if (printer->printerState() == QPrinter::Error) {
         throw Error(error_number::FileAccess, "printing", "Cannot print.",
-                    printer().printerName() + ": the printer tells of an error");
+                    printer->printerName() + ": the printer tells of an error");
     }
 }
 

@@ -19,10 +19,12 @@ class DesktopPrinter : public PagePrinter {
     void print(const QImage& picture) override;
 
   private:
-    QPrinter& printer();
+    struct Choice;
 
-    std::unique_ptr<QPrinter>
-        printer_;  ///< none before it is needed: asking for printers takes time
+    /// A printer as the set-up has chosen it, or the desktop's own.
+    std::unique_ptr<QPrinter> newPrinter() const;
+
+    std::unique_ptr<Choice> choice_;  ///< none before a set-up
 };
 
 }  // namespace nubivane

@@ -4,6 +4,7 @@
 #include "engine/core/error.h"
 #include "engine/core/path_text.h"
 #include "engine/core/shell.h"
+#include "engine/model/edits/unfinished_drawing.h"
 #include "windows/commands/commands.h"
 #include "windows/export/frm_save.h"
 #include "windows/export/frm_save_avi.h"
@@ -20,16 +21,16 @@ namespace nubivane {
 namespace {
 
 struct StillRow {
-    const char* command;
+    Command command;
     const char* filter;
 };
 
 constexpr std::array stills = {
-    StillRow{"subEsportaBmp", "bitmaps (*.bmp)|*.bmp|"},
-    StillRow{"subEsportaGif", "gif (*.gif)|*.gif"},
-    StillRow{"subEsportaJpg", "jpg (*.jpg)|*.jpg|"},
-    StillRow{"subEsportaPng", "png (*.png)|*.png|"},
-    StillRow{"subEsportaTif", "tif (*.tif)|*.tif|"},
+    StillRow{Command::subEsportaBmp, "bitmaps (*.bmp)|*.bmp|"},
+    StillRow{Command::subEsportaGif, "gif (*.gif)|*.gif"},
+    StillRow{Command::subEsportaJpg, "jpg (*.jpg)|*.jpg|"},
+    StillRow{Command::subEsportaPng, "png (*.png)|*.png|"},
+    StillRow{Command::subEsportaTif, "tif (*.tif)|*.tif|"},
 };
 
 }  // namespace
@@ -40,16 +41,17 @@ ExportCommands::ExportCommands(Workspace& workspace, Shell& shell, FrameCanvas& 
     for (const StillRow& row : stills) {
         commands.handle(row.command, [this, &row] { exportMap(row.filter); });
     }
-    commands.handle("subEsportaGifAni", [this] { subEsportaGifAni(); });
-    commands.handle("subEsportaFilm", [this] { subEsportaFilm(); });
-    commands.handle("subEsportaAvi", [this] { subEsportaAvi(); });
+    commands.handle(Command::subEsportaGifAni, [this] { subEsportaGifAni(); });
+    commands.handle(Command::subEsportaFilm, [this] { subEsportaFilm(); });
+    commands.handle(Command::subEsportaAvi, [this] { subEsportaAvi(); });
 }
 
 void ExportCommands::exportMap(const QString& filter) {
     const QString path = trimBlanks(shell_.saveFileName({.title = "Export map",
                                                          .folder = workspace_.folder.path(),
                                                          .filter = filter,
-                                                         .confirmOverwrite = true}));
+                                                         .confirmOverwrite = true,
+                                                         .peoplesOwn = true}));
     if (path.isEmpty()) {
         return;
     }
@@ -71,6 +73,7 @@ void ExportCommands::exportMap(const QString& filter) {
 
 /// What was being drawn is in the panel now, and so it is on the map.
 void ExportCommands::restoreMapPicture() {
+    commitUnfinishedDrawing(workspace_);
     const Picture picture = workspace_.pctPanel.picture(workspace_.Status.CurrentFrame);
     if (!picture.isEmpty()) {
         workspace_.pctMap.setPicture(picture);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/model/edits/edit_watcher.h"
 #include "engine/model/workspace.h"
 
 #include <functional>
@@ -8,17 +9,17 @@
 namespace nubivane {
 
 class Commands;
-class FrameCanvas;
 class FrameTabs;
 class MapViewport;
 class Shell;
 
-/// The commands on Frames: showing, inserting, removing, renaming them, and changing the map under
-/// all of them.
-class FrameCommands {
+/// The commands on Frames: showing, inserting, removing, moving, renaming them, and changing the
+/// map under all of them.
+class FrameCommands : private EditWatcher {
   public:
-    FrameCommands(Workspace& workspace, Shell& shell, FrameCanvas& canvas, MapViewport& viewport,
-                  FrameTabs& tabs, Commands& commands);
+    FrameCommands(Workspace& workspace, Shell& shell, MapViewport& viewport, FrameTabs& tabs,
+                  Commands& commands);
+    ~FrameCommands() override;
 
     /// Leaves the Frame on the canvas, its picture kept in its panel, and shows the selected tab's.
     void changeFrame();
@@ -27,15 +28,19 @@ class FrameCommands {
     /// Enables the commands that need more than one Frame.
     void refresh();
 
-    std::function<void()> framesChanged;  ///< Frames came or went, or all sprites with them
+    std::function<void()> framesCounted;  ///< Frames may have come or gone
 
   private:
     void insertFrame();
     void removeFrame();
+    void moveFrame(int from, int to);
+
+    // EditWatcher.
+    void framesChanged() override;
+    void edited(const ProjectChange& change) override;
 
     Workspace& workspace_;
     Shell& shell_;
-    FrameCanvas& canvas_;
     MapViewport& viewport_;
     FrameTabs& tabs_;
     Commands& commands_;

@@ -2,6 +2,8 @@
 #include "windows/commands/frm_utility.h"
 
 #include "engine/core/shell.h"
+#include "windows/widgets/at_once.h"
+#include "windows/widgets/combo_ex.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -15,8 +17,8 @@ frmUtility::frmUtility(const Workspace& workspace, Shell& shell, QString& CopyIn
     : QDialog(parent),
       shell_(shell),
       CopyInfo_(CopyInfo),
-      cboSourceMap_(new QComboBox(this)),
-      cboDestMap_(new QComboBox(this)),
+      cboSourceMap_(new comboEx(this)),
+      cboDestMap_(new comboEx(this)),
       chkOverwrite_(new QCheckBox(tr("C&ut symbols and labels from source map"), this)) {
     setObjectName("frmUtility");
     setWindowTitle(tr("Copy special"));
@@ -61,6 +63,7 @@ void frmUtility::buildLayout() {
     column->addStretch();
     column->addWidget(buttons);
     column->setSizeConstraint(QLayout::SetFixedSize);
+    answerKeysAtOnce(*this);
 }
 
 void frmUtility::refuse(const QString& text, QComboBox* list) {

@@ -7,68 +7,101 @@
 #include <QMenuBar>
 
 #include <array>
-#include <initializer_list>
-#include <string_view>
+#include <variant>
 #include <vector>
 
 namespace nubivane {
 
 namespace {
 
-constexpr char Separator[] = "-";
+/// What stands in a menu: a command, a line, or the one sub-menu.
+struct Separator {};
+struct ExportMenu {};
+using MenuEntry = std::variant<Command, Separator, ExportMenu>;
 
-/// Entries are names of commands, "-" for a separator, or "mnuEsporta" for the one sub-menu.
 struct MenuRow {
     const char* name;
     const char* caption;
-    std::vector<const char*> entries;
+    char key;  ///< the access key's letter; 0 where the caption has its own or needs none
+    std::vector<MenuEntry> entries;
 };
 
-const MenuRow exportMenu = {
-    "mnuEsporta",
-    "Export to",
-    {"subEsportaAvi", "subEsportaFilm", "subEsportaGifAni", Separator, "subEsportaBmp",
-     "subEsportaGif", "subEsportaJpg", "subEsportaPng", "subEsportaTif"}};
+const MenuRow& exportMenu() {
+    static const MenuRow row = {
+        "mnuEsporta",
+        "Export to",
+        0,
+        {Command::subEsportaAvi, Command::subEsportaFilm, Command::subEsportaGifAni, Separator(),
+         Command::subEsportaBmp, Command::subEsportaGif, Command::subEsportaJpg,
+         Command::subEsportaPng, Command::subEsportaTif}};
+    return row;
+}
 
-const std::array<MenuRow, 7>& menuTree() {
-    static const std::array<MenuRow, 7> tree = {{
+const std::array<MenuRow, 8>& menuTree() {
+    static const std::array<MenuRow, 8> tree = {{
         {"mnuFile",
          "&File",
-         {"mnuNewProject", "mnuOpenProject", Separator, "mnuSaveProject", "mnuSaveProjectAs",
-          Separator, "mnuSetPrinter", "mnuPrint", Separator, "mnuEsci"}},
+         0,
+         {Command::mnuNewProject, Command::mnuOpenProject, Separator(), Command::mnuSaveProject,
+          Command::mnuSaveProjectAs, Separator(), Command::mnuSetPrinter, Command::mnuPrint,
+          Separator(), Command::mnuEsci}},
+        {"mnuEdit",
+         "Edit",
+         'e',
+         {Command::mnuUndo, Command::mnuRedo, Separator(), Command::mnuCut, Command::mnuCopy,
+          Command::mnuPaste, Command::mnuDelSymbol}},
         {"mnuView",
          "View",
-         {"mnuViewMainToolbar", "mnuViewMapToolbar", Separator, "mnuViewLargeIcons",
-          "mnuViewSmallIcons"}},
+         'v',
+         {Command::mnuViewMainToolbar, Command::mnuViewMapToolbar, Separator(),
+          Command::mnuViewLargeIcons, Command::mnuViewSmallIcons, Separator(),
+          Command::mnuHistory}},
         {"mnuSimboli",
          "Symbols",
-         {"mnuCut", "mnuCopy", "mnuCopySymbols", "mnuPaste", Separator, "mnuLock", "mnuDelSymbol",
-          "mnuDelAllSymbols", "mnuRestore", Separator, "mnuProperty", Separator, "mnuCollection",
-          "mnuPack", Separator, "mnuRefreshSymbols"}},
+         's',
+         {Command::mnuCut, Command::mnuCopy, Command::mnuCopySymbols, Command::mnuPaste,
+          Separator(), Command::mnuLock, Command::mnuDelSymbol, Command::mnuDelAllSymbols,
+          Command::mnuRestore, Separator(), Command::mnuProperty, Separator(),
+          Command::mnuCollection, Command::mnuPack, Separator(), Command::mnuRefreshSymbols}},
         {"mnuFile2",
          "Map",
-         {"mnuPulisci", "mnuOpenMap", Separator, "mnuFrameInsert", "mnuFrameRemove", Separator,
-          "mnuEsporta"}},
-        {"mnuPagina", "Html page", {"mnuPreview", "mnuCrea", Separator, "mnuImpostazioni"}},
-        {"mnuFtp", "Ftp", {"mnuInitialize", "mnuInvia", Separator, "mnuFtpSetting"}},
+         'm',
+         {Command::mnuPulisci, Command::mnuOpenMap, Separator(), Command::mnuFrameInsert,
+          Command::mnuFrameRemove, Separator(), ExportMenu()}},
+        {"mnuPagina",
+         "Html page",
+         'p',
+         {Command::mnuPreview, Command::mnuCrea, Command::mnuSaveSite, Separator(),
+          Command::mnuImpostazioni}},
+        {"mnuFtp",
+         "Ftp",
+         't',
+         {Command::mnuInitialize, Command::mnuInvia, Separator(), Command::mnuFtpSetting}},
         {"mnuGuida",
          "Help",
-         {"mnuSommario", "mnuWeb", "mnuBugReport", Separator, "mnuLastVersion", Separator,
-          "mnuInfo"}},
+         'h',
+         {Command::mnuSommario, Command::mnuWeb, Command::mnuBugReport, Separator(),
+          Command::mnuLastVersion, Separator(), Command::mnuInfo}},
     }};
     return tree;
 }
 
+/// A caption with its access key marked.
+QString withKey(QString caption, char key) {
+    const qsizetype place =
+        key == 0 ? -1 : caption.indexOf(QLatin1Char(key), 0, Qt::CaseInsensitive);
+    return place < 0 ? caption : caption.insert(place, u'&');
+}
+
 void fill(QMenu& menu, const MenuRow& row, const Commands& commands) {
     menu.setObjectName(row.name);
-    for (const char* entry : row.entries) {
-        const std::string_view name = entry;
-        if (name == Separator) {
-            menu.addSeparator();
-        } else if (name == exportMenu.name) {
-            fill(*menu.addMenu(QObject::tr(exportMenu.caption)), exportMenu, commands);
+    for (const MenuEntry& entry : row.entries) {
+        if (const Command* command = std::get_if<Command>(&entry)) {
+            menu.addAction(commands[*command]);
+        } else if (std::holds_alternative<ExportMenu>(entry)) {
+            fill(*menu.addMenu(QObject::tr(exportMenu().caption)), exportMenu(), commands);
         } else {
-            menu.addAction(commands[entry]);
+            menu.addSeparator();
         }
     }
 }
@@ -78,8 +111,10 @@ void addProxy(QMenu& menu, const char* name, QAction* command) {
     QAction* entry = menu.addAction(command->icon(), command->text());
     entry->setObjectName(name);
     entry->setEnabled(command->isEnabled());
-    QObject::connect(command, &QAction::changed, entry,
-                     [entry, command] { entry->setEnabled(command->isEnabled()); });
+    QObject::connect(command, &QAction::changed, entry, [entry, command] {
+        entry->setEnabled(command->isEnabled());
+        entry->setText(command->text());
+    });
     QObject::connect(entry, &QAction::triggered, command, &QAction::trigger);
 }
 
@@ -87,31 +122,37 @@ void addProxy(QMenu& menu, const char* name, QAction* command) {
 
 void buildMenuBar(QMenuBar& bar, const Commands& commands) {
     for (const MenuRow& row : menuTree()) {
-        fill(*bar.addMenu(QObject::tr(row.caption)), row, commands);
+        fill(*bar.addMenu(withKey(QObject::tr(row.caption), row.key)), row, commands);
     }
 }
 
 QMenu* buildSpriteMenu(const Commands& commands, QWidget* parent) {
     auto* menu = new QMenu(parent);
     menu->setObjectName("MenuPopup");
-    addProxy(*menu, "subRestore", commands["mnuRestore"]);
+    addProxy(*menu, "subRestore", commands[Command::mnuRestore]);
     menu->addSeparator();
-    addProxy(*menu, "subCut", commands["mnuCut"]);
-    addProxy(*menu, "subCopy", commands["mnuCopy"]);
-    addProxy(*menu, "subPaste", commands["mnuPaste"]);
-    addProxy(*menu, "subDelete", commands["mnuDelSymbol"]);
+    addProxy(*menu, "subCut", commands[Command::mnuCut]);
+    addProxy(*menu, "subCopy", commands[Command::mnuCopy]);
+    addProxy(*menu, "subPaste", commands[Command::mnuPaste]);
+    addProxy(*menu, "subDelete", commands[Command::mnuDelSymbol]);
     menu->addSeparator();
-    addProxy(*menu, "subProperty", commands["mnuProperty"]);
+    addProxy(*menu, "subProperty", commands[Command::mnuProperty]);
+    menu->addSeparator();
+    addProxy(*menu, "subUndo", commands[Command::mnuUndo]);
+    addProxy(*menu, "subRedo", commands[Command::mnuRedo]);
     return menu;
 }
 
 QMenu* buildFrameMenu(const Commands& commands, QWidget* parent) {
     auto* menu = new QMenu(parent);
     menu->setObjectName("MenuMap");
-    addProxy(*menu, "mnuMapInsert", commands["mnuFrameInsert"]);
-    addProxy(*menu, "mnuMapDelete", commands["mnuFrameRemove"]);
+    addProxy(*menu, "mnuMapInsert", commands[Command::mnuFrameInsert]);
+    addProxy(*menu, "mnuMapDelete", commands[Command::mnuFrameRemove]);
     menu->addSeparator();
-    menu->addAction(commands["mnuMapRename"]);
+    menu->addAction(commands[Command::mnuMapRename]);
+    menu->addSeparator();
+    addProxy(*menu, "mnuMapUndo", commands[Command::mnuUndo]);
+    addProxy(*menu, "mnuMapRedo", commands[Command::mnuRedo]);
     return menu;
 }
 

@@ -12,8 +12,8 @@ namespace nubivane {
 
 PrintCommands::PrintCommands(Shell& shell, FrameCanvas& canvas, Commands& commands, QWidget* window)
     : printer(std::make_unique<DesktopPrinter>()), shell_(shell), canvas_(canvas), window_(window) {
-    commands.handle("mnuSetPrinter", [this] { printer->setUp(window_); });
-    commands.handle("mnuPrint", [this] { printMap(); });
+    commands.handle(Command::mnuSetPrinter, [this] { printer->setUp(window_); });
+    commands.handle(Command::mnuPrint, [this] { printMap(); });
 }
 
 void PrintCommands::printMap() {

@@ -2,7 +2,10 @@
 #include "windows/commands/project_commands.h"
 
 #include "engine/core/error.h"
+#include "engine/core/host_files.h"
+#include "engine/core/path_text.h"
 #include "engine/core/shell.h"
+#include "engine/model/workspace.h"
 #include "engine/project/new_project.h"
 #include "engine/project/open_project.h"
 #include "engine/project/save_project.h"
@@ -12,12 +15,13 @@
 namespace nubivane {
 
 ProjectCommands::ProjectCommands(Editor editor, Commands& commands) : editor_(editor) {
-    commands.handle("mnuNewProject", [this] { createNew(); });
-    commands.handle("mnuOpenProject", [this] { open({}); });
-    commands.handle("mnuSaveProject", [this] { save(false); });
-    commands.handle("mnuSaveProjectAs", [this] { save(true); });
-    commands.handle("mnuCrea", [this] { createPage(editor_); });
-    commands.handle("mnuPreview", [this] { mnuPreview(editor_); });
+    commands.handle(Command::mnuNewProject, [this] { createNew(); });
+    commands.handle(Command::mnuOpenProject, [this] { open({}); });
+    commands.handle(Command::mnuSaveProject, [this] { save(false); });
+    commands.handle(Command::mnuSaveProjectAs, [this] { save(true); });
+    commands.handle(Command::mnuCrea, [this] { create(); });
+    commands.handle(Command::mnuSaveSite, [this] { saveSite(); });
+    commands.handle(Command::mnuPreview, [this] { mnuPreview(editor_); });
 }
 
 void ProjectCommands::open(const QString& file) {
@@ -36,6 +40,29 @@ void ProjectCommands::createNew() {
             {"An error occurred while initializing. The application will be terminated.",
              Icon::Critical, Buttons::Ok, QString::fromUtf8(error.what())});
         terminate();
+    }
+}
+
+void ProjectCommands::create() {
+    const auto files = createPage(editor_);
+    if (files && pageMade) {
+        pageMade(pageAmong(*files));
+    }
+}
+
+/// The folder of the last site is where the next one is looked for.
+void ProjectCommands::saveSite() {
+    Shell& shell = editor_.shell;
+    const QString folder = shell.chooseFolder(
+        {"Save site as",
+         siteFolder_.isEmpty() ? getFolder(editor_.workspace.Status.CurrentProject) : siteFolder_,
+         {}});
+    if (folder.isEmpty()) {
+        return;
+    }
+    siteFolder_ = folder;
+    if (const auto files = createSite(editor_, host_files::toHost(folder))) {
+        shell.openInBrowser(pageAmong(*files));
     }
 }
 

@@ -21,12 +21,18 @@ class ProjectCommands {
 
     /// Ends the program after a failure from which there is no way on.
     std::function<void()> terminate;
+    /// A page (host path) was made.
+    std::function<void(const QString&)> pageMade;
 
   private:
     void createNew();
+    void create();
     void save(bool saveAs);
 
+    void saveSite();
+
     Editor editor_;
+    QString siteFolder_;  ///< path text; empty until one was saved
 };
 
 }  // namespace nubivane

@@ -13,11 +13,11 @@ namespace nubivane {
 PropertyCommands::PropertyCommands(Workspace& workspace, Shell& shell, FrameCanvas& canvas,
                                    Commands& commands, QWidget& window)
     : workspace_(workspace), shell_(shell), canvas_(canvas), window_(window) {
-    for (const char* name : {"mnuProperty", "btnProperty"}) {
-        commands.handle(name, [this] { showSpriteProperties(); });
+    for (const Command id : {Command::mnuProperty, Command::btnProperty}) {
+        commands.handle(id, [this] { showSpriteProperties(); });
     }
     // The menu's own key rests while the entry is disabled; this one stands in for it.
-    const QAction* entry = commands["mnuProperty"];
+    const QAction* entry = commands[Command::mnuProperty];
     auto* key = new QShortcut(entry->shortcut(), &window);
     key->setEnabled(!entry->isEnabled());
     QObject::connect(entry, &QAction::enabledChanged, key,

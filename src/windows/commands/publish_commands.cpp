@@ -11,9 +11,9 @@ namespace nubivane {
 PublishCommands::PublishCommands(Editor editor, Commands& commands, QWidget* window,
                                  FtpOptions options)
     : editor_(editor), window_(window), upload_(editor, *this, std::move(options)) {
-    commands.handle("mnuInvia", [this] { upload_.mnuInvia(); });
-    commands.handle("mnuInitialize", [this] { upload_.mnuInitialize(); });
-    commands.handle("mnuFtpSetting", [this] { openFtpSettings(FtpTab::Server); });
+    commands.handle(Command::mnuInvia, [this] { upload_.mnuInvia(); });
+    commands.handle(Command::mnuInitialize, [this] { upload_.mnuInitialize(); });
+    commands.handle(Command::mnuFtpSetting, [this] { openFtpSettings(FtpTab::Server); });
 }
 
 void PublishCommands::openFtpSettings(FtpTab tab) {

@@ -23,11 +23,11 @@ ServiceCommands::ServiceCommands(Editor editor, Commands& commands, QWidget* win
       window_(window),
       publisher_(std::move(publisher)),
       options_(std::move(options)) {
-    commands.handle("mnuPack", [this] { mnuPack(); });
-    commands.handle("mnuBugReport", [this] { mnuBugReport(); });
-    commands.handle("mnuLastVersion", [this] { mnuLastVersion(); });
-    commands.handle("mnuInfo", [this] { mnuInfo(); });
-    commands.handle("mnuWeb", [this] { mnuWeb(); });
+    commands.handle(Command::mnuPack, [this] { mnuPack(); });
+    commands.handle(Command::mnuBugReport, [this] { mnuBugReport(); });
+    commands.handle(Command::mnuLastVersion, [this] { mnuLastVersion(); });
+    commands.handle(Command::mnuInfo, [this] { mnuInfo(); });
+    commands.handle(Command::mnuWeb, [this] { mnuWeb(); });
 }
 
 void ServiceCommands::mnuPack() {

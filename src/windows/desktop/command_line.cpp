@@ -3,8 +3,7 @@
 
 #include "engine/core/host_files.h"
 #include "engine/core/path_text.h"
-
-#include <QFileInfo>
+#include "engine/project/project_paths.h"
 
 namespace nubivane {
 
@@ -21,7 +20,7 @@ QString projectArgument(const QStringList& arguments) {
 
 bool isStartableProject(const QString& hostFile) {
     const QString path = host_files::toModel(hostFile);
-    return QFileInfo(hostFile).isFile() && getExtension(hostFile).toLower() == u"nvpf" &&
+    return projectStands(hostFile) && getExtension(hostFile).toLower() == u"nvpf" &&
            host_files::fileExists(stripExtension(path) + ".nvpx");
 }
 

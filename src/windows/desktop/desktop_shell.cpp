@@ -9,13 +9,19 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QDesktopServices>
+#include <QDir>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QNetworkInterface>
 #include <QProgressBar>
+#include <QScreen>
+#include <QStandardPaths>
 #include <QTimer>
 #include <QUrl>
+
+#include <algorithm>
 
 namespace nubivane {
 
@@ -65,6 +71,41 @@ Answer answerOf(int button) {
     }
 }
 
+/// A name without blanks makes a box as wide as it is long. It may be broken where it is too long.
+QString breakable(const QString& text) {
+    constexpr int LongestWord = 60;
+    constexpr QChar MayBreakHere(0x200b);
+    QString broken;
+    int letters = 0;
+    for (const QChar c : text) {
+        letters = c.isSpace() ? 0 : letters + 1;
+        if (letters > LongestWord && !c.isLowSurrogate()) {
+            broken += MayBreakHere;
+            letters = 1;
+        }
+        broken += c;
+    }
+    return broken;
+}
+
+/// In sight, unless it is as long as what only a report wants.
+void showCause(QMessageBox& box, const QString& cause) {
+    constexpr qsizetype Longest = 400;
+    if (cause.size() > Longest || cause.count(u'\n') > 2) {
+        box.setDetailedText(cause);
+    } else if (!cause.isEmpty()) {
+        const bool ended = cause.endsWith(u'.') || cause.endsWith(u'!') || cause.endsWith(u'?');
+        box.setInformativeText(breakable(cause[0].toUpper() + cause.mid(1) + (ended ? "" : ".")));
+    }
+}
+
+/// Where no window is under a box, not every window manager brings it to the middle by itself.
+void centreOnScreen(QWidget& box) {
+    box.ensurePolished();
+    box.adjustSize();
+    box.move(box.screen()->availableGeometry().center() - box.rect().center());
+}
+
 /// "Caption (*.x)|*.x|" becomes "Caption (*.x)" with the pattern in the last brackets.
 QStringList qtFilters(const QString& filter) {
     const QStringList parts = filter.split(u'|', Qt::SkipEmptyParts);
@@ -76,12 +117,27 @@ QStringList qtFilters(const QString& filter) {
     return filters;
 }
 
+/// An installed program keeps its folder where file dialogs do not show it; what people keep
+/// themselves goes among their documents then.
+QString startFolder(const FileRequest& request) {
+    const QString folder = host_files::toHost(request.folder);
+    const QStringList parts = folder.split(u'/', Qt::SkipEmptyParts);
+    const bool hidden = std::any_of(parts.begin(), parts.end(), [](const QString& part) {
+        return part.size() > 1 && part.startsWith(u'.') && part != u"..";
+    });
+    if (!request.peoplesOwn || !hidden) {
+        return folder;
+    }
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(documents).isDir() ? documents : QDir::homePath();
+}
+
 QString askForFile(QFileDialog& dialog, const FileRequest& request) {
-    dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(qtFilters(request.filter));
     dialog.resize(FileDialogSize);
-    return dialog.exec() == QDialog::Accepted ? host_files::toModel(dialog.selectedFiles().value(0))
-                                              : QString();
+    return dialog.exec() == QDialog::Accepted
+               ? host_files::toModel(QDir::cleanPath(dialog.selectedFiles().value(0)))
+               : QString();
 }
 
 }  // namespace
@@ -101,11 +157,15 @@ QWidget* DesktopShell::dialogParent() const {
 Answer DesktopShell::messageBox(const Message& message) {
     QString text = message.text;
     text.replace("\r\n", "\n").replace('\r', '\n');
-    QMessageBox box(iconOf(message.icon), ProgramTitle, text, buttonsOf(message.buttons),
+    QMessageBox box(iconOf(message.icon), ProgramTitle, breakable(text), buttonsOf(message.buttons),
                     dialogParent());
     box.setTextFormat(Qt::PlainText);
-    if (!message.cause.isEmpty()) {
-        box.setDetailedText(message.cause);
+    showCause(box, message.cause);
+    if (message.destroys) {
+        box.setDefaultButton(QMessageBox::No);
+    }
+    if (!box.parentWidget()) {
+        centreOnScreen(box);
     }
     // The hourglass must not stay over the buttons.
     const QCursor* waiting = QApplication::overrideCursor();
@@ -120,16 +180,25 @@ Answer DesktopShell::messageBox(const Message& message) {
 }
 
 QString DesktopShell::openFileName(const FileRequest& request) {
-    QFileDialog dialog(dialogParent(), request.title, host_files::toHost(request.folder));
+    QFileDialog dialog(dialogParent(), request.title, startFolder(request));
     dialog.setFileMode(QFileDialog::ExistingFile);
     return askForFile(dialog, request);
 }
 
 QString DesktopShell::saveFileName(const FileRequest& request) {
-    QFileDialog dialog(dialogParent(), request.title, host_files::toHost(request.folder));
+    QFileDialog dialog(dialogParent(), request.title, startFolder(request));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.confirmOverwrite);
     return askForFile(dialog, request);
+}
+
+QString DesktopShell::chooseFolder(const FileRequest& request) {
+    QFileDialog dialog(dialogParent(), request.title, host_files::toHost(request.folder));
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    dialog.resize(FileDialogSize);
+    return dialog.exec() == QDialog::Accepted ? host_files::toModel(dialog.selectedFiles().value(0))
+                                              : QString();
 }
 
 std::optional<qint32> DesktopShell::chooseColor(qint32 initial) {

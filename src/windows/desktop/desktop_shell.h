@@ -24,6 +24,7 @@ class DesktopShell : public Shell {
     Answer messageBox(const Message& message) override;
     QString openFileName(const FileRequest& request) override;
     QString saveFileName(const FileRequest& request) override;
+    QString chooseFolder(const FileRequest& request) override;
     std::optional<qint32> chooseColor(qint32 initial) override;
     void setProgress(int percent) override;
     void hideProgress() override;

@@ -9,7 +9,8 @@
 namespace nubivane {
 
 /// Sees to it that a user runs one editor on a program folder: a second one raises the first one's
-/// window and ends.
+/// window and ends. They meet at a socket in a folder that only this user can write, so that no
+/// other user's program is ever taken for the editor.
 class SingleInstance : public QObject {
   public:
     explicit SingleInstance(const QString& programFolder);
@@ -23,7 +24,7 @@ class SingleInstance : public QObject {
   private:
     bool raiseOther();
 
-    QString name_;
+    QString name_;  ///< the socket's host path; empty where there is no such folder
     QLocalServer server_;
 };
 

@@ -23,6 +23,8 @@ class ControlPoints {
 
     /// Writes the first row that is not in use.
     void addPoint(QPoint position);
+    /// The last row in use is free again.
+    void removeLast() { --pointCount_; }
     /// The first row less than five pixels away on both axes, or -1. The row behind the last one in
     /// use is looked at as well, as it stands.
     int findPoint(QPoint position) const;

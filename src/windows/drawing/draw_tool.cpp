@@ -4,6 +4,8 @@
 #include "windows/drawing/map_drawing.h"
 #include "windows/drawing/tool_pointers.h"
 
+#include <QCoreApplication>
+
 namespace nubivane {
 
 DrawTool::DrawTool(MapDrawing& drawing) : PenTool(drawing, toolPointer("drawcur")) {}
@@ -23,8 +25,14 @@ void DrawTool::go(QPoint position) {
     drawing().pen().lineTo(position);
 }
 
+/// To the border, where the pen waits for the pointer to come back.
+void DrawTool::goOut(QPoint position) {
+    MapPen& pen = drawing().pen();
+    pen.lineTo(drawing().borderBetween(pen.position(), position));
+}
+
 void DrawTool::end() {
-    drawing().commitStroke();
+    drawing().commitStroke(QT_TRANSLATE_NOOP("Edits", "Draw"));
 }
 
 }  // namespace nubivane

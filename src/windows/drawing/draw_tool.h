@@ -13,6 +13,7 @@ class DrawTool : public PenTool {
   protected:
     void begin(QPoint position) override;
     void go(QPoint position) override;
+    void goOut(QPoint position) override;
     void end() override;
 };
 

@@ -15,6 +15,8 @@ class DrawingTool {
     /// Each of them may raise `Error`; what was being drawn is lost then.
     virtual void press(QPoint position, Qt::MouseButton button) = 0;
     virtual void move(QPoint position) = 0;
+    /// The pointer has gone to a position beside the map.
+    virtual void leave(QPoint) {}
     virtual void release(Qt::MouseButton button) = 0;
 
     /// Draws the figure that is being edited as it will stay.

@@ -5,6 +5,11 @@
 #include "windows/drawing/map_drawing.h"
 #include "windows/drawing/tool_pointers.h"
 
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cstdlib>
+
 namespace nubivane {
 
 EraseTool::EraseTool(MapDrawing& drawing) : PenTool(drawing, toolPointer("erasecur")) {}
@@ -36,15 +41,39 @@ void EraseTool::begin(QPoint position) {
         pixels_ = pctEraser_.pixels();
     }
     drawing().points().penDown = true;
-    go(position);
+    outside_.reset();
+    last_ = position;
+    sweep(position);
+}
+
+/// Block by block, so that a fast stroke leaves no gaps.
+void EraseTool::sweep(QPoint to) {
+    const QPoint way = to - last_;
+    const int steps = std::max({1, std::abs(way.x()), std::abs(way.y())});
+    for (int i = 1; i <= steps; ++i) {
+        const QPoint at = last_ + way * (static_cast<double>(i) / steps);
+        drawing().pen().copyBlock(pixels_, {at, QSize(BlockSize, BlockSize)});
+    }
+    last_ = to;
 }
 
 void EraseTool::go(QPoint position) {
-    drawing().pen().copyBlock(pixels_, {position, QSize(BlockSize, BlockSize)});
+    if (outside_) {
+        last_ = drawing().borderBetween(position, *outside_);
+        outside_.reset();
+    }
+    sweep(position);
+}
+
+void EraseTool::goOut(QPoint position) {
+    if (!outside_) {
+        sweep(drawing().borderBetween(last_, position));
+    }
+    outside_ = position;
 }
 
 void EraseTool::end() {
-    drawing().commitStroke();
+    drawing().commitStroke(QT_TRANSLATE_NOOP("Edits", "Erase"));
 }
 
 }  // namespace nubivane

@@ -29,7 +29,7 @@ void CurveTool::drawEdited() {
     for (std::size_t i = 1; points.size() > 2 && i < points.size(); ++i) {
         pen.dottedLine(points[i - 1], points[i]);
     }
-    pen.takeWidth();
+    pen.followWidth();
     drawFigure();
 }
 
@@ -41,6 +41,12 @@ void CircleTool::go(QPoint position) {
     if (drawing().points().pointCount() == 2) {
         FigureTool::go(position);
     }
+}
+
+/// What is seen while it is edited has the width that it will have.
+void CircleTool::drawEdited() {
+    drawing().pen().followWidth();
+    drawFigure();
 }
 
 /// In the width that its handles left. There is no circle without its second point.
@@ -55,8 +61,17 @@ void CircleTool::drawFigure() {
 PolygonTool::PolygonTool(MapDrawing& drawing) : FigureTool(drawing, 15) {}
 
 void PolygonTool::drawFigure() {
+    drawing().pen().takeWidth();
+    drawLines();
+}
+
+void PolygonTool::drawEdited() {
+    drawing().pen().followWidth();
+    drawLines();
+}
+
+void PolygonTool::drawLines() {
     MapPen& pen = drawing().pen();
-    pen.takeWidth();
     const std::vector<QPoint> points = controls();
     for (std::size_t i = 0; i + 1 < points.size(); ++i) {
         pen.line(points[i + 1], points[i]);

@@ -30,6 +30,7 @@ class CircleTool : public FigureTool {
   protected:
     void go(QPoint position) override;
     void drawFigure() override;
+    void drawEdited() override;
 };
 
 /// "poly": up to 15 points joined by lines, the last one not to the first.
@@ -39,6 +40,10 @@ class PolygonTool : public FigureTool {
 
   protected:
     void drawFigure() override;
+    void drawEdited() override;
+
+  private:
+    void drawLines();
 };
 
 }  // namespace nubivane

@@ -27,7 +27,7 @@ QPoint insideScreen(QPoint place, const QSize& size, const QRect& screen) {
 }  // namespace
 
 frmDrawAction::frmDrawAction(SettingsStore& settings, QWidget* owner)
-    : QDialog(owner, Qt::Tool), settings_(settings) {
+    : QDialog(owner, Qt::Tool), settings_(settings), place_(new FramePlace(*this)) {
     setObjectName("frmDrawAction");
     setWindowTitle(tr("Drawing"));
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -64,12 +64,12 @@ void frmDrawAction::restorePlace() {
     } else {
         place.moveCenter(owner.frameGeometry().center());
     }
-    move(insideScreen(place.topLeft(), place.size(), screen()->availableGeometry()));
+    place_->put(insideScreen(place.topLeft(), place.size(), screen()->availableGeometry()));
 }
 
 void frmDrawAction::unload() {
-    settings_.set(Setting::DrawDialogTop, QString::number(y() * TwipsPerPixel));
-    settings_.set(Setting::DrawDialogLeft, QString::number(x() * TwipsPerPixel));
+    settings_.set(Setting::DrawDialogTop, QString::number(place_->corner().y() * TwipsPerPixel));
+    settings_.set(Setting::DrawDialogLeft, QString::number(place_->corner().x() * TwipsPerPixel));
     hide();
     // Whoever asks for the loaded windows must not find one that is on its way out.
     setObjectName(QString());

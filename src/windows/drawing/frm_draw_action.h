@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "windows/widgets/frame_place.h"
+
 #include <QDialog>
 
 #include <functional>
@@ -31,6 +33,7 @@ class frmDrawAction : public QDialog {
     void restorePlace();
 
     SettingsStore& settings_;
+    FramePlace* place_;
     bool placed_ = false;
 };
 

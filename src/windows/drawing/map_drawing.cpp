@@ -4,12 +4,14 @@
 #include "engine/core/error.h"
 #include "engine/core/settings_store.h"
 #include "engine/core/shell.h"
+#include "engine/model/edits/project_edits.h"
 #include "windows/canvas/map_canvas.h"
 #include "windows/drawing/color_tool.h"
 #include "windows/drawing/draw_tool.h"
 #include "windows/drawing/erase_tool.h"
 #include "windows/drawing/figures.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace nubivane {
@@ -50,28 +52,22 @@ void MapDrawing::Init() {
     const auto color = workspace_.settings.number(Setting::DrawColor);
     pen_.DrawColor = color && *color >= 0 && *color <= White ? *color : White;
     pen_.takeWidth();
-    workspace_.Status.CurrentTool = toolTable.front().name;
+    workspace_.Status.CurrentTool = Tool::cursor;
     changed();
 }
 
-/// Nothing for a name that is no tool's.
-DrawingTool* MapDrawing::tool() const {
-    for (std::size_t i = 0; i < toolTable.size(); ++i) {
-        if (workspace_.Status.CurrentTool == QLatin1String(toolTable[i].name)) {
-            return tools_[i].get();
-        }
-    }
-    return nullptr;
+DrawingTool& MapDrawing::tool() const {
+    return *tools_[static_cast<std::size_t>(workspace_.Status.CurrentTool)];
 }
 
 void MapDrawing::chooseTool(std::size_t index) {
     reset();
-    workspace_.Status.CurrentTool = toolTable.at(index).name;
+    workspace_.Status.CurrentTool = toolTable.at(index).tool;
     if (index != 0) {
         selection_.clearSelection();
     }
-    canvas_->setCursor(tool()->pointer());
-    tool()->chosen();
+    canvas_->setCursor(tool().pointer());
+    tool().chosen();
     changed();
 }
 
@@ -94,9 +90,7 @@ void MapDrawing::refreshFigure() {
     }
     try {
         pen_.takeWidth();
-        if (DrawingTool* current = tool()) {
-            current->redraw();
-        }
+        tool().redraw();
     } catch (const Error&) {
         // A width that is being typed is no number for a moment; the figure stays as it is.
     }
@@ -108,9 +102,7 @@ void MapDrawing::resetPointer() {
 
 void MapDrawing::press(QPoint position, Qt::MouseButton button) {
     try {
-        if (DrawingTool* current = tool()) {
-            current->press(position, button);
-        }
+        tool().press(position, button);
     } catch (const Error&) {
         // What was to be drawn is lost; the next press begins anew.
     }
@@ -119,35 +111,30 @@ void MapDrawing::press(QPoint position, Qt::MouseButton button) {
 void MapDrawing::move(QPoint position) {
     if (position.x() < 0 || position.x() > workspace_.pctMap.ScaleWidth() || position.y() < 0 ||
         position.y() > workspace_.pctMap.ScaleHeight()) {
+        tool().leave(position);
         return;
     }
-    if (DrawingTool* current = tool()) {
-        canvas_->setCursor(current->pointerAt(position));
-        try {
-            current->move(position);
-        } catch (const Error&) {
-            // As for a press.
-        }
+    canvas_->setCursor(tool().pointerAt(position));
+    try {
+        tool().move(position);
+    } catch (const Error&) {
+        // As for a press.
     }
 }
 
 void MapDrawing::release(Qt::MouseButton button) {
-    if (DrawingTool* current = tool()) {
-        current->release(button);
-    }
+    tool().release(button);
 }
 
 void MapDrawing::DrawApply() {
     points_.penDown = false;
     try {
-        if (DrawingTool* current = tool()) {
-            current->apply();
-        }
+        tool().apply();
     } catch (const Error&) {
         // A figure that cannot be drawn is lost like a stroke.
     }
-    commit();
-    projectChanged();
+    commit(toolTable[static_cast<std::size_t>(workspace_.Status.CurrentTool)].edit,
+           Snapshot::Later);
     dropFigure();
 }
 
@@ -173,9 +160,7 @@ void MapDrawing::reset() {
     pen_.wipe();
     dropFigure();
     startAnimation();
-    if (DrawingTool* current = tool()) {
-        current->cancel();
-    }
+    tool().cancel();
 }
 
 void MapDrawing::setEnabled(bool enabled) {
@@ -187,6 +172,16 @@ void MapDrawing::setEnabled(bool enabled) {
 QColor MapDrawing::colorAt(QPoint position) const {
     const QImage image = workspace_.pctMap.composite();
     return image.valid(position) ? image.pixelColor(position) : QColor();
+}
+
+QPoint MapDrawing::borderBetween(QPoint inside, QPoint outside) const {
+    const QPoint way = outside - inside;
+    const auto part = [](int from, int by, int far) {
+        const int room = by > 0 ? far - from : -from;
+        return by == 0 ? 1.0 : std::clamp(static_cast<double>(room) / by, 0.0, 1.0);
+    };
+    return inside + way * std::min(part(inside.x(), way.x(), workspace_.pctMap.ScaleWidth()),
+                                   part(inside.y(), way.y(), workspace_.pctMap.ScaleHeight()));
 }
 
 void MapDrawing::loadDrawAction() {
@@ -219,18 +214,24 @@ void MapDrawing::startAnimation() {
     }
 }
 
-void MapDrawing::commit() {
-    canvas_->takeOver(workspace_.pctMap.commitScratchLayer());
+void MapDrawing::commit(const char* name, Snapshot snapshot) {
+    workspace_.edits().push(std::make_unique<DrawOnFrame>(
+        name, Marks::Project, workspace_.Status.CurrentFrame, snapshot));
 }
 
-void MapDrawing::commitStroke() {
-    // As long as the last snapshot shares the pixels, drawing on them would copy the whole picture.
-    if (workspace_.pctMap.ScaleWidth() > 0) {
-        workspace_.pctPanel.setPicture(workspace_.Status.CurrentFrame, Picture());
-    }
-    commit();
-    workspace_.storeCurrentFrame();
+void MapDrawing::commitStroke(const char* name) {
+    commit(name, Snapshot::Now);
     startAnimation();
+}
+
+void MapDrawing::takeBack() {
+    if (points_.pointCount() <= 1) {
+        reset();
+        return;
+    }
+    points_.penDown = false;
+    points_.removeLast();
+    refreshFigure();
 }
 
 /// Points, and the window that would apply them.
@@ -239,6 +240,9 @@ void MapDrawing::dropFigure() {
     if (drawAction_) {
         drawAction_->unload();
         drawAction_.clear();
+    }
+    if (canvas_) {
+        Q_EMIT canvas_->gestureChanged();
     }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/model/edits/picture_edits.h"
 #include "windows/drawing/control_points.h"
 #include "windows/drawing/cursor_tool.h"
 #include "windows/drawing/drawing_tool.h"
@@ -51,6 +52,10 @@ class MapDrawing {
     void DrawCancel();
     /// Enter and Esc end the editing of a figure. True when the key did.
     bool pressKey(int key);
+    /// A stroke or a figure that is not committed yet.
+    bool isUnfinished() const { return points_.penDown || points_.pointCount() > 0; }
+    /// Takes back the last point of a figure, or the stroke under way.
+    void takeBack();
     /// Drops everything that is not committed: another Frame comes onto the canvas, or the project
     /// is being saved.
     void reset();
@@ -63,18 +68,20 @@ class MapDrawing {
     MapPen& pen() { return pen_; }
     /// The map's colour with what is drawn on it; an invalid one beside the map.
     QColor colorAt(QPoint position) const;
+    /// Where the way from a position on the map to one beside it meets the map's border.
+    QPoint borderBetween(QPoint inside, QPoint outside) const;
     void loadDrawAction();
     /// Starts or stops the animation of every Symbol.
     void setAnimation(bool on);
     /// Makes what was drawn part of the map and of the Frame's snapshot.
-    void commitStroke();
+    void commitStroke(const char* name);
 
   private:
-    DrawingTool* tool() const;
+    DrawingTool& tool() const;
     void press(QPoint position, Qt::MouseButton button);
     void move(QPoint position);
     void release(Qt::MouseButton button);
-    void commit();
+    void commit(const char* name, Snapshot snapshot);
     void startAnimation();
     void dropFigure();
 

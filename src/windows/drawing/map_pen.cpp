@@ -37,9 +37,24 @@ void MapPen::takeWidth() {
     drawWidth_ = *width;
 }
 
+void MapPen::followWidth() {
+    drawWidth_ = widthOf(txtValue()).value_or(drawWidth_);
+}
+
 QPen MapPen::pen() const {
     return {colorOf(DrawColor), static_cast<qreal>(drawWidth_), Qt::SolidLine, Qt::RoundCap,
             Qt::RoundJoin};
+}
+
+/// The middle of a pixel is the middle of an odd line; an even one lies between two pixels. Either
+/// way its core has the colour as it is.
+void MapPen::aim(QPainter& painter) const {
+    painter.setPen(pen());
+    if (drawWidth_ > 1) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        const double half = drawWidth_ % 2 == 1 ? 0.5 : 0.0;
+        painter.translate(half, half);
+    }
 }
 
 void MapPen::paint(const QRect& area, const std::function<void(QPainter&)>& draw) {
@@ -62,7 +77,7 @@ void MapPen::wipe() {
 
 void MapPen::dot() {
     paint(around(position_, position_, reach()), [this](QPainter& painter) {
-        painter.setPen(pen());
+        aim(painter);
         painter.drawPoint(position_);
     });
 }
@@ -74,7 +89,7 @@ void MapPen::lineTo(QPoint position) {
 
 void MapPen::line(QPoint from, QPoint to) {
     paint(around(from, to, reach()), [&](QPainter& painter) {
-        painter.setPen(pen());
+        aim(painter);
         painter.drawLine(from, to);
     });
 }
@@ -90,7 +105,7 @@ void MapPen::circle(QPoint centre, double radius) {
     const QRectF bounds(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius);
     paint(bounds.toAlignedRect().adjusted(-reach(), -reach(), reach(), reach()),
           [&](QPainter& painter) {
-              painter.setPen(pen());
+              aim(painter);
               painter.drawEllipse(bounds);
           });
 }
@@ -101,7 +116,7 @@ void MapPen::handle(QPoint centre) {
         painter.fillRect(outline, Qt::black);
         painter.fillRect(outline.adjusted(1, 1, -1, -1), Qt::white);
     });
-    takeWidth();
+    followWidth();
 }
 
 void MapPen::copyBlock(const QImage& source, const QRect& block) {

@@ -18,8 +18,9 @@ namespace nubivane {
 /// What the tools draw with, on the scratch layer of the map: colour, width, position. Positions
 /// are pixels of the map.
 ///
-/// Lines are crisp: every pixel has the drawing colour or none of it, so that a drawn colour can be
-/// picked up again exactly as it was. Each operation has only its own rectangle painted again.
+/// Lines of one pixel are crisp: every pixel has the drawing colour or none of it. Wider ones have
+/// smooth edges around a core of that colour. So a drawn colour can always be picked up again
+/// exactly as it was. Each operation has only its own rectangle painted again.
 class MapPen {
   public:
     explicit MapPen(MapSurface& surface) : surface_(surface) {}
@@ -35,10 +36,13 @@ class MapPen {
     /// Takes the width from its field. Raises `Error` (TypeMismatch) when there stands no number of
     /// at least 1.
     void takeWidth();
+    /// The same, but a text that is no number leaves the width as it is.
+    void followWidth();
 
     void wipe();
 
     void moveTo(QPoint position) { position_ = position; }
+    QPoint position() const { return position_; }
     void dot();
     void lineTo(QPoint position);
     void line(QPoint from, QPoint to);
@@ -46,7 +50,7 @@ class MapPen {
     void dottedLine(QPoint from, QPoint to);
     void circle(QPoint centre, double radius);
     /// The square by which a control point is seen and caught. Takes the width from its field
-    /// afterwards, as `takeWidth`.
+    /// afterwards, as `followWidth`.
     void handle(QPoint centre);
     /// Copies a part of a picture to the same place on the map.
     void copyBlock(const QImage& source, const QRect& block);
@@ -54,6 +58,7 @@ class MapPen {
   private:
     void paint(const QRect& area, const std::function<void(QPainter&)>& draw);
     QPen pen() const;
+    void aim(QPainter& painter) const;
     int reach() const { return drawWidth_ / 2 + 2; }
 
     MapSurface& surface_;

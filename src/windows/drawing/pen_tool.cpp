@@ -31,6 +31,12 @@ void PenTool::move(QPoint position) {
     }
 }
 
+void PenTool::leave(QPoint position) {
+    if (drawing_.points().penDown) {
+        goOut(position);
+    }
+}
+
 void PenTool::release(Qt::MouseButton button) {
     if (button == Qt::LeftButton) {
         drawing_.points().penDown = false;

@@ -15,6 +15,7 @@ class PenTool : public DrawingTool {
 
     void press(QPoint position, Qt::MouseButton button) final;
     void move(QPoint position) final;
+    void leave(QPoint position) final;
     void release(Qt::MouseButton button) final;
 
     QCursor pointer() const final { return pointer_; }
@@ -25,6 +26,8 @@ class PenTool : public DrawingTool {
     virtual void begin(QPoint position) = 0;
     /// A move with the pen down.
     virtual void go(QPoint) {}
+    /// A move beside the map with the pen down.
+    virtual void goOut(QPoint) {}
     virtual void end() {}
 
     MapDrawing& drawing() const { return drawing_; }

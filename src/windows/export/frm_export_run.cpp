@@ -7,8 +7,10 @@
 #include "windows/widgets/picture_box.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QProgressBar>
 #include <QScreen>
+#include <QStatusTipEvent>
 #include <QVBoxLayout>
 
 #include <atomic>
@@ -52,6 +54,18 @@ class ExportRunWindow::Watcher : public ExportWatcher {
         }
     }
 
+    void remark(const QString& sentence) override {
+        const std::lock_guard lock(mutex_);
+        if (!remarks_.contains(sentence)) {
+            remarks_ += sentence;
+        }
+    }
+
+    QStringList remarks() {
+        const std::lock_guard lock(mutex_);
+        return remarks_;
+    }
+
     /// The last picture that was told.
     QImage takePicture() {
         const std::lock_guard lock(mutex_);
@@ -64,6 +78,7 @@ class ExportRunWindow::Watcher : public ExportWatcher {
     int percent_ = -1;
     std::mutex mutex_;
     QImage picture_;  ///< null when the last one has been taken
+    QStringList remarks_;
 };
 
 ExportRunWindow::ExportRunWindow(const char* name, Workspace& workspace, Shell& shell,
@@ -123,6 +138,11 @@ void ExportRunWindow::run(const MakeJob& makeJob, int delay) {
     const HourglassGuard hourglass(shell_);
     tmrStart_.start(delay);
     exec();
+    // A box and this window under it go so fast one after the other that some window managers give
+    // the keyboard to neither of those that are left.
+    if (parentWidget()) {
+        parentWidget()->window()->activateWindow();
+    }
 }
 
 void ExportRunWindow::tmrStart_Timer() {
@@ -136,7 +156,17 @@ void ExportRunWindow::tmrStart_Timer() {
             tell(failure->error);
         }
     }
+    tellRemarks();
     accept();
+}
+
+/// In the status line of the window that this one stands over.
+void ExportRunWindow::tellRemarks() {
+    const QStringList remarks = watcher_->remarks();
+    if (!remarks.isEmpty() && parentWidget()) {
+        QStatusTipEvent tip(remarks.join(QLatin1Char(' ')));
+        QCoreApplication::sendEvent(parentWidget()->window(), &tip);
+    }
 }
 
 std::optional<ExportRunWindow::Failure> ExportRunWindow::work() {

@@ -67,6 +67,7 @@ class ExportRunWindow : public QDialog {
     void fitToMap();
     void tmrStart_Timer();
     std::optional<Failure> work();
+    void tellRemarks();
 
     Workspace& workspace_;
     Shell& shell_;

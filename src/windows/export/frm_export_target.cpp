@@ -6,9 +6,11 @@
 #include "engine/core/shell.h"
 #include "engine/export/capture_plan.h"
 #include "engine/model/workspace.h"
+#include "windows/widgets/combo_ex.h"
 #include "windows/widgets/explorer.h"
 #include "windows/widgets/file_list.h"
 #include "windows/widgets/help_topic.h"
+#include "windows/widgets/one_line.h"
 #include "windows/widgets/select_on_focus.h"
 
 #include <QComboBox>
@@ -61,7 +63,8 @@ QLayout* ExportTargetDialog::makeFields() {
     txtFileName_->setObjectName("txtFileName");
     txtFileName_->setMaxLength(LongestName);
     new SelectOnFocus(txtFileName_);
-    cboExt_ = new QComboBox;
+    keepOneLine(*txtFileName_);
+    cboExt_ = new comboEx;
     cboExt_->setObjectName("cboExt");
     cboExt_->addItem(target_.type);
     fields_ = new QFormLayout;
@@ -136,7 +139,7 @@ void ExportTargetDialog::cmdSave_Click() {
 }
 
 QComboBox* makeCompression() {
-    auto* cboCompression = new QComboBox;
+    auto* cboCompression = new comboEx;
     cboCompression->setObjectName("cboCompression");
     cboCompression->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     for (int step = 1; step <= MaxCompression; ++step) {

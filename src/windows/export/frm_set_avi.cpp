@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/export/frm_set_avi.h"
 
+#include "windows/widgets/combo_ex.h"
+
 #include <QComboBox>
 
 #include <initializer_list>
@@ -10,7 +12,7 @@ namespace nubivane {
 namespace {
 
 QComboBox* makeSizes(const char* name, std::initializer_list<int> sizes, int selected) {
-    auto* box = new QComboBox;
+    auto* box = new comboEx;
     box->setObjectName(name);
     box->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     for (const int size : sizes) {

@@ -7,6 +7,8 @@
 #include "windows/help/frm_help_page.h"
 #include "windows/widgets/dialog_tools.h"
 #include "windows/widgets/icons.h"
+#include "windows/widgets/one_line.h"
+#include "windows/widgets/quiet_color.h"
 
 #include <QFileInfo>
 #include <QFontInfo>
@@ -50,6 +52,10 @@ QLineEdit* makeField(const char* name, const QString& hint, QWidget* parent) {
     field->setPlaceholderText(hint);
     field->setAccessibleName(hint);
     field->setClearButtonEnabled(true);
+    keepOneLine(*field);
+    QPalette colors = field->palette();
+    colors.setColor(QPalette::PlaceholderText, quietColor(colors, QPalette::Text, QPalette::Base));
+    field->setPalette(colors);
     return field;
 }
 

@@ -108,7 +108,7 @@ void DrawStrip::makeSwatch() {
 
 /// The command in another guise: the question is asked under the plain pointer.
 void DrawStrip::makeClearButton(const Commands& commands) {
-    QAction* clear = commands["mnuPulisci"];
+    QAction* clear = commands[Command::mnuPulisci];
     btnClear_->setObjectName("btnClear");
     btnClear_->setIcon(clear->icon());
     btnClear_->setIconSize({IconSize, IconSize});
@@ -137,11 +137,11 @@ QList<QWidget*> DrawStrip::focusOrder() const {
 }
 
 void DrawStrip::refresh() {
-    const QString& current = drawing_.workspace().Status.CurrentTool;
-    for (std::size_t i = 0; i < toolTable.size(); ++i) {
-        if (current == QLatin1String(toolTable[i].name)) {
-            btnDraw(static_cast<int>(i))->setChecked(true);
-        }
+    const Tool current = drawing_.workspace().Status.CurrentTool;
+    btnDraw(static_cast<int>(current))->setChecked(true);
+    if (current != shownTool_) {
+        shownTool_ = current;
+        Q_EMIT toolShown(tr(toolTable[static_cast<std::size_t>(current)].use));
     }
     pctSelectedColor_->setBackColor(drawing_.DrawColor());
 }

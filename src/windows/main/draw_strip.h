@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/model/status.h"
 #include "windows/drawing/swatch_button.h"
 
 #include <QButtonGroup>
 #include <QFrame>
 #include <QLineEdit>
 #include <QToolButton>
+
+#include <optional>
 
 namespace nubivane {
 
@@ -32,6 +35,10 @@ class DrawStrip : public QFrame {
     SwatchButton* pctSelectedColor() const { return pctSelectedColor_; }
     QToolButton* btnClear() const { return btnClear_; }
 
+  Q_SIGNALS:
+    /// How the tool in hand is used; empty for the cursor.
+    void toolShown(const QString& use);
+
   private:
     QWidget* makeTools();
     QWidget* makeWidthField();
@@ -46,6 +53,7 @@ class DrawStrip : public QFrame {
     ScrSpn* scrspn1_;
     SwatchButton* pctSelectedColor_;
     QToolButton* btnClear_;
+    std::optional<Tool> shownTool_;  ///< whose use has been told
 };
 
 }  // namespace nubivane

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/main/editor_pane.h"
 
+#include "windows/widgets/accessible_role.h"
+
 #include <QFrame>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -36,6 +38,7 @@ EditorPane::EditorPane(ToolStrip& strip, Palette& palette, MapViewport& viewport
     lineUp_->setFrameStyle(QFrame::HLine | QFrame::Sunken);
     pctSplitter_->setObjectName("pctSplitter");
     pctSplitter_->setAccessibleName(tr("Width of the symbol list"));
+    setAccessibleRole(*pctSplitter_, QAccessible::Splitter);
     pctSplitter_->setCursor(Qt::SplitHCursor);
     pctSplitter_->setFocusPolicy(Qt::TabFocus);
     pctSplitter_->installEventFilter(this);

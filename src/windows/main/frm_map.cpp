@@ -5,20 +5,25 @@
 #include "engine/core/settings_store.h"
 #include "engine/core/shell.h"
 #include "engine/core/version.h"
+#include "engine/model/edits/project_edits.h"
 #include "engine/project/save_project.h"
+#include "windows/canvas/edge_scroll.h"
 #include "windows/canvas/sprite_keys.h"
 #include "windows/commands/menus.h"
 #include "windows/main/editor_pane.h"
 #include "windows/main/startup.h"
+#include "windows/main/status_line.h"
 #include "windows/main/window_geometry.h"
 #include "windows/properties/frm_symbol_property.h"
 #include "windows/publish/frm_page_setting.h"
+#include "windows/widgets/accessible_role.h"
 #include "windows/widgets/help_topic.h"
 #include "windows/widgets/icons.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QContextMenuEvent>
+#include <QDir>
 #include <QDragEnterEvent>
 #include <QLineEdit>
 #include <QMenu>
@@ -39,12 +44,14 @@ frmMap::frmMap(Workspace& workspace, Shell& shell)
       tabs_(new FrameTabs(workspace, shell, this)),
       pctTlbDraw_(new DrawStrip(canvas_.drawing(), commands_, this)),
       pane_(new EditorPane(*strip_, *palette_, *viewport_, *pctTlbDraw_, *tabs_)),
+      statusLine_(new StatusLine(this)),
       pBarMain_(new QProgressBar(this)),
       menuPopup_(buildSpriteMenu(commands_, this)),
       menuMap_(buildFrameMenu(commands_, this)),
       recentFiles_((buildMenuBar(*menuBar(), commands_), *menuBar()->findChild<QMenu*>("mnuFile")),
                    workspace.settings),
-      frameCommands_(workspace, shell, canvas_, *viewport_, *tabs_, commands_),
+      frameCommands_(workspace, shell, *viewport_, *tabs_, commands_),
+      editCommands_(workspace, shell, canvas_, *viewport_, commands_, this),
       projectCommands_({workspace, shell, *this}, commands_),
       inputBlock_(*this),
       collectionCommands_(workspace, animations_, shell, *palette_, frameCommands_, commands_,
@@ -61,7 +68,10 @@ frmMap::frmMap(Workspace& workspace, Shell& shell)
     setWindowIcon(programIcon("nubivane"));
     setAcceptDrops(true);
     setCentralWidget(pane_);
+    setStatusBar(statusLine_);
+    setAccessibleRole(canvas_.widget(), QAccessible::Canvas);
     viewport_->setMap(&canvas_.widget());
+    new EdgeScroll(*viewport_, canvas_.widget());
     pBarMain_->setObjectName("pBarMain");
     pBarMain_->setFixedSize(180, 12);
     pBarMain_->setTextVisible(false);
@@ -69,10 +79,13 @@ frmMap::frmMap(Workspace& workspace, Shell& shell)
     menuBar()->setCornerWidget(pBarMain_);
     connectCanvas();
     connectCommands();
+    connectStatus();
     qApp->installEventFilter(this);
+    workspace_.edits().watch(*this);
 }
 
 frmMap::~frmMap() {
+    workspace_.edits().unwatch(*this);
     qApp->removeEventFilter(this);
     // The widgets work with the members below, on other threads too: they go first.
     delete takeCentralWidget();
@@ -80,14 +93,13 @@ frmMap::~frmMap() {
 
 void frmMap::connectCanvas() {
     canvas_.selection().commandsChanged = [this] { refreshSelectionCommands(); };
+    connect(viewport_, &MapViewport::groundPressed, this, &frmMap::clearSelection);
     canvas_.mouse().Locked = [this] { return locked(); };
-    canvas_.mouse().projectChanged = [this] { markChanged(); };
     canvas_.mouse().showMenu = [this](SpriteControl&) { menuPopup_->popup(QCursor::pos()); };
-    canvas_.placement().projectChanged = [this] { markChanged(); };
     canvas_.drawing().projectChanged = [this] { markChanged(); };
     canvas_.drawing().showMenu = [this] { menuPopup_->popup(QCursor::pos()); };
     canvas_.widget().dropAllowed = [this] {
-        return workspace_.Status.CurrentTool == u"cursor" && palette_->dropAllowed();
+        return workspace_.Status.CurrentTool == Tool::cursor && palette_->dropAllowed();
     };
     palette_->place = [this](const QString& payload) {
         const QRect seen = viewport_->visibleMapRect();
@@ -95,7 +107,7 @@ void frmMap::connectCanvas() {
         canvas_.widget().setFocus();
     };
     palette_->listsChanged = [this] { orderFocus(); };
-    frameCommands_.framesChanged = [this] { refreshHint(); };
+    frameCommands_.framesCounted = [this] { refreshHint(); };
     tabs_->projectChanged = [this] { markChanged(); };
     tabs_->menuRequested = [this](QPoint position) {
         frameCommands_.refresh();
@@ -104,31 +116,42 @@ void frmMap::connectCanvas() {
 }
 
 void frmMap::connectCommands() {
-    commands_.handle("mnuEsci", [this] { close(); });
-    commands_.makeCheckable({"mnuLock"});
-    commands_.handle("mnuLock", [] {});
-    connect(commands_["mnuLock"], &QAction::toggled, this, [this] { refreshLock(); });
+    commands_.handle(Command::mnuEsci, [this] { close(); });
+    commands_.makeCheckable({Command::mnuLock});
+    // Its icon would take the check mark's place.
+    commands_[Command::mnuLock]->setIconVisibleInMenu(false);
+    commands_.handle(Command::mnuLock, [] {});
+    connect(commands_[Command::mnuLock], &QAction::toggled, this, [this] { refreshLock(); });
     refreshLock();
-    commands_.handle("mnuRefreshSymbols", [this] { palette_->refreshCurrentList(); });
-    commands_.handle("mnuSommario", [this] { openHelpTopic(workspace_, shell_, "index.htm"); });
-    commands_.handle("mnuImpostazioni", [this] {
+    commands_.handle(Command::mnuRefreshSymbols, [this] { palette_->refreshCurrentList(); });
+    commands_.handle(Command::mnuSommario,
+                     [this] { openHelpTopic(workspace_, shell_, "index.htm"); });
+    commands_.handle(Command::mnuImpostazioni, [this] {
         frmPageSetting dialog(workspace_, shell_, this);
         dialog.openHelp = [this](const QString& topic) {
             openHelpTopic(workspace_, shell_, topic);
         };
         dialog.Init();
     });
-    addAction(commands_["mnuMapRename"]);  // no menu of the bar holds it, and its key must work
+    addAction(
+        commands_[Command::mnuMapRename]);  // no menu of the bar holds it, and its key must work
     recentFiles_.chosen = [this](const QString& file) { projectCommands_.open(file); };
-    copySpecial_.projectChanged = [this] { markChanged(); };
     propertyCommands_.openSymbolSelection = [this](frmSymbolProperty& properties) {
         if (const auto chosen = collectionCommands_.chooseSymbol(&properties)) {
             properties.setSelectedSymbol(*chosen);
         }
     };
     projectCommands_.terminate = [] { QApplication::exit(1); };
-    clipboardCommands_.spritesChanged = [this] { refreshHint(); };
-    clearCommands_.spritesChanged = [this] { refreshHint(); };
+}
+
+void frmMap::connectStatus() {
+    connect(pctTlbDraw_, &DrawStrip::toolShown, this,
+            [this](const QString& hint) { statusLine_->setTool(hint); });
+    projectCommands_.pageMade = [this](const QString& page) {
+        statusLine_->tellFile(tr("The page is %1.").arg(QDir::toNativeSeparators(page)), page);
+    };
+    connect(statusLine_, &StatusLine::folderAsked, this,
+            [this](const QString& folder) { shell_.openInBrowser(folder); });
 }
 
 void frmMap::Init(const QString& projectFile) {
@@ -156,7 +179,8 @@ void frmMap::Init(const QString& projectFile) {
     pane_->resize(geometry().size());
     pane_->setSplitterLeft(workspace_.settings.number(Setting::WindowSplitter).value_or(360));
     strip_->restore();
-    commands_["mnuLock"]->setChecked(workspace_.settings.number(Setting::Locked).value_or(0) != 0);
+    commands_[Command::mnuLock]->setChecked(
+        workspace_.settings.number(Setting::Locked).value_or(0) != 0);
     recentFiles_.refresh();
     ensurePoweredLabel(workspace_.settings);
     frameCommands_.refresh();
@@ -169,7 +193,7 @@ void frmMap::Init(const QString& projectFile) {
 }
 
 bool frmMap::locked() const {
-    return commands_["mnuLock"]->isChecked();
+    return commands_[Command::mnuLock]->isChecked();
 }
 
 void frmMap::markChanged() {
@@ -179,14 +203,15 @@ void frmMap::markChanged() {
 
 void frmMap::refreshSelectionCommands() {
     const bool selected = !canvas_.selection().isEmpty();
-    commands_.setEnabled({"mnuCut", "mnuCopy", "mnuDelSymbol", "mnuProperty"}, selected);
-    commands_.setEnabled({"mnuRestore"},
+    commands_.setEnabled(
+        {Command::mnuCut, Command::mnuCopy, Command::mnuDelSymbol, Command::mnuProperty}, selected);
+    commands_.setEnabled({Command::mnuRestore},
                          workspace_.Status.CurrentShapeControlType == sprite_type::Symbol);
 }
 
 /// The button shows how things stand, not what it would do.
 void frmMap::refreshLock() {
-    QAction* lock = commands_["mnuLock"];
+    QAction* lock = commands_[Command::mnuLock];
     lock->setIcon(programIcon(locked() ? "lock" : "unlock"));
     lock->setToolTip(locked() ? tr("Symbols are locked in their places")
                               : tr("Lock the symbols in their places"));
@@ -235,6 +260,7 @@ void frmMap::rebuildFrameTabs() {
 void frmMap::setEnabled(bool enabled) {
     inputBlock_.setActive(!enabled);
     canvas_.drawing().setEnabled(enabled);
+    editCommands_.setEnabled(enabled);
 }
 
 void frmMap::showMap() {
@@ -288,8 +314,15 @@ bool frmMap::showMenuByKey(const QObject* watched, const QContextMenuEvent& even
 
 /// What no control wanted: the keys for a figure work wherever the keyboard is.
 void frmMap::keyPressEvent(QKeyEvent* event) {
-    if (!canvas_.drawing().pressKey(event->key())) {
+    if (canvas_.drawing().pressKey(event->key())) {
+        return;
+    }
+    if (event->key() != Qt::Key_Escape) {
         QMainWindow::keyPressEvent(event);
+    } else if (workspace_.Status.CurrentTool != Tool::cursor) {
+        canvas_.drawing().chooseTool(static_cast<std::size_t>(Tool::cursor));
+    } else {
+        clearSelection();
     }
 }
 

@@ -9,6 +9,7 @@
 #include "windows/commands/collection_commands.h"
 #include "windows/commands/commands.h"
 #include "windows/commands/copy_special.h"
+#include "windows/commands/edit_commands.h"
 #include "windows/commands/export_commands.h"
 #include "windows/commands/frame_commands.h"
 #include "windows/commands/print_commands.h"
@@ -33,10 +34,11 @@ namespace nubivane {
 
 class EditorPane;
 class Shell;
+class StatusLine;
 
 /// The main window: the hub that owns menus, bars and layout and forwards every command to the
 /// object that knows it.
-class frmMap : public QMainWindow, public EditorView {
+class frmMap : public QMainWindow, public EditorView, private EditWatcher {
     Q_OBJECT
 
   public:
@@ -56,12 +58,14 @@ class frmMap : public QMainWindow, public EditorView {
     Palette& palette() { return *palette_; }
     ToolStrip& toolStrip() { return *strip_; }
     EditorPane& pane() { return *pane_; }
+    StatusLine& statusLine() { return *statusLine_; }
     FrameCommands& frameCommands() { return frameCommands_; }
     ProjectCommands& projectCommands() { return projectCommands_; }
     CopySpecial& copySpecial() { return copySpecial_; }
     ClipboardCommands& clipboardCommands() { return clipboardCommands_; }
     PropertyCommands& propertyCommands() { return propertyCommands_; }
     PrintCommands& printCommands() { return printCommands_; }
+    EditCommands& editCommands() { return editCommands_; }
     bool locked() const;
     bool acceptsInput() const { return !inputBlock_.isActive(); }
 
@@ -88,9 +92,13 @@ class frmMap : public QMainWindow, public EditorView {
     void dropEvent(QDropEvent* event) override;
 
   private:
+    // EditWatcher.
+    void edited(const ProjectChange&) override { refreshHint(); }
+
     bool showMenuByKey(const QObject* watched, const QContextMenuEvent& event);
     void connectCanvas();
     void connectCommands();
+    void connectStatus();
     void refreshSelectionCommands();
     void refreshLock();
     void refreshHint();
@@ -110,11 +118,13 @@ class frmMap : public QMainWindow, public EditorView {
     FrameTabs* tabs_;
     DrawStrip* pctTlbDraw_;
     EditorPane* pane_;
+    StatusLine* statusLine_;
     QProgressBar* pBarMain_;
     QMenu* menuPopup_;
     QMenu* menuMap_;
     RecentFilesMenu recentFiles_;
     FrameCommands frameCommands_;
+    EditCommands editCommands_;
     ProjectCommands projectCommands_;
     InputBlock inputBlock_;
     CollectionCommands collectionCommands_;

@@ -87,19 +87,21 @@ ToolStrip::ToolStrip(Commands& commands, SettingsStore& settings, QWidget* paren
       commands_(commands),
       settings_(settings),
       standardBar_(new ToolBar("StandardBar", tr("Main toolbar"),
-                               {{"btnNewProject", "mnuNewProject"},
-                                {"btnOpenProject", "mnuOpenProject"},
-                                {"btnSaveProject", "mnuSaveProject"},
-                                {"btnUpload", "mnuInvia"},
-                                {"btnCreateHtml", "mnuCrea"},
-                                {"btnHelp", "mnuSommario"}},
+                               {{"btnNewProject", Command::mnuNewProject},
+                                {"btnOpenProject", Command::mnuOpenProject},
+                                {"btnSaveProject", Command::mnuSaveProject},
+                                {"btnUpload", Command::mnuInvia},
+                                {"btnCreateHtml", Command::mnuCrea},
+                                {"btnHelp", Command::mnuSommario}},
                                commands, this)),
       mapBar_(new ToolBar("MapBar", tr("Map toolbar"),
-                          {{"btnStationDelete", "mnuDelSymbol"},
-                           {"btnLock", "mnuLock"},
-                           {"btnSymbols", "mnuCollection"},
-                           {"btnMap", "mnuOpenMap"},
-                           {"btnProperty", "btnProperty"}},
+                          {{"btnUndo", Command::mnuUndo},
+                           {"btnRedo", Command::mnuRedo},
+                           {"btnStationDelete", Command::mnuDelSymbol},
+                           {"btnLock", Command::mnuLock},
+                           {"btnSymbols", Command::mnuCollection},
+                           {"btnMap", Command::mnuOpenMap},
+                           {"btnProperty", Command::btnProperty}},
                           commands, this)) {
     for (ToolBar* bar : {standardBar_, mapBar_}) {
         bar->moved = [this, bar](QPoint wanted) { moveBar(*bar, wanted); };
@@ -109,15 +111,15 @@ ToolStrip::ToolStrip(Commands& commands, SettingsStore& settings, QWidget* paren
 }
 
 void ToolStrip::handleCommands() {
-    commands_.makeCheckable(
-        {"mnuViewMainToolbar", "mnuViewMapToolbar", "mnuViewLargeIcons", "mnuViewSmallIcons"});
-    commands_.handle("mnuViewMainToolbar", [this] {
-        toggle(*standardBar_, "mnuViewMainToolbar", Setting::ShowStandardBar);
+    commands_.makeCheckable({Command::mnuViewMainToolbar, Command::mnuViewMapToolbar,
+                             Command::mnuViewLargeIcons, Command::mnuViewSmallIcons});
+    commands_.handle(Command::mnuViewMainToolbar, [this] {
+        toggle(*standardBar_, Command::mnuViewMainToolbar, Setting::ShowStandardBar);
     });
-    commands_.handle("mnuViewMapToolbar",
-                     [this] { toggle(*mapBar_, "mnuViewMapToolbar", Setting::ShowMapBar); });
-    commands_.handle("mnuViewLargeIcons", [this] { useLargeIcons(true); });
-    commands_.handle("mnuViewSmallIcons", [this] { useLargeIcons(false); });
+    commands_.handle(Command::mnuViewMapToolbar,
+                     [this] { toggle(*mapBar_, Command::mnuViewMapToolbar, Setting::ShowMapBar); });
+    commands_.handle(Command::mnuViewLargeIcons, [this] { useLargeIcons(true); });
+    commands_.handle(Command::mnuViewSmallIcons, [this] { useLargeIcons(false); });
 }
 
 void ToolStrip::restore() {
@@ -126,10 +128,10 @@ void ToolStrip::restore() {
     const bool large = settings_.text(Setting::LargeIcons) == u"1";
     standardBar_->setVisible(standard);
     mapBar_->setVisible(map);
-    commands_["mnuViewMainToolbar"]->setChecked(standard);
-    commands_["mnuViewMapToolbar"]->setChecked(map);
-    commands_["mnuViewLargeIcons"]->setChecked(large);
-    commands_["mnuViewSmallIcons"]->setChecked(!large);
+    commands_[Command::mnuViewMainToolbar]->setChecked(standard);
+    commands_[Command::mnuViewMapToolbar]->setChecked(map);
+    commands_[Command::mnuViewLargeIcons]->setChecked(large);
+    commands_[Command::mnuViewSmallIcons]->setChecked(!large);
     setToolbarIcons(large ? LargeIcon : SmallIcon);
 
     placeBars();
@@ -154,7 +156,7 @@ void ToolStrip::resizeEvent(QResizeEvent* event) {
     }
 }
 
-void ToolStrip::toggle(ToolBar& bar, const char* command, Setting setting) {
+void ToolStrip::toggle(ToolBar& bar, Command command, Setting setting) {
     const bool shown = bar.isHidden();
     bar.setVisible(shown);
     commands_[command]->setChecked(shown);
@@ -167,20 +169,33 @@ void ToolStrip::toggle(ToolBar& bar, const char* command, Setting setting) {
 
 void ToolStrip::useLargeIcons(bool large) {
     const bool isLarge = settings_.text(Setting::LargeIcons) == u"1";
-    commands_["mnuViewLargeIcons"]->setChecked(large);
-    commands_["mnuViewSmallIcons"]->setChecked(!large);
+    commands_[Command::mnuViewLargeIcons]->setChecked(large);
+    commands_[Command::mnuViewSmallIcons]->setChecked(!large);
     if (isLarge == large) {
         return;
     }
     settings_.set(Setting::LargeIcons, large ? "1" : "0");
-    setToolbarIcons(large ? LargeIcon : SmallIcon);
-    // The bars have another size now; the one at the right moves up to its neighbour.
-    ToolBar* first = standardBar_->x() <= mapBar_->x() ? standardBar_ : mapBar_;
-    ToolBar* second = first == standardBar_ ? mapBar_ : standardBar_;
-    moveBar(*first, first->pos());
-    moveBar(*second, {first->isHidden() ? StripMargin : first->geometry().right() + 3, first->y()});
+    resizeBars(large ? LargeIcon : SmallIcon);
     savePlaces();
-    arrangeToolbars();
+}
+
+/// The bars have another size afterwards: the left one keeps its place, the other one its distance
+/// from it, so that going there and back changes nothing.
+void ToolStrip::resizeBars(int iconSize) {
+    ToolBar& first = standardBar_->x() <= mapBar_->x() ? *standardBar_ : *mapBar_;
+    ToolBar& second = &first == standardBar_ ? *mapBar_ : *standardBar_;
+    const QPoint firstPlace = first.pos();
+    const QPoint secondPlace = second.pos();
+    const bool sameRow = !first.isHidden() && firstPlace.y() == secondPlace.y();
+    const int gap = secondPlace.x() - first.geometry().right();
+    setToolbarIcons(iconSize);
+    const auto row = [](const ToolBar& bar, QPoint place) {
+        return place.y() > StripMargin ? bar.height() + 2 * StripMargin : StripMargin;
+    };
+    second.move(-second.width(), 0);  // out of the way of the first
+    moveBar(first, {firstPlace.x(), row(first, firstPlace)});
+    moveBar(second,
+            {sameRow ? first.geometry().right() + gap : secondPlace.x(), row(second, secondPlace)});
 }
 
 void ToolStrip::setToolbarIcons(int size) {
@@ -190,7 +205,7 @@ void ToolStrip::setToolbarIcons(int size) {
 
 void ToolStrip::arrangeToolbars() {
     const bool any = !standardBar_->isHidden() || !mapBar_->isHidden();
-    commands_.setEnabled({"mnuViewLargeIcons", "mnuViewSmallIcons"}, any);
+    commands_.setEnabled({Command::mnuViewLargeIcons, Command::mnuViewSmallIcons}, any);
     int bottom = 0;
     for (const ToolBar* bar : {standardBar_, mapBar_}) {
         if (!bar->isHidden()) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/core/settings_table.h"
+#include "windows/commands/commands.h"
 
 #include <QFrame>
 #include <QList>
@@ -16,7 +17,6 @@ class QToolButton;
 
 namespace nubivane {
 
-class Commands;
 class SettingsStore;
 
 /// A bar of buttons with a grip at its left by which it can be dragged inside its strip.
@@ -25,8 +25,8 @@ class ToolBar : public QFrame {
 
   public:
     struct Button {
-        const char* name;     ///< the button's control name
-        const char* command;  ///< the command it forwards to
+        const char* name;  ///< the button's control name
+        Command command;   ///< the command it forwards to
     };
 
     ToolBar(const char* name, const QString& title, std::initializer_list<Button> buttons,
@@ -71,8 +71,9 @@ class ToolStrip : public QWidget {
   private:
     void handleCommands();
     void placeBars();
-    void toggle(ToolBar& bar, const char* command, Setting setting);
+    void toggle(ToolBar& bar, Command command, Setting setting);
     void useLargeIcons(bool large);
+    void resizeBars(int iconSize);
     void setToolbarIcons(int size);
     void arrangeToolbars();
     void moveBar(ToolBar& bar, QPoint wanted);

@@ -2,6 +2,7 @@
 #include "windows/main/window_geometry.h"
 
 #include "engine/core/settings_store.h"
+#include "windows/widgets/frame_place.h"
 #include "windows/widgets/twips.h"
 
 #include <QScreen>
@@ -29,6 +30,19 @@ int windowState(const QWidget& window) {
     return window.isMinimized() ? 1 : window.isMaximized() ? 2 : 0;
 }
 
+/// The corner of a frame in the middle of the screen. A window that is too large with its frame
+/// becomes smaller first.
+QPoint centred(QWidget& window, const QSize& frame) {
+    const QRect room = window.screen()->availableGeometry();
+    const QSize tooMuch = (frame - room.size()).expandedTo({0, 0});
+    if (!tooMuch.isNull()) {
+        window.resize(window.size() - tooMuch);
+    }
+    QRect place(QPoint(), frame - tooMuch);
+    place.moveCenter(room.center());
+    return place.topLeft();
+}
+
 }  // namespace
 
 void restoreGeometry(QWidget& window, const SettingsStore& settings) {
@@ -36,9 +50,9 @@ void restoreGeometry(QWidget& window, const SettingsStore& settings) {
     const QSize size(
         pixels(settings.number(Setting::WindowWidth), DefaultWidth, screen.width()),
         pixels(settings.number(Setting::WindowHeight), DefaultHeight, screen.height()));
-    QRect place(QPoint(), size);
-    place.moveCenter(screen.center());
-    window.setGeometry(place);
+    window.resize(size);
+    auto* place = new FramePlace(window);
+    place->put([&window](const QSize& frame) { return centred(window, frame); });
     const QString state = settings.text(Setting::WindowMaximized).trimmed();
     if (state == u"1") {
         window.setWindowState(Qt::WindowMinimized);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/panes/frame_canvas.h"
 
-#include "engine/core/error.h"
+#include "engine/model/edits/project_edits.h"
 
 namespace nubivane {
 
@@ -23,6 +23,11 @@ FrameCanvas::FrameCanvas(Workspace& workspace, AnimationCache& animations, Shell
         placement_.drop(payload, position);
     };
     drawing_.attach(*widget_);
+    workspace_.edits().watch(*this);
+}
+
+FrameCanvas::~FrameCanvas() {
+    workspace_.edits().unwatch(*this);
 }
 
 void FrameCanvas::resetDrawing() {
@@ -30,19 +35,64 @@ void FrameCanvas::resetDrawing() {
     drawing_.reset();
 }
 
-void FrameCanvas::showFrame(qint32 frame) {
-    Picture picture = workspace_.pctPanel.picture(frame);
-    if (picture.isEmpty()) {
-        try {
-            picture = workspace_.loadCurrentMap();
-        } catch (const Error&) {
-            // Without its map the canvas keeps the picture that it shows.
-            picture = workspace_.pctMap.image();
-        }
-    }
-    workspace_.pctMap.setPicture(picture);
+void FrameCanvas::framesWillChange() {
+    resetDrawing();
+    selection_.clearSelection();
+    sprites_.unloadAllSprites();
+}
+
+void FrameCanvas::framesChanged() {
     widget_->showPicture();
-    sprites_.loadFrameSprites(frame);
+    sprites_.loadFrameSprites(workspace_.Status.CurrentFrame);
+}
+
+void FrameCanvas::spriteAdded(qint32 frame, const SpriteId& id, Arrival arrival,
+                              std::optional<int> depth) {
+    if (isShown(frame)) {
+        sprites_.loadSprite(frame, id, arrival, depth);
+    }
+}
+
+void FrameCanvas::spriteWillGo(qint32 frame, const SpriteId& id) {
+    SpriteControl* control = isShown(frame) ? sprites_.find(id) : nullptr;
+    if (!control) {
+        return;
+    }
+    const bool selected = selection_.control() == control;
+    sprites_.discard(*control);
+    if (selected) {
+        selection_.clearSelection();
+    }
+}
+
+void FrameCanvas::spriteChanged(qint32 frame, const SpriteRecord& before,
+                                const SpriteRecord& after) {
+    if (isShown(frame)) {
+        sprites_.refresh(before, after);
+        selection_.follow();
+    }
+}
+
+void FrameCanvas::spritesWillBeReplaced(qint32 frame) {
+    if (isShown(frame)) {
+        selection_.clearSelection();
+        sprites_.unloadAllSprites();
+    }
+}
+
+void FrameCanvas::spritesReplaced(qint32 frame) {
+    if (isShown(frame)) {
+        sprites_.loadFrameSprites(frame);
+    }
+}
+
+void FrameCanvas::pictureChanged(const QRect& area) {
+    const MapSurface& map = workspace_.pctMap;
+    if (area.width() >= map.ScaleWidth() && area.height() >= map.ScaleHeight()) {
+        widget_->showPicture();
+    } else {
+        widget_->takeOver(area);
+    }
 }
 
 }  // namespace nubivane

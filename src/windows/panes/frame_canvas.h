@@ -16,9 +16,10 @@ class Shell;
 
 /// The canvas with all that lives on it, wired together: layers, sprites, selection, gestures,
 /// drawing and the clock.
-class FrameCanvas {
+class FrameCanvas : private EditWatcher {
   public:
     FrameCanvas(Workspace& workspace, AnimationCache& animations, Shell& shell, QWidget* parent);
+    ~FrameCanvas() override;
 
     MapCanvas& widget() { return *widget_; }
     SpriteStack& sprites() { return sprites_; }
@@ -31,10 +32,22 @@ class FrameCanvas {
     /// Drops what is unfinished: the scratch layer and a gesture under way.
     void resetDrawing();
 
-    /// Shows a Frame's picture, the bare map where it has none, and its sprites.
-    void showFrame(qint32 frame);
-
   private:
+    // EditWatcher: what stands on the canvas follows the project.
+    void travelBegins() override { resetDrawing(); }
+    void framesWillChange() override;
+    void framesChanged() override;
+    void spriteAdded(qint32 frame, const SpriteId& id, Arrival arrival,
+                     std::optional<int> depth) override;
+    void spriteWillGo(qint32 frame, const SpriteId& id) override;
+    void spriteChanged(qint32 frame, const SpriteRecord& before,
+                       const SpriteRecord& after) override;
+    void spritesWillBeReplaced(qint32 frame) override;
+    void spritesReplaced(qint32 frame) override;
+    void pictureChanged(const QRect& area) override;
+
+    bool isShown(qint32 frame) const { return frame == workspace_.Status.CurrentFrame; }
+
     Workspace& workspace_;
     SpriteStack sprites_;
     Selection selection_;

@@ -2,13 +2,18 @@
 #include "windows/panes/frame_tabs.h"
 
 #include "engine/core/shell.h"
+#include "engine/model/edits/frame_edits.h"
+#include "engine/model/edits/project_edits.h"
+#include "windows/widgets/one_line.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace nubivane {
 
@@ -20,6 +25,26 @@ bool hasForbidden(const QString& name) {
     return std::any_of(name.cbegin(), name.cend(),
                        [](QChar c) { return QStringView(Forbidden).contains(c); });
 }
+
+/// Tabs as wide as their names, but for one that would take the strip for itself. They are not
+/// squeezed either: a strip that is too full scrolls.
+class NameTabs : public QTabBar {
+  public:
+    using QTabBar::QTabBar;
+
+    /// Whether a name is shown with an ellipsis.
+    bool isElided(int index) const { return QTabBar::tabSizeHint(index).width() > widest(); }
+
+  protected:
+    QSize tabSizeHint(int index) const override {
+        const QSize size = QTabBar::tabSizeHint(index);
+        return {std::min(size.width(), widest()), size.height()};
+    }
+    QSize minimumTabSizeHint(int index) const override { return tabSizeHint(index); }
+
+  private:
+    int widest() const { return 32 * fontMetrics().averageCharWidth(); }
+};
 
 /// Sets a flag to false while it lives.
 class TabEventsGuard {
@@ -39,29 +64,31 @@ FrameTabs::FrameTabs(Workspace& workspace, Shell& shell, QWidget* parent)
     : QWidget(parent),
       workspace_(workspace),
       shell_(shell),
-      tabDay_(new QTabBar(this)),
+      tabDay_(new NameTabs(this)),
       txtDay_(new QLineEdit(this)),
       allFrames_(new QToolButton(this)) {
     tabDay_->setObjectName("tabDay");
-    tabDay_->setAccessibleName(tr("Forecast periods"));
+    tabDay_->setAccessibleName(tr("Maps of the project"));
     tabDay_->setShape(QTabBar::RoundedSouth);
     tabDay_->setExpanding(false);
     tabDay_->setUsesScrollButtons(true);
-    tabDay_->setElideMode(Qt::ElideNone);
+    tabDay_->setElideMode(Qt::ElideRight);
     tabDay_->setDrawBase(false);
     tabDay_->installEventFilter(this);
     txtDay_->setObjectName("txtDay");
-    txtDay_->setAccessibleName(tr("Name of the period"));
+    txtDay_->setAccessibleName(tr("Name of the map"));
+    keepOneLine(*txtDay_);
     txtDay_->hide();
     txtDay_->installEventFilter(this);
     allFrames_->setObjectName("allFrames");
-    allFrames_->setAccessibleName(tr("All forecast periods"));
-    allFrames_->setToolTip(tr("All forecast periods"));
+    allFrames_->setAccessibleName(tr("All maps of the project"));
+    allFrames_->setToolTip(tr("All maps of the project"));
     allFrames_->setAutoRaise(true);
     allFrames_->setArrowType(Qt::UpArrow);
     allFrames_->setPopupMode(QToolButton::InstantPopup);
     allFrames_->setMenu(new QMenu(allFrames_));
     allFrames_->hide();
+    colorArrow();
     connect(allFrames_->menu(), &QMenu::aboutToShow, this, &FrameTabs::listFrames);
     connect(tabDay_, &QTabBar::currentChanged, this, [this] {
         txtDay_->hide();
@@ -70,6 +97,11 @@ FrameTabs::FrameTabs(Workspace& workspace, Shell& shell, QWidget* parent)
         }
     });
     workspace_.TabEventsEnabled = true;
+    workspace_.edits().watch(*this);
+}
+
+FrameTabs::~FrameTabs() {
+    workspace_.edits().unwatch(*this);
 }
 
 void FrameTabs::setTabDay(bool newProject) {
@@ -80,33 +112,52 @@ void FrameTabs::setTabDay(bool newProject) {
     }
     captions_.clear();
     if (newProject) {
-        workspace_.Frames().Item(1).Texts().Label = "Map1";
-        append("Map1");
-    } else {
-        for (qint32 i = 1; i <= workspace_.Frames().Count(); ++i) {
-            captions_ << QString();
-            tabDay_->addTab({});
-            setCaption(i - 1, workspace_.Frames().Item(i).Texts().Label);
-        }
+        nameNewProject(workspace_, QStringLiteral("Map1"));
     }
-    layoutStrip();
+    matchTabs();
     select(1);
 }
 
-void FrameTabs::append(const QString& caption) {
-    const TabEventsGuard quiet(workspace_.TabEventsEnabled);
-    captions_ << caption;
-    tabDay_->addTab({});
-    setCaption(count() - 1, caption);
-    layoutStrip();
-    tabDay_->setCurrentIndex(count() - 1);
+void FrameTabs::framesChanged() {
+    matchTabs();
+    select(workspace_.Status.CurrentFrame);
 }
 
-void FrameTabs::remove(int frame) {
-    const TabEventsGuard quiet(workspace_.TabEventsEnabled);
-    captions_.removeAt(frame - 1);
-    tabDay_->removeTab(frame - 1);
+void FrameTabs::captionChanged(qint32 frame) {
+    setCaption(frame - 1, workspace_.Frames().Item(frame).Texts().Label);
     layoutStrip();
+}
+
+/// Brings the tabs to what the project says, leaving alone those at both ends that are right.
+void FrameTabs::matchTabs() {
+    const TabEventsGuard quiet(workspace_.TabEventsEnabled);
+    QStringList wanted;
+    for (qint32 i = 1; i <= workspace_.Frames().Count(); ++i) {
+        wanted << workspace_.Frames().Item(i).Texts().Label;
+    }
+    qsizetype first = 0;
+    while (first < std::min(wanted.size(), captions_.size()) && wanted[first] == captions_[first]) {
+        ++first;
+    }
+    qsizetype last = 0;  // counted from the end
+    while (last < std::min(wanted.size(), captions_.size()) - first &&
+           wanted[wanted.size() - 1 - last] == captions_[captions_.size() - 1 - last]) {
+        ++last;
+    }
+    while (captions_.size() > first + last) {
+        captions_.removeAt(first);
+        tabDay_->removeTab(static_cast<int>(first));
+    }
+    for (qsizetype i = first; i < wanted.size() - last; ++i) {
+        insertTab(static_cast<int>(i), wanted[i]);
+    }
+    layoutStrip();
+}
+
+void FrameTabs::insertTab(int index, const QString& caption) {
+    captions_.insert(index, QString());
+    tabDay_->insertTab(index, {});
+    setCaption(index, caption);
 }
 
 void FrameTabs::select(int frame) {
@@ -123,6 +174,8 @@ void FrameTabs::showCaption() {
 void FrameTabs::setCaption(int index, const QString& caption) {
     captions_[index] = caption;
     tabDay_->setTabText(index, QString(caption).replace(u'&', QLatin1String("&&")));
+    const bool elided = static_cast<NameTabs*>(tabDay_)->isElided(index);
+    tabDay_->setTabToolTip(index, elided ? caption.toHtmlEscaped() : QString());
 }
 
 QString FrameTabs::freeFrameName() const {
@@ -149,10 +202,8 @@ void FrameTabs::startRenaming() {
 }
 
 bool FrameTabs::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == tabDay_ && event->type() == QEvent::MouseButtonPress) {
-        const auto* press = static_cast<QMouseEvent*>(event);
-        return pressTab(press->position().toPoint(), press->button(),
-                        press->globalPosition().toPoint());
+    if (watched == tabDay_) {
+        return tabEvent(*event);
     }
     if (watched == txtDay_ && event->type() == QEvent::KeyPress) {
         return renameKey(static_cast<QKeyEvent*>(event)->key());
@@ -164,6 +215,27 @@ bool FrameTabs::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
+bool FrameTabs::tabEvent(QEvent& event) {
+    switch (event.type()) {
+        case QEvent::MouseButtonPress: {
+            const auto& press = static_cast<QMouseEvent&>(event);
+            return pressTab(press.position().toPoint(), press.button(),
+                            press.globalPosition().toPoint());
+        }
+        case QEvent::MouseMove: {
+            const auto& move = static_cast<QMouseEvent&>(event);
+            return move.buttons() & Qt::LeftButton && dragTab(move.position().toPoint());
+        }
+        case QEvent::MouseButtonRelease:
+            dropTab();
+            return false;
+        case QEvent::KeyPress:
+            return moveTabByKey(static_cast<QKeyEvent&>(event));
+        default:
+            return false;
+    }
+}
+
 bool FrameTabs::pressTab(const QPoint& position, Qt::MouseButton button, const QPoint& global) {
     const int index = tabDay_->tabAt(position);
     if (index >= 0 && index != tabDay_->currentIndex()) {
@@ -172,7 +244,55 @@ bool FrameTabs::pressTab(const QPoint& position, Qt::MouseButton button, const Q
     if (button == Qt::RightButton && menuRequested) {
         menuRequested(global);
     }
+    pressed_ = index >= 0 && button == Qt::LeftButton ? std::optional(position) : std::nullopt;
+    draggedFrom_ = -1;
     return index >= 0;
+}
+
+/// The tab follows the pointer past the middle of its neighbours.
+bool FrameTabs::dragTab(const QPoint& position) {
+    if (!pressed_) {
+        return false;
+    }
+    if (draggedFrom_ < 0) {
+        if ((position - *pressed_).manhattanLength() < QApplication::startDragDistance()) {
+            return true;
+        }
+        draggedFrom_ = tabDay_->currentIndex();
+    }
+    const int current = tabDay_->currentIndex();
+    const int over = tabDay_->tabAt({position.x(), tabDay_->tabRect(current).center().y()});
+    if (over < 0 || over == current) {
+        return true;
+    }
+    const int middle = tabDay_->tabRect(over).center().x();
+    if (over > current ? position.x() >= middle : position.x() <= middle) {
+        const TabEventsGuard quiet(workspace_.TabEventsEnabled);
+        captions_.move(current, over);
+        tabDay_->moveTab(current, over);
+    }
+    return true;
+}
+
+void FrameTabs::dropTab() {
+    pressed_.reset();
+    const int from = std::exchange(draggedFrom_, -1);
+    const int to = tabDay_->currentIndex();
+    if (from >= 0 && from != to && frameMoved) {
+        frameMoved(from + 1, to + 1);
+    }
+}
+
+/// Ctrl and Shift with an arrow move the selected tab.
+bool FrameTabs::moveTabByKey(const QKeyEvent& key) {
+    const int step = key.key() == Qt::Key_Left ? -1 : key.key() == Qt::Key_Right ? 1 : 0;
+    const int to = selected() + step;
+    if (step == 0 || key.modifiers() != (Qt::ControlModifier | Qt::ShiftModifier) || to < 1 ||
+        to > count() || !frameMoved) {
+        return false;
+    }
+    frameMoved(selected(), to);
+    return true;
 }
 
 bool FrameTabs::renameKey(int key) {
@@ -206,9 +326,7 @@ void FrameTabs::commitName() {
         txtDay_->setFocus();
         return;
     }
-    setCaption(tabDay_->currentIndex(), name);
-    layoutStrip();
-    workspace_.Frames().Item(workspace_.Status.CurrentFrame).Texts().Label = name;
+    workspace_.edits().push(std::make_unique<RenameFrame>(workspace_.Status.CurrentFrame, name));
     txtDay_->hide();
     tabDay_->setFocus();
 }
@@ -223,6 +341,23 @@ void FrameTabs::listFrames() {
         connect(frame, &QAction::triggered, tabDay_,
                 [this, index] { tabDay_->setCurrentIndex(index); });
     }
+}
+
+/// The strip is dark on light desktops too, and what stands on it must be seen on either.
+void FrameTabs::colorArrow() {
+    const QColor ground = palette().color(QPalette::Shadow);
+    QPalette colors = palette();
+    for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
+        colors.setColor(role, ground.lightness() < 140 ? Qt::white : Qt::black);
+    }
+    allFrames_->setPalette(colors);
+}
+
+void FrameTabs::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange) {
+        colorArrow();
+    }
+    QWidget::changeEvent(event);
 }
 
 void FrameTabs::paintEvent(QPaintEvent*) {

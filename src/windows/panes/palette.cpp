@@ -6,6 +6,7 @@
 #include "engine/export/label_painter.h"
 #include "engine/model/forecast.h"
 #include "engine/picture/animation_cache.h"
+#include "windows/canvas/sprite_payload.h"
 #include "windows/widgets/icons.h"
 
 #include <QApplication>
@@ -32,8 +33,8 @@ QColor stripColor(const QPalette& palette) {
 QPixmap newLabelPicture() {
     cLabel label;
     label.Text = "Label";
-    label.FontName = "Arial";
-    label.FontSize = 12;
+    label.Font.Name = "Arial";
+    label.Font.Size = 12;
     label.BackColor = NoColor;
     QPixmap pixmap(labelSize(label));
     pixmap.fill(Qt::transparent);
@@ -115,11 +116,11 @@ void Palette::addCollectionTab(const QString& path) {
     list->setObjectName("listImageSymbols" + QString::number(listImageSymbols_.size() + 1));
     list->hide();
     list->dragStarting = [this](const QString& file) {
-        startDrag("symbol|" + file, pictureOf(file));
+        startDrag(SpritePayload{sprite_type::Symbol, file}.text(), pictureOf(file));
     };
     list->activatedFile = [this](const QString& file) {
         if (mayPlace()) {
-            place("symbol|" + file);
+            place(SpritePayload{sprite_type::Symbol, file}.text());
         }
     };
     listImageSymbols_.push_back({path, list});
@@ -165,7 +166,7 @@ QList<QWidget*> Palette::focusOrder() const {
 }
 
 bool Palette::mayPlace() {
-    if (workspace_.Status.CurrentTool == u"cursor") {
+    if (workspace_.Status.CurrentTool == Tool::cursor) {
         return true;
     }
     shell_.messageBox(
@@ -217,7 +218,7 @@ bool Palette::eventFilter(QObject* watched, QEvent* event) {
             (move->position().toPoint() - textPress_).manhattanLength() >=
                 QApplication::startDragDistance()) {
             imgText_->setDown(false);
-            startDrag("text", newLabelPicture());
+            startDrag(SpritePayload{sprite_type::Label, {}}.text(), newLabelPicture());
             return true;
         }
     } else if (event->type() == QEvent::MouseButtonDblClick ||
@@ -226,7 +227,7 @@ bool Palette::eventFilter(QObject* watched, QEvent* event) {
                  static_cast<QKeyEvent*>(event)->key() == Qt::Key_Enter ||
                  static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space))) {
         if (mayPlace()) {
-            place("text");
+            place(SpritePayload{sprite_type::Label, {}}.text());
         }
         return true;
     }

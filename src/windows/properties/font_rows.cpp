@@ -16,22 +16,19 @@ constexpr PropertyRow ColorRow{"Color", "Color", "Sets font color"};
 struct FlagRow {
     PropertyRow row;
     const char* name;
-    bool FontValues::*flag;
+    bool FontStyle::*flag;
 };
 
 constexpr std::array flagRows = {
-    FlagRow{{"Bold", "Bold", "Sets font bold attribute"}, "Fontbold", &FontValues::FontBold},
-    FlagRow{
-        {"Italic", "Italic", "Sets font italic attribute"}, "FontItalic", &FontValues::FontItalic},
+    FlagRow{{"Bold", "Bold", "Sets font bold attribute"}, "Fontbold", &FontStyle::Bold},
+    FlagRow{{"Italic", "Italic", "Sets font italic attribute"}, "FontItalic", &FontStyle::Italic},
     FlagRow{{"Underline", "Underline", "Sets underline effect"},
             "FontUnderline",
-            &FontValues::FontUnderline},
-    FlagRow{{"Overline", "Overline", "Sets overline effect"},
-            "FontOverline",
-            &FontValues::FontOverline},
+            &FontStyle::Underline},
+    FlagRow{{"Overline", "Overline", "Sets overline effect"}, "FontOverline", &FontStyle::Overline},
     FlagRow{{"Strikeout", "Strikeout", "Sets strikeout effect"},
             "FontStrikethourht",
-            &FontValues::FontStrikethourht},
+            &FontStyle::Strikeout},
 };
 
 }  // namespace
@@ -50,12 +47,12 @@ FontRows::FontRows(PropertyGrid& grid, const QString& part, const QString& butto
     QObject::connect(cmdFont_, &QToolButton::clicked, cmdFont_, [this] { openFontDialog(); });
 }
 
-void FontRows::show(std::optional<FontObject> object, const char* yes) {
-    object_ = std::move(object);
-    cmdFont_->setEnabled(object_.has_value());
-    pctForecolor_->setVisible(object_.has_value());
-    if (object_) {
-        fill(object_->values(), yes);
+void FontRows::show(const FontStyle* font, const char* yes) {
+    style_ = font ? std::optional(*font) : std::nullopt;
+    cmdFont_->setEnabled(style_.has_value());
+    pctForecolor_->setVisible(style_.has_value());
+    if (style_) {
+        fill(yes);
     } else {
         for (QLineEdit* field : flags_) {
             field->clear();
@@ -66,15 +63,15 @@ void FontRows::show(std::optional<FontObject> object, const char* yes) {
     }
 }
 
-void FontRows::fill(const FontValues& values, const char* yes) {
-    txtFont_->setText(values.FontName);
+void FontRows::fill(const char* yes) {
+    txtFont_->setText(style_->Name);
     txtFont_->setCursorPosition(0);
-    txtFontSize_->setText(QString::number(values.FontSize));
+    txtFontSize_->setText(QString::number(style_->Size));
     for (std::size_t i = 0; i < flagRows.size(); ++i) {
-        flags_[i]->setText(values.*flagRows[i].flag ? yes : "No");
+        flags_[i]->setText((*style_).*flagRows[i].flag ? yes : "No");
     }
-    txtForeColor_->setText(colorName(values.Forecolor));
-    pctForecolor_->setBackColor(values.Forecolor);
+    txtForeColor_->setText(colorName(style_->Color));
+    pctForecolor_->setBackColor(style_->Color);
 }
 
 void FontRows::setSwatch(qint32 color) {
@@ -82,12 +79,16 @@ void FontRows::setSwatch(qint32 color) {
 }
 
 void FontRows::openFontDialog() {
-    if (!object_) {
+    if (!style_) {
         return;
     }
     frmFont dialog(cmdFont_->window());
-    dialog.oFont = object_;
+    FontStyle chosen = *style_;
+    dialog.oFont = &chosen;
     dialog.Init();
+    if (chosen != *style_) {
+        fontChosen(chosen);
+    }
     fontDialogClosed();
 }
 

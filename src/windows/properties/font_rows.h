@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "windows/properties/font_object.h"
+#include "engine/model/font_style.h"
 
 #include <QString>
 
 #include <array>
 #include <functional>
-#include <optional>
 
 class QLineEdit;
 class QToolButton;
@@ -28,20 +27,22 @@ class FontRows {
     FontRows(const FontRows&) = delete;
     FontRows& operator=(const FontRows&) = delete;
 
-    /// Shows an object's font from now on; nothing empties the rows. `yes` is the word for a flag
-    /// that is set.
-    void show(std::optional<FontObject> object, const char* yes);
-    /// Shows another colour in the swatch than the object's.
+    /// Shows a font from now on; nullptr empties the rows. `yes` is the word for a flag that is
+    /// set.
+    void show(const FontStyle* font, const char* yes);
+    /// Shows another colour in the swatch than the font's.
     void setSwatch(qint32 color);
 
+    /// Called with the font that OK was given for.
+    std::function<void(const FontStyle&)> fontChosen;
     /// Called when the font dialog has closed, however it was closed.
     std::function<void()> fontDialogClosed;
 
   private:
-    void fill(const FontValues& values, const char* yes);
+    void fill(const char* yes);
     void openFontDialog();
 
-    std::optional<FontObject> object_;
+    std::optional<FontStyle> style_;
     QLineEdit* txtFont_;
     QToolButton* cmdFont_;
     QLineEdit* txtFontSize_;

@@ -4,6 +4,7 @@
 #include "engine/export/label_painter.h"
 #include "engine/gif/color_value.h"
 #include "windows/properties/screen_fonts.h"
+#include "windows/widgets/at_once.h"
 #include "windows/widgets/color_swatch.h"
 
 #include <QCheckBox>
@@ -122,6 +123,7 @@ frmFont::frmFont(QWidget* parent)
     });
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connectChanges();
+    answerKeysAtOnce(*this);
 }
 
 void frmFont::buildLists(QBoxLayout& column) {
@@ -212,60 +214,59 @@ void frmFont::Init() {
     if (!oFont) {
         return;
     }
-    fill(oFont->values());
+    fill(*oFont);
     lstFont_->setFocus();
     exec();
 }
 
-void frmFont::fill(const FontValues& font) {
+void frmFont::fill(const FontStyle& font) {
     opened_ = font;
-    selectText(*lstFont_, font.FontName);
-    selectData(*lstFontSize_, font.FontSize);
-    selectData(*lstFontStyle_, font.FontBold ? (font.FontItalic ? 3 : 2) : font.FontItalic ? 1 : 0);
-    chkUnderline_->setChecked(font.FontUnderline);
-    chkOverline_->setChecked(font.FontOverline);
-    chkStrikeout_->setChecked(font.FontStrikethourht);
-    cboColor_->setColor(font.Forecolor);
+    selectText(*lstFont_, font.Name);
+    selectData(*lstFontSize_, font.Size);
+    selectData(*lstFontStyle_, font.Bold ? (font.Italic ? 3 : 2) : font.Italic ? 1 : 0);
+    chkUnderline_->setChecked(font.Underline);
+    chkOverline_->setChecked(font.Overline);
+    chkStrikeout_->setChecked(font.Strikeout);
+    cboColor_->setColor(font.Color);
     refresh();
     lstFont_->scrollToItem(lstFont_->currentItem(), QAbstractItemView::PositionAtCenter);
 }
 
 /// What the controls say, and what the object has where nothing is selected.
-FontValues frmFont::chosen() const {
-    FontValues font = opened_;
+FontStyle frmFont::chosen() const {
+    FontStyle font = opened_;
     if (const QListWidgetItem* family = selectedOf(*lstFont_)) {
-        font.FontName = family->text();
+        font.Name = family->text();
     }
     if (const QListWidgetItem* size = selectedOf(*lstFontSize_)) {
-        font.FontSize = size->data(DataRole).toInt();
+        font.Size = size->data(DataRole).toInt();
     }
     if (const QListWidgetItem* style = selectedOf(*lstFontStyle_)) {
         const Style& each = styles[static_cast<std::size_t>(style->data(DataRole).toInt())];
-        font.FontBold = each.bold;
-        font.FontItalic = each.italic;
+        font.Bold = each.bold;
+        font.Italic = each.italic;
     }
     if (cboColor_->currentIndex() >= 0) {
-        font.Forecolor = cboColor_->color();
+        font.Color = cboColor_->color();
     }
-    font.FontUnderline = chkUnderline_->isChecked();
-    font.FontOverline = chkOverline_->isChecked();
-    font.FontStrikethourht = chkStrikeout_->isChecked();
+    font.Underline = chkUnderline_->isChecked();
+    font.Overline = chkOverline_->isChecked();
+    font.Strikeout = chkStrikeout_->isChecked();
     return font;
 }
 
 void frmFont::refresh() {
-    const FontValues font = chosen();
-    txtSelectedFont_->setText(font.FontName);
-    txtSelectedSize_->setText(QString::number(font.FontSize));
+    const FontStyle font = chosen();
+    txtSelectedFont_->setText(font.Name);
+    txtSelectedSize_->setText(QString::number(font.Size));
     const QListWidgetItem* style = selectedOf(*lstFontStyle_);
     txtSelectedStyle_->setText(style ? style->text() : QString());
 
-    QFont sample =
-        mapFont(font.FontName, font.FontSize, font.FontBold, font.FontItalic, font.FontUnderline);
-    sample.setOverline(font.FontOverline);
-    sample.setStrikeOut(font.FontStrikethourht);
+    QFont sample = mapFont(font);
+    sample.setOverline(font.Overline);
+    sample.setStrikeOut(font.Strikeout);
     lblSample_->setFont(sample);
-    const QColor color = colorOf(font.Forecolor);
+    const QColor color = colorOf(font.Color);
     QPalette colors = lblSample_->palette();
     colors.setColor(QPalette::WindowText, color.isValid() ? color : QColor(Qt::black));
     colors.setColor(QPalette::Window,
@@ -275,9 +276,9 @@ void frmFont::refresh() {
 
 /// The box for overline is for looking only: what is stored follows the underline.
 void frmFont::apply() {
-    FontValues font = chosen();
-    font.FontOverline = font.FontUnderline;
-    oFont->setValues(font);
+    FontStyle font = chosen();
+    font.Overline = font.Underline;
+    *oFont = font;
 }
 
 }  // namespace nubivane

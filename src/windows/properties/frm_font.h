@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "windows/properties/font_object.h"
+#include "engine/model/font_style.h"
 #include "windows/widgets/combo_color.h"
 
 #include <QDialog>
-
-#include <optional>
 
 class QBoxLayout;
 class QCheckBox;
@@ -24,8 +22,8 @@ class frmFont : public QDialog {
   public:
     explicit frmFont(QWidget* parent);
 
-    /// What to choose a font for.
-    std::optional<FontObject> oFont;
+    /// What to choose a font for: the style of a Label, a title or a forecast item.
+    FontStyle* oFont = nullptr;
 
     /// Shows the object's font and waits until the dialog closes. Does nothing without an object.
     void Init();
@@ -33,10 +31,10 @@ class frmFont : public QDialog {
   private:
     void buildLists(QBoxLayout& column);
     void buildEffects(QBoxLayout& row);
-    void fill(const FontValues& font);
+    void fill(const FontStyle& font);
     void connectChanges();
     void refresh();
-    FontValues chosen() const;
+    FontStyle chosen() const;
     void apply();
 
     QListWidget* lstFont_;
@@ -51,7 +49,7 @@ class frmFont : public QDialog {
     QCheckBox* chkStrikeout_;
     comboColor* cboColor_;
     QLabel* lblSample_;
-    FontValues opened_;  ///< what stands where nothing is selected
+    FontStyle opened_;  ///< what stands where nothing is selected
 };
 
 }  // namespace nubivane

@@ -3,7 +3,11 @@
 
 #include "windows/properties/frm_frame_property_detail.h"
 
+#include <QCoreApplication>
+
 namespace nubivane {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -43,40 +47,47 @@ void frmFrameProperty::addForecastRows() {
 }
 
 void frmFrameProperty::Init() {
-    forecast_ = &workspace_.Frames().Item(workspace_.Status.CurrentFrame).Texts().Forecast();
-    run([this] {
-        title_->show(forecast_->Title());
-        subtitle_->show(forecast_->Subtitle());
+    const auto line = [this](TextPart part, const char* name) {
+        return textDoor<TextLine>(workspace_, {part}, name);
+    };
+    const auto title = line(TextPart::Title, QT_TRANSLATE_NOOP("Edits", "Change title"));
+    box_ = textDoor<cDiv>(workspace_, {TextPart::Box},
+                          QT_TRANSLATE_NOOP("Edits", "Change forecast box"));
+    const auto fill = [&] {
+        title_->show(title);
+        subtitle_->show(line(TextPart::Subtitle, QT_TRANSLATE_NOOP("Edits", "Change subtitle")));
         // The swatch of the subtitle starts with the title's colour; its name is the subtitle's.
-        subtitle_->setSwatch(forecast_->Title().Forecolor);
+        subtitle_->setSwatch(title.read().Font.Color);
         fillForecast();
-    });
-    forecast_ = nullptr;
+    };
+    run(fill, title_->txtText());
 }
 
 void frmFrameProperty::fillForecast() {
-    const cDiv& div = forecast_->Div();
-    cboForecastBackcolor_->setColor(div.BackColor);
-    cboForecastBorder_->setCurrentIndex(div.Border);
-    cboForecastBorderColor_->setColor(div.BorderColor);
-    cboForecastBorderColor_->setEnabled(div.Border != 0);
+    const cDiv box = box_.read();
+    cboForecastBackcolor_->setColor(box.BackColor);
+    cboForecastBorder_->setCurrentIndex(box.Border);
+    cboForecastBorderColor_->setColor(box.BorderColor);
+    cboForecastBorderColor_->setEnabled(box.Border != 0);
 }
 
 void frmFrameProperty::connectForecast() {
     const auto commits = [this] { return committing(); };
-    commitColor(*cboForecastBackcolor_, commits, [this] { return &forecast_->Div().BackColor; });
-    commitColor(*cboForecastBorderColor_, commits,
-                [this] { return &forecast_->Div().BorderColor; });
+    commitColor(*cboForecastBackcolor_, commits, [this](qint32 color) {
+        box_.change(u"background"_s, [color](cDiv& box) { box.BackColor = color; });
+    });
+    commitColor(*cboForecastBorderColor_, commits, [this](qint32 color) {
+        box_.change(u"border color"_s, [color](cDiv& box) { box.BorderColor = color; });
+    });
     connect(cboForecastBorder_, &QComboBox::currentIndexChanged, this, [this](int index) {
         if (committing() && index >= 0) {
-            forecast_->Div().Border = static_cast<qint16>(index);
+            box_.change(u"border"_s,
+                        [index](cDiv& box) { box.Border = static_cast<qint16>(index); });
             cboForecastBorderColor_->setEnabled(index != 0);
         }
     });
-    connect(cmdForecastText_, &QToolButton::clicked, this, [this] {
-        frmFramePropertyDetail detail(this);
-        detail.Init(*forecast_);
-    });
+    connect(cmdForecastText_, &QToolButton::clicked, this,
+            [this] { frmFramePropertyDetail(workspace_, this).Init(); });
 }
 
 }  // namespace nubivane

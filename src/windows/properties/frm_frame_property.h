@@ -21,7 +21,7 @@ class frmFrameProperty : public PropertyDialog {
     void connectForecast();
     void fillForecast();
 
-    cForecast* forecast_ = nullptr;
+    RecordDoor<cDiv> box_;
     std::optional<TextLineRows> title_;
     std::optional<TextLineRows> subtitle_;
     comboColor* cboForecastBackcolor_ = nullptr;

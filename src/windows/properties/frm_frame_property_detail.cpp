@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/properties/frm_frame_property_detail.h"
 
+#include "engine/model/edits/project_edits.h"
+#include "windows/widgets/at_once.h"
 #include "windows/widgets/scroll_panel.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -24,22 +27,21 @@ constexpr int ButtonGap = 6;
 constexpr int RowsWithoutBar = 17;
 constexpr int PanelWidth = 330;
 
-/// Appends an item with the values of a new element.
-template <class List>
-void addDefault(List& list) {
-    list.Add(White, 0, "Arial", "8", 1, false, false, false, false, false, {});
-}
-
 /// The item of a position, or nothing.
 template <class List>
-TextItem* itemAt(List& list, int position) {
-    return position >= 1 && position <= list.Count() ? &list.Item(position) : nullptr;
+std::optional<RecordDoor<TextItem>> itemAt(Workspace& workspace, const List& list, TextPart part,
+                                           int position, const char* name) {
+    if (position < 1 || position > list.Count()) {
+        return std::nullopt;
+    }
+    return textDoor<TextItem>(workspace, {part, list.Item(position).textKey}, name);
 }
 
 }  // namespace
 
-frmFramePropertyDetail::frmFramePropertyDetail(QWidget* parent)
+frmFramePropertyDetail::frmFramePropertyDetail(Workspace& workspace, QWidget* parent)
     : QDialog(parent),
+      workspace_(workspace),
       lstItems_(new QTreeWidget(this)),
       cmdAdd_(new QPushButton(tr("&Add"), this)),
       cmdRemove_(new QPushButton(tr("&Remove"), this)),
@@ -47,14 +49,18 @@ frmFramePropertyDetail::frmFramePropertyDetail(QWidget* parent)
     setObjectName("frmFramePropertyDetail");
     setWindowTitle(tr("Forecast text"));
     build();
+    answerKeysAtOnce(*this);
     connect(lstItems_, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* current) {
         showElement(lstItems_->indexOfTopLevelItem(current) + 1);
     });
+    // What is typed in a field is one edit until the field is left.
+    connect(qApp, &QApplication::focusChanged, this, [this] { workspace_.edits().seal(); });
     connect(cmdAdd_, &QPushButton::clicked, this, [this] { addElement(); });
     connect(cmdRemove_, &QPushButton::clicked, this, [this] { removeElement(); });
 }
 
 void frmFramePropertyDetail::build() {
+    grid_->leaveKeys("aer");  // Add, Elements, Remove
     grid_->addSection(tr("Header"));
     header_.emplace(*grid_, "Header", "Sets header text");
     grid_->addSection(tr("Body"));
@@ -108,8 +114,7 @@ QWidget* frmFramePropertyDetail::buildList() {
     return panel;
 }
 
-void frmFramePropertyDetail::Init(cForecast& forecast) {
-    forecast_ = &forecast;
+void frmFramePropertyDetail::Init() {
     refreshRows(1);
     lstItems_->setFocus();
     exec();
@@ -117,7 +122,11 @@ void frmFramePropertyDetail::Init(cForecast& forecast) {
 
 /// A project from elsewhere may have lists of different lengths: the rows are those of the header.
 int frmFramePropertyDetail::count() const {
-    return forecast_->Header().Count();
+    return forecast().Header().Count();
+}
+
+const cForecast& frmFramePropertyDetail::forecast() const {
+    return workspace_.Frames().Item(workspace_.Status.CurrentFrame).Texts().Forecast();
 }
 
 /// One row for each element, named after its position, with one of them selected.
@@ -143,20 +152,15 @@ void frmFramePropertyDetail::enablePanel(bool enabled) {
 }
 
 void frmFramePropertyDetail::showElement(int element) {
-    header_->show(itemAt(forecast_->Header(), element));
-    body_->show(itemAt(forecast_->Body(), element));
+    header_->show(itemAt(workspace_, forecast().Header(), TextPart::Header, element,
+                         QT_TRANSLATE_NOOP("Edits", "Change element")));
+    body_->show(itemAt(workspace_, forecast().Body(), TextPart::Body, element,
+                       QT_TRANSLATE_NOOP("Edits", "Change element")));
 }
 
 void frmFramePropertyDetail::addElement() {
-    // A new element begins at the same position in both lists.
-    while (forecast_->Body().Count() < count()) {
-        addDefault(forecast_->Body());
-    }
-    while (count() < forecast_->Body().Count()) {
-        addDefault(forecast_->Header());
-    }
-    addDefault(forecast_->Header());
-    addDefault(forecast_->Body());
+    const qint32 frame = workspace_.Status.CurrentFrame;
+    workspace_.edits().push(std::make_unique<AddElement>(workspace_.Frames().Item(frame), frame));
     refreshRows(count());
 }
 
@@ -166,10 +170,8 @@ void frmFramePropertyDetail::removeElement() {
         return;
     }
     showElement(0);
-    forecast_->Header().Remove(element);
-    if (element <= forecast_->Body().Count()) {
-        forecast_->Body().Remove(element);
-    }
+    workspace_.edits().push(
+        std::make_unique<RemoveElement>(workspace_.Status.CurrentFrame, element));
     refreshRows(std::max(1, element - 1));
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/model/workspace.h"
 #include "windows/properties/text_item_rows.h"
 
 #include <QDialog>
@@ -17,10 +18,10 @@ class frmFramePropertyDetail : public QDialog {
     Q_OBJECT
 
   public:
-    explicit frmFramePropertyDetail(QWidget* parent);
+    frmFramePropertyDetail(Workspace& workspace, QWidget* parent);
 
-    /// Shows a forecast's elements and waits until the dialog closes.
-    void Init(cForecast& forecast);
+    /// Shows the elements of the current Frame's forecast and waits until the dialog closes.
+    void Init();
 
   private:
     void build();
@@ -31,8 +32,9 @@ class frmFramePropertyDetail : public QDialog {
     void addElement();
     void removeElement();
     int count() const;
+    const cForecast& forecast() const;
 
-    cForecast* forecast_ = nullptr;
+    Workspace& workspace_;
     int columnWidth_ = 0;
     QTreeWidget* lstItems_;
     QPushButton* cmdAdd_;

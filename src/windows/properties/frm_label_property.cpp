@@ -2,8 +2,13 @@
 #include "windows/properties/frm_label_property.h"
 
 #include "engine/core/path_text.h"
+#include "engine/model/edits/sprite_changes.h"
+
+#include <QCoreApplication>
 
 namespace nubivane {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -19,6 +24,9 @@ constexpr PropertyRow YRow{
 constexpr PropertyRow NoteRow{"Notes", "Notes", "Stores notes for internal use"};
 
 constexpr qint16 WithBorder = 1;
+
+constexpr auto FontEdit = QT_TRANSLATE_NOOP("Edits", "Change label font");
+constexpr QLatin1String FontSeries("font");
 
 }  // namespace
 
@@ -38,30 +46,58 @@ frmLabelProperty::frmLabelProperty(Workspace& workspace, Shell& shell, SpriteOnM
 }
 
 void frmLabelProperty::Init() {
-    cLabels& labels = workspace_.Frames().Item(workspace_.Status.CurrentFrame).Sprites().Labels();
-    const QString& key = workspace_.Status.CurrentShapeControlKey;
-    if (workspace_.Status.CurrentShapeControlType == sprite_type::Label && labels.contains(key)) {
-        label_ = &labels.Item(key);
-        run([this] { fill(); });
-        label_ = nullptr;
+    const auto selected = workspace_.Status.selectedSprite();
+    if (selected && selected->kind == SpriteKind::Label &&
+        workspace_.Frames().Item(workspace_.Status.CurrentFrame).Sprites().contains(*selected)) {
+        id_ = *selected;
+        run([this] { fill(); }, txtText_);
     }
 }
 
+/// An empty one where the Label has gone under the window.
+cLabel frmLabelProperty::label() const {
+    const cFrame& frame = workspace_.Frames().Item(workspace_.Status.CurrentFrame);
+    return frame.Sprites().contains(id_) ? frame.Sprites().Labels().Item(id_.key) : cLabel();
+}
+
+template <class Mutate>
+void frmLabelProperty::change(const char* name, const QString& series, Mutate mutate) {
+    changeSprite<cLabel>(workspace_, id_, name, series, mutate);
+}
+
+/// The Label gets its control's size, and the selection frame too.
+void frmLabelProperty::refreshSize(const char* name, const QString& series) {
+    const QSize size = control_.rect().size();
+    change(name, series, [size](cLabel& label) {
+        label.Width = size.width();
+        label.Height = size.height();
+    });
+    control_.setFramedRect(QRect(control_.framedRect().topLeft(), size));
+}
+
 void frmLabelProperty::fill() {
-    font_.show(FontObject(*label_), "Yes");
-    cboBackcolor_->setColor(label_->BackColor);
-    cboBorder_->setCurrentText(label_->Border == WithBorder ? "Yes" : "No");
-    cboBorderColor_->setColor(label_->BorderColor);
-    cboBorderColor_->setEnabled(label_->Border == WithBorder);
-    txtText_->setText(label_->Text);
+    const cLabel shown = label();
+    font_.show(&shown.Font, "Yes");
+    cboBackcolor_->setColor(shown.BackColor);
+    cboBorder_->setCurrentText(shown.Border == WithBorder ? "Yes" : "No");
+    cboBorderColor_->setColor(shown.BorderColor);
+    cboBorderColor_->setEnabled(shown.Border == WithBorder);
+    txtText_->setText(shown.Text);
     txtText_->setCursorPosition(0);
-    position_.show(label_->PosX, label_->PosY, [this] { return committing(); });
-    txtNote_->setText(label_->Note);
+    position_.show([this] { return positionOf(workspace_, id_).value_or(QPoint()); },
+                   [this](QPoint position) {
+                       moveSprite(workspace_, id_, position, Marks::Nothing, u"position"_s);
+                   },
+                   [this] { return committing(); });
+    txtNote_->setText(shown.Note);
 }
 
 void frmLabelProperty::connectCommits() {
+    font_.fontChosen = [this](const FontStyle& font) {
+        change(FontEdit, FontSeries, [&font](cLabel& record) { record.Font = font; });
+    };
     font_.fontDialogClosed = [this] { fontChanged(); };
-    txtText_->value = [this] { return label_->Text; };
+    txtText_->value = [this] { return label().Text; };
     txtText_->apply = [this](const QString& text) { return !committing() || commitText(text); };
     connect(cboBackcolor_, &QComboBox::currentIndexChanged, this, [this] {
         if (committing() && cboBackcolor_->currentIndex() >= 0) {
@@ -75,48 +111,56 @@ void frmLabelProperty::connectCommits() {
     });
     connect(cboBorderColor_, &QComboBox::currentIndexChanged, this, [this] {
         if (committing() && cboBorderColor_->currentIndex() >= 0) {
-            label_->BorderColor = cboBorderColor_->color();
+            change(QT_TRANSLATE_NOOP("Edits", "Change label border color"), u"border color"_s,
+                   [this](cLabel& label) { label.BorderColor = cboBorderColor_->color(); });
         }
     });
     connect(txtNote_, &QLineEdit::textChanged, this, [this](const QString& text) {
         if (committing()) {
-            label_->Note = text;
+            change(QT_TRANSLATE_NOOP("Edits", "Change label notes"), u"note"_s,
+                   [&text](cLabel& label) { label.Note = text; });
         }
     });
 }
 
 void frmLabelProperty::commitBackColor() {
-    label_->BackColor = cboBackcolor_->color();
-    control_.setBackColor(label_->BackColor);
+    const qint32 color = cboBackcolor_->color();
+    change(QT_TRANSLATE_NOOP("Edits", "Change label background"), u"background"_s,
+           [color](cLabel& label) { label.BackColor = color; });
+    control_.setBackColor(color);
 }
 
 void frmLabelProperty::commitBorder() {
     const bool bordered = cboBorder_->currentText() == u"Yes";
-    label_->Border = bordered ? WithBorder : 0;
+    change(QT_TRANSLATE_NOOP("Edits", "Change label border"), u"border"_s,
+           [bordered](cLabel& label) { label.Border = bordered ? WithBorder : qint16{0}; });
     cboBorderColor_->setEnabled(bordered);
-    control_.show(*label_);
+    control_.show(label());
 }
 
 bool frmLabelProperty::commitText(const QString& text) {
     if (trimBlanks(text).isEmpty()) {
         return false;
     }
-    label_->Text = text;
-    control_.show(*label_);
-    refreshSize(*label_, control_);
+    constexpr auto name = QT_TRANSLATE_NOOP("Edits", "Change label text");
+    change(name, u"text"_s, [&text](cLabel& label) { label.Text = text; });
+    control_.show(label());
+    refreshSize(name, u"text"_s);
     return true;
 }
 
 void frmLabelProperty::fontChanged() {
-    font_.show(FontObject(*label_), "Yes");
-    control_.setFontStrikethru(label_->FontStrikethourht);
-    control_.show(*label_);
-    refreshSize(*label_, control_);
+    const cLabel shown = label();
+    font_.show(&shown.Font, "Yes");
+    control_.setFontStrikethru(shown.Font.Strikeout);
+    control_.show(shown);
+    refreshSize(FontEdit, FontSeries);
+    workspace_.edits().seal();
 }
 
 void frmLabelProperty::closing(QWidget* active) {
     position_.closing(active);
-    if (active == txtText_) {
+    if (active == txtText_ && txtText_->isModified()) {
         txtText_->commit();
     }
 }

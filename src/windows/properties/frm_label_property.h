@@ -22,6 +22,10 @@ class frmLabelProperty : public PropertyDialog {
 
   private:
     void fill();
+    cLabel label() const;
+    template <class Mutate>
+    void change(const char* name, const QString& series, Mutate mutate);
+    void refreshSize(const char* name, const QString& series);
     void connectCommits();
     bool commitText(const QString& text);
     void commitBackColor();
@@ -29,7 +33,7 @@ class frmLabelProperty : public PropertyDialog {
     void fontChanged();
 
     SpriteOnMap& control_;
-    cLabel* label_ = nullptr;
+    SpriteId id_;
     FontRows font_;
     comboColor* cboBackcolor_;
     comboEx* cboBorder_;

@@ -3,10 +3,14 @@
 
 #include "engine/core/host_files.h"
 #include "engine/core/number_text.h"
+#include "engine/model/edits/sprite_changes.h"
 
+#include <QCoreApplication>
 #include <QLabel>
 
 namespace nubivane {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -50,47 +54,64 @@ frmSymbolProperty::frmSymbolProperty(Workspace& workspace, Shell& shell, SpriteO
 }
 
 void frmSymbolProperty::Init() {
-    cSymbols& symbols =
-        workspace_.Frames().Item(workspace_.Status.CurrentFrame).Sprites().Symbols();
-    const QString& key = workspace_.Status.CurrentShapeControlKey;
-    if (workspace_.Status.CurrentShapeControlType == sprite_type::Symbol && symbols.contains(key)) {
-        symbol_ = &symbols.Item(key);
+    const auto selected = workspace_.Status.selectedSprite();
+    if (selected && selected->kind == SpriteKind::Symbol &&
+        workspace_.Frames().Item(workspace_.Status.CurrentFrame).Sprites().contains(*selected)) {
+        id_ = *selected;
         cmdSymbol_->setEnabled(openSymbolSelection != nullptr);
-        run([this] { fill(); });
-        symbol_ = nullptr;
+        run([this] { fill(); }, txtFilename_);
     }
 }
 
+/// An empty one where the Symbol has gone under the window.
+cSymbol frmSymbolProperty::symbol() const {
+    const cFrame& frame = workspace_.Frames().Item(workspace_.Status.CurrentFrame);
+    return frame.Sprites().contains(id_) ? frame.Sprites().Symbols().Item(id_.key) : cSymbol();
+}
+
+template <class Mutate>
+void frmSymbolProperty::change(const char* name, const QString& series, Mutate mutate) {
+    changeSprite<cSymbol>(workspace_, id_, name, series, mutate);
+}
+
 void frmSymbolProperty::fill() {
-    txtFilename_->setText(host_files::toHost(symbol_->PathFileGif));
-    position_.show(symbol_->PosX, symbol_->PosY, [this] { return committing(); });
-    txtHeight_->setText(QString::number(symbol_->Height));
-    txtWidth_->setText(QString::number(symbol_->Width));
-    txtLink_->setText(symbol_->Link);
-    txtTooltip_->setText(symbol_->Tooltip);
-    txtNote_->setText(symbol_->Note);
+    const cSymbol shown = symbol();
+    txtFilename_->setText(host_files::toHost(shown.PathFileGif));
+    position_.show([this] { return positionOf(workspace_, id_).value_or(QPoint()); },
+                   [this](QPoint position) {
+                       moveSprite(workspace_, id_, position, Marks::Nothing, u"position"_s);
+                   },
+                   [this] { return committing(); });
+    txtHeight_->setText(QString::number(shown.Height));
+    txtWidth_->setText(QString::number(shown.Width));
+    txtLink_->setText(shown.Link);
+    txtTooltip_->setText(shown.Tooltip);
+    txtNote_->setText(shown.Note);
 }
 
 void frmSymbolProperty::connectCommits() {
     connect(cmdSymbol_, &QToolButton::clicked, this, [this] { chooseSymbol(); });
-    txtHeight_->value = [this] { return QString::number(symbol_->Height); };
+    txtHeight_->value = [this] { return QString::number(symbol().Height); };
     txtHeight_->apply = [this](const QString& text) { return !committing() || commitHeight(text); };
-    txtWidth_->value = [this] { return QString::number(symbol_->Width); };
+    txtWidth_->value = [this] { return QString::number(symbol().Width); };
     txtWidth_->apply = [this](const QString& text) { return !committing() || commitWidth(text); };
     connect(txtLink_, &QLineEdit::textChanged, this, [this](const QString& text) {
         if (committing()) {
-            symbol_->Link = text;
+            change(QT_TRANSLATE_NOOP("Edits", "Change symbol link"), u"link"_s,
+                   [&text](cSymbol& record) { record.Link = text; });
         }
     });
     connect(txtTooltip_, &QLineEdit::textChanged, this, [this](const QString& text) {
         if (committing()) {
-            symbol_->Tooltip = text;
+            change(QT_TRANSLATE_NOOP("Edits", "Change symbol tooltip"), u"tooltip"_s,
+                   [&text](cSymbol& record) { record.Tooltip = text; });
             control_.setToolTipText(text);
         }
     });
     connect(txtNote_, &QLineEdit::textChanged, this, [this](const QString& text) {
         if (committing()) {
-            symbol_->Note = text;
+            change(QT_TRANSLATE_NOOP("Edits", "Change symbol notes"), u"note"_s,
+                   [&text](cSymbol& record) { record.Note = text; });
         }
     });
 }
@@ -102,12 +123,21 @@ void frmSymbolProperty::chooseSymbol() {
     }
     const HourglassGuard hourglass(shell_);
     txtFilename_->setText(host_files::toHost(SelectedSymbol_));
-    symbol_->FileGif = SelectedSymbol_;
-    symbol_->PathFileGif = SelectedSymbol_;
+    constexpr auto name = QT_TRANSLATE_NOOP("Edits", "Change symbol picture");
+    workspace_.edits().seal();
+    change(name, u"picture"_s, [this](cSymbol& record) {
+        record.FileGif = SelectedSymbol_;
+        record.PathFileGif = SelectedSymbol_;
+    });
     control_.StopAnimation();
     control_.setFileName(SelectedSymbol_);
     shell_.processEvents();
-    refreshSize(*symbol_, control_);
+    const QSize size = control_.rect().size();
+    change(name, u"picture"_s, [size](cSymbol& record) {
+        record.Width = size.width();
+        record.Height = size.height();
+    });
+    control_.setFramedRect(QRect(control_.framedRect().topLeft(), size));
     txtHeight_->setText(txtHeight_->value());
     txtWidth_->setText(txtWidth_->value());
     control_.StartAnimation();
@@ -120,10 +150,11 @@ bool frmSymbolProperty::commitWidth(const QString& text) {
     if (!width) {
         return false;
     }
-    symbol_->Width = *width;
+    change(QT_TRANSLATE_NOOP("Edits", "Resize symbol"), u"width"_s,
+           [width](cSymbol& record) { record.Width = *width; });
     control_.Move({rect.topLeft(), QSize(*width, rect.height())});
     const QRect framed = control_.framedRect();
-    control_.setFramedRect({QPoint(symbol_->PosX, framed.y()), QSize(*width, framed.height())});
+    control_.setFramedRect({QPoint(symbol().PosX, framed.y()), QSize(*width, framed.height())});
     return true;
 }
 
@@ -133,10 +164,11 @@ bool frmSymbolProperty::commitHeight(const QString& text) {
     if (!height) {
         return false;
     }
-    symbol_->Height = *height;
+    change(QT_TRANSLATE_NOOP("Edits", "Resize symbol"), u"height"_s,
+           [height](cSymbol& record) { record.Height = *height; });
     control_.Move({rect.topLeft(), QSize(rect.width(), *height)});
     const QRect framed = control_.framedRect();
-    control_.setFramedRect({QPoint(framed.x(), symbol_->PosY), QSize(framed.width(), *height)});
+    control_.setFramedRect({QPoint(framed.x(), symbol().PosY), QSize(framed.width(), *height)});
     return true;
 }
 

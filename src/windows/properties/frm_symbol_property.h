@@ -27,13 +27,16 @@ class frmSymbolProperty : public PropertyDialog {
 
   private:
     void fill();
+    cSymbol symbol() const;
+    template <class Mutate>
+    void change(const char* name, const QString& series, Mutate mutate);
     void connectCommits();
     void chooseSymbol();
     bool commitWidth(const QString& text);
     bool commitHeight(const QString& text);
 
     SpriteOnMap& control_;
-    cSymbol* symbol_ = nullptr;
+    SpriteId id_;
     QString SelectedSymbol_;
     QLineEdit* txtFilename_;
     QToolButton* cmdSymbol_;

@@ -3,6 +3,8 @@
 
 #include "engine/core/number_text.h"
 
+#include <utility>
+
 namespace nubivane {
 
 namespace {
@@ -24,11 +26,12 @@ PositionRows::PositionRows(PropertyGrid& grid, const PropertyRow& x, const Prope
       txtPosX_(grid.addChecked(x, "txtPosX", shell, InvalidValue)),
       txtPosY_(grid.addChecked(y, "txtPosY", shell, InvalidValue)) {}
 
-void PositionRows::show(qint32& PosX, qint32& PosY, const std::function<bool()>& committing) {
-    PosX_ = &PosX;
-    PosY_ = &PosY;
-    txtPosX_->value = [this] { return QString::number(*PosX_); };
-    txtPosY_->value = [this] { return QString::number(*PosY_); };
+void PositionRows::show(std::function<QPoint()> shown, std::function<void(QPoint)> moveTo,
+                        const std::function<bool()>& committing) {
+    position_ = std::move(shown);
+    moveTo_ = std::move(moveTo);
+    txtPosX_->value = [this] { return QString::number(position_().x()); };
+    txtPosY_->value = [this] { return QString::number(position_().y()); };
     txtPosX_->apply = [this, committing](const QString& text) {
         return !committing() || setX(text);
     };
@@ -45,7 +48,7 @@ bool PositionRows::setX(const QString& text) {
     if (!x) {
         return false;
     }
-    *PosX_ = *x;
+    moveTo_({*x, position_().y()});
     control_.Move({QPoint(*x, rect.y()), rect.size()});
     const QRect framed = control_.framedRect();
     control_.setFramedRect({QPoint(*x, framed.y()), framed.size()});
@@ -58,7 +61,7 @@ bool PositionRows::setY(const QString& text) {
     if (!y) {
         return false;
     }
-    *PosY_ = *y;
+    moveTo_({position_().x(), *y});
     control_.Move({QPoint(rect.x(), *y), rect.size()});
     const QRect framed = control_.framedRect();
     control_.setFramedRect({QPoint(framed.x(), *y), framed.size()});

@@ -21,8 +21,9 @@ class PositionRows {
     PositionRows(const PositionRows&) = delete;
     PositionRows& operator=(const PositionRows&) = delete;
 
-    /// Shows a sprite's position and writes it from now on, while `committing` says so.
-    void show(qint32& PosX, qint32& PosY, const std::function<bool()>& committing);
+    /// Shows a sprite's position and moves it from now on, while `committing` says so.
+    void show(std::function<QPoint()> position, std::function<void(QPoint)> moveTo,
+              const std::function<bool()>& committing);
 
     /// On closing with the keyboard in one of the two, both are checked.
     void closing(const QWidget* active);
@@ -35,8 +36,8 @@ class PositionRows {
     const MapSurface& map_;
     CheckedField* txtPosX_;
     CheckedField* txtPosY_;
-    qint32* PosX_ = nullptr;
-    qint32* PosY_ = nullptr;
+    std::function<QPoint()> position_;
+    std::function<void(QPoint)> moveTo_;
 };
 
 }  // namespace nubivane

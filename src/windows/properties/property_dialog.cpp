@@ -3,10 +3,12 @@
 
 #include "engine/core/settings_store.h"
 #include "engine/core/shell.h"
+#include "engine/model/edits/project_edits.h"
 #include "windows/properties/property_grid.h"
+#include "windows/widgets/frame_place.h"
 #include "windows/widgets/twips.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -31,21 +33,25 @@ PropertyDialog::PropertyDialog(const char* name, const QString& heading, Workspa
     : QDialog(parent),
       workspace_(workspace),
       shell_(shell),
-      grid_(new PropertyGrid(heading, this)) {
+      grid_(new PropertyGrid(heading, this)),
+      place_(new FramePlace(*this)) {
     setObjectName(name);
     setWindowTitle(tr("Properties"));
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(Margin, Margin, Margin, Margin);
     column->addWidget(grid_);
+    // What is typed in a field is one edit until the field is left.
+    connect(qApp, &QApplication::focusChanged, this, [this] { workspace_.edits().seal(); });
 }
 
-void PropertyDialog::run(const std::function<void()>& fill) {
+void PropertyDialog::run(const std::function<void()>& fill, QWidget* first) {
     {
         const HourglassGuard hourglass(shell_);
         fill();
         restorePlace();
         committing_ = true;
     }
+    first->setFocus(Qt::TabFocusReason);
     exec();
 }
 
@@ -54,6 +60,7 @@ void PropertyDialog::done(int result) {
         QWidget* active = focusWidget();
         closing(active);
         committing_ = false;
+        workspace_.edits().seal();
         storePlace();
     }
     QDialog::done(result);
@@ -78,8 +85,8 @@ void PropertyDialog::restorePlace() {
     const QScreen* there = QGuiApplication::screenAt(place.center());
     const QRect room = (there ? there : screen())->availableGeometry();
     resize(place.size().boundedTo(room.size()));
-    move(std::clamp(place.left(), room.left(), room.right() + 1 - width()),
-         std::clamp(place.top(), room.top(), room.bottom() + 1 - height()));
+    place_->put({std::clamp(place.left(), room.left(), room.right() + 1 - width()),
+                 std::clamp(place.top(), room.top(), room.bottom() + 1 - height())});
 }
 
 void PropertyDialog::storePlace() {
@@ -88,8 +95,8 @@ void PropertyDialog::storePlace() {
     };
     store(Setting::PropertyDialogWidth, width());
     store(Setting::PropertyDialogHeight, height());
-    store(Setting::PropertyDialogTop, y());
-    store(Setting::PropertyDialogLeft, x());
+    store(Setting::PropertyDialogTop, place_->corner().y());
+    store(Setting::PropertyDialogLeft, place_->corner().x());
 }
 
 }  // namespace nubivane

@@ -9,6 +9,7 @@
 
 namespace nubivane {
 
+class FramePlace;
 class PropertyGrid;
 class Shell;
 
@@ -22,8 +23,9 @@ class PropertyDialog : public QDialog {
                    QWidget* parent);
 
   protected:
-    /// Has the rows filled, nothing of which is a commit, and waits until the dialog closes.
-    void run(const std::function<void()>& fill);
+    /// Has the rows filled, nothing of which is a commit, gives the keyboard to the field for which
+    /// most people come, and waits until the dialog closes.
+    void run(const std::function<void()>& fill, QWidget* first);
 
     /// The commit flag: false while rows are filled and once the dialog is closing.
     bool committing() const { return committing_; }
@@ -41,6 +43,7 @@ class PropertyDialog : public QDialog {
     void restorePlace();
     void storePlace();
 
+    FramePlace* place_;
     bool committing_ = false;
 };
 

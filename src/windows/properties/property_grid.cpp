@@ -76,6 +76,7 @@ PropertyGrid::PropertyGrid(const QString& heading, QWidget* parent)
 
 void PropertyGrid::addSection(const QString& title) {
     section_ = title;
+    keys_.clear();
     auto* label = boldLabel(title, fraContainer_->fraText());
     label->setContentsMargins(0, 4, 0, 2);
     rows_->addWidget(label, line_, 0, 1, 2);
@@ -96,6 +97,12 @@ QLineEdit* PropertyGrid::addReadOnly(const PropertyRow& row, const QString& name
 
 TextField* PropertyGrid::addText(const PropertyRow& row, const QString& name) {
     auto* field = new TextField;
+    addRow(row, name, field);
+    return field;
+}
+
+WrappedField* PropertyGrid::addWrapped(const PropertyRow& row, const QString& name) {
+    auto* field = new WrappedField;
     addRow(row, name, field);
     return field;
 }
@@ -154,10 +161,27 @@ void PropertyGrid::addRow(const PropertyRow& row, const QString& name, QWidget* 
     line->setContentsMargins(0, 0, 0, 0);
     line->setSpacing(4);
     line->addWidget(field);
-    rows_->addWidget(new QLabel(tr(row.caption)), line_, 0);
+    auto* caption = new QLabel(withAccessKey(tr(row.caption)));
+    caption->setBuddy(field);
+    rows_->addWidget(caption, line_, 0);
     rows_->addWidget(cell, line_, 1);
     explain(field, row);
     finishRow();
+}
+
+/// The same letters serve in every section: pressing one again goes on to the next. That of the
+/// texts, for which most people come, is kept for captions that begin with it.
+QString PropertyGrid::withAccessKey(const QString& caption) {
+    constexpr QChar LetterOfTexts = u't';
+    for (qsizetype i = 0; i < caption.size(); ++i) {
+        const QChar letter = caption[i].toLower();
+        const bool kept = i > 0 && letter == LetterOfTexts;
+        if (letter.isLetter() && !kept && !keys_.contains(letter) && !taken_.contains(letter)) {
+            keys_ += letter;
+            return QString(caption).insert(i, u'&');
+        }
+    }
+    return caption;
 }
 
 /// Rules off the row just added and leaves what the panel has too much of below it.

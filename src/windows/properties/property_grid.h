@@ -3,6 +3,7 @@
 
 #include "windows/widgets/combo_color.h"
 #include "windows/widgets/text_field.h"
+#include "windows/widgets/wrapped_field.h"
 
 #include <QHash>
 #include <QToolButton>
@@ -34,12 +35,16 @@ class PropertyGrid : public QWidget {
 
     ScrollPanel* container() const { return fraContainer_; }
 
+    /// Letters (small ones) that are access keys of others in the window. Before the first row.
+    void leaveKeys(const QString& letters) { taken_ = letters; }
+
     /// Begins a group of rows under a title of their own.
     void addSection(const QString& title);
 
     /// Appends a row whose field is one of these, bearing its control name.
     QLineEdit* addReadOnly(const PropertyRow& row, const QString& name);
     TextField* addText(const PropertyRow& row, const QString& name);
+    WrappedField* addWrapped(const PropertyRow& row, const QString& name);
     CheckedField* addChecked(const PropertyRow& row, const QString& name, Shell& shell,
                              const char* refusal);
     comboEx* addChoice(const PropertyRow& row, const QString& name);
@@ -58,6 +63,7 @@ class PropertyGrid : public QWidget {
     void addRow(const PropertyRow& row, const QString& name, QWidget* field);
     void finishRow();
     void explain(QWidget* field, const PropertyRow& row);
+    QString withAccessKey(const QString& caption);
 
     QLabel* txtType_;
     ScrollPanel* fraContainer_;
@@ -66,6 +72,8 @@ class PropertyGrid : public QWidget {
     QLabel* lblInfo_;
     QHash<const QObject*, PropertyRow> help_;
     QString section_;
+    QString taken_;
+    QString keys_;  ///< letters that are access keys in this section
     int line_ = 0;  ///< of the layout, for the next row
     int separators_ = 0;
 };

@@ -36,13 +36,4 @@ class SpriteOnMap {
     virtual void setToolTipText(const QString& text) = 0;
 };
 
-/// Gives a sprite in the model its control's size, and the selection frame too.
-template <class Sprite>
-void refreshSize(Sprite& sprite, SpriteOnMap& control) {
-    const QSize size = control.rect().size();
-    sprite.Width = size.width();
-    sprite.Height = size.height();
-    control.setFramedRect(QRect(control.framedRect().topLeft(), size));
-}
-
 }  // namespace nubivane

@@ -4,6 +4,9 @@
 #include "engine/model/forecast.h"
 #include "windows/properties/font_rows.h"
 #include "windows/properties/property_grid.h"
+#include "windows/properties/record_door.h"
+
+#include <optional>
 
 namespace nubivane {
 
@@ -16,17 +19,17 @@ class TextItemRows {
     TextItemRows& operator=(const TextItemRows&) = delete;
 
     /// Shows an item and writes it from now on; nothing empties the rows.
-    void show(TextItem* item);
+    void show(std::optional<RecordDoor<TextItem>> item);
 
   private:
     void fill(const char* yes);
     bool committing() const { return item_ && !filling_; }
 
-    TextItem* item_ = nullptr;
+    std::optional<RecordDoor<TextItem>> item_;
     bool filling_ = false;
     FontRows font_;
     comboColor* cboBackcolor_;
-    TextField* txtText_;
+    WrappedField* txtText_;
 };
 
 }  // namespace nubivane

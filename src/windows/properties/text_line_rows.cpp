@@ -3,6 +3,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr PropertyRow BackColorRow{"Back color", "Back color",
@@ -16,11 +18,11 @@ constexpr qint16 WithBorder = 1;
 }  // namespace
 
 void commitColor(comboColor& combo, std::function<bool()> committing,
-                 std::function<qint32*()> color) {
+                 std::function<void(qint32)> store) {
     QObject::connect(&combo, &QComboBox::currentIndexChanged, &combo,
-                     [&combo, committing = std::move(committing), color = std::move(color)] {
+                     [&combo, committing = std::move(committing), store = std::move(store)] {
                          if (committing() && combo.currentIndex() >= 0) {
-                             *color() = combo.color();
+                             store(combo.color());
                          }
                      });
 }
@@ -40,42 +42,53 @@ TextLineRows::TextLineRows(PropertyGrid& grid, const Names& names, std::function
     connectCommits();
 }
 
-void TextLineRows::show(TextLine& line) {
-    line_ = &line;
+void TextLineRows::show(RecordDoor<TextLine> line) {
+    line_ = std::move(line);
     fill("Yes");
 }
 
 void TextLineRows::fill(const char* yes) {
-    font_.show(FontObject(*line_), yes);
-    cboBackcolor_->setColor(line_->BackColor);
-    cboBorder_->setCurrentText(line_->Border == WithBorder ? "Yes" : "No");
-    cboBorderColor_->setColor(line_->BorderColor);
-    cboBorderColor_->setEnabled(line_->Border == WithBorder);
-    cboAlign_->setCurrentIndex(cboAlign_->findData(line_->Align));
-    txtText_->setText(line_->Text);
+    const TextLine line = line_.read();
+    font_.show(&line.Font, yes);
+    cboBackcolor_->setColor(line.BackColor);
+    cboBorder_->setCurrentText(line.Border == WithBorder ? "Yes" : "No");
+    cboBorderColor_->setColor(line.BorderColor);
+    cboBorderColor_->setEnabled(line.Border == WithBorder);
+    cboAlign_->setCurrentIndex(cboAlign_->findData(line.Align));
+    txtText_->setText(line.Text);
     txtText_->setCursorPosition(0);
 }
 
 void TextLineRows::connectCommits() {
     // After the font dialog flags are told with this other word until the window opens again.
+    font_.fontChosen = [this](const FontStyle& font) {
+        line_.change({}, [&font](TextLine& line) { line.Font = font; });
+    };
     font_.fontDialogClosed = [this] { fill("Si"); };
-    commitColor(*cboBackcolor_, committing_, [this] { return &line_->BackColor; });
-    commitColor(*cboBorderColor_, committing_, [this] { return &line_->BorderColor; });
+    commitColor(*cboBackcolor_, committing_, [this](qint32 color) {
+        line_.change(u"background"_s, [color](TextLine& line) { line.BackColor = color; });
+    });
+    commitColor(*cboBorderColor_, committing_, [this](qint32 color) {
+        line_.change(u"border color"_s, [color](TextLine& line) { line.BorderColor = color; });
+    });
     QObject::connect(cboBorder_, &QComboBox::currentIndexChanged, cboBorder_, [this] {
         if (committing_()) {
             const bool bordered = cboBorder_->currentText() == u"Yes";
-            line_->Border = bordered ? WithBorder : 0;
+            line_.change(u"border"_s, [bordered](TextLine& line) {
+                line.Border = bordered ? WithBorder : qint16{0};
+            });
             cboBorderColor_->setEnabled(bordered);
         }
     });
     QObject::connect(cboAlign_, &QComboBox::currentIndexChanged, cboAlign_, [this] {
         if (committing_() && cboAlign_->currentIndex() >= 0) {
-            line_->Align = static_cast<qint16>(cboAlign_->currentData().toInt());
+            const auto align = static_cast<qint16>(cboAlign_->currentData().toInt());
+            line_.change(u"alignment"_s, [align](TextLine& line) { line.Align = align; });
         }
     });
     QObject::connect(txtText_, &QLineEdit::textChanged, txtText_, [this](const QString& text) {
         if (committing_()) {
-            line_->Text = text;
+            line_.change(u"text"_s, [&text](TextLine& line) { line.Text = text; });
         }
     });
 }

@@ -4,6 +4,7 @@
 #include "engine/model/forecast.h"
 #include "windows/properties/font_rows.h"
 #include "windows/properties/property_grid.h"
+#include "windows/properties/record_door.h"
 
 namespace nubivane {
 
@@ -21,16 +22,18 @@ class TextLineRows {
     TextLineRows& operator=(const TextLineRows&) = delete;
 
     /// Shows a line and writes it from now on, whenever `committing` says so.
-    void show(TextLine& line);
+    void show(RecordDoor<TextLine> line);
     /// Shows another colour in the swatch than the line's own.
     void setSwatch(qint32 color) { font_.setSwatch(color); }
+
+    TextField* txtText() const { return txtText_; }
 
   private:
     void fill(const char* yes);
     void connectCommits();
 
     std::function<bool()> committing_;
-    TextLine* line_ = nullptr;
+    RecordDoor<TextLine> line_;
     FontRows font_;
     comboColor* cboBackcolor_;
     comboEx* cboBorder_;
@@ -39,9 +42,9 @@ class TextLineRows {
     TextField* txtText_;
 };
 
-/// Sets a colour of the model when another item of a combo box is chosen, whenever `committing`
-/// says so. `color` tells where it goes at that time.
+/// Calls `store` with the colour when another item of a combo box is chosen, whenever `committing`
+/// says so.
 void commitColor(comboColor& combo, std::function<bool()> committing,
-                 std::function<qint32*()> color);
+                 std::function<void(qint32)> store);
 
 }  // namespace nubivane

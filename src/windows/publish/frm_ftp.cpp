@@ -2,6 +2,8 @@
 #include "windows/publish/frm_ftp.h"
 
 #include "engine/core/shell.h"
+#include "windows/widgets/at_once.h"
+#include "windows/widgets/one_line.h"
 #include "windows/widgets/select_on_focus.h"
 
 #include <QButtonGroup>
@@ -57,6 +59,7 @@ frmFtp::frmFtp(SettingsStore& store, Shell& shell, QWidget* parent)
     column->addWidget(tabFtp_, 1);
     column->addLayout(makeButtons());
     watchChanges();
+    answerKeysAtOnce(*this);
 }
 
 void frmFtp::Init(FtpTab tab) {
@@ -168,6 +171,7 @@ QLineEdit* frmFtp::makeTextBox(const char* name) {
     box->setObjectName(name);
     box->setMinimumWidth(fontMetrics().averageCharWidth() * TextBoxCharacters);
     new SelectOnFocus(box);
+    keepOneLine(*box);
     return box;
 }
 

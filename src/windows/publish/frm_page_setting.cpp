@@ -8,8 +8,10 @@
 #include "engine/core/shell.h"
 #include "engine/model/forecast.h"
 #include "engine/model/workspace.h"
+#include "windows/widgets/at_once.h"
 #include "windows/widgets/combo_color.h"
 #include "windows/widgets/combo_ex.h"
+#include "windows/widgets/one_line.h"
 #include "windows/widgets/select_on_focus.h"
 
 #include <QButtonGroup>
@@ -19,11 +21,14 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
 
 #include <algorithm>
+#include <array>
+#include <tuple>
 
 namespace nubivane {
 
@@ -31,15 +36,24 @@ namespace {
 
 constexpr int DefaultTimer = 4;
 constexpr int TextBoxCharacters = 36;
-constexpr int EffectsGap = 6;  // sets the effect apart from the types
+constexpr int ResponsiveIndent = 24;  // below the text of its option button
+constexpr int EffectsGap = 6;         // sets the effect apart from the types
 
 // Numbers of the option buttons.
 constexpr int NavigationButtons = 0;
 constexpr int ExtendedView = 1;
 constexpr int TimeInterval = 2;
+constexpr int Responsive = 4;
 
 constexpr int FirstTypeRow = 1;
 constexpr int TimeIntervalRow = FirstTypeRow + 1;
+constexpr int ResponsiveRow = FirstTypeRow + 4;
+constexpr int LastType = 5;
+
+// Tags of the languages whose words the page knows.
+constexpr std::array languages = {"ar", "bg", "ca", "cs", "da", "de", "el", "en", "es",
+                                  "fi", "fr", "he", "hr", "hu", "it", "nb", "nl", "pl",
+                                  "pt", "ro", "ru", "sk", "sl", "sv", "tr", "uk"};
 
 /// A setting's number as far as it lies within the limits, else `otherwise`.
 int numberWithin(const SettingsStore& settings, Setting setting, int low, int high, int otherwise) {
@@ -74,6 +88,7 @@ frmPageSetting::frmPageSetting(Workspace& workspace, Shell& shell, QWidget* pare
     column->addWidget(makeButtons());
     cboBackcolor_->setColor(NoColor);
     watchChanges();
+    answerKeysAtOnce(*this);
 }
 
 void frmPageSetting::Init() {
@@ -117,6 +132,7 @@ QWidget* frmPageSetting::makeDisplayFrame() {
     grid->addWidget(chkShowText_, 0, 0, 1, 3);
     addTypes(*grid);
     addTimer(*grid, TimeIntervalRow);
+    addResponsiveOptions(*grid, ResponsiveRow);
     cboEffects_ = new comboEx;
     cboEffects_->setObjectName("cboEffects");
     cboEffects_->addItems({tr("(None)"), tr("BlendTrans (only IE 4.x)")});
@@ -124,8 +140,8 @@ QWidget* frmPageSetting::makeDisplayFrame() {
     effects->addWidget(makeLabel("lblEffects", tr("E&ffects:"), cboEffects_));
     effects->addWidget(cboEffects_);
     effects->addStretch();
-    grid->setRowMinimumHeight(4, EffectsGap);
-    grid->addLayout(effects, 5, 0, 1, 4);
+    grid->setRowMinimumHeight(ResponsiveRow + 1, EffectsGap);
+    grid->addLayout(effects, ResponsiveRow + 2, 0, 1, 4);
     grid->setColumnStretch(3, 1);
     return frame;
 }
@@ -136,7 +152,8 @@ void frmPageSetting::addTypes(QGridLayout& grid) {
     int row = FirstTypeRow;
     for (const auto& [number, caption] : {std::pair(NavigationButtons, tr("Na&vigation buttons")),
                                           std::pair(TimeInterval, tr("Ti&me interval")),
-                                          std::pair(ExtendedView, tr("E&xtended view"))}) {
+                                          std::pair(ExtendedView, tr("E&xtended view")),
+                                          std::pair(Responsive, tr("&Responsive page"))}) {
         auto* button = new QRadioButton(caption);
         button->setObjectName("optHtmlType" + QString::number(number));
         // The Tab key stops at the checked button alone; arrows go on to the others.
@@ -161,7 +178,38 @@ void frmPageSetting::addTimer(QGridLayout& grid, int row) {
     lblTime_ = makeLabel("lblTime", tr("secon&ds"), scrollTimer_);
     grid.addWidget(scrollTimer_, row, 1);
     grid.addWidget(lblTime_, row, 2);
-    enableTimer();
+}
+
+/// What belongs to the responsive page alone stands below its button.
+void frmPageSetting::addResponsiveOptions(QGridLayout& grid, int row) {
+    cboLanguage_ = new comboEx;
+    cboLanguage_->setObjectName("cboLanguage");
+    cboLanguage_->addItem(tr("That of the system"), QString());
+    for (const char* tag : languages) {
+        const QString name = QLocale(QLatin1String(tag)).nativeLanguageName();
+        cboLanguage_->addItem(name.left(1).toUpper() + name.mid(1), QLatin1String(tag));
+    }
+    cboTheme_ = new comboEx;
+    cboTheme_->setObjectName("cboTheme");
+    cboTheme_->addItems({tr("Automatic"), tr("Light"), tr("Dark")});
+    cboPlay_ = new comboEx;
+    cboPlay_->setObjectName("cboPlay");
+    cboPlay_->addItems({tr("(None)"), tr("Shown"), tr("Starts by itself")});
+    auto* options = new QGridLayout;
+    options->setContentsMargins(ResponsiveIndent, 0, 0, 0);
+    int line = 0;
+    for (const auto& [name, caption, box] :
+         {std::tuple("lblLanguage", tr("Lan&guage:"), cboLanguage_),
+          std::tuple("lblTheme", tr("C&olors:"), cboTheme_),
+          std::tuple("lblPlay", tr("&Play button:"), cboPlay_)}) {
+        QLabel* label = makeLabel(name, caption, box);
+        responsiveOptions_ << label << box;
+        options->addWidget(label, line, 0);
+        options->addWidget(box, line++, 1, Qt::AlignLeft);
+    }
+    options->setColumnStretch(1, 1);
+    grid.addLayout(options, row, 0, 1, 4);
+    enableTypeOptions();
 }
 
 /// Of the desktop's own kind and order.
@@ -196,6 +244,7 @@ QLineEdit* frmPageSetting::makeTextBox(const char* name) {
     box->setObjectName(name);
     box->setMinimumWidth(fontMetrics().averageCharWidth() * TextBoxCharacters);
     new SelectOnFocus(box);
+    keepOneLine(*box);
     return box;
 }
 
@@ -204,13 +253,14 @@ void frmPageSetting::watchChanges() {
     for (const QLineEdit* box : {txtHTMLtitle_, txtHTMLfilename_, txtBackFile_}) {
         connect(box, &QLineEdit::textChanged, this, changed);
     }
-    for (const QComboBox* box : {static_cast<QComboBox*>(cboBackcolor_), cboEffects_}) {
+    for (const QComboBox* box :
+         {static_cast<QComboBox*>(cboBackcolor_), cboEffects_, cboLanguage_, cboTheme_, cboPlay_}) {
         connect(box, &QComboBox::currentIndexChanged, this, changed);
     }
     connect(chkShowText_, &QCheckBox::toggled, this, changed);
     connect(scrollTimer_, &QSpinBox::valueChanged, this, changed);
     connect(optHtmlType_, &QButtonGroup::idToggled, this, changed);
-    connect(optHtmlType_, &QButtonGroup::idToggled, this, &frmPageSetting::enableTimer);
+    connect(optHtmlType_, &QButtonGroup::idToggled, this, &frmPageSetting::enableTypeOptions);
 }
 
 void frmPageSetting::loadPageSettings() {
@@ -223,6 +273,7 @@ void frmPageSetting::loadPageSettings() {
     loadType();
     cboEffects_->setCurrentIndex(numberWithin(settings, Setting::PageEffects, 0, 1, 1));
     chkShowText_->setChecked(numberWithin(settings, Setting::PageShowForecastText, 0, 1, 1) == 1);
+    loadResponsiveOptions();
     cmdApply_->setEnabled(false);
 }
 
@@ -246,18 +297,34 @@ void frmPageSetting::loadTimer() {
 }
 
 void frmPageSetting::loadType() {
-    const int type = numberWithin(workspace_.settings, Setting::PageType, 1, 4, 1);
+    const int type = numberWithin(workspace_.settings, Setting::PageType, 1, LastType, 1);
     // The fourth type has no button.
     if (QAbstractButton* button = optHtmlType_->button(type - 1)) {
         button->setChecked(true);
     }
-    enableTimer();
+    enableTypeOptions();
 }
 
-void frmPageSetting::enableTimer() {
-    const bool timed = optHtmlType_->checkedId() == TimeInterval;
+void frmPageSetting::loadResponsiveOptions() {
+    const SettingsStore& settings = workspace_.settings;
+    const QString language = settings.text(Setting::PageLanguage);
+    if (cboLanguage_->findData(language) < 0) {
+        cboLanguage_->addItem(language, language);  // one that was set by hand
+    }
+    cboLanguage_->setCurrentIndex(cboLanguage_->findData(language));
+    cboTheme_->setCurrentIndex(numberWithin(settings, Setting::PageTheme, 0, 2, 0));
+    cboPlay_->setCurrentIndex(numberWithin(settings, Setting::PagePlay, 0, 2, 1));
+}
+
+/// The responsive page plays at the pace of the timed one.
+void frmPageSetting::enableTypeOptions() {
+    const int type = optHtmlType_->checkedId();
+    const bool timed = type == TimeInterval || type == Responsive;
     scrollTimer_->setEnabled(timed);
     lblTime_->setEnabled(timed);
+    for (QWidget* option : responsiveOptions_) {
+        option->setEnabled(type == Responsive);
+    }
 }
 
 void frmPageSetting::savePageSettings() {
@@ -271,6 +338,9 @@ void frmPageSetting::savePageSettings() {
     scrollTimer_->interpretText();
     settings.set(Setting::PageTimer, QString::number(scrollTimer_->value()));
     settings.set(Setting::PageShowForecastText, chkShowText_->isChecked() ? "1" : "0");
+    settings.set(Setting::PageLanguage, cboLanguage_->currentData().toString());
+    settings.set(Setting::PageTheme, QString::number(cboTheme_->currentIndex()));
+    settings.set(Setting::PagePlay, QString::number(cboPlay_->currentIndex()));
 }
 
 bool frmPageSetting::fileNameIsValid() {

@@ -44,6 +44,7 @@ class frmPageSetting : public QDialog {
     QWidget* makeDisplayFrame();
     void addTypes(QGridLayout& grid);
     void addTimer(QGridLayout& grid, int row);
+    void addResponsiveOptions(QGridLayout& grid, int row);
     QDialogButtonBox* makeButtons();
     QPushButton* makeButton(const char* name, const QString& caption,
                             void (frmPageSetting::*click)());
@@ -53,7 +54,8 @@ class frmPageSetting : public QDialog {
     void loadBackcolor();
     void loadTimer();
     void loadType();
-    void enableTimer();
+    void loadResponsiveOptions();
+    void enableTypeOptions();
     bool fileNameIsValid();
 
     void cmdOK_Click();
@@ -72,6 +74,10 @@ class frmPageSetting : public QDialog {
     QButtonGroup* optHtmlType_;  ///< a button's number plus one is its value of "Type"
     QSpinBox* scrollTimer_;      ///< `txtTime` is its text box
     QLabel* lblTime_;
+    QComboBox* cboLanguage_;  ///< an item's data is the tag that is stored
+    QComboBox* cboTheme_;
+    QComboBox* cboPlay_;
+    QList<QWidget*> responsiveOptions_;
     QComboBox* cboEffects_;
     QPushButton* cmdApply_;
 };

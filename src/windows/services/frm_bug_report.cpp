@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/services/frm_bug_report.h"
 
+#include "windows/widgets/combo_ex.h"
 #include "windows/widgets/prompt_edit.h"
 
 #include <QComboBox>
@@ -39,7 +40,7 @@ frmBugReport::frmBugReport(const ProgramFolder& folder, const FtpServer& server,
       server_(server),
       shell_(shell),
       ftpTransfer_(std::move(options)),
-      cboWindows_(new QComboBox(this)),
+      cboWindows_(new comboEx(this)),
       txtErrorMessage_(makeBox("txtErrorMessage", this)),
       txtCircumstances_(makeBox("txtCircumstances", this)),
       cmdSend_(new QPushButton(tr("&Send"), this)),

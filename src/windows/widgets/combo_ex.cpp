@@ -22,11 +22,7 @@ void comboEx::showPopup() {
 }
 
 void comboEx::wheelEvent(QWheelEvent* event) {
-    if (hasFocus()) {
-        QComboBox::wheelEvent(event);
-    } else {
-        event->ignore();
-    }
+    event->ignore();
 }
 
 }  // namespace nubivane

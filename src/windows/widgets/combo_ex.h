@@ -5,8 +5,8 @@
 
 namespace nubivane {
 
-/// A plain combo box for forms that scroll: the wheel goes on scrolling the form over a box that
-/// has not been chosen. The list is no taller than a few rows and as wide as its items.
+/// A plain combo box. While it is closed the wheel leaves it alone and goes on scrolling the form,
+/// so that nothing changes unseen. The list is no taller than a few rows and as wide as its items.
 class comboEx : public QComboBox {
     Q_OBJECT
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/widgets/name_list.h"
 
+#include "windows/widgets/one_line.h"
+#include "windows/widgets/quiet_color.h"
+
 #include <QCoreApplication>
 #include <QLineEdit>
 #include <QPainter>
@@ -25,6 +28,7 @@ class NameList::Field : public QStyledItemDelegate {
         constexpr int LongestName = 255;
         auto* field = new QLineEdit(parent);
         field->setMaxLength(LongestName);
+        keepOneLine(*field);
         field->setAccessibleName(tr("Name"));
         field->setText(index.data(Qt::DisplayRole).toString());
         field->setAutoFillBackground(true);
@@ -68,7 +72,7 @@ class NameList::Field : public QStyledItemDelegate {
         initStyleOption(&box, index);
         const QRect rect =
             list_.style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &box, &list_);
-        painter.setPen(option.palette.color(QPalette::PlaceholderText));
+        painter.setPen(quietColor(option.palette, QPalette::Text, QPalette::Base));
         painter.drawRect(rect.adjusted(0, 0, -1, -1));
     }
 
@@ -126,11 +130,12 @@ void NameList::startRenaming() {
     }
 }
 
+/// A press on a button has closed the field already, and then the name is still on its way.
 void NameList::finishRenaming() {
     if (state() == EditingState) {
         setFocus();
-        QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
     }
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
 }
 
 }  // namespace nubivane

@@ -28,7 +28,7 @@ class NameList : public QListWidget {
 
     /// Lets the person type a name for the selected row.
     void startRenaming();
-    /// Takes what is being typed as it stands.
+    /// Takes what is being typed as it stands; `nameTyped` has been called when it returns.
     void finishRenaming();
 
     /// A name was typed for the row of a key. Called when the field has closed.

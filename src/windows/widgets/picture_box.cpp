@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/widgets/picture_box.h"
 
+#include "windows/widgets/quiet_color.h"
+
 #include <QPainter>
 #include <QStyleOptionFrame>
 
@@ -42,7 +44,7 @@ void PictureBox::paintEvent(QPaintEvent*) {
         room.adjust(Margin, Margin, -Margin, -Margin);
     }
     if (image_.isNull()) {
-        painter.setPen(palette().color(QPalette::PlaceholderText));
+        painter.setPen(quietColor(palette(), QPalette::WindowText, QPalette::Window));
         painter.drawText(room, Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
         return;
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/widgets/prompt_edit.h"
 
+#include "windows/widgets/quiet_color.h"
+
 #include <QApplication>
 #include <QFocusEvent>
 
@@ -22,22 +24,24 @@ PromptEdit::PromptEdit(const QString& prompt, QWidget* parent)
     showPrompt();
 }
 
-void PromptEdit::setTextColor(QPalette::ColorRole role) {
+void PromptEdit::setQuiet(bool quiet) {
     QPalette colors = QApplication::palette(this);
-    colors.setColor(QPalette::Text, colors.color(role));
+    if (quiet) {
+        colors.setColor(QPalette::Text, quietColor(colors, QPalette::Text, QPalette::Base));
+    }
     setPalette(colors);
 }
 
 void PromptEdit::showPrompt() {
     setPlainText(prompt_);
-    setTextColor(QPalette::PlaceholderText);
+    setQuiet(true);
 }
 
 void PromptEdit::focusInEvent(QFocusEvent* event) {
     QPlainTextEdit::focusInEvent(event);
     if (toPlainText() == prompt_) {
         clear();
-        setTextColor(QPalette::Text);
+        setQuiet(false);
     }
     if (!staysInPlace(*event)) {
         // After the press that may have brought the keyboard has placed the cursor.

@@ -22,7 +22,7 @@ class PromptEdit : public QPlainTextEdit {
 
   private:
     void showPrompt();
-    void setTextColor(QPalette::ColorRole role);
+    void setQuiet(bool quiet);
 
     QString prompt_;
     QList<QWidget*> quiet_;

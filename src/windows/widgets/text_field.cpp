@@ -2,6 +2,7 @@
 #include "windows/widgets/text_field.h"
 
 #include "engine/core/shell.h"
+#include "windows/widgets/one_line.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -14,6 +15,7 @@ namespace nubivane {
 TextField::TextField(QWidget* parent) : QLineEdit(parent) {
     // What a project holds is never cut short by being looked at.
     setMaxLength(std::numeric_limits<int>::max());
+    keepOneLine(*this);
 }
 
 void TextField::keyPressEvent(QKeyEvent* event) {
@@ -59,8 +61,9 @@ void CheckedField::refuse() {
     selectAll();
 }
 
+/// What nobody has changed was good enough before and is no reason to complain now.
 void CheckedField::left() {
-    if (apply && !take()) {
+    if (apply && isModified() && text() != value() && !take()) {
         // A box in the middle of a change of focus would swallow the click that caused it.
         QTimer::singleShot(0, this, &CheckedField::refuse);
     }

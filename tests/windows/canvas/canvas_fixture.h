@@ -19,8 +19,12 @@ class CanvasFixture : public EditorFixture {
 
     cSymbols& symbols(qint32 number = 1) { return frame(number).Sprites().Symbols(); }
     cLabels& labels(qint32 number = 1) { return frame(number).Sprites().Labels(); }
-    SpriteControl* symbolControl(const QString& key) { return sprites().find("1", key); }
-    SpriteControl* labelControl(const QString& key) { return sprites().find("2", key); }
+    SpriteControl* symbolControl(const QString& key) {
+        return sprites().find({SpriteKind::Symbol, key});
+    }
+    SpriteControl* labelControl(const QString& key) {
+        return sprites().find({SpriteKind::Label, key});
+    }
 
     /// Where a sprite stands by the model.
     QRect symbolRect(const QString& key) {

@@ -54,7 +54,7 @@ TEST_F(DropEvents, ADragThatDidNotBeginInThePaletteIsRefused) {
 TEST_F(DropEvents, ADragWithADrawingToolIsRefused) {
     start();
     window().palette().allowDrop(true);
-    workspace.Status.CurrentTool = "draw";
+    workspace.Status.CurrentTool = Tool::draw;
     EXPECT_FALSE(enters());
     EXPECT_FALSE(movesOver());
     EXPECT_FALSE(drops());
@@ -63,7 +63,7 @@ TEST_F(DropEvents, ADragWithADrawingToolIsRefused) {
 
 TEST_F(DropEvents, PlacingWithADrawingToolDoesNothing) {
     start();
-    workspace.Status.CurrentTool = "draw";
+    workspace.Status.CurrentTool = Tool::draw;
     window().canvas().placement().drop("text", {200, 150});
     EXPECT_EQ(frame().Sprites().Count(), 0);
 }

@@ -32,7 +32,7 @@ TEST_F(NewSprites, ANewSymbolsFieldsAreThoseOfItsFile) {
     EXPECT_EQ(symbol.FileGif, model("Symbols/set-1/odd.png"));
     EXPECT_EQ(symbol.PathFileGif, model("Symbols/set-1/odd.png"));
     EXPECT_EQ(symbol.Link + symbol.Tooltip + symbol.Note, "");
-    EXPECT_EQ(symbolControl(key)->Tag, "1|" + key + '|');
+    EXPECT_EQ(symbolControl(key)->id, (SpriteId{SpriteKind::Symbol, key}));
 }
 
 TEST_F(NewSprites, ANewLabelsOtherFieldsAreTheDefaults) {
@@ -42,12 +42,12 @@ TEST_F(NewSprites, ANewLabelsOtherFieldsAreTheDefaults) {
     EXPECT_EQ(label.Name, "lblTesto");
     EXPECT_EQ(label.Index, labelControl(key)->Index);
     EXPECT_EQ(label.Type_, sprite_type::Label);
-    EXPECT_FALSE(label.FontBold || label.FontItalic || label.FontUnderline || label.FontOverline ||
-                 label.FontStrikethourht);
+    EXPECT_FALSE(label.Font.Bold || label.Font.Italic || label.Font.Underline ||
+                 label.Font.Overline || label.Font.Strikeout);
     EXPECT_EQ(label.Border, 0);
     EXPECT_EQ(label.BorderColor, 0);
     EXPECT_EQ(label.Note, "");
-    EXPECT_EQ(labelControl(key)->Tag, "2|" + key + '|');
+    EXPECT_EQ(labelControl(key)->id, (SpriteId{SpriteKind::Label, key}));
 }
 
 TEST_F(NewSprites, ALabelIsCentredByItsSizeOnScreen) {

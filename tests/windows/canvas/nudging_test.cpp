@@ -167,7 +167,7 @@ TEST_F(Nudging, InTheNameFieldOfATabShiftAndArrowsSelectText) {
 
 TEST_F(Nudging, F4BelongsToThePropertiesWhereverTheFocusIs) {
     start();
-    const QAction* property = window().commands()["mnuProperty"];
+    const QAction* property = window().commands()[Command::mnuProperty];
     EXPECT_EQ(property->shortcut(), QKeySequence(Qt::Key_F4));
     EXPECT_EQ(property->shortcutContext(), Qt::WindowShortcut);
 }

@@ -128,7 +128,7 @@ TEST_F(PalettePlacing, EnterWithNothingChosenPlacesNothing) {
 
 TEST_F(PalettePlacing, EnterWithADrawingToolIsRefused) {
     start();
-    workspace.Status.CurrentTool = "erase";
+    workspace.Status.CurrentTool = Tool::erase;
     shell.expectMessage(Refusal, Icon::Exclamation);
     QTest::keyClick(&choose(0), Qt::Key_Return);
     shell.expectMessage(Refusal, Icon::Exclamation);
@@ -138,7 +138,7 @@ TEST_F(PalettePlacing, EnterWithADrawingToolIsRefused) {
 
 TEST_F(PalettePlacing, ADragOfASymbolWithADrawingToolIsRefused) {
     start();
-    workspace.Status.CurrentTool = "draw";
+    workspace.Status.CurrentTool = Tool::draw;
     shell.expectMessage(Refusal, Icon::Exclamation);
     palette().currentList()->dragStarting(model("Symbols/set-1/sun.gif"));
     EXPECT_FALSE(palette().dropAllowed());
@@ -146,7 +146,7 @@ TEST_F(PalettePlacing, ADragOfASymbolWithADrawingToolIsRefused) {
 
 TEST_F(PalettePlacing, ADragOfTheTextToolWithADrawingToolIsRefused) {
     start();
-    workspace.Status.CurrentTool = "circle";
+    workspace.Status.CurrentTool = Tool::circle;
     shell.expectMessage(Refusal, Icon::Exclamation);
     dragTextTool();
     EXPECT_FALSE(palette().dropAllowed());

@@ -10,9 +10,9 @@ TEST_F(Placing, ANewLabelSaysLabelInArial12BlackOnTransparentGround) {
     const QString key = placeLabel({200, 150});
     const cLabel& label = frame().Sprites().Labels().Item(key);
     EXPECT_EQ(label.Text, "Label");
-    EXPECT_EQ(label.FontName, "Arial");
-    EXPECT_EQ(label.FontSize, 12);
-    EXPECT_EQ(label.Forecolor, 0);
+    EXPECT_EQ(label.Font.Name, "Arial");
+    EXPECT_EQ(label.Font.Size, 12);
+    EXPECT_EQ(label.Font.Color, 0);
     EXPECT_EQ(label.BackColor, NoColor);
     EXPECT_EQ(label.Height, 14);
     EXPECT_EQ(label.Width, 26);
@@ -39,7 +39,8 @@ TEST_F(Placing, ASymbolWhoseFileHasJustBeenDeletedShowsItsTextAndAddsNothing) {
 TEST_F(Placing, ADropAtTheMapsCornerKeepsTheControlInside) {
     start();
     const QString key = placeSymbol({2, 3});
-    EXPECT_EQ(window().canvas().sprites().find("1", key)->rect, QRect(0, 0, 32, 32));
+    EXPECT_EQ(window().canvas().sprites().find({SpriteKind::Symbol, key})->rect,
+              QRect(0, 0, 32, 32));
     // The model keeps the place before the clamp.
     const cSymbol& symbol = frame().Sprites().Symbols().Item(key);
     EXPECT_EQ(QPoint(symbol.PosX, symbol.PosY), QPoint(-14, -13));

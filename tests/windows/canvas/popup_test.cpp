@@ -8,7 +8,7 @@ class Popup : public testing::CanvasFixture {
   protected:
     void startWithSprites() {
         start();
-        window().commands().handle("mnuProperty", [] {});
+        window().commands().handle(Command::mnuProperty, [] {});
         symbol = placeSymbol({100, 100});
         label = placeLabel({300, 100});
         window().clearSelection();
@@ -38,9 +38,9 @@ TEST_F(Popup, HoldsItsEntriesInOrder) {
         entries << (entry->isSeparator() ? QString("-")
                                          : entry->objectName() + ' ' + entry->text());
     }
-    EXPECT_EQ(entries,
-              QStringList({"subRestore Restore", "-", "subCut Cut", "subCopy Copy",
-                           "subPaste Paste", "subDelete Delete", "-", "subProperty Property"}));
+    EXPECT_EQ(entries, QStringList({"subRestore Restore", "-", "subCut Cut", "subCopy Copy",
+                                    "subPaste Paste", "subDelete Delete", "-",
+                                    "subProperty Property", "-", "subUndo Undo", "subRedo Redo"}));
 }
 
 TEST_F(Popup, ARightPressOnASymbolSelectsItAndShowsTheMenu) {
@@ -74,7 +74,7 @@ TEST_F(Popup, ARightPressTakesTheSelectionFromAnotherSprite) {
 
 TEST_F(Popup, ARightPressWithADrawingToolSelectsTheSpriteAndShowsTheMenu) {
     startWithSprites();
-    workspace.Status.CurrentTool = "draw";
+    workspace.Status.CurrentTool = Tool::draw;
     rightClick({100, 100});
     EXPECT_TRUE(popup().isVisible());
     EXPECT_EQ(selection().control(), symbolControl(symbol));
@@ -109,7 +109,7 @@ TEST_F(Popup, ARightPressOnTheBareMapDropsTheSelectionAndOffersNothingOfASprite)
 
 TEST_F(Popup, ARightPressOnTheBareMapWithADrawingToolShowsNoMenu) {
     startWithSprites();
-    workspace.Status.CurrentTool = "draw";
+    workspace.Status.CurrentTool = Tool::draw;
     rightClick({400, 300});
     EXPECT_FALSE(popup().isVisible());
 }

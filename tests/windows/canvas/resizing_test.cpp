@@ -52,8 +52,8 @@ TEST_P(ResizingBy, LeavesTheOppositeSideWhenPulledBeyondIt) {
     const QPoint start = handle(test.horizontal, test.vertical);
     drag(start, start - QPoint(200 * test.horizontal, 200 * test.vertical));
     const QRect after = onScreen();
-    EXPECT_EQ(after.width(), test.horizontal ? 1 : 32);
-    EXPECT_EQ(after.height(), test.vertical ? 1 : 32);
+    EXPECT_EQ(after.width(), test.horizontal ? 8 : 32);
+    EXPECT_EQ(after.height(), test.vertical ? 8 : 32);
     EXPECT_EQ(test.horizontal < 0 ? after.right() : after.left(),
               test.horizontal < 0 ? before.right() : before.left());
     EXPECT_EQ(test.vertical < 0 ? after.bottom() : after.top(),
@@ -159,6 +159,20 @@ TEST_F(Resizing, ASymbolOfOnePixelCanStillBeGrabbedAndDragged) {
     key = placeSymbol({200, 150}, addStill("dot.png", {1, 1}));
     drag({200, 150}, {230, 160});
     EXPECT_EQ(symbolRect(key), QRect(230, 160, 1, 1));
+}
+
+TEST_F(Resizing, HandlesOfASymbolInTheCornerAreWholeAndCanBeGrabbed) {
+    start();
+    key = placeSymbol({16, 16});
+    ASSERT_EQ(onScreen().topLeft(), QPoint(0, 0));
+    // The white inside of the corner's handle lies on the map, where it can be pressed.
+    for (const QPoint inside : {QPoint(1, 1), QPoint(5, 5)}) {
+        EXPECT_EQ(shown(inside), QColor(Qt::white)) << inside.x();
+    }
+    EXPECT_TRUE(selection().shpSelector()->handleAt({3, 3}));
+    EXPECT_TRUE(selection().shpSelector()->handleAt({3, 16}));
+    drag({3, 3}, {3, 3});
+    EXPECT_EQ(onScreen(), QRect(0, 0, 32, 32));
 }
 
 }  // namespace nubivane

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/canvas/canvas_fixture.h"
+#include "windows/canvas/edge_scroll.h"
 
+#include <QDragEnterEvent>
+#include <QMimeData>
 #include <QWheelEvent>
 
 namespace nubivane {
@@ -15,6 +18,7 @@ class Scrolling : public testing::CanvasFixture {
     MapViewport& view() { return window().viewport(); }
     QScrollBar& horizontal() { return *view().hScroll1(); }
     QScrollBar& vertical() { return *view().vScroll1(); }
+    EdgeScroll& edgeScroll() { return *view().findChild<EdgeScroll*>(); }
 };
 
 TEST_F(Scrolling, AMapSmallerThanTheViewportShowsNoBarsAndRestsAt70) {
@@ -55,10 +59,10 @@ TEST_F(Scrolling, AScrollEventMovesTheMapByWholeSteps) {
     // Steps of Int(341 / 99) = 3 and Int(292 / 75) = 3 pixels.
     horizontal().setValue(11);
     EXPECT_EQ(canvas().pos(), QPoint(40, 70));
-    vertical().setValue(76);
-    EXPECT_EQ(canvas().pos(), QPoint(40, -155));
-    horizontal().setValue(100);
-    EXPECT_EQ(canvas().pos(), QPoint(-227, -155));
+    vertical().setValue(75);
+    EXPECT_EQ(canvas().pos(), QPoint(40, -152));
+    horizontal().setValue(99);
+    EXPECT_EQ(canvas().pos(), QPoint(-224, -152));
     horizontal().setValue(1);
     vertical().setValue(1);
     EXPECT_EQ(canvas().pos(), QPoint(70, 70));
@@ -138,6 +142,102 @@ TEST_F(Scrolling, PartsOfANotchAddUp) {
         turn(-15);
     }
     EXPECT_EQ(canvas().y(), whole);
+}
+
+TEST_F(Scrolling, TheLastPositionShowsTheFarEdgeWithTheMarginOfTheRestPosition) {
+    for (const QSize size : {QSize(301, 250), QSize(500, 300), QSize(700, 560), QSize(810, 610)}) {
+        startOn(size);
+        useMap("large.png", {800, 600});
+        window().showMap();
+        horizontal().setValue(horizontal().maximum());
+        vertical().setValue(vertical().maximum());
+        EXPECT_EQ(canvas().geometry().right() + 1, size.width() - 70) << size.width();
+        EXPECT_EQ(canvas().geometry().bottom() + 1, size.height() - 70) << size.height();
+    }
+}
+
+TEST_F(Scrolling, AMapThatFitsWithoutItsMarginsHasAPositionThatShowsItWhole) {
+    for (const int room : {0, 1, 30, 60}) {
+        startOn({502 + room, 402 + room});
+        ASSERT_FALSE(horizontal().isHidden()) << room;
+        const auto whole = [this] { return view().rect().contains(canvas().geometry()); };
+        EXPECT_FALSE(whole()) << room;
+        bool seen = false;
+        for (int value = horizontal().minimum(); value <= horizontal().maximum(); ++value) {
+            horizontal().setValue(value);
+            vertical().setValue(value);
+            seen = seen || whole();
+        }
+        EXPECT_TRUE(seen) << room;
+    }
+}
+
+TEST_F(Scrolling, ANotchOfTheWheelMovesAQuarterOfTheViewportAtMostAndReachesBothEdges) {
+    startOn({301, 250});
+    useMap("large.png", {800, 600});
+    window().showMap();
+    const auto turn = [this](int angle, Qt::KeyboardModifiers keys) {
+        const QPoint before = canvas().pos();
+        QWheelEvent event(QPointF(50, 50), canvas().mapToGlobal(QPointF(50, 50)), {}, {0, angle},
+                          Qt::NoButton, keys, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&view(), &event);
+        return canvas().pos() - before;
+    };
+    for (const int direction : {-120, 120}) {
+        for (int i = 0; i < 40; ++i) {
+            EXPECT_LE(std::abs(turn(direction, Qt::NoModifier).y()), 250 / 4);
+            EXPECT_LE(std::abs(turn(direction, Qt::ShiftModifier).x()), 301 / 4);
+        }
+        const QPoint end = direction < 0 ? QPoint(301 - 70 - 802, 250 - 70 - 602) : QPoint(70, 70);
+        EXPECT_EQ(canvas().pos(), end);
+        EXPECT_EQ(horizontal().value(), direction < 0 ? horizontal().maximum() : 1);
+        EXPECT_EQ(vertical().value(), direction < 0 ? vertical().maximum() : 1);
+    }
+}
+
+TEST_F(Scrolling, ASymbolDraggedToTheBorderOfTheViewportTakesTheMapAlong) {
+    startOn({301, 250});
+    const QString key = placeSymbol({100, 100});
+    press({100, 100});
+    const QPoint edge = canvas().mapFrom(&view(), QPoint(295, 125));
+    move(canvas().toMap(edge));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return horizontal().value() == horizontal().maximum(); }));
+    // Under the pointer, which has not moved.
+    const QPoint pointer = canvas().toMap(canvas().mapFrom(&view(), QPoint(295, 125)));
+    EXPECT_EQ(symbolControl(key)->rect.center(), pointer - QPoint(1, 1));
+    release(pointer);
+    EXPECT_FALSE(edgeScroll().isActive());
+}
+
+TEST_F(Scrolling, ASymbolOfThePaletteDraggedToTheBorderScrollsToo) {
+    startOn({301, 250});
+    const auto drag = [this](QEvent::Type type, QPoint position) {
+        QMimeData data;
+        data.setText("text|");
+        if (type == QEvent::DragEnter) {
+            QDragEnterEvent event(position, Qt::CopyAction, &data, Qt::LeftButton, {});
+            QApplication::sendEvent(&canvas(), &event);
+        } else {
+            QDragMoveEvent event(position, Qt::CopyAction, &data, Qt::LeftButton, {});
+            QApplication::sendEvent(&canvas(), &event);
+        }
+    };
+    window().palette().allowDrop(true);
+    const QPoint edge = canvas().mapFrom(&view(), QPoint(150, 245));
+    drag(QEvent::DragEnter, edge);
+    drag(QEvent::DragMove, edge);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return vertical().value() == vertical().maximum(); }));
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(&canvas(), &leave);
+    EXPECT_FALSE(edgeScroll().isActive());
+}
+
+TEST_F(Scrolling, APressOnTheGroundBesideTheMapDropsTheSelection) {
+    startOn({900, 700});
+    placeSymbol({100, 100});
+    ASSERT_FALSE(selection().isEmpty());
+    QTest::mouseClick(&view(), Qt::LeftButton, {}, QPoint(20, 20));
+    EXPECT_TRUE(selection().isEmpty());
 }
 
 }  // namespace nubivane

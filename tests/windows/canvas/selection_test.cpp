@@ -90,7 +90,7 @@ TEST_F(Selecting, AClickOnTheBareMapDropsTheSelection) {
 TEST_F(Selecting, AClickOnTheBareMapWithADrawingToolKeepsTheSelection) {
     startWithSprites();
     click({100, 100});
-    workspace.Status.CurrentTool = "color";
+    workspace.Status.CurrentTool = Tool::color;
     click({400, 300});
     expectSelected(sprite_type::Symbol, first);
 }
@@ -128,7 +128,7 @@ TEST_F(Selecting, ATypeWithoutAKeyIsNoSelection) {
 TEST_F(Selecting, ALeftPressOnASymbolWithADrawingToolIsRefused) {
     startWithSprites();
     click({200, 100});
-    workspace.Status.CurrentTool = "draw";
+    workspace.Status.CurrentTool = Tool::draw;
     shell.expectMessage(
         "Operation not allowed in draw mode. Select cursor from toolbar and try again.",
         Icon::Exclamation);
@@ -139,7 +139,7 @@ TEST_F(Selecting, ALeftPressOnASymbolWithADrawingToolIsRefused) {
 
 TEST_F(Selecting, ALeftPressOnALabelWithADrawingToolIsRefusedInOtherWords) {
     startWithSprites();
-    workspace.Status.CurrentTool = "poly";
+    workspace.Status.CurrentTool = Tool::poly;
     const QRect before = labelControl(label)->rect;
     shell.expectMessage(
         "This operation is not allowed in draw mode. Select cursor from toolbar and try again.",
@@ -153,7 +153,7 @@ TEST_F(Selecting, ALeftPressOnALabelWithADrawingToolIsRefusedInOtherWords) {
 TEST_F(Selecting, HandlesAreDeadWhileADrawingToolIsChosen) {
     startWithSprites();
     click({100, 100});
-    workspace.Status.CurrentTool = "line";
+    workspace.Status.CurrentTool = Tool::line;
     drag({76, 76}, {50, 50});
     EXPECT_EQ(symbolControl(first)->rect, QRect(84, 84, 32, 32));
 }

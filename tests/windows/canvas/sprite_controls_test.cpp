@@ -24,21 +24,6 @@ TEST_F(SpriteControls, ASymbolWhoseFileIsMissingIsNotShownAndStaysInTheModel) {
     EXPECT_EQ(symbolControl(key)->rect, QRect(84, 84, 32, 32));
 }
 
-TEST_F(SpriteControls, AStaleIndexOfAMissingSymbolDoesNotUnloadAnotherSpritesControl) {
-    start();
-    const QString missing = placeSymbol({100, 100}, "sun.gif");
-    const QString other = placeSymbol({200, 100}, "rain.gif");
-    trigger("mnuFrameInsert");
-    QFile::remove(host("Symbols/set-1/sun.gif"));
-    selectTab(1);
-    ASSERT_EQ(symbols().Item(missing).Index, symbols().Item(other).Index);
-
-    symbols().Remove(other);
-    sprites().unloadFrameSprites(1);
-    EXPECT_NE(symbolControl(other), nullptr);
-    EXPECT_EQ(sprites().gifSymbol().upperBound(), 1);
-}
-
 TEST_F(SpriteControls, AnIndexThatAnExportHasRewrittenLeavesNoControlBehind) {
     start();
     const QString symbol = placeSymbol({100, 100});
@@ -83,10 +68,10 @@ TEST_F(SpriteControls, LabelsLieAboveSymbolsWhateverCameFirst) {
     start();
     placeLabel({100, 100});
     placeSymbol({100, 100});
-    EXPECT_EQ(sprites().at({100, 100})->type(), "1");
+    EXPECT_EQ(sprites().at({100, 100})->id.kind, SpriteKind::Symbol);
     trigger("mnuFrameInsert");
     selectTab(1);
-    EXPECT_EQ(sprites().at({100, 100})->type(), "2");
+    EXPECT_EQ(sprites().at({100, 100})->id.kind, SpriteKind::Label);
 }
 
 TEST_F(SpriteControls, ALaterSymbolLiesAboveAnEarlierOne) {
@@ -142,25 +127,14 @@ TEST_F(SpriteControls, ALabelsSizeOnTheMapFollowsItsText) {
     const QSize before = labelControl(key)->rect.size();
     trigger("mnuFrameInsert");
     labels().Item(key).Text = "A much longer label";
-    labels().Item(key).FontSize = 24;
+    labels().Item(key).Font.Size = 24;
     selectTab(1);
     EXPECT_GT(labelControl(key)->rect.width(), 2 * before.width());
     EXPECT_GT(labelControl(key)->rect.height(), before.height() + 8);
     EXPECT_EQ(labels().Item(key).Width, 26);
 }
 
-TEST_F(SpriteControls, RemovingWhileUnloadingTakesTheSpritesFromTheModelToo) {
-    start();
-    placeSymbol({100, 100});
-    placeSymbol({200, 100});
-    placeLabel({300, 100});
-    window().clearSelection();
-    sprites().unloadFrameSprites(1, true);
-    EXPECT_EQ(frame().Sprites().Count(), 0);
-    EXPECT_TRUE(sprites().controls().empty());
-}
-
-TEST_F(SpriteControls, UnloadingAllFramesRemovesFromTheModelOnlyWhenAsked) {
+TEST_F(SpriteControls, UnloadingLeavesTheModelAlone) {
     start();
     placeSymbol({100, 100});
     trigger("mnuFrameInsert");
@@ -169,8 +143,6 @@ TEST_F(SpriteControls, UnloadingAllFramesRemovesFromTheModelOnlyWhenAsked) {
     sprites().unloadAllSprites();
     EXPECT_TRUE(sprites().controls().empty());
     EXPECT_EQ(workspace.Frames().NumSprite(), 2);
-    sprites().unloadAllSprites(true);
-    EXPECT_EQ(workspace.Frames().NumSprite(), 0);
 }
 
 TEST_F(SpriteControls, LoadingAFrameThatDoesNotExistMakesNothing) {

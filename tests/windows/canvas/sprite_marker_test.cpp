@@ -14,29 +14,29 @@ QString raw(QString text) {
 
 struct Row {
     const char* text;
-    qint16 type;
+    SpriteKind kind;
     bool cut;
 };
 
 }  // namespace
 
 TEST(SpriteMarkerText, IsALetterAndControlCharacters) {
-    EXPECT_EQ((SpriteMarker{sprite_type::Symbol, false}.text()), raw("S.:"));
-    EXPECT_EQ((SpriteMarker{sprite_type::Label, false}.text()), raw("T.:"));
-    EXPECT_EQ((SpriteMarker{sprite_type::Symbol, true}.text()), raw("S.:!"));
-    EXPECT_EQ((SpriteMarker{sprite_type::Label, true}.text()), raw("T.:!"));
+    EXPECT_EQ((SpriteMarker{SpriteKind::Symbol, false}.text()), raw("S.:"));
+    EXPECT_EQ((SpriteMarker{SpriteKind::Label, false}.text()), raw("T.:"));
+    EXPECT_EQ((SpriteMarker{SpriteKind::Symbol, true}.text()), raw("S.:!"));
+    EXPECT_EQ((SpriteMarker{SpriteKind::Label, true}.text()), raw("T.:!"));
 }
 
 TEST(SpriteMarkerText, IsReadBackInEitherCaseAndWithWhatFollows) {
     for (const Row& row :
-         {Row{"S.:", sprite_type::Symbol, false}, Row{"T.:", sprite_type::Label, false},
-          Row{"S.:!", sprite_type::Symbol, true}, Row{"T.:!", sprite_type::Label, true},
-          Row{"s.:", sprite_type::Symbol, false}, Row{"t.:!", sprite_type::Label, true},
-          Row{"S.: and more", sprite_type::Symbol, false},
-          Row{"T.:!more", sprite_type::Label, true}, Row{"T.: !", sprite_type::Label, false}}) {
+         {Row{"S.:", SpriteKind::Symbol, false}, Row{"T.:", SpriteKind::Label, false},
+          Row{"S.:!", SpriteKind::Symbol, true}, Row{"T.:!", SpriteKind::Label, true},
+          Row{"s.:", SpriteKind::Symbol, false}, Row{"t.:!", SpriteKind::Label, true},
+          Row{"S.: and more", SpriteKind::Symbol, false}, Row{"T.:!more", SpriteKind::Label, true},
+          Row{"T.: !", SpriteKind::Label, false}}) {
         const auto marker = SpriteMarker::read(raw(row.text));
         ASSERT_TRUE(marker) << row.text;
-        EXPECT_EQ(marker->type, row.type) << row.text;
+        EXPECT_EQ(marker->kind, row.kind) << row.text;
         EXPECT_EQ(marker->cut, row.cut) << row.text;
     }
 }

@@ -138,7 +138,7 @@ TEST_F(MapsCollectionWindow, AnEmptyFolderDisablesTheEditingAndOKJustCloses) {
     EXPECT_EQ(settings.text(Setting::CurrentMap), "");
     clickPart(window(), "cmdOk");
     EXPECT_FALSE(window().isVisible());
-    EXPECT_EQ(workspace.Status.Tag, "");
+    EXPECT_EQ(window().chosenMap(), "");
 }
 
 TEST_F(MapsCollectionWindow, AMapIsImportedAndSelected) {
@@ -256,7 +256,7 @@ TEST_F(MapsCollectionWindow, TheMapInUseIsTakenWithoutQuestionAndSizeTest) {
     clickRow("europe.jpg");
     clickPart(window(), "cmdOk");
     EXPECT_FALSE(window().isVisible());
-    EXPECT_EQ(workspace.Status.Tag, tagOf("europe.jpg"));
+    EXPECT_EQ(window().chosenMap(), tagOf("europe.jpg"));
 }
 
 TEST_F(MapsCollectionWindow, AnotherMapIsTakenAfterTheQuestion) {
@@ -265,11 +265,11 @@ TEST_F(MapsCollectionWindow, AnotherMapIsTakenAfterTheQuestion) {
     shell.expectMessage(AllSymbolsGo, Icon::Question, Buttons::YesNo, Answer::No);
     clickPart(window(), "cmdOk");
     EXPECT_TRUE(window().isVisible());
-    EXPECT_EQ(workspace.Status.Tag, "");
+    EXPECT_EQ(window().chosenMap(), "");
     shell.expectMessage(AllSymbolsGo, Icon::Question, Buttons::YesNo, Answer::Yes);
     clickPart(window(), "cmdOk");
     EXPECT_FALSE(window().isVisible());
-    EXPECT_EQ(workspace.Status.Tag, tagOf("spain.png"));
+    EXPECT_EQ(window().chosenMap(), tagOf("spain.png"));
 }
 
 TEST_F(MapsCollectionWindow, AFilePutThereByHandIsHeldToTheSizesToo) {
@@ -282,12 +282,11 @@ TEST_F(MapsCollectionWindow, AFilePutThereByHandIsHeldToTheSizesToo) {
         Icon::Critical);
     clickPart(window(), "cmdOk");
     EXPECT_TRUE(window().isVisible());
-    EXPECT_EQ(workspace.Status.Tag, "");
+    EXPECT_EQ(window().chosenMap(), "");
 }
 
-TEST_F(MapsCollectionWindow, CancelAndEscapeLeaveTheTag) {
+TEST_F(MapsCollectionWindow, CancelAndEscapeChooseNoMap) {
     for (const bool escape : {false, true}) {
-        workspace.Status.Tag = "before";
         start();
         clickRow("spain.png");
         if (escape) {
@@ -296,7 +295,7 @@ TEST_F(MapsCollectionWindow, CancelAndEscapeLeaveTheTag) {
             clickPart(window(), "cmdClose");
         }
         EXPECT_FALSE(window().isVisible());
-        EXPECT_EQ(workspace.Status.Tag, "before");
+        EXPECT_EQ(window().chosenMap(), "");
     }
 }
 
@@ -329,6 +328,39 @@ TEST_F(MapsCollectionWindow, TheKeyboardReachesEverything) {
                              "cmdHelp", "lvwCollection", "cmdOk", "cmdClose"}) {
         EXPECT_TRUE(reached.contains(name)) << name << " in " << reached.join(' ').toStdString();
     }
+}
+
+TEST_F(MapsCollectionWindow, RenamingToTheNameOfATwinInCapitalsDoesNothing) {
+    useMap("ITALY.jpg", {310, 240});
+    useMap("europe.jpg", {500, 400});
+    start();
+    rename("italy.jpg", "ITALY");
+    EXPECT_TRUE(exists("italy.jpg"));
+    shell.expectMessage("Delete selected map ?", Icon::Question, Buttons::YesNo, Answer::Yes);
+    clickRow("italy.jpg");
+    clickPart(window(), "btnDeleteMap");
+    EXPECT_TRUE(exists("ITALY.jpg"));
+    EXPECT_FALSE(exists("italy.jpg"));
+    EXPECT_EQ(shell.destroying, QStringList("Delete selected map ?"));
+}
+
+TEST_F(MapsCollectionWindow, CancelRightAfterTypingKeepsTheNameAsLeavingTheFieldDoes) {
+    start();
+    clickRow("spain.png");
+    clickPart(window(), "btnRenameMap");
+    QTest::keyClicks(QApplication::focusWidget(), "iberia");
+    auto* cancel = part<QAbstractButton>(window(), "cmdClose");
+    cancel->setFocus(Qt::MouseFocusReason);
+    cancel->click();
+    EXPECT_TRUE(exists("iberia.png"));
+}
+
+TEST_F(MapsCollectionWindow, MapsAreSortedByNameWithoutCase) {
+    useMap("Alps.png", {400, 300}, Qt::gray);
+    useMap("Zealand.png", {400, 300}, Qt::gray);
+    useMap("europe.jpg", {500, 400});
+    start();
+    EXPECT_EQ(names(), QStringList({"Alps", "europe", "italy", "spain", "Zealand"}));
 }
 
 }  // namespace nubivane

@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 
 #include <memory>
 
@@ -51,8 +52,13 @@ class SymbolsCollectionWindow : public WorkspaceFixture {
         typeName(newName);
     }
     void use(const QString& file) {
-        workspace.Frames().Item(1).Sprites().Symbols().Add(1, "gifSymbol", 1, 9, 9, 0, 0, file,
-                                                           file, {}, {}, {});
+        workspace.Frames().Item(1).Sprites().Symbols().add({.Name = "gifSymbol",
+                                                            .Frame = 1,
+                                                            .Width = 9,
+                                                            .Height = 9,
+                                                            .FileGif = file,
+                                                            .PathFileGif = file,
+                                                            .Index = 1});
     }
     QString symbol(const QString& name) const { return workspace.folder.symbols() + u'\\' + name; }
     bool exists(const QString& name) const { return QFile::exists(host("Symbols/" + name)); }
@@ -475,6 +481,63 @@ TEST_F(SymbolsCollectionWindow, NamesThatDifferInCaseAloneKeepTheirRows) {
     EXPECT_TRUE(names().contains("SEA"));
     EXPECT_TRUE(names().contains("coast"));
     clickPart(window(), "cmdOK");
+}
+
+TEST_F(SymbolsCollectionWindow, RenamingToTheNameOfATwinInCapitalsDoesNothing) {
+    QDir(host("Symbols")).mkdir("SEA");
+    start();
+    rename("sea", "SEA");
+    EXPECT_EQ(names(), QStringList({"SEA", "sea", "set-1"}));
+    // What is deleted next is the collection of the row.
+    shell.expectMessage("Are you sure you want to delete the collection ?", Icon::Question,
+                        Buttons::YesNo, Answer::Yes);
+    clickRow("sea");
+    clickPart(window(), "btnDeleteCollection");
+    EXPECT_TRUE(exists("SEA"));
+    EXPECT_FALSE(exists("sea"));
+}
+
+TEST_F(SymbolsCollectionWindow, OKRightAfterTypingKeepsTheName) {
+    start();
+    clickRow("sea");
+    clickPart(window(), "btnRenameCollection");
+    QTest::keyClicks(QApplication::focusWidget(), "coast");
+    // Both before the loop of events comes round again, as a quick click is.
+    auto* ok = part<QAbstractButton>(window(), "cmdOK");
+    ok->setFocus(Qt::MouseFocusReason);
+    ok->click();
+    EXPECT_FALSE(window().isVisible());
+    EXPECT_TRUE(exists("coast/wave.png"));
+    EXPECT_TRUE(collections().contains("coast"));
+}
+
+TEST_F(SymbolsCollectionWindow, ToolsWorkOnTheNameThatWasTyped) {
+    start();
+    clickRow("sea");
+    clickPart(window(), "btnRenameCollection");
+    QTest::keyClicks(QApplication::focusWidget(), "coast");
+    shell.expectMessage("Are you sure you want to delete the collection ?", Icon::Question,
+                        Buttons::YesNo, Answer::No);
+    clickPart(window(), "btnDeleteCollection");
+    EXPECT_EQ(names(), QStringList({"coast", "set-1"}));
+    EXPECT_TRUE(exists("coast/wave.png"));
+    EXPECT_EQ(shell.destroying, QStringList("Are you sure you want to delete the collection ?"));
+}
+
+TEST_F(SymbolsCollectionWindow, ACollectionWithASubFolderSaysThatItIsStillThere) {
+    QDir(host("Symbols/sea")).mkdir("deep");
+    start();
+    const auto notice = [this] { return part<QLabel>(window(), "lblNotice"); };
+    EXPECT_FALSE(notice()->isVisible());
+    clickRow("sea");
+    shell.expectMessage("Are you sure you want to delete the collection ?", Icon::Question,
+                        Buttons::YesNo, Answer::Yes);
+    clickPart(window(), "btnDeleteCollection");
+    EXPECT_TRUE(exists("sea/deep"));
+    EXPECT_TRUE(notice()->isVisible());
+    EXPECT_TRUE(notice()->text().contains("sea")) << notice()->text().toStdString();
+    clickPart(window(), "btnNewCollection");
+    EXPECT_FALSE(notice()->isVisible());
 }
 
 }  // namespace nubivane

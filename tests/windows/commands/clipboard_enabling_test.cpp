@@ -99,7 +99,7 @@ TEST_F(ClipboardEnabling, AnEmptiedClipboardEndsThePaste) {
 }
 
 TEST_F(ClipboardEnabling, AMarkerThatWasThereBeforeTheStartOffersAPasteThatDoesNothing) {
-    clipboard().setText(SpriteMarker{sprite_type::Symbol, false}.text());
+    clipboard().setText(SpriteMarker{SpriteKind::Symbol, false}.text());
     start();
     expectPaste(true);
     trigger("mnuPaste");

@@ -27,11 +27,11 @@ class ClipboardPaste : public testing::ClipboardFixture {
         const QString key = placeLabel({300, 100});
         cLabel& label = labels(workspace.Status.CurrentFrame).Item(key);
         label.Text = "Snow above 800 m";
-        label.FontName = "Times New Roman";
-        label.FontSize = 20;
-        label.FontBold = label.FontUnderline = label.FontStrikethourht = true;
+        label.Font.Name = "Times New Roman";
+        label.Font.Size = 20;
+        label.Font.Bold = label.Font.Underline = label.Font.Strikeout = true;
         label.BackColor = 65280;
-        label.Forecolor = 255;
+        label.Font.Color = 255;
         label.Border = 1;
         label.BorderColor = 132;
         label.Note = "a note";
@@ -113,7 +113,7 @@ TEST_F(ClipboardPaste, APastedSymbolLandsAtTheCornerWithAllItsValuesAndIsSelecte
     SpriteControl* control = symbolControl("K-2");
     expectSelected(control);
     EXPECT_EQ(control->Index, 2);
-    EXPECT_EQ(control->Tag, "1|K-2|");
+    EXPECT_EQ(control->id, (SpriteId{SpriteKind::Symbol, "K-2"}));
     EXPECT_EQ(control->rect, QRect(6, 6, 40, 50));
     EXPECT_TRUE(control->visible);
     EXPECT_FALSE(workspace.ProjectChanged) << "pasting alone asks for no saving";
@@ -135,22 +135,22 @@ TEST_F(ClipboardPaste, APastedLabelLandsAtTheCornerWithAllItsValuesAndIsSelected
     EXPECT_EQ(pasted.Index, 2);
     EXPECT_EQ(QRect(pasted.PosX, pasted.PosY, pasted.Width, pasted.Height), QRect(6, 6, 77, 33));
     EXPECT_EQ(pasted.Text, "Snow above 800 m");
-    EXPECT_EQ(pasted.FontName, "Times New Roman");
-    EXPECT_EQ(pasted.FontSize, 20);
-    EXPECT_TRUE(pasted.FontBold);
-    EXPECT_FALSE(pasted.FontItalic);
-    EXPECT_TRUE(pasted.FontUnderline);
-    EXPECT_FALSE(pasted.FontOverline);
-    EXPECT_TRUE(pasted.FontStrikethourht);
+    EXPECT_EQ(pasted.Font.Name, "Times New Roman");
+    EXPECT_EQ(pasted.Font.Size, 20);
+    EXPECT_TRUE(pasted.Font.Bold);
+    EXPECT_FALSE(pasted.Font.Italic);
+    EXPECT_TRUE(pasted.Font.Underline);
+    EXPECT_FALSE(pasted.Font.Overline);
+    EXPECT_TRUE(pasted.Font.Strikeout);
     EXPECT_EQ(pasted.BackColor, 65280);
-    EXPECT_EQ(pasted.Forecolor, 255);
+    EXPECT_EQ(pasted.Font.Color, 255);
     EXPECT_EQ(pasted.Border, 1);
     EXPECT_EQ(pasted.BorderColor, 132);
     EXPECT_EQ(pasted.Note, "a note");
 
     SpriteControl* control = labelControl("K-2");
     expectSelected(control);
-    EXPECT_EQ(control->Tag, "2|K-2|");
+    EXPECT_EQ(control->id, (SpriteId{SpriteKind::Label, "K-2"}));
     EXPECT_EQ(control->rect, QRect(QPoint(6, 6), labelSize(pasted)));
 }
 
@@ -337,7 +337,7 @@ TEST_F(ClipboardPaste, AMarkerOfTheOtherKindFromASecondEditorPastesAndRemovesNot
     start();
     placeLabel({100, 100});
     trigger("mnuCut");
-    clipboard().setText(SpriteMarker{sprite_type::Symbol, true}.text());
+    clipboard().setText(SpriteMarker{SpriteKind::Symbol, true}.text());
     trigger("mnuPaste");
     EXPECT_EQ(keys(), QStringList({"T K-1"}));
     EXPECT_EQ(marker(), "S<4><5><6>");
@@ -347,7 +347,7 @@ TEST_F(ClipboardPaste, ACutMarkerFromASecondEditorDoesNotRemoveWhatWasOnlyCopied
     start();
     placeSymbol({100, 100});
     trigger("mnuCopy");
-    clipboard().setText(SpriteMarker{sprite_type::Symbol, true}.text());
+    clipboard().setText(SpriteMarker{SpriteKind::Symbol, true}.text());
     trigger("mnuPaste");
     EXPECT_EQ(keys(), QStringList({"S K-1", "S K-2"}));
     EXPECT_EQ(marker(), "S<4><5>");
@@ -447,8 +447,8 @@ TEST_F(ClipboardPaste, APastedLabelStaysTransparentWhileItsOtherPropertiesChange
     ASSERT_TRUE(pasted);
     cLabel changed;
     changed.Text = "21";
-    changed.FontName = "Arial";
-    changed.FontSize = 12;
+    changed.Font.Name = "Arial";
+    changed.Font.Size = 12;
     changed.BackColor = 0xFF0000;
     changed.Border = 1;
     pasted->show(changed);

@@ -90,7 +90,6 @@ TEST_F(CollectionCommandsOfTheMenu, AMapChosenTakesThePlaceOfTheProject) {
     chooseMap("italy.png");
     EXPECT_EQ(workspace.Status.CurrentMap, workspace.folder.path() + "\\maps\\italy.png");
     EXPECT_EQ(settings.text(Setting::CurrentMap), workspace.Status.CurrentMap);
-    EXPECT_EQ(workspace.Status.Tag, "");
     EXPECT_EQ(canvas().size(), QSize(302, 242));
     EXPECT_EQ(workspace.Frames().NumSprite(), 0);
 }
@@ -102,19 +101,16 @@ TEST_F(CollectionCommandsOfTheMenu, TheMapInUseChangesNothingHoweverItsFolderIsW
         EXPECT_EQ(workspace.Status.CurrentMap, workspace.folder.path() + folder + "europe.jpg");
         EXPECT_EQ(workspace.Frames().NumSprite(), 1);
         EXPECT_EQ(window().canvas().sprites().controls().size(), 1U);
-        EXPECT_EQ(workspace.Status.Tag, "");
     }
 }
 
 TEST_F(CollectionCommandsOfTheMenu, CancelLeavesTheProjectAsItIs) {
-    workspace.Status.Tag = "left over";
     inWindow<frmMapsCollection>("mnuOpenMap", [](frmMapsCollection& maps) {
         maps.fillMapList("italy.png");
         testing::clickPart(maps, "cmdClose");
     });
     EXPECT_TRUE(workspace.Status.CurrentMap.endsWith("europe.jpg"));
     EXPECT_EQ(workspace.Frames().NumSprite(), 1);
-    EXPECT_EQ(workspace.Status.Tag, "");
 }
 
 TEST_F(CollectionCommandsOfTheMenu, TheBarsButtonsAreTheSameCommands) {
@@ -122,7 +118,7 @@ TEST_F(CollectionCommandsOfTheMenu, TheBarsButtonsAreTheSameCommands) {
          {std::pair("btnSymbols", "mnuCollection"), std::pair("btnMap", "mnuOpenMap")}) {
         const auto* shown = window().toolStrip().findChild<QToolButton*>(button);
         ASSERT_TRUE(shown);
-        EXPECT_EQ(shown->defaultAction(), window().commands()[command]);
+        EXPECT_EQ(shown->defaultAction(), window().commands().action(command));
         EXPECT_TRUE(shown->isEnabled());
     }
 }

@@ -9,12 +9,13 @@ TEST_F(CommandsAtStart, AllCanBeGivenButThoseThatNeedASpriteOrASecondFrame) {
     start();
     QStringList disabled;
     for (const CommandRow& row : commandTable()) {
-        if (!window().commands()[row.name]->isEnabled()) {
+        if (!window().commands()[row.id]->isEnabled()) {
             disabled << row.name;
         }
     }
-    EXPECT_EQ(disabled, QStringList({"mnuCut", "mnuCopy", "mnuPaste", "mnuDelSymbol", "mnuRestore",
-                                     "mnuProperty", "mnuFrameRemove"}));
+    EXPECT_EQ(disabled,
+              QStringList({"mnuUndo", "mnuRedo", "mnuCut", "mnuCopy", "mnuPaste", "mnuDelSymbol",
+                           "mnuRestore", "mnuProperty", "mnuFrameRemove"}));
 }
 
 }  // namespace nubivane

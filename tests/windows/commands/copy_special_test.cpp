@@ -45,7 +45,8 @@ class CopyingSpecially : public testing::EditorFixture {
         QStringList shown;
         for (const SpriteControl* control : window().canvas().sprites().controls()) {
             EXPECT_TRUE(control->visible);
-            shown << control->Tag + QString::number(control->Index);
+            shown << QString::number(static_cast<int>(control->id.kind)) + '|' + control->id.key +
+                         '|' + QString::number(control->Index);
         }
         EXPECT_EQ(shown, expected);
     }
@@ -74,12 +75,12 @@ TEST_F(CopyingSpecially, EverythingButKeyFrameAndIndexIsCopied) {
     symbol.Note = "note";
     cLabel& label = frame(1).Sprites().Labels().Item(1);
     label.Text = "Storm";
-    label.FontName = "Courier New";
-    label.FontSize = 20;
-    label.FontBold = label.FontUnderline = label.FontStrikethourht = true;
-    label.FontItalic = label.FontOverline = true;
+    label.Font.Name = "Courier New";
+    label.Font.Size = 20;
+    label.Font.Bold = label.Font.Underline = label.Font.Strikeout = true;
+    label.Font.Italic = label.Font.Overline = true;
     label.BackColor = 255;
-    label.Forecolor = 65280;
+    label.Font.Color = 65280;
     label.Border = 1;
     label.BorderColor = 77;
     label.Note = "wind";
@@ -94,8 +95,8 @@ TEST_F(CopyingSpecially, EverythingButKeyFrameAndIndexIsCopied) {
     };
     const auto values = [](const auto& sprite) {
         QStringList texts;
-        sprite.forEachSlot(sprite, [&texts](const char* name, const auto& value) {
-            texts << QStringLiteral("%1=%2").arg(QLatin1String(name)).arg(value);
+        sprite.forEachSlot(sprite, [&texts](const Slot& slot, const auto& value) {
+            texts << QStringLiteral("%1=%2").arg(QLatin1String(slot.name)).arg(value);
         });
         return texts;
     };
@@ -184,7 +185,7 @@ TEST_F(CopyingSpecially, WhatWasSelectedOnAFrameInvolvedIsSoNoLonger) {
     ASSERT_FALSE(window().canvas().selection().isEmpty());
     copy("2|1|0");
     EXPECT_TRUE(window().canvas().selection().isEmpty());
-    EXPECT_FALSE(window().commands()["mnuCut"]->isEnabled());
+    EXPECT_FALSE(window().commands()[Command::mnuCut]->isEnabled());
 }
 
 TEST_F(CopyingSpecially, ARequestThatNamesNoTwoFramesDoesNothing) {

@@ -82,4 +82,20 @@ TEST_F(DesktopPrinting, AFolderThatIsGoneIsTold) {
     EXPECT_THROW(printer.print(shaded({30, 20})), Error);
 }
 
+TEST_F(DesktopPrinting, AfterAFailureTheSetUpHelpsAtOnce) {
+    QDir().mkpath(temporary.file("there"));
+    setUp(temporary.file("there/map.pdf"));
+    QDir().rmdir(temporary.file("there"));
+    EXPECT_THROW(printer.print(shaded({30, 20})), Error);
+    EXPECT_THROW(printer.print(shaded({30, 20})), Error);
+    const QString file = temporary.file("other.pdf");
+    setUp(file);
+    printer.print(shaded({300, 200}));
+    EXPECT_EQ(listed(file).value(3), "300");
+    QDir().mkpath(temporary.file("there"));
+    setUp(temporary.file("there/map.pdf"));
+    printer.print(shaded({120, 100}));
+    EXPECT_EQ(listed(temporary.file("there/map.pdf")).value(3), "120");
+}
+
 }  // namespace nubivane

@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QProgressBar>
+#include <QStatusTipEvent>
 #include <QTimer>
 
 namespace nubivane {
@@ -58,7 +59,34 @@ class ExportCommandsTest : public DrawingFixture {
     }
 };
 
+/// What a window is told to say in its status line.
+class StatusTips : public QObject {
+  public:
+    QStringList told;
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::StatusTip) {
+            told << static_cast<QStatusTipEvent*>(event)->tip();
+        }
+        return false;
+    }
+};
+
 }  // namespace
+
+TEST_F(ExportCommandsTest, LettersWithoutAFontAreToldInTheStatusLineOnce) {
+    start();
+    placeLabel({300, 200});
+    for (cLabel& label : workspace.Frames().Item(1).Sprites().Labels()) {
+        label.Text = QString::fromUtf8("\xE6\x97\xA5");
+    }
+    StatusTips tips;
+    window().installEventFilter(&tips);
+    exportStill("subEsportaPng", model("out/a.png"));
+    ASSERT_EQ(tips.told.size(), 1);
+    EXPECT_TRUE(tips.told[0].startsWith("Frame 1: no installed font has "))
+        << tips.told[0].toStdString();
+}
 
 TEST_F(ExportCommandsTest, EachEntryAsksForAFileOfItsKind) {
     start();

@@ -32,8 +32,9 @@ TEST_F(FrameMenu, ItHasInsertRemoveASeparatorAndRename) {
         rows << (action->isSeparator() ? QString("-")
                                        : action->objectName() + '|' + action->text());
     }
-    EXPECT_EQ(rows, QStringList({"mnuMapInsert|Insert", "mnuMapDelete|Remove", "-",
-                                 "mnuMapRename|Rename"}));
+    EXPECT_EQ(rows,
+              QStringList({"mnuMapInsert|Insert", "mnuMapDelete|Remove", "-", "mnuMapRename|Rename",
+                           "-", "mnuMapUndo|Undo", "mnuMapRedo|Redo"}));
 }
 
 TEST_F(FrameMenu, ARightPressSelectsTheTabAndShowsIt) {

@@ -53,7 +53,7 @@ TEST_F(Lock, TheButtonShowsAndTogglesTheSameLock) {
     EXPECT_TRUE(button->isChecked());
     button->click();
     EXPECT_FALSE(window().locked());
-    EXPECT_FALSE(window().commands()["mnuLock"]->isChecked());
+    EXPECT_FALSE(window().commands()[Command::mnuLock]->isChecked());
 }
 
 TEST_F(Lock, AnAbsentSettingMeansUnlocked) {

@@ -3,10 +3,16 @@
 
 #include <QMenu>
 #include <QMenuBar>
+#include <QSet>
 
 namespace nubivane {
 
 namespace {
+
+/// The text of a menu's head, with the mark of an access key where the caption itself has one.
+QString captionOf(const QMenu& menu) {
+    return menu.objectName() == u"mnuFile" ? menu.title() : menu.title().remove(u'&');
+}
 
 /// "name|caption" of each entry, "-" for a separator, sub-menus indented below their entry.
 QStringList rowsOf(const QList<QAction*>& actions, const QString& indent = {}) {
@@ -15,7 +21,7 @@ QStringList rowsOf(const QList<QAction*>& actions, const QString& indent = {}) {
         if (action->isSeparator()) {
             rows << indent + '-';
         } else if (const QMenu* menu = action->menu()) {
-            rows << indent + menu->objectName() + '|' + menu->title();
+            rows << indent + menu->objectName() + '|' + captionOf(*menu);
             rows << rowsOf(menu->actions(), indent + "  ");
         } else {
             rows << indent + action->objectName() + '|' + action->text();
@@ -36,12 +42,22 @@ const QStringList MenuTree = {
     "  mnuPrint|Print",
     "  -",
     "  mnuEsci|Exit",
+    "mnuEdit|Edit",
+    "  mnuUndo|Undo",
+    "  mnuRedo|Redo",
+    "  -",
+    "  mnuCut|Cut",
+    "  mnuCopy|Copy",
+    "  mnuPaste|Paste",
+    "  mnuDelSymbol|Delete",
     "mnuView|View",
     "  mnuViewMainToolbar|Main toolbar",
     "  mnuViewMapToolbar|Map toolbar",
     "  -",
     "  mnuViewLargeIcons|Large icons",
     "  mnuViewSmallIcons|Small icons",
+    "  -",
+    "  mnuHistory|History",
     "mnuSimboli|Symbols",
     "  mnuCut|Cut",
     "  mnuCopy|Copy",
@@ -79,6 +95,7 @@ const QStringList MenuTree = {
     "mnuPagina|Html page",
     "  mnuPreview|Preview",
     "  mnuCrea|Create",
+    "  mnuSaveSite|Save site as...",
     "  -",
     "  mnuImpostazioni|Options",
     "mnuFtp|Ftp",
@@ -96,9 +113,17 @@ const QStringList MenuTree = {
     "  mnuInfo|About Nubivane",
 };
 
-const QStringList SpriteMenu = {
-    "subRestore|Restore", "-", "subCut|Cut",          "subCopy|Copy", "subPaste|Paste",
-    "subDelete|Delete",   "-", "subProperty|Property"};
+const QStringList SpriteMenu = {"subRestore|Restore",
+                                "-",
+                                "subCut|Cut",
+                                "subCopy|Copy",
+                                "subPaste|Paste",
+                                "subDelete|Delete",
+                                "-",
+                                "subProperty|Property",
+                                "-",
+                                "subUndo|Undo",
+                                "subRedo|Redo"};
 
 }  // namespace
 
@@ -130,7 +155,8 @@ TEST_F(Menus, TheMenuOfASpriteIsEnabledAsTheCommandsAre) {
         for (const auto& [entry, command] : pairs) {
             const auto* action = window().findChild<QAction*>(entry);
             ASSERT_TRUE(action) << entry;
-            EXPECT_EQ(action->isEnabled(), window().commands()[command]->isEnabled()) << entry;
+            EXPECT_EQ(action->isEnabled(), window().commands().action(command)->isEnabled())
+                << entry;
         }
     }
     workspace.ProjectChanged = false;
@@ -148,7 +174,7 @@ TEST_F(Menus, NoTwoCommandsShareAKey) {
     start();
     QHash<QString, QString> keys;
     for (const CommandRow& row : commandTable()) {
-        for (const QKeySequence& key : window().commands()[row.name]->shortcuts()) {
+        for (const QKeySequence& key : window().commands()[row.id]->shortcuts()) {
             const QString text = key.toString();
             EXPECT_FALSE(keys.contains(text))
                 << row.name << " and " << keys.value(text).toStdString();
@@ -187,15 +213,34 @@ TEST_F(Menus, TheKeyF1AsksForTheHelp) {
 
 TEST(CommandTable, ACommandThatNobodyHandlesStaysDisabled) {
     Commands commands(nullptr);
-    commands.setEnabled({"mnuCut"}, true);
-    EXPECT_FALSE(commands["mnuCut"]->isEnabled());
+    commands.setEnabled({Command::mnuCut}, true);
+    EXPECT_FALSE(commands[Command::mnuCut]->isEnabled());
     int calls = 0;
-    commands.handle("mnuCut", [&calls] { ++calls; });
-    EXPECT_TRUE(commands["mnuCut"]->isEnabled());
-    commands["mnuCut"]->trigger();
+    commands.handle(Command::mnuCut, [&calls] { ++calls; });
+    EXPECT_TRUE(commands[Command::mnuCut]->isEnabled());
+    commands[Command::mnuCut]->trigger();
     EXPECT_EQ(calls, 1);
-    commands.setEnabled({"mnuCut"}, false);
-    EXPECT_FALSE(commands["mnuCut"]->isEnabled());
+    commands.setEnabled({Command::mnuCut}, false);
+    EXPECT_FALSE(commands[Command::mnuCut]->isEnabled());
+}
+
+TEST_F(Menus, EachTopMenuHasAnAccessKeyOfItsOwn) {
+    start();
+    QSet<QString> keys;
+    for (const QAction* head : window().menuBar()->actions()) {
+        const QKeySequence key = QKeySequence::mnemonic(head->text());
+        EXPECT_FALSE(key.isEmpty()) << head->text().toStdString();
+        EXPECT_FALSE(keys.contains(key.toString())) << key.toString().toStdString();
+        keys << key.toString();
+    }
+}
+
+TEST_F(Menus, TheEntryOfTheLockShowsItsCheckMarkAndNoIconInItsPlace) {
+    start();
+    QAction* lock = window().commands()[Command::mnuLock];
+    EXPECT_TRUE(lock->isCheckable());
+    EXPECT_FALSE(lock->isIconVisibleInMenu());
+    EXPECT_FALSE(lock->icon().isNull());  // the button still has it
 }
 
 }  // namespace nubivane

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/core/host_files.h"
 #include "support/editor_fixture.h"
 
 #include <QDir>
@@ -24,6 +25,24 @@ TEST_F(PageMenu, CreateWritesPageScriptAndAPictureOfEachFrameAndShowsThePage) {
     EXPECT_EQ(web(), QStringList({"Forecast1.jpg", "Forecast2.jpg", "Forecast3.jpg"}));
     EXPECT_EQ(shell.opened, QStringList({host("Forecast.htm")}));
     EXPECT_EQ(shell.pointer, Pointer::Default);
+}
+
+TEST_F(PageMenu, SaveSiteAsWritesAFolderOfItsOwnAndShowsThePage) {
+    settings.set(Setting::PageType, "5");
+    start();
+    placeSymbol({100, 100});
+    const QString folder = temporary.file("site");
+    shell.expectFolderDialog("Save site as", host_files::toModel(folder));
+    trigger("mnuSaveSite");
+    EXPECT_TRUE(QFile::exists(folder + "/Forecast.htm"));
+    EXPECT_TRUE(QFile::exists(folder + "/Web/Forecast1.webp"));
+    EXPECT_FALSE(QFile::exists(host("Forecast.htm")));
+    EXPECT_EQ(shell.opened, QStringList({folder + "/Forecast.htm"}));
+
+    shell.expectFolderDialog("Save site as", {});
+    trigger("mnuSaveSite");
+    EXPECT_EQ(shell.lastFileRequest.folder, host_files::toModel(folder));
+    EXPECT_EQ(shell.opened.size(), 1) << "Cancel does nothing";
 }
 
 TEST_F(PageMenu, AfterCreateTheFirstFrameIsShown) {

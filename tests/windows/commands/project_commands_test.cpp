@@ -106,7 +106,7 @@ TEST_F(ProjectMenu, OpenShowsTheFirstFrameWithItsSprites) {
     EXPECT_EQ(window().canvas().sprites().controls().front()->rect, QRect(84, 84, 32, 32));
     EXPECT_FALSE(workspace.ProjectChanged);
     EXPECT_TRUE(window().acceptsInput());
-    EXPECT_TRUE(window().commands()["mnuFrameRemove"]->isEnabled());
+    EXPECT_TRUE(window().commands()[Command::mnuFrameRemove]->isEnabled());
     window().tabs().select(2);
     window().frameCommands().changeFrame();
     EXPECT_EQ(window().canvas().sprites().lblTesto().upperBound(), 1);
@@ -183,7 +183,7 @@ TEST_F(ProjectMenu, NewGivesOneEmptyFrameOnTheSameMap) {
     EXPECT_EQ(workspace.Status.CurrentMap, map);
     EXPECT_EQ(window().windowTitle(), "New project - Nubivane");
     EXPECT_FALSE(workspace.ProjectChanged);
-    EXPECT_FALSE(window().commands()["mnuFrameRemove"]->isEnabled());
+    EXPECT_FALSE(window().commands()[Command::mnuFrameRemove]->isEnabled());
 }
 
 TEST_F(ProjectMenu, NewAsksAndCancelStays) {

@@ -65,7 +65,7 @@ class Publish : public EditorFixture {
         publish_ = std::make_unique<PublishCommands>(Editor{workspace, live, window()}, *commands_,
                                                      &window(), options);
     }
-    void choose(const char* command) { (*commands_)[command]->trigger(); }
+    void choose(const char* command) { commands_->action(command)->trigger(); }
 
     /// The run's window; nothing when none is shown.
     frmWait* wait() const {

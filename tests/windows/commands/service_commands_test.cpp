@@ -46,7 +46,7 @@ class Services : public EditorFixture {
         services_ = std::make_unique<ServiceCommands>(
             Editor{workspace, shell, window()}, *commands_, &window(), publisher, shortLimits());
     }
-    void choose(const char* command) { (*commands_)[command]->trigger(); }
+    void choose(const char* command) { commands_->action(command)->trigger(); }
 
     /// Publisher whose list of versions lies on a server.
     static Publisher versionsOn(const FtpServerProcess& server, const QByteArray& version) {
@@ -83,7 +83,7 @@ TEST_F(Services, TheMainWindowHasItsCommands) {
     for (const auto& [command, name] :
          {std::pair("mnuPack", "frmPack"), std::pair("mnuBugReport", "frmBugReport"),
           std::pair("mnuInfo", "frmAbout")}) {
-        ASSERT_TRUE(window().commands()[command]->isEnabled());
+        ASSERT_TRUE(window().commands().action(command)->isEnabled());
         expectModal(
             name, [&, command = command] { trigger(command); }, [](QWidget&) {});
     }

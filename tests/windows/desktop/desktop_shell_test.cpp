@@ -5,11 +5,15 @@
 #include "support/fixtures.h"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
+#include <QTest>
 #include <QTimer>
 
 namespace nubivane::testing {
@@ -152,6 +156,96 @@ TEST_F(DesktopShellBox, ProgressMovesTheBarOfTheWindowAndHidesIt) {
     EXPECT_FALSE(bar.isHidden());
     shell.hideProgress();
     EXPECT_TRUE(bar.isHidden());
+}
+
+TEST_F(DesktopShellBox, EnterDoesNotDestroy) {
+    Message message{"Delete ?", Icon::Question, Buttons::YesNo, {}};
+    const auto pressEnter = [&] {
+        QTimer::singleShot(
+            0, qApp, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return); });
+        return shell.messageBox(message);
+    };
+    EXPECT_EQ(pressEnter(), Answer::Yes);
+    message.destroys = true;
+    EXPECT_EQ(pressEnter(), Answer::No);
+}
+
+TEST_F(DesktopShellBox, ANameOf255LettersIsToldInABoxThatFitsTheScreen) {
+    QTimer::singleShot(0, qApp, [] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(box);
+        EXPECT_LT(box->width(), 800);
+        // Nothing of the name is lost.
+        EXPECT_EQ(box->text().remove(QChar(0x200b)), "/home/" + QString(255, 'w') + ".\nGone.");
+        box->accept();
+    });
+    shell.messageBox({"/home/" + QString(255, 'w') + ".\rGone.", Icon::Critical, Buttons::Ok, {}});
+}
+
+TEST_F(DesktopShellBox, WithoutAWindowUnderItABoxStandsInTheMiddle) {
+    QTimer::singleShot(0, qApp, [] {
+        QWidget* box = QApplication::activeModalWidget();
+        ASSERT_TRUE(box);
+        const QPoint away = box->geometry().center() - box->screen()->availableGeometry().center();
+        EXPECT_LE(away.manhattanLength(), 4);
+        box->close();
+    });
+    shell.messageBox({"This is not a valid file.", Icon::Critical, Buttons::Ok, {}});
+}
+
+TEST_F(DesktopShellBox, AFileDialogShowsThePatternOfItsFiles) {
+    QTimer::singleShot(0, qApp, [] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        EXPECT_EQ(dialog->findChild<QComboBox*>("fileTypeCombo")->currentText(),
+                  "Nubivane files (*.nvpf)");
+        dialog->reject();
+    });
+    FileRequest request;
+    request.filter = "Nubivane files (*.nvpf)|*.nvpf|";
+    shell.openFileName(request);
+}
+
+TEST_F(DesktopShellBox, WhatPeopleKeepIsNotOfferedAHiddenFolder) {
+    const TemporaryFolder home;
+    QDir().mkpath(home.file(".local/share/Nubivane"));
+    QDir().mkpath(home.file("Documents"));
+    const QByteArray before = qgetenv("HOME");
+    qputenv("HOME", home.path().toUtf8());
+    const auto folderOffered = [this](const QString& folder, bool peoplesOwn) {
+        QString offered;
+        QTimer::singleShot(0, qApp, [&offered] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_TRUE(dialog);
+            offered = dialog->directory().absolutePath();
+            dialog->reject();
+        });
+        FileRequest request;
+        request.folder = host_files::toModel(folder);
+        request.peoplesOwn = peoplesOwn;
+        shell.saveFileName(request);
+        return offered;
+    };
+    const QString hidden = home.file(".local/share/Nubivane");
+    EXPECT_EQ(folderOffered(hidden, true), home.file("Documents"));
+    EXPECT_EQ(folderOffered(hidden, false), hidden);
+    EXPECT_EQ(folderOffered(home.file("Documents"), true), home.file("Documents"));
+    QDir().rmdir(home.file("Documents"));
+    EXPECT_EQ(folderOffered(hidden, true), home.path());
+    qputenv("HOME", before);
+}
+
+TEST_F(DesktopShellBox, ACauseIsASentenceInSight) {
+    QTimer::singleShot(0, qApp, [] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(box);
+        EXPECT_EQ(box->text(), "An error occurred while saving the project.");
+        EXPECT_EQ(box->informativeText(), "The disk is full.");
+        EXPECT_EQ(box->detailedText(), "");
+        box->accept();
+    });
+    shell.messageBox({"An error occurred while saving the project.", Icon::Critical, Buttons::Ok,
+                      "the disk is full"});
 }
 
 }  // namespace nubivane::testing

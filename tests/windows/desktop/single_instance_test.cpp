@@ -3,8 +3,10 @@
 
 #include "support/fixtures.h"
 
+#include <QDir>
 #include <QTest>
 
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -75,6 +77,22 @@ TEST(SingleInstance, WhatACrashedOneLeftBehindIsNotInTheWay) {
     next.raised = [&raised] { raised = true; };
     EXPECT_FALSE(SingleInstance(folder.path()).isFirst());
     EXPECT_TRUE(QTest::qWaitFor([&raised] { return raised; }));
+}
+
+TEST(SingleInstance, MeetsNobodyInAFolderThatOthersCanWrite) {
+    const TemporaryFolder folder;
+    const TemporaryFolder session;
+    const QByteArray before = qgetenv("XDG_RUNTIME_DIR");
+    const QByteArray home = qgetenv("HOME");
+    qputenv("HOME", QFile::encodeName(folder.path()));
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(session.path()));
+    ASSERT_EQ(::chmod(QFile::encodeName(session.path()).constData(), 0777), 0);
+    SingleInstance first(folder.path());
+    EXPECT_TRUE(first.isFirst());
+    EXPECT_FALSE(SingleInstance(folder.path()).isFirst()) << "they meet in the user's own folder";
+    EXPECT_TRUE(QDir(session.path()).isEmpty());
+    qputenv("XDG_RUNTIME_DIR", before);
+    qputenv("HOME", home);
 }
 
 }  // namespace nubivane::testing

@@ -77,7 +77,7 @@ TEST_F(DrawingAction, ItsDefaultButtonAppliesAndEscCancels) {
     click({200, 150});
     QTest::keyClick(action(), Qt::Key_Return);
     EXPECT_FALSE(actionLoaded());
-    EXPECT_FALSE(committed() == expected);
+    EXPECT_FALSE(same(committed(), expected));
 }
 
 TEST_F(DrawingAction, EnterOnTheMapApplies) {
@@ -85,7 +85,7 @@ TEST_F(DrawingAction, EnterOnTheMapApplies) {
         startFigure();
         QTest::keyClick(&canvas(), enter);
         EXPECT_FALSE(actionLoaded());
-        EXPECT_FALSE(committed() == expected);
+        EXPECT_FALSE(same(committed(), expected));
         EXPECT_EQ(drawing().points().pointCount(), 0);
     }
 }
@@ -106,17 +106,30 @@ TEST_F(DrawingAction, TheKeysWorkFromTheStripAndItsField) {
     click({200, 150});
     QTest::keyClick(strip().txtValue(), Qt::Key_Return);
     EXPECT_FALSE(actionLoaded());
-    EXPECT_FALSE(committed() == expected);
+    EXPECT_FALSE(same(committed(), expected));
 }
 
-TEST_F(DrawingAction, WithoutAFigureTheKeysDoNothing) {
+TEST_F(DrawingAction, WithoutAFigureEnterDoesNothing) {
     startDrawing();
     choose("line");
     QTest::keyClick(&canvas(), Qt::Key_Return);
-    QTest::keyClick(&canvas(), Qt::Key_Escape);
     compare();
     EXPECT_FALSE(workspace.ProjectChanged);
-    EXPECT_EQ(workspace.Status.CurrentTool, "line");
+    EXPECT_EQ(workspace.Status.CurrentTool, Tool::line);
+}
+
+TEST_F(DrawingAction, EscGoesBackStepByStepFigureToolSelection) {
+    startFigure();
+    QTest::keyClick(&canvas(), Qt::Key_Escape);
+    EXPECT_EQ(workspace.Status.CurrentTool, Tool::line);
+    QTest::keyClick(&canvas(), Qt::Key_Escape);
+    EXPECT_EQ(workspace.Status.CurrentTool, Tool::cursor);
+    EXPECT_TRUE(strip().btnDraw(0)->isChecked());
+    compare();
+    placeSymbol({200, 150});
+    ASSERT_FALSE(selection().isEmpty());
+    QTest::keyClick(&canvas(), Qt::Key_Escape);
+    EXPECT_TRUE(selection().isEmpty());
 }
 
 TEST_F(DrawingAction, AFrameChangeUnloadsIt) {

@@ -60,14 +60,14 @@ class DrawingFigures : public testing::DrawingFixture {
         const double dy = rim.y() - centre.y();
         const double radius = std::sqrt(dx * dx + dy * dy);
         expect([&](QPainter& painter) {
-            painter.setPen(pen(width));
+            use(painter, width);
             painter.drawEllipse(QPointF(centre), radius, radius);
         });
     }
     /// After `DrawApply`: the figure is part of the map, and nothing of its editing is left.
     void compareApplied() {
         compare();
-        EXPECT_TRUE(committed() == expected);
+        EXPECT_TRUE(same(committed(), expected));
         EXPECT_TRUE(workspace.pctMap.scratchArea().isEmpty());
         EXPECT_EQ(drawing().points().pointCount(), 0);
         EXPECT_EQ(drawing().points().point(0), QPoint(0, 0));
@@ -388,8 +388,8 @@ TEST_F(DrawingFigures, TheSnapshotFollowsAtTheNextFrameChange) {
     EXPECT_TRUE(workspace.pctPanel.picture(1).isEmpty());
     trigger("mnuFrameInsert");
     expectCurve({{100, 100}, {200, 100}}, 3);
-    EXPECT_TRUE(workspace.pctPanel.picture(1).image().convertToFormat(QImage::Format_RGB32) ==
-                expected);
+    EXPECT_TRUE(same(workspace.pctPanel.picture(1).image().convertToFormat(QImage::Format_RGB32),
+                     expected));
 }
 
 TEST_F(DrawingFigures, AnotherWidthShowsAtOnceAndIsApplied) {
@@ -415,8 +415,12 @@ TEST_F(DrawingFigures, ACircleTakesAnotherWidthToo) {
     startWith("circle", "1");
     clickAll({{200, 200}, {260, 280}});
     setWidth("5");
-    apply();
     expectCircle({200, 200}, {260, 280}, 5);
+    const QImage figure = expected;
+    expectHandles({{200, 200}, {260, 280}});
+    compare();
+    apply();
+    expected = figure;
     compareApplied();
 }
 
@@ -428,6 +432,29 @@ TEST_F(DrawingFigures, AWidthThatIsNoNumberKeepsThePointsAndCommitsNothing) {
         EXPECT_TRUE(actionLoaded()) << tool;
         EXPECT_TRUE(committed() == bare) << tool;
         pressActionButton("cmdDrawCancel");
+        compareApplied();
+    }
+}
+
+TEST_F(DrawingFigures, WithoutAWidthAFigureIsShownInTheOneThatItWillHave) {
+    for (const char* tool : {"line", "curvy", "circle"}) {
+        startWith(tool, "5");
+        clickAll({{100, 100}});
+        setWidth("wide");
+        clickAll({{200, 150}});
+        const auto expectFigure = [&] {
+            if (QLatin1String(tool) == u"circle") {
+                expectCircle({100, 100}, {200, 150}, 5);
+            } else {
+                expectCurve({{100, 100}, {200, 150}}, 5);
+            }
+        };
+        expectFigure();
+        expectHandles({{100, 100}, {200, 150}});
+        compare();
+        apply();
+        expected = bare;
+        expectFigure();
         compareApplied();
     }
 }

@@ -36,7 +36,7 @@ TEST_F(DrawingFreehand, APressDrawsADotAsWideAsThePen) {
         startWithPen(QString::number(width));
         click({100, 100});
         expect([&](QPainter& painter) {
-            painter.setPen(pen(width));
+            use(painter, width);
             painter.drawPoint(100, 100);
         });
         compare();
@@ -58,7 +58,7 @@ TEST_F(DrawingFreehand, MovesJoinThePositionsByLines) {
     move({90, 210});
     release({90, 210});
     expect([](QPainter& painter) {
-        painter.setPen(pen(3));
+        use(painter, 3);
         painter.drawPoint(100, 100);
     });
     expectLine({100, 100}, {150, 120}, 3);
@@ -82,8 +82,8 @@ TEST_F(DrawingFreehand, AFastMouseLeavesNoGap) {
     }
 }
 
-TEST_F(DrawingFreehand, EveryPixelHasThePensColorOrNothingOfIt) {
-    startWithPen("9");
+TEST_F(DrawingFreehand, EveryPixelOfAThinLineHasThePensColorOrNothingOfIt) {
+    startWithPen("1");
     const QColor bare = drawn().pixelColor(0, 0);
     press({100, 100});
     move({233, 177});
@@ -106,14 +106,14 @@ TEST_F(DrawingFreehand, TheStrokeIsCommittedByTheRelease) {
     EXPECT_TRUE(workspace.pctPanel.picture(1).isEmpty());
     release({200, 150});
     expect([](QPainter& painter) {
-        painter.setPen(pen(3));
+        use(painter, 3);
         painter.drawPoint(100, 100);
     });
     expectLine({100, 100}, {200, 150}, 3);
-    EXPECT_TRUE(committed() == expected);
+    EXPECT_TRUE(same(committed(), expected));
     EXPECT_TRUE(workspace.pctMap.scratchArea().isEmpty());
-    EXPECT_TRUE(workspace.pctPanel.picture(1).image().convertToFormat(QImage::Format_RGB32) ==
-                expected);
+    EXPECT_TRUE(same(workspace.pctPanel.picture(1).image().convertToFormat(QImage::Format_RGB32),
+                     expected));
 }
 
 TEST_F(DrawingFreehand, ALaterStrokeLeavesTheEarlierOneAndItsSnapshot) {
@@ -124,7 +124,7 @@ TEST_F(DrawingFreehand, ALaterStrokeLeavesTheEarlierOneAndItsSnapshot) {
     drag({100, 200}, {200, 200});
     expectDrag({100, 100}, {200, 100}, 3);
     EXPECT_TRUE(before.image() == kept);
-    EXPECT_TRUE(kept.convertToFormat(QImage::Format_RGB32) == expected);
+    EXPECT_TRUE(same(kept.convertToFormat(QImage::Format_RGB32), expected));
     expectDrag({100, 200}, {200, 200}, 3);
     compare();
 }
@@ -148,17 +148,18 @@ TEST_F(DrawingFreehand, AMoveHasOnlyThePensRectanglePaintedAgain) {
     EXPECT_TRUE(QRect(93, 93, 56, 26).contains(recorder.painted.boundingRect()));
 }
 
-TEST_F(DrawingFreehand, BesideTheMapMovesAreIgnored) {
+TEST_F(DrawingFreehand, AStrokeThatLeavesTheMapEndsExactlyAtItsBorder) {
     startWithPen();
-    press({480, 200});
-    move({495, 200});
-    move({501, 220});
-    move({490, -1});
-    move({490, 401});
-    move({490, 230});
-    release({490, 230});
-    expectLine({480, 200}, {495, 200}, 1);
-    expectLine({495, 200}, {490, 230}, 1);
+    press({400, 200});
+    move({600, 240});
+    move({700, 380});  // beside the map nothing is drawn
+    release({700, 380});
+    expectLine({400, 200}, {500, 220}, 1);
+    compare();
+    press({100, 50});
+    move({60, -30});
+    release({60, -30});
+    expectLine({100, 50}, {75, 0}, 1);
     compare();
 }
 
@@ -206,7 +207,7 @@ TEST_F(DrawingFreehand, AnotherToolInTheMiddleOfAStrokeLosesItAndLetsSymbolsPlay
     move({150, 100});
     drawing().chooseTool(0);
     release({150, 100});
-    EXPECT_TRUE(drawn() == expected);
+    EXPECT_TRUE(same(drawn(), expected));
     EXPECT_TRUE(window().canvas().clock().isRunning());
 }
 
@@ -287,7 +288,7 @@ TEST_F(DrawingFreehand, APressOnASpriteDrawsNothing) {
     press({100, 100});
     move({200, 200});
     release({200, 200});
-    EXPECT_TRUE(drawn() == expected);
+    EXPECT_TRUE(same(drawn(), expected));
 }
 
 TEST_F(DrawingFreehand, DrawingGoesUnderTheSprites) {
@@ -314,6 +315,24 @@ TEST_F(DrawingFreehand, OnAPictureDamagedBehindItsHeaderOneDrawsOnAnEmptySheet) 
     expected = testing::plainImage({80, 60}, Qt::white);
     expectDrag({20, 20}, {60, 20}, 3);
     compare();
+}
+
+TEST_F(DrawingFreehand, AWideStrokeHasSmoothEdgesAroundACoreOfItsColor) {
+    startWithPen("5");
+    const QColor bare = drawn().pixelColor(10, 10);
+    drag({100, 100}, {300, 180});
+    const QImage picture = drawn();
+    int mixed = 0;
+    for (int y = 80; y < 200; ++y) {
+        for (int x = 80; x < 320; ++x) {
+            const QColor color = picture.pixelColor(x, y);
+            mixed += color != bare && color != QColor(Qt::red);
+        }
+    }
+    EXPECT_GT(mixed, 200);
+    EXPECT_EQ(picture.pixelColor(100, 100), QColor(Qt::red));
+    EXPECT_EQ(picture.pixelColor(200, 140), QColor(Qt::red));
+    EXPECT_EQ(picture.pixelColor(300, 180), QColor(Qt::red));
 }
 
 }  // namespace nubivane

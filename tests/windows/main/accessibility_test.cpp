@@ -114,4 +114,15 @@ TEST_F(Accessibility, AButtonIsPressedByTheSpaceBar) {
     EXPECT_TRUE(window().locked());
 }
 
+TEST_F(Accessibility, MapAndSplitterSayWhatTheyAre) {
+    startActive();
+    const auto roleOf = [](QWidget* widget) {
+        return QAccessible::queryAccessibleInterface(widget)->role();
+    };
+    EXPECT_EQ(roleOf(&canvas()), QAccessible::Canvas);
+    EXPECT_EQ(nameOf(&canvas()), "Map");
+    EXPECT_EQ(roleOf(window().findChild<QWidget*>("pctSplitter")), QAccessible::Splitter);
+    EXPECT_EQ(roleOf(window().tabs().txtDay()), QAccessible::EditableText);
+}
+
 }  // namespace nubivane

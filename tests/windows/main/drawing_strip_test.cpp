@@ -68,7 +68,7 @@ TEST_F(DrawingStrip, AWidthThatGivesNoPenIsMarked) {
 
 TEST_F(DrawingStrip, TheClearButtonResetsThePointerAndRunsTheCommand) {
     startDrawing();
-    QAction* clear = window().commands()["mnuPulisci"];
+    QAction* clear = window().commands()[Command::mnuPulisci];
     QObject::disconnect(clear, &QAction::triggered, nullptr, nullptr);
     QList<Qt::CursorShape> pointers;
     QObject::connect(clear, &QAction::triggered, &window(),
@@ -78,14 +78,14 @@ TEST_F(DrawingStrip, TheClearButtonResetsThePointerAndRunsTheCommand) {
     ASSERT_EQ(canvas().cursor().shape(), Qt::BitmapCursor);
     QTest::mouseClick(strip().btnClear(), Qt::LeftButton);
     EXPECT_EQ(pointers, QList<Qt::CursorShape>{Qt::ArrowCursor});
-    EXPECT_EQ(workspace.Status.CurrentTool, "draw");
+    EXPECT_EQ(workspace.Status.CurrentTool, Tool::draw);
     hover({100, 100});
     EXPECT_EQ(canvas().cursor().shape(), Qt::BitmapCursor);
 }
 
 TEST_F(DrawingStrip, TheClearButtonIsThereAsFarAsItsCommandIs) {
     start();
-    QAction* clear = window().commands()["mnuPulisci"];
+    QAction* clear = window().commands()[Command::mnuPulisci];
     for (const bool enabled : {false, true, false}) {
         clear->setEnabled(enabled);
         EXPECT_EQ(strip().btnClear()->isEnabled(), enabled);
@@ -98,11 +98,11 @@ TEST_F(DrawingStrip, TheArrowKeysLeadFromToolToTool) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
     strip().btnDraw(0)->setFocus();
     key(Qt::Key_Down);
-    EXPECT_EQ(workspace.Status.CurrentTool, "erase");
+    EXPECT_EQ(workspace.Status.CurrentTool, Tool::erase);
     key(Qt::Key_Right);
-    EXPECT_EQ(workspace.Status.CurrentTool, "color");
+    EXPECT_EQ(workspace.Status.CurrentTool, Tool::color);
     key(Qt::Key_Up);
-    EXPECT_EQ(workspace.Status.CurrentTool, "draw");
+    EXPECT_EQ(workspace.Status.CurrentTool, Tool::draw);
 }
 
 TEST_F(DrawingStrip, TabGoesFromTheMapToTheToolsTheWidthAndTheColor) {

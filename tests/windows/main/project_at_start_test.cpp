@@ -33,7 +33,7 @@ TEST_F(ProjectAtStart, KeepsTheCaptionOfANewProjectUntilItIsSaved) {
     EXPECT_EQ(started->windowTitle(), "New project - Nubivane");
     EXPECT_EQ(fresh->Status.CurrentProject, model("week.nvpf"));
     EXPECT_FALSE(fresh->ProjectChanged);
-    started->commands()["mnuSaveProject"]->trigger();
+    started->commands()[Command::mnuSaveProject]->trigger();
     EXPECT_EQ(started->windowTitle(), "week.nvpf - Nubivane");
 }
 
@@ -42,7 +42,7 @@ TEST_F(ProjectAtStart, ShowsItsFramesAndSprites) {
     EXPECT_EQ(started->tabs().count(), 2);
     EXPECT_EQ(started->tabs().selected(), 1);
     EXPECT_EQ(started->canvas().sprites().controls().size(), 1u);
-    EXPECT_TRUE(started->commands()["mnuFrameRemove"]->isEnabled());
+    EXPECT_TRUE(started->commands()[Command::mnuFrameRemove]->isEnabled());
 }
 
 TEST_F(ProjectAtStart, BecomesTheFirstRecentFile) {
@@ -78,7 +78,7 @@ TEST_F(ProjectAtStart, AfterADamagedOneAnotherProjectCanBeOpened) {
                         Icon::Critical);
     begin("bad.nvpf");
     shell.expectOpenDialog("Open project", model("week.nvpf"));
-    started->commands()["mnuOpenProject"]->trigger();
+    started->commands()[Command::mnuOpenProject]->trigger();
     EXPECT_EQ(started->windowTitle(), "week.nvpf - Nubivane");
     EXPECT_EQ(started->canvas().widget().size(), QSize(502, 402));
 }
@@ -91,7 +91,7 @@ TEST_F(ProjectAtStart, AfterADamagedOneANewProjectDoesNotEndTheProgram) {
     begin("bad.nvpf");
     bool ended = false;
     started->projectCommands().terminate = [&ended] { ended = true; };
-    started->commands()["mnuNewProject"]->trigger();
+    started->commands()[Command::mnuNewProject]->trigger();
     EXPECT_FALSE(ended);
 }
 
@@ -110,7 +110,7 @@ TEST_F(ProjectAtStart, ADamagedFrameLeavesAWindowThatCanBeUsed) {
     EXPECT_EQ(fresh->pctPanel.Count(), fresh->Frames().Count());
     EXPECT_EQ(fresh->Status.CurrentMap.toLower(), model("Maps/europe.jpg").toLower());
     EXPECT_EQ(fresh->pctMap.ScaleWidth(), 500);
-    started->commands()["mnuNewProject"]->trigger();
+    started->commands()[Command::mnuNewProject]->trigger();
     EXPECT_EQ(started->tabs().count(), 1);
 }
 

@@ -32,7 +32,7 @@ TEST_F(Startup, TheStateIsThatOfAnUntouchedEditor) {
     EXPECT_EQ(workspace.Status.CurrentFrame, 1);
     EXPECT_EQ(workspace.Status.CurrentShapeControlType, 0);
     EXPECT_EQ(workspace.Status.CurrentShapeControlKey, "");
-    EXPECT_EQ(workspace.Status.CurrentTool, "cursor");
+    EXPECT_EQ(workspace.Status.CurrentTool, Tool::cursor);
     EXPECT_EQ(workspace.Status.CurrentProject, "");
     EXPECT_FALSE(workspace.ProjectChanged);
     EXPECT_TRUE(workspace.TabEventsEnabled);

@@ -21,8 +21,8 @@ class ToolBars : public testing::EditorFixture {
         }
         return *found;
     }
-    bool checked(const char* command) { return window().commands()[command]->isChecked(); }
-    bool enabled(const char* command) { return window().commands()[command]->isEnabled(); }
+    bool checked(const char* command) { return window().commands().action(command)->isChecked(); }
+    bool enabled(const char* command) { return window().commands().action(command)->isEnabled(); }
     bool overlap() { return standard().geometry().intersects(map().geometry()); }
 
     static QStringList buttonsOf(const ToolBar& bar) {
@@ -47,7 +47,8 @@ TEST_F(ToolBars, TheStandardBarHasItsButtonsAndTheirCommands) {
 
 TEST_F(ToolBars, TheMapBarHasItsButtonsAndTheirCommands) {
     start();
-    EXPECT_EQ(buttonsOf(map()), QStringList({"btnStationDelete > mnuDelSymbol", "btnLock > mnuLock",
+    EXPECT_EQ(buttonsOf(map()), QStringList({"btnUndo > mnuUndo", "btnRedo > mnuRedo",
+                                             "btnStationDelete > mnuDelSymbol", "btnLock > mnuLock",
                                              "btnSymbols > mnuCollection", "btnMap > mnuOpenMap",
                                              "btnProperty > btnProperty"}));
 }
@@ -203,6 +204,37 @@ TEST_F(ToolBars, ABarShownAfterAChangeOfIconSizeDoesNotLieOnTheOther) {
         trigger("mnuViewLargeIcons");
         EXPECT_FALSE(overlap()) << hidden;
     }
+}
+
+TEST_F(ToolBars, SmallIconsAndLargeOnesAgainLeaveEveryBarInItsPlace) {
+    settings.set(Setting::StandardBarX, "40");
+    settings.set(Setting::MapBarX, "420");
+    start();
+    const QRect standardBefore = standard().geometry();
+    const QRect mapBefore = map().geometry();
+    for (int i = 0; i < 3; ++i) {
+        trigger("mnuViewSmallIcons");
+        EXPECT_EQ(standard().pos(), standardBefore.topLeft());
+        EXPECT_FALSE(overlap());
+        trigger("mnuViewLargeIcons");
+        EXPECT_EQ(standard().geometry(), standardBefore);
+        EXPECT_EQ(map().geometry(), mapBefore);
+    }
+}
+
+TEST_F(ToolBars, BarsInTwoRowsStayInThemWhateverTheIconsSize) {
+    settings.set(Setting::MapBarX, "2");
+    settings.set(Setting::MapBarY, "60");
+    start();
+    const QRect standardBefore = standard().geometry();
+    const QRect mapBefore = map().geometry();
+    ASSERT_GT(mapBefore.top(), standardBefore.bottom());
+    trigger("mnuViewSmallIcons");
+    EXPECT_GT(map().y(), standard().geometry().bottom());
+    EXPECT_EQ(map().x(), mapBefore.x());
+    trigger("mnuViewLargeIcons");
+    EXPECT_EQ(standard().geometry(), standardBefore);
+    EXPECT_EQ(map().geometry(), mapBefore);
 }
 
 }  // namespace nubivane

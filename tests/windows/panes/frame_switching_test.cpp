@@ -71,8 +71,8 @@ TEST_F(FrameSwitching, EachSpritesIndexEqualsItsControlsThoughItDiffersFromBefor
     EXPECT_EQ(symbolControl(second)->Index, 1);
     EXPECT_EQ(labels().Item(label).Index, 1);
     EXPECT_EQ(labelControl(label)->Index, 1);
-    EXPECT_EQ(sprites().gifSymbol().find(1)->Tag, "1|" + second + '|');
-    EXPECT_EQ(sprites().lblTesto().find(1)->Tag, "2|" + label + '|');
+    EXPECT_EQ(sprites().gifSymbol().find(1)->id, (SpriteId{SpriteKind::Symbol, second}));
+    EXPECT_EQ(sprites().lblTesto().find(1)->id, (SpriteId{SpriteKind::Label, label}));
 }
 
 TEST_F(FrameSwitching, TheFrameLeftGetsItsSnapshotAndTheCurrentOneLagsBehind) {

@@ -34,7 +34,7 @@ class FrameTabsStrip : public testing::EditorFixture {
             trigger("mnuFrameInsert");
         }
     }
-    bool canRemove() { return window().commands()["mnuFrameRemove"]->isEnabled(); }
+    bool canRemove() { return window().commands()[Command::mnuFrameRemove]->isEnabled(); }
 };
 
 TEST_F(FrameTabsStrip, InsertAddsAFrameAtTheEndAndShowsIt) {
@@ -239,6 +239,34 @@ TEST_F(FrameTabsStrip, AButtonListsAllFramesOnceTheyDoNotFit) {
         trigger("mnuFrameRemove");
     }
     EXPECT_FALSE(button.isVisible());
+}
+
+TEST_F(FrameTabsStrip, ALongNameIsElidedInItsTabAndToldByItsTip) {
+    start();
+    const QString name = QString("Precipitation").repeated(10);
+    frame().Texts().Label = name;
+    window().tabs().setTabDay(false);
+    const QTabBar& bar = *window().tabs().tabDay();
+    EXPECT_LT(bar.tabRect(0).width(), 400);
+    EXPECT_EQ(bar.elideMode(), Qt::ElideRight);
+    EXPECT_EQ(bar.tabToolTip(0), name);
+    EXPECT_EQ(window().tabs().caption(1), name);
+    frame().Texts().Label = "Monday";
+    window().tabs().setTabDay(false);
+    EXPECT_EQ(bar.tabToolTip(0), "");
+}
+
+TEST_F(FrameTabsStrip, TheArrowOfTheListIsSeenOnDarkAndLightDesktops) {
+    for (const QColor& shadow : {QColor(20, 20, 20), QColor(200, 200, 200)}) {
+        QPalette palette;
+        palette.setColor(QPalette::Shadow, shadow);
+        palette.setColor(QPalette::ButtonText, shadow);
+        palette.setColor(QPalette::WindowText, shadow);
+        start();
+        window().tabs().setPalette(palette);
+        const QColor arrow = window().tabs().allFrames()->palette().color(QPalette::WindowText);
+        EXPECT_GT(std::abs(arrow.lightness() - shadow.lightness()), 100);
+    }
 }
 
 }  // namespace nubivane

@@ -20,13 +20,13 @@ using testing::withModal;
 class FontDialog : public testing::PropertyFixture {
   protected:
     FontDialog() {
-        title.FontName = "Arial";
-        title.FontSize = 14;
+        title.Font.Name = "Arial";
+        title.Font.Size = 14;
     }
     template <class Object>
     static void withFont(Object& object, const std::function<void(QWidget&)>& use) {
         frmFont dialog(nullptr);
-        dialog.oFont = FontObject(object);
+        dialog.oFont = &object.Font;
         withModal([&] { dialog.Init(); }, use);
     }
     static QListWidget& list(QWidget& window, const char* name) {
@@ -102,9 +102,9 @@ TEST_F(FontDialog, ListsTheScreensFontsInThePlatformsOrder) {
 }
 
 TEST_F(FontDialog, ShowsTheObjectsFont) {
-    title.FontUnderline = true;
-    title.FontStrikethourht = true;
-    title.Forecolor = 255;
+    title.Font.Underline = true;
+    title.Font.Strikeout = true;
+    title.Font.Color = 255;
     withFont(title, [](QWidget& window) {
         EXPECT_EQ(selected(window, "lstFont"), "Arial");
         EXPECT_EQ(text(window, "txtSelectedFont"), "Arial");
@@ -120,7 +120,7 @@ TEST_F(FontDialog, ShowsTheObjectsFont) {
 }
 
 TEST_F(FontDialog, ShowsAnOverlineThatIsSet) {
-    title.FontOverline = true;
+    title.Font.Overline = true;
     withFont(title, [](QWidget& window) {
         EXPECT_TRUE(part<QCheckBox>(window, "chkOverline").isChecked());
         EXPECT_FALSE(part<QCheckBox>(window, "chkUnderline").isChecked());
@@ -137,18 +137,18 @@ TEST_F(FontDialog, StylesStandForBoldAndItalic) {
                   {"Bold", true, false},
                   {"Bold italic", true, true}};
     for (const auto& style : styles) {
-        title.FontBold = style.bold;
-        title.FontItalic = style.italic;
+        title.Font.Bold = style.bold;
+        title.Font.Italic = style.italic;
         withFont(title,
                  [&](QWidget& window) { EXPECT_EQ(selected(window, "lstFontStyle"), style.name); });
-        title.FontBold = !style.bold;
-        title.FontItalic = !style.italic;
+        title.Font.Bold = !style.bold;
+        title.Font.Italic = !style.italic;
         withFont(title, [&](QWidget& window) {
             pick(window, "lstFontStyle", style.name);
             click(window, "cmdOk");
         });
-        EXPECT_EQ(title.FontBold, style.bold) << style.name;
-        EXPECT_EQ(title.FontItalic, style.italic) << style.name;
+        EXPECT_EQ(title.Font.Bold, style.bold) << style.name;
+        EXPECT_EQ(title.Font.Italic, style.italic) << style.name;
     }
 }
 
@@ -158,7 +158,7 @@ TEST_F(FontDialog, OkStoresEachSize) {
             pick(window, "lstFontSize", QString::number(size));
             click(window, "cmdOk");
         });
-        EXPECT_EQ(title.FontSize, size);
+        EXPECT_EQ(title.Font.Size, size);
     }
 }
 
@@ -171,12 +171,12 @@ TEST_F(FontDialog, OkStoresWhatIsChosen) {
         click(window, "cmdOk");
         EXPECT_FALSE(window.isVisible());
     });
-    EXPECT_EQ(title.FontName, "Courier New");
-    EXPECT_EQ(title.FontSize, 24);
-    EXPECT_TRUE(title.FontStrikethourht);
-    EXPECT_FALSE(title.FontUnderline);
-    EXPECT_FALSE(title.FontOverline);
-    EXPECT_EQ(title.Forecolor, 16711680);
+    EXPECT_EQ(title.Font.Name, "Courier New");
+    EXPECT_EQ(title.Font.Size, 24);
+    EXPECT_TRUE(title.Font.Strikeout);
+    EXPECT_FALSE(title.Font.Underline);
+    EXPECT_FALSE(title.Font.Overline);
+    EXPECT_EQ(title.Font.Color, 16711680);
 }
 
 TEST_F(FontDialog, TheUnderlineIsStoredAsOverlineToo) {
@@ -184,8 +184,8 @@ TEST_F(FontDialog, TheUnderlineIsStoredAsOverlineToo) {
         tick(window, "chkUnderline");
         click(window, "cmdOk");
     });
-    EXPECT_TRUE(title.FontUnderline);
-    EXPECT_TRUE(title.FontOverline);
+    EXPECT_TRUE(title.Font.Underline);
+    EXPECT_TRUE(title.Font.Overline);
 }
 
 TEST_F(FontDialog, TheOverlineAloneIsNotStored) {
@@ -194,8 +194,8 @@ TEST_F(FontDialog, TheOverlineAloneIsNotStored) {
         EXPECT_TRUE(part<QCheckBox>(window, "chkOverline").isChecked());
         click(window, "cmdOk");
     });
-    EXPECT_FALSE(title.FontOverline);
-    EXPECT_FALSE(title.FontUnderline);
+    EXPECT_FALSE(title.Font.Overline);
+    EXPECT_FALSE(title.Font.Underline);
 }
 
 TEST_F(FontDialog, CancelAndEscChangeNothing) {
@@ -210,8 +210,8 @@ TEST_F(FontDialog, CancelAndEscChangeNothing) {
             }
             EXPECT_FALSE(window.isVisible());
         });
-        EXPECT_EQ(title.FontSize, 14);
-        EXPECT_FALSE(title.FontUnderline);
+        EXPECT_EQ(title.Font.Size, 14);
+        EXPECT_FALSE(title.Font.Underline);
     }
 }
 
@@ -221,37 +221,37 @@ TEST_F(FontDialog, EnterIsOk) {
         QTest::keyClick(&list(window, "lstFontSize"), Qt::Key_Return);
         EXPECT_FALSE(window.isVisible());
     });
-    EXPECT_EQ(title.FontSize, 36);
+    EXPECT_EQ(title.Font.Size, 36);
 }
 
 TEST_F(FontDialog, ASizeOutsideTheListShowsNoSelectionAndStays) {
-    title.FontSize = 11;
+    title.Font.Size = 11;
     withFont(title, [](QWidget& window) {
         EXPECT_EQ(selected(window, "lstFontSize"), "");
         list(window, "lstFontSize").setFocus();
         EXPECT_EQ(text(window, "txtSelectedSize"), "11");
         click(window, "cmdOk");
     });
-    EXPECT_EQ(title.FontSize, 11);
+    EXPECT_EQ(title.Font.Size, 11);
 }
 
 TEST_F(FontDialog, AFontThatTheScreenLacksStays) {
-    title.FontName = "No such font";
+    title.Font.Name = "No such font";
     withFont(title, [](QWidget& window) {
         EXPECT_EQ(selected(window, "lstFont"), "");
         EXPECT_EQ(text(window, "txtSelectedFont"), "No such font");
         click(window, "cmdOk");
     });
-    EXPECT_EQ(title.FontName, "No such font");
+    EXPECT_EQ(title.Font.Name, "No such font");
 }
 
 TEST_F(FontDialog, AColourWithoutAnItemLeavesTheBoxEmptyAndStays) {
-    title.Forecolor = 254;
+    title.Font.Color = 254;
     withFont(title, [](QWidget& window) {
         EXPECT_EQ(part<QComboBox>(window, "cboColor").currentIndex(), -1);
         click(window, "cmdOk");
     });
-    EXPECT_EQ(title.Forecolor, 254);
+    EXPECT_EQ(title.Font.Color, 254);
 }
 
 TEST_F(FontDialog, TheSampleFollowsEveryChange) {
@@ -279,7 +279,7 @@ TEST_F(FontDialog, TheSampleFollowsEveryChange) {
 
 TEST_F(FontDialog, TheSampleStandsOutFromItsGround) {
     for (const qint32 color : {0, 16777215, 65535, 255, -1}) {
-        title.Forecolor = color;
+        title.Font.Color = color;
         withFont(title, [&](QWidget& window) {
             const QPalette colors = sample(window).palette();
             const int ink = qGray(colors.color(QPalette::WindowText).rgb());
@@ -292,7 +292,7 @@ TEST_F(FontDialog, TheSampleStandsOutFromItsGround) {
 TEST_F(FontDialog, AHugeSizeLeavesTheDialogAsItIs) {
     QSize usual;
     withFont(title, [&](QWidget& window) { usual = window.size(); });
-    title.FontSize = 32767;
+    title.Font.Size = 32767;
     withFont(title, [&](QWidget& window) { EXPECT_EQ(window.size(), usual); });
 }
 
@@ -321,16 +321,33 @@ TEST_F(FontDialog, WorksOnWhateverHasTheMembers) {
     withFont(subtitle, use);
     withFont(header, use);
     withFont(body, use);
-    EXPECT_TRUE(label.FontSize == 18 && label.FontBold);
-    EXPECT_TRUE(subtitle.FontSize == 18 && subtitle.FontBold);
-    EXPECT_TRUE(header.FontSize == 18 && header.FontBold);
-    EXPECT_TRUE(body.FontSize == 18 && body.FontBold);
+    EXPECT_TRUE(label.Font.Size == 18 && label.Font.Bold);
+    EXPECT_TRUE(subtitle.Font.Size == 18 && subtitle.Font.Bold);
+    EXPECT_TRUE(header.Font.Size == 18 && header.Font.Bold);
+    EXPECT_TRUE(body.Font.Size == 18 && body.Font.Bold);
 }
 
 TEST_F(FontDialog, WithoutAnObjectItDoesNotOpen) {
     frmFont dialog(nullptr);
     dialog.Init();
     EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST(ScreenFonts, NamesOfTheWebAreOfferedWithAnySubstituteOfTheSameWidths) {
+    for (const char* drawn : {"Liberation Sans", "Arimo", "Nimbus Sans", "TeX Gyre Heros"}) {
+        const auto familyDrawn = [drawn](const QString& name) {
+            return QString(name == u"Arial" ? drawn : "DejaVu Sans");
+        };
+        QStringList expected = {"Abel", "Arial", drawn, "Zilla"};
+        EXPECT_EQ(withWebFonts({"Abel", drawn, "Zilla"}, familyDrawn), expected);
+    }
+    const auto other = [](const QString&) { return QStringLiteral("DejaVu Sans"); };
+    EXPECT_EQ(withWebFonts({"Abel", "DejaVu Sans"}, other), QStringList({"Abel", "DejaVu Sans"}));
+    const auto both = [](const QString& name) {
+        return QString(name == u"Courier New" ? "Cousine" : "Tinos");
+    };
+    EXPECT_EQ(withWebFonts({"Arial"}, both),
+              QStringList({"Arial", "Courier New", "Times New Roman"}));
 }
 
 }  // namespace nubivane

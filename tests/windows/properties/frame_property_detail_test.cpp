@@ -2,6 +2,7 @@
 #include "windows/properties/frm_frame_property_detail.h"
 #include "windows/properties/property_fixture.h"
 
+#include <QClipboard>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTreeWidget>
@@ -15,12 +16,12 @@ using testing::withModal;
 class FrameDetail : public testing::PropertyFixture {
   protected:
     void withDetail(const std::function<void(QWidget&)>& use) {
-        frmFramePropertyDetail window(nullptr);
-        withModal([&] { window.Init(forecast); }, use);
+        frmFramePropertyDetail window(workspace, nullptr);
+        withModal([&] { window.Init(); }, use);
     }
     void add(const QString& header, const QString& body) {
-        forecast.Header().Add(White, 0, "Arial", "8", 1, false, false, false, false, false, header);
-        forecast.Body().Add(White, 0, "Arial", "8", 1, false, false, false, false, false, body);
+        forecast.Header().add({.IndexFontSize = 1, .Text = header});
+        forecast.Body().add({.IndexFontSize = 1, .Text = body});
     }
     static QTreeWidget& list(QWidget& window) { return part<QTreeWidget>(window, "lstItems"); }
     static QStringList rows(QWidget& window) {
@@ -40,6 +41,9 @@ class FrameDetail : public testing::PropertyFixture {
         QTest::mouseClick(items.viewport(), Qt::LeftButton, {}, place.center());
         EXPECT_EQ(selected(window), row);
     }
+    static QString lineOf(const QWidget& window, const char* field) {
+        return part<WrappedField>(window, field).text();
+    }
     QStringList headers() { return textsOf(forecast.Header()); }
     QStringList bodies() { return textsOf(forecast.Body()); }
     template <class List>
@@ -57,7 +61,7 @@ class FrameDetail : public testing::PropertyFixture {
         EXPECT_TRUE(part<QWidget>(window, "cmdAdd").isEnabled());
     }
 
-    cForecast forecast;
+    cForecast& forecast = workspace.Frames().Item(1).Texts().Forecast();
 };
 
 TEST_F(FrameDetail, WithoutElementsOnlyAddIsEnabled) {
@@ -65,7 +69,7 @@ TEST_F(FrameDetail, WithoutElementsOnlyAddIsEnabled) {
         EXPECT_EQ(rows(window), QStringList());
         expectEnabled(window, false);
         EXPECT_EQ(text(window, "txtHeaderFont"), "");
-        EXPECT_EQ(text(window, "txtBodyText"), "");
+        EXPECT_EQ(lineOf(window, "txtBodyText"), "");
     });
 }
 
@@ -88,8 +92,8 @@ TEST_F(FrameDetail, OpensWithTheFirstOfItsElements) {
         EXPECT_EQ(rows(window), QStringList({"Element 1", "Element 2"}));
         EXPECT_EQ(selected(window), 1);
         expectEnabled(window, true);
-        EXPECT_EQ(text(window, "txtHeaderText"), "h1");
-        EXPECT_EQ(text(window, "txtBodyText"), "b1");
+        EXPECT_EQ(lineOf(window, "txtHeaderText"), "h1");
+        EXPECT_EQ(lineOf(window, "txtBodyText"), "b1");
     });
 }
 
@@ -97,15 +101,15 @@ TEST_F(FrameDetail, SelectingARowShowsThatElement) {
     add("h1", "b1");
     add("h2", "b2");
     cHeaderAttribute& header = forecast.Header().Item(2);
-    header.FontName = "Verdana";
-    header.FontSize = 18;
-    header.FontBold = true;
-    header.FontStrikethourht = true;
-    header.Forecolor = 255;
+    header.Font.Name = "Verdana";
+    header.Font.Size = 18;
+    header.Font.Bold = true;
+    header.Font.Strikeout = true;
+    header.Font.Color = 255;
     header.BackColor = -1;
     cBodyAttribute& body = forecast.Body().Item(2);
-    body.FontItalic = true;
-    body.Forecolor = 65535;
+    body.Font.Italic = true;
+    body.Font.Color = 65535;
     body.BackColor = 16711680;
     withDetail([](QWidget& window) {
         select(window, 2);
@@ -117,15 +121,15 @@ TEST_F(FrameDetail, SelectingARowShowsThatElement) {
         EXPECT_EQ(text(window, "txtHeaderForeColor"), "Red");
         EXPECT_EQ(swatch(window, "pctHeaderForecolor"), 255);
         EXPECT_EQ(chosen(window, "cboHeaderBackcolor"), "none");
-        EXPECT_EQ(text(window, "txtHeaderText"), "h2");
+        EXPECT_EQ(lineOf(window, "txtHeaderText"), "h2");
         EXPECT_EQ(text(window, "txtBodyFontbold"), "No");
         EXPECT_EQ(text(window, "txtBodyFontItalic"), "Yes");
         EXPECT_EQ(text(window, "txtBodyForeColor"), "Yellow");
         EXPECT_EQ(swatch(window, "pctBodyForecolor"), 65535);
         EXPECT_EQ(chosen(window, "cboBodyBackcolor"), "Blue");
-        EXPECT_EQ(text(window, "txtBodyText"), "b2");
+        EXPECT_EQ(lineOf(window, "txtBodyText"), "b2");
         QTest::keyClick(&list(window), Qt::Key_Up);
-        EXPECT_EQ(text(window, "txtHeaderText"), "h1");
+        EXPECT_EQ(lineOf(window, "txtHeaderText"), "h1");
         EXPECT_EQ(text(window, "txtHeaderFontbold"), "No");
     });
     EXPECT_EQ(headers(), QStringList({"h1", "h2"}));
@@ -143,12 +147,12 @@ TEST_F(FrameDetail, AddAppendsAnElementWithTheDefaults) {
         const TextItem* items[] = {&forecast.Header().Item(1), &forecast.Body().Item(1)};
         for (const TextItem* item : items) {
             EXPECT_EQ(item->BackColor, 16777215);
-            EXPECT_EQ(item->Forecolor, 0);
-            EXPECT_EQ(item->FontName, "Arial");
-            EXPECT_EQ(item->FontSize, 8);
+            EXPECT_EQ(item->Font.Color, 0);
+            EXPECT_EQ(item->Font.Name, "Arial");
+            EXPECT_EQ(item->Font.Size, 8);
             EXPECT_EQ(item->IndexFontSize, 1);
-            EXPECT_FALSE(item->FontBold || item->FontItalic || item->FontUnderline ||
-                         item->FontOverline || item->FontStrikethourht);
+            EXPECT_FALSE(item->Font.Bold || item->Font.Italic || item->Font.Underline ||
+                         item->Font.Overline || item->Font.Strikeout);
             EXPECT_EQ(item->Text, "");
         }
         EXPECT_EQ(text(window, "txtHeaderFont"), "Arial");
@@ -162,8 +166,8 @@ TEST_F(FrameDetail, AddSelectsTheNewElement) {
     withDetail([this](QWidget& window) {
         click(window, "cmdAdd");
         EXPECT_EQ(selected(window), 3);
-        EXPECT_EQ(text(window, "txtHeaderText"), "");
-        testing::type(part<QLineEdit>(window, "txtBodyText"), "new");
+        EXPECT_EQ(lineOf(window, "txtHeaderText"), "");
+        testing::type(part<WrappedField>(window, "txtBodyText"), "new");
         EXPECT_EQ(bodies(), QStringList({"b1", "b2", "new"}));
     });
 }
@@ -179,7 +183,7 @@ TEST_F(FrameDetail, RemovingTheMiddleOfThreeNumbersTheRestAnew) {
         EXPECT_EQ(headers(), QStringList({"h1", "h3"}));
         EXPECT_EQ(bodies(), QStringList({"b1", "b3"}));
         EXPECT_EQ(selected(window), 1);
-        EXPECT_EQ(text(window, "txtHeaderText"), "h1");
+        EXPECT_EQ(lineOf(window, "txtHeaderText"), "h1");
     });
 }
 
@@ -189,8 +193,8 @@ TEST_F(FrameDetail, RemovingTheFirstSelectsTheNewFirst) {
     withDetail([](QWidget& window) {
         click(window, "cmdRemove");
         EXPECT_EQ(selected(window), 1);
-        EXPECT_EQ(text(window, "txtHeaderText"), "h2");
-        EXPECT_EQ(text(window, "txtBodyText"), "b2");
+        EXPECT_EQ(lineOf(window, "txtHeaderText"), "h2");
+        EXPECT_EQ(lineOf(window, "txtBodyText"), "b2");
     });
 }
 
@@ -202,7 +206,7 @@ TEST_F(FrameDetail, RemovingTheLastSelectsTheOneBefore) {
         select(window, 3);
         click(window, "cmdRemove");
         EXPECT_EQ(selected(window), 2);
-        EXPECT_EQ(text(window, "txtBodyText"), "b2");
+        EXPECT_EQ(lineOf(window, "txtBodyText"), "b2");
     });
 }
 
@@ -212,7 +216,7 @@ TEST_F(FrameDetail, RemovingTheOnlyElementDisablesThePanel) {
         click(window, "cmdRemove");
         EXPECT_EQ(rows(window), QStringList());
         expectEnabled(window, false);
-        EXPECT_EQ(text(window, "txtHeaderText"), "");
+        EXPECT_EQ(lineOf(window, "txtHeaderText"), "");
         EXPECT_EQ(forecast.Header().Count() + forecast.Body().Count(), 0);
         click(window, "cmdAdd");
         expectEnabled(window, true);
@@ -244,11 +248,12 @@ TEST_F(FrameDetail, TextsAndColoursComeIntoTheSelectedElementAtOnce) {
     add("h2", "b2");
     withDetail([this](QWidget& window) {
         select(window, 2);
-        testing::type(part<QLineEdit>(window, "txtHeaderText"), "morning");
+        testing::type(part<WrappedField>(window, "txtHeaderText"), "morning");
         EXPECT_EQ(headers(), QStringList({"h1", "morning"}));
-        enter(window, "txtBodyText", "rain");
+        testing::type(part<WrappedField>(window, "txtBodyText"), "rain");
+        QTest::keyClick(&part<QWidget>(window, "txtBodyText"), Qt::Key_Return);
         EXPECT_EQ(bodies(), QStringList({"b1", "rain"}));
-        EXPECT_EQ(part<QLineEdit>(window, "txtBodyText").selectedText(), "rain");
+        EXPECT_EQ(part<WrappedField>(window, "txtBodyText").textCursor().selectedText(), "rain");
         choose(window, "cboHeaderBackcolor", "Red");
         EXPECT_EQ(forecast.Header().Item(2).BackColor, 255);
         choose(window, "cboBodyBackcolor", "none");
@@ -262,8 +267,8 @@ TEST_F(FrameDetail, TextsAndColoursComeIntoTheSelectedElementAtOnce) {
 TEST_F(FrameDetail, AnElementWithoutTextsStays) {
     add("h1", "b1");
     withDetail([](QWidget& window) {
-        testing::type(part<QLineEdit>(window, "txtHeaderText"), "");
-        testing::type(part<QLineEdit>(window, "txtBodyText"), "");
+        testing::type(part<WrappedField>(window, "txtHeaderText"), "");
+        testing::type(part<WrappedField>(window, "txtBodyText"), "");
     });
     EXPECT_EQ(headers(), QStringList({""}));
     EXPECT_EQ(bodies(), QStringList({""}));
@@ -273,15 +278,15 @@ TEST_F(FrameDetail, AnElementWithoutTextsStays) {
 TEST_F(FrameDetail, AfterTheFontDialogFlagsSaySiUntilTheElementIsShownAgain) {
     add("h1", "b1");
     add("h2", "b2");
-    forecast.Header().Item(1).FontItalic = true;
+    forecast.Header().Item(1).Font.Italic = true;
     withDetail([this](QWidget& window) {
         withModal([&] { click(window, "cmdHeaderFont"); },
                   [](QWidget& font) {
                       QTest::keyClick(&part<QWidget>(font, "lstFontSize"), Qt::Key_End);
                       click(font, "cmdOk");
                   });
-        EXPECT_EQ(forecast.Header().Item(1).FontSize, 36);
-        EXPECT_EQ(forecast.Body().Item(1).FontSize, 8);
+        EXPECT_EQ(forecast.Header().Item(1).Font.Size, 36);
+        EXPECT_EQ(forecast.Body().Item(1).Font.Size, 8);
         EXPECT_EQ(text(window, "txtHeaderFontSize"), "36");
         EXPECT_EQ(text(window, "txtHeaderFontItalic"), "Si");
         EXPECT_EQ(text(window, "txtHeaderFontbold"), "No");
@@ -300,8 +305,8 @@ TEST_F(FrameDetail, TheFontOfABodyIsItsOwn) {
                       choose(font, "cboColor", "Blue");
                       click(font, "cmdOk");
                   });
-        EXPECT_EQ(forecast.Body().Item(1).Forecolor, 16711680);
-        EXPECT_EQ(forecast.Header().Item(1).Forecolor, 0);
+        EXPECT_EQ(forecast.Body().Item(1).Font.Color, 16711680);
+        EXPECT_EQ(forecast.Header().Item(1).Font.Color, 0);
         EXPECT_EQ(text(window, "txtBodyForeColor"), "Blue");
         EXPECT_EQ(swatch(window, "pctBodyForecolor"), 16711680);
     });
@@ -309,14 +314,14 @@ TEST_F(FrameDetail, TheFontOfABodyIsItsOwn) {
 
 TEST_F(FrameDetail, ListsOfDifferentLengthsAreShownAndBroughtTogether) {
     add("h1", "b1");
-    forecast.Header().Add(White, 0, "Arial", "8", 1, false, false, false, false, false, "h2");
+    forecast.Header().add({.IndexFontSize = 1, .Text = "h2"});
     withDetail([this](QWidget& window) {
         EXPECT_EQ(rows(window), QStringList({"Element 1", "Element 2"}));
         select(window, 2);
-        EXPECT_EQ(text(window, "txtHeaderText"), "h2");
-        EXPECT_EQ(text(window, "txtBodyText"), "");
+        EXPECT_EQ(lineOf(window, "txtHeaderText"), "h2");
+        EXPECT_EQ(lineOf(window, "txtBodyText"), "");
         EXPECT_FALSE(part<QWidget>(window, "cmdBodyFont").isEnabled());
-        testing::type(part<QLineEdit>(window, "txtBodyText"), "nowhere");
+        testing::type(part<WrappedField>(window, "txtBodyText"), "nowhere");
         EXPECT_EQ(bodies(), QStringList({"b1"}));
         click(window, "cmdAdd");
         EXPECT_EQ(headers(), QStringList({"h1", "h2", ""}));
@@ -328,7 +333,7 @@ TEST_F(FrameDetail, ListsOfDifferentLengthsAreShownAndBroughtTogether) {
 }
 
 TEST_F(FrameDetail, ABodyLongerThanTheHeaderLosesNothing) {
-    forecast.Body().Add(White, 0, "Arial", "8", 1, false, false, false, false, false, "b1");
+    forecast.Body().add({.IndexFontSize = 1, .Text = "b1"});
     withDetail([this](QWidget& window) {
         EXPECT_EQ(rows(window), QStringList());
         expectEnabled(window, false);
@@ -356,6 +361,47 @@ TEST_F(FrameDetail, EnterPressesNoButton) {
             EXPECT_EQ(rows(window).size(), 1) << name;
             EXPECT_TRUE(window.isVisible()) << name;
         }
+    });
+}
+
+TEST_F(FrameDetail, ALongTextIsWrappedInAFieldThatGrowsAndStaysOneLine) {
+    add("h1", "b1");
+    withDetail([this](QWidget& window) {
+        auto& field = part<WrappedField>(window, "txtBodyText");
+        const int one = field.height();
+        QString sentence = "In the north some rain, later clear, with winds from the west. ";
+        testing::type(field, sentence.repeated(4));
+        EXPECT_EQ(bodies(), QStringList(sentence.repeated(4)));
+        EXPECT_GT(field.height(), 2 * one);
+        QApplication::clipboard()->setText("Second\r\nline\n");
+        QTest::keySequence(&field, QKeySequence::Paste);
+        EXPECT_EQ(bodies(), QStringList(sentence.repeated(4) + "Second line"));
+        testing::type(field, "rain");
+        EXPECT_EQ(field.height(), one);
+        // Tab goes on, and Esc closes the window.
+        QTest::keyClick(&field, Qt::Key_Tab);
+        EXPECT_FALSE(field.hasFocus());
+    });
+    EXPECT_EQ(bodies(), QStringList("rain"));
+}
+
+TEST_F(FrameDetail, TheAccessKeyOfATextGoesFromTheHeadersToTheBodys) {
+    add("h1", "b1");
+    withDetail([](QWidget& window) {
+        QTest::keyClick(&window, Qt::Key_T, Qt::AltModifier);
+        EXPECT_TRUE(part<WrappedField>(window, "txtHeaderText").hasFocus());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_T, Qt::AltModifier);
+        EXPECT_TRUE(part<WrappedField>(window, "txtBodyText").hasFocus());
+    });
+}
+
+TEST_F(FrameDetail, TheKeysOfTheButtonsAreTheirsAlone) {
+    withDetail([](QWidget& window) {
+        QTest::keyClick(&window, Qt::Key_A, Qt::AltModifier);
+        QTest::keyClick(&window, Qt::Key_A, Qt::AltModifier);
+        EXPECT_EQ(rows(window), QStringList({"Element 1", "Element 2"}));
+        QTest::keyClick(&window, Qt::Key_R, Qt::AltModifier);
+        EXPECT_EQ(rows(window), QStringList("Element 1"));
     });
 }
 

@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/properties/property_fixture.h"
 
+#include <QAccessible>
+#include <QSet>
+
+#include <algorithm>
+
 namespace nubivane {
 
 using testing::part;
@@ -102,9 +107,9 @@ TEST_F(FrameProperty, ShowsTheDefaultsOfANewFrame) {
 TEST_F(FrameProperty, ShowsWhatTheFrameHolds) {
     start();
     cSubtitle& subtitle = forecast().Subtitle();
-    subtitle.FontName = "Verdana";
-    subtitle.FontItalic = true;
-    subtitle.FontOverline = true;
+    subtitle.Font.Name = "Verdana";
+    subtitle.Font.Italic = true;
+    subtitle.Font.Overline = true;
     subtitle.BackColor = 65535;
     subtitle.Border = 1;
     subtitle.BorderColor = 255;
@@ -155,8 +160,8 @@ TEST_F(FrameProperty, ValuesOutsideTheListsShowNothingAndStay) {
 
 TEST_F(FrameProperty, TheSubtitlesSwatchStartsWithTheTitlesColour) {
     start();
-    forecast().Title().Forecolor = 255;
-    forecast().Subtitle().Forecolor = 65535;
+    forecast().Title().Font.Color = 255;
+    forecast().Subtitle().Font.Color = 65535;
     withProperties([](QWidget& window) {
         EXPECT_EQ(swatch(window, "pctTitleForecolor"), 255);
         EXPECT_EQ(swatch(window, "pctsubTitleForecolor"), 255);
@@ -272,7 +277,7 @@ TEST_F(FrameProperty, EnterSelectsTheTextAndAddsNoLine) {
 
 TEST_F(FrameProperty, AfterTheFontDialogFlagsSaySiUntilTheWindowIsOpenedAgain) {
     start();
-    forecast().Title().FontBold = true;
+    forecast().Title().Font.Bold = true;
     withProperties([](QWidget& window) {
         EXPECT_EQ(text(window, "txtTitleFontbold"), "Yes");
         lookAtFont(window, "cmdTitleFont");
@@ -293,11 +298,11 @@ TEST_F(FrameProperty, TheFontDialogChangesTheSectionItWasOpenedFrom) {
                       choose(font, "cboColor", "Blue");
                       click(font, "cmdOk");
                   });
-        EXPECT_EQ(forecast().Subtitle().FontSize, 8);
-        EXPECT_TRUE(forecast().Subtitle().FontBold);
-        EXPECT_TRUE(forecast().Subtitle().FontItalic);
-        EXPECT_EQ(forecast().Subtitle().Forecolor, 16711680);
-        EXPECT_EQ(forecast().Title().FontSize, 24);
+        EXPECT_EQ(forecast().Subtitle().Font.Size, 8);
+        EXPECT_TRUE(forecast().Subtitle().Font.Bold);
+        EXPECT_TRUE(forecast().Subtitle().Font.Italic);
+        EXPECT_EQ(forecast().Subtitle().Font.Color, 16711680);
+        EXPECT_EQ(forecast().Title().Font.Size, 24);
         EXPECT_EQ(text(window, "txtsubTitleFontSize"), "8");
         EXPECT_EQ(text(window, "txtsubTitleFontbold"), "Si");
         EXPECT_EQ(text(window, "txtsubTitleFontUnderline"), "No");
@@ -340,6 +345,29 @@ TEST_F(FrameProperty, TheForecastTextHasAWindowOfItsOwn) {
         EXPECT_TRUE(window.isVisible());
         QTest::keyClick(&window, Qt::Key_Escape);
         EXPECT_FALSE(window.isVisible());
+    });
+}
+
+TEST_F(FrameProperty, OpensOnTheTextOfTheTitleWhichIsInSight) {
+    start();
+    withProperties([](QWidget& window) {
+        auto& field = part<QLineEdit>(window, "txtTitleText");
+        EXPECT_TRUE(field.hasFocus());
+        const QRect seen = field.visibleRegion().boundingRect();
+        EXPECT_EQ(seen.height(), field.height());
+    });
+}
+
+TEST_F(FrameProperty, TheAccessKeyOfATextGoesFromSectionToSection) {
+    start();
+    withProperties([](QWidget&) {
+        const auto press = [] {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_T, Qt::AltModifier);
+            return QApplication::focusWidget()->objectName();
+        };
+        const QStringList reached = {press(), press(), press()};
+        EXPECT_EQ(QSet<QString>(reached.begin(), reached.end()),
+                  QSet<QString>({"txtTitleText", "txtsubTitleText", "cmdForecastText"}));
     });
 }
 

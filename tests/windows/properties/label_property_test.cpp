@@ -72,12 +72,12 @@ TEST_F(LabelProperty, RulesEachRowOff) {
 
 TEST_F(LabelProperty, ShowsWhatTheLabelHolds) {
     startWithLabel();
-    label().FontName = "Courier New";
-    label().FontSize = 18;
-    label().FontBold = true;
-    label().FontUnderline = true;
-    label().FontStrikethourht = true;
-    label().Forecolor = 255;
+    label().Font.Name = "Courier New";
+    label().Font.Size = 18;
+    label().Font.Bold = true;
+    label().Font.Underline = true;
+    label().Font.Strikeout = true;
+    label().Font.Color = 255;
     label().BackColor = 65535;
     label().Border = 1;
     label().BorderColor = 16711680;
@@ -111,8 +111,8 @@ TEST_F(LabelProperty, ShowsWhatTheLabelHolds) {
 
 TEST_F(LabelProperty, ShowsTheOtherFlagsTheOtherWayRound) {
     startWithLabel();
-    label().FontItalic = true;
-    label().FontOverline = true;
+    label().Font.Italic = true;
+    label().Font.Overline = true;
     withProperties([](QWidget& window) {
         EXPECT_EQ(text(window, "txtFontbold"), "No");
         EXPECT_EQ(text(window, "txtFontItalic"), "Yes");
@@ -127,7 +127,7 @@ TEST_F(LabelProperty, ShowsTheOtherFlagsTheOtherWayRound) {
 
 TEST_F(LabelProperty, LeavesEmptyWhatNoColourStandsFor) {
     startWithLabel();
-    label().Forecolor = 254;
+    label().Font.Color = 254;
     label().BackColor = 3;
     withProperties([](QWidget& window) {
         EXPECT_EQ(text(window, "txtForeColor"), "");
@@ -360,7 +360,7 @@ TEST_F(LabelProperty, TheFontDialogChangesRowsModelAndControl) {
                       choose(font, "cboColor", "Red");
                       click(font, "cmdOk");
                   });
-        EXPECT_EQ(label().FontSize, 36);
+        EXPECT_EQ(label().Font.Size, 36);
         EXPECT_EQ(text(window, "txtFontSize"), "36");
         EXPECT_EQ(text(window, "txtFontUnderline"), "Yes");
         EXPECT_EQ(text(window, "txtFontOverline"), "Yes");
@@ -375,7 +375,7 @@ TEST_F(LabelProperty, TheFontDialogChangesRowsModelAndControl) {
 
 TEST_F(LabelProperty, StrikeOutShowsInTheControlUntilTheFrameIsVisitedAgain) {
     startWithLabel();
-    label().Forecolor = 255;
+    label().Font.Color = 255;
     // How many pixels of the label's lower half are wholly red.
     const auto redPixels = [this] {
         int count = 0;
@@ -394,7 +394,7 @@ TEST_F(LabelProperty, StrikeOutShowsInTheControlUntilTheFrameIsVisitedAgain) {
                       QTest::keyClick(&part<QWidget>(font, "chkStrikeout"), Qt::Key_Space);
                       click(font, "cmdOk");
                   });
-        EXPECT_TRUE(label().FontStrikethourht);
+        EXPECT_TRUE(label().Font.Strikeout);
         const int struck = redPixels();
         EXPECT_GT(struck, plain + 5);
         enter(window, "txtText", "Label");

@@ -73,7 +73,8 @@ class PropertyFixture : public CanvasFixture {
         for (int row = 0; row < rows->rowCount(); ++row) {
             const QLayoutItem* found = rows->itemAtPosition(row, 1);
             if (found && found->widget() == cell) {
-                return qobject_cast<QLabel*>(rows->itemAtPosition(row, 0)->widget())->text();
+                const auto* caption = qobject_cast<QLabel*>(rows->itemAtPosition(row, 0)->widget());
+                return QString(caption->text()).remove(u'&');
             }
         }
         return {};

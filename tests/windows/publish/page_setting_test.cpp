@@ -59,7 +59,7 @@ class PageSettingDialog : public testing::WorkspaceFixture {
     }
     int checkedType() {
         int checked = -1;
-        for (int i = 0; i < 3; ++i) {
+        for (const int i : {0, 1, 2, 4}) {
             checked = type(i).isChecked() ? i : checked;
         }
         return checked;
@@ -546,6 +546,47 @@ TEST_F(PageSettingDialog, TheTabKeyWalksAsTheEyeDoes) {
                                       "txtBackFile", "cmdBrowse", "cmdClear", "chkShowText",
                                       "optHtmlType2", "scrollTimer", "cboEffects", "cmdOK",
                                       "cmdCancel", "cmdApply", "cmdHelp"}));
+    });
+}
+
+TEST_F(PageSettingDialog, TheResponsivePageHasOptionsOfItsOwn) {
+    run([this] {
+        for (const char* name : {"cboLanguage", "cboTheme", "cboPlay"}) {
+            EXPECT_FALSE(find<QComboBox>(name).isEnabled()) << name;
+        }
+        QTest::mouseClick(&type(4), Qt::LeftButton, {}, {8, type(4).height() / 2});
+        EXPECT_EQ(checkedType(), 4);
+        EXPECT_TRUE(spin().isEnabled()) << "its play button has the same pace";
+        QComboBox& language = find<QComboBox>("cboLanguage");
+        EXPECT_TRUE(language.isEnabled());
+        EXPECT_EQ(language.currentIndex(), 0);
+        language.setCurrentText("Italiano");
+        find<QComboBox>("cboTheme").setCurrentIndex(2);
+        find<QComboBox>("cboPlay").setCurrentIndex(0);
+        QTest::mouseClick(&button("cmdOK"), Qt::LeftButton);
+    });
+    EXPECT_EQ(settings.text(Setting::PageType), "5");
+    EXPECT_EQ(settings.text(Setting::PageLanguage), "it");
+    EXPECT_EQ(settings.text(Setting::PageTheme), "2");
+    EXPECT_EQ(settings.text(Setting::PagePlay), "0");
+    const PageSettings page = PageSettings::read(settings);
+    EXPECT_EQ(page.theme, PageTheme::Dark);
+    EXPECT_EQ(page.play, PagePlay::None);
+}
+
+TEST_F(PageSettingDialog, OptionsOfTheResponsivePageComeBack) {
+    settings.set(Setting::PageType, "5");
+    settings.set(Setting::PageLanguage, "de-CH");
+    settings.set(Setting::PageTheme, "1");
+    settings.set(Setting::PagePlay, "9");
+    run([this] {
+        EXPECT_EQ(checkedType(), 4);
+        EXPECT_EQ(find<QComboBox>("cboLanguage").currentText(), "de-CH");
+        EXPECT_EQ(find<QComboBox>("cboTheme").currentIndex(), 1);
+        EXPECT_EQ(find<QComboBox>("cboPlay").currentIndex(), 1);
+        EXPECT_FALSE(button("cmdApply").isEnabled());
+        find<QComboBox>("cboTheme").setCurrentIndex(0);
+        EXPECT_TRUE(button("cmdApply").isEnabled());
     });
 }
 

@@ -139,4 +139,18 @@ TEST(ComboColor, TheListShowsWholeNamesUnderANarrowBox) {
     combo.hidePopup();
 }
 
+TEST(ComboColor, TheWheelNeverChangesAClosedBox) {
+    comboColor combo;
+    combo.setCurrentIndex(5);
+    combo.show();
+    combo.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&combo));
+    combo.setFocus();
+    QWheelEvent turn(QPointF(5, 5), combo.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                     Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&combo, &turn);
+    EXPECT_EQ(combo.currentIndex(), 5);
+    EXPECT_FALSE(turn.isAccepted());
+}
+
 }  // namespace nubivane

@@ -2,6 +2,7 @@
 #include "windows/widgets/prompt_edit.h"
 
 #include "support/dialog_parts.h"
+#include "windows/widgets/quiet_color.h"
 
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -24,7 +25,7 @@ class PromptBox : public ::testing::Test {
     }
     bool isGrey() const {
         return box->palette().color(QPalette::Text) ==
-               QApplication::palette().color(QPalette::PlaceholderText);
+               quietColor(QApplication::palette(), QPalette::Text, QPalette::Base);
     }
     bool isNormal() const {
         return box->palette().color(QPalette::Text) ==
