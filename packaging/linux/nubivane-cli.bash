@@ -37,8 +37,8 @@ _nubivane_cli() {
         if [[ $cur == -* ]]; then
             COMPREPLY=($(compgen -W '--program-folder --settings --help --version' -- "$cur"))
         else
-            COMPREPLY=($(compgen -W 'show save page plan upload still anigif film avi mp4 print
-                settings' -- "$cur"))
+            COMPREPLY=($(compgen -W 'show save versions version recovered recover page plan
+                upload still anigif film avi mp4 print settings' -- "$cur"))
         fi
         return
     fi
@@ -46,11 +46,13 @@ _nubivane_cli() {
     local command=${words[i]} options='' with_value='' project='' argument=0 j
     case $command in
         page) with_value='--type --into' ;;
+        versions | recovered) options='--json' ;;
         plan) options='--symbols --maps --html-page' ;;
         upload)
             options='--initialize'
             with_value='--host --port --user --password-file'
             ;;
+        still) with_value='--format' ;;
         anigif)
             options='--fine'
             with_value='--compression'
@@ -75,6 +77,7 @@ _nubivane_cli() {
 
     if [[ " $with_value " == *" $prev "* ]]; then
         case $prev in
+            --format) COMPREPLY=($(compgen -W 'bmp gif jpg png tif' -- "$cur")) ;;
             --type) COMPREPLY=($(compgen -W '1 2 3 4 5' -- "$cur")) ;;
             --compression) COMPREPLY=($(compgen -W '1 2 3' -- "$cur")) ;;
             --from) COMPREPLY=($(compgen -W '$(_nubivane_cli_frames "$project")' -- "$cur")) ;;
@@ -92,7 +95,7 @@ _nubivane_cli() {
     case $command:$argument in
         settings:0) COMPREPLY=($(compgen -W 'get set delete' -- "$cur")) ;;
         show:0 | save:0 | page:0 | plan:0 | upload:0 | still:0 | anigif:0 | film:0 | avi:0 | \
-            mp4:0 | print:0 | save:1)
+            mp4:0 | print:0 | versions:0 | version:0 | save:1 | version:2 | recover:1)
             _filedir nvpf
             ;;
         still:1)

@@ -4,6 +4,7 @@
 #include "engine/core/error.h"
 #include "engine/core/host_files.h"
 #include "engine/project/open_project.h"
+#include "engine/project/project_paths.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -16,6 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr std::array stillOptions = {CommandOption{"--format", "bmp|gif|jpg|png|tif"}};
 constexpr std::array pageOptions = {CommandOption{"--type", "1|2|3|4|5"},
                                     CommandOption{"--into", "DIR"}};
 constexpr std::array planOptions = {CommandOption{"--symbols", ""}, CommandOption{"--maps", ""},
@@ -23,6 +25,8 @@ constexpr std::array planOptions = {CommandOption{"--symbols", ""}, CommandOptio
 constexpr std::array uploadOptions = {
     CommandOption{"--initialize", ""}, CommandOption{"--host", "H"}, CommandOption{"--port", "P"},
     CommandOption{"--user", "U"}, CommandOption{"--password-file", "F"}};
+
+constexpr std::array listOptions = {CommandOption{"--json", ""}};
 
 constexpr CommandOption compression{"--compression", "1|2|3"};
 constexpr CommandOption fine{"--fine", ""};
@@ -41,6 +45,24 @@ constexpr std::array table = {
             2,
             {},
             runSave},
+    Command{"versions", "PROJECT",
+            "list the states that were kept before each save, the newest first: number,\n"
+            "      time, cause, Frames and sprites, parted by tabs, or with --json as JSON",
+            1, 1, listOptions, runVersions},
+    Command{"version",
+            "PROJECT N TARGET.nvpf",
+            "write version N of a project as TARGET",
+            3,
+            3,
+            {},
+            runVersion},
+    Command{"recovered", "",
+            "list what editors that run or crashed have open unsaved, the newest\n"
+            "      first: number, project, time, \"crashed\" or \"open\", parted by tabs, or\n"
+            "      with --json as JSON",
+            0, 0, listOptions, runRecovered},
+    Command{
+        "recover", "N TARGET.nvpf", "write entry N of that list as TARGET", 2, 2, {}, runRecover},
     Command{"page", "PROJECT",
             "make the web page (1 buttons, 2 extended view, 3 time interval, 4 slider,\n"
             "      5 responsive; without --type the setting decides) and print the files\n"
@@ -54,15 +76,12 @@ constexpr std::array table = {
             "send the groups of files chosen in the settings, or all with --initialize;\n"
             "      the other options stand in for the settings, and for port 21",
             1, 1, uploadOptions, runUpload},
-    Command{"still",
-            "PROJECT FRAME FILE",
+    Command{"still", "PROJECT FRAME FILE",
             "write a Frame as a bmp, gif, jpg, png or tif file and print its name;\n"
-            "      FRAME may be \"all\", and FILE then holds %d where its number comes",
-            3,
-            3,
-            {},
-            runStill,
-            true},
+            "      FRAME may be \"all\", and FILE then holds %d where its number comes. \"-\"\n"
+            "      stands for the standard output, here (as png without --format) and for\n"
+            "      anigif, film and print",
+            3, 3, stillOptions, runStill, true},
     Command{"anigif", "PROJECT FRAME FILE",
             "write a Frame with its moving symbols as a GIF; --compression leaves out\n"
             "      every second image, or two of three; --fine comes closer to the colours\n"
@@ -75,7 +94,7 @@ constexpr std::array table = {
             2, 2, filmOptions, runFilm, true},
     Command{"avi", "PROJECT FRAME FILE",
             "write a Frame with its moving symbols as an AVI video, as large as its map\n"
-            "      without --width and --height",
+            "      without --width and --height; one of them alone keeps the proportions",
             3, 3, videoOptions, runAvi, true},
     Command{"mp4", "PROJECT FRAME FILE", "the same as an MP4 video", 3, 3, videoOptions, runMp4,
             true},
@@ -106,7 +125,7 @@ QString modelPath(const QString& hostPath) {
 
 void openNamedProject(CommandContext& context, const QString& hostFile,
                       const std::optional<QString>& mapsFolder) {
-    if (!QFileInfo(hostFile).isFile()) {
+    if (!projectStands(hostFile)) {
         throw Error(error_number::FileNotFound, u"command line"_s,
                     hostFile +
                         u".\rThis is not a valid Nubivane file, or its format is not "_s

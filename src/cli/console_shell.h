@@ -17,6 +17,7 @@ class ConsoleShell : public Shell {
     Answer messageBox(const Message& message) override;
     QString openFileName(const FileRequest&) override { return {}; }
     QString saveFileName(const FileRequest&) override { return {}; }
+    QString chooseFolder(const FileRequest&) override { return {}; }
     std::optional<qint32> chooseColor(qint32) override { return std::nullopt; }
     void setProgress(int percent) override;
     void hideProgress() override;

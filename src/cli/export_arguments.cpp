@@ -28,6 +28,19 @@ GifQuality qualityOf(const CommandContext& context) {
     return context.options.contains(u"--fine"_s) ? GifQuality::Fine : GifQuality::Usual;
 }
 
+void RemarkWatcher::remark(const QString& sentence) {
+    const std::lock_guard lock(mutex_);
+    if (!told_.contains(sentence)) {
+        told_ += sentence;
+    }
+}
+
+RemarkWatcher::~RemarkWatcher() {
+    for (const QString& sentence : told_) {
+        streams::printError(sentence);
+    }
+}
+
 int printWritten(const QStringList& hostFiles) {
     return streams::writeResult(hostFiles.join(u'\n').toUtf8() + '\n') ? exit_code::Done
                                                                        : exit_code::Failed;

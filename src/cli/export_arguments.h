@@ -6,6 +6,9 @@
 #include "engine/gif/gif_colors.h"
 
 #include <QString>
+#include <QStringList>
+
+#include <mutex>
 
 namespace nubivane {
 
@@ -20,8 +23,24 @@ int compressionOf(const CommandContext& context);
 /// What `--fine` asks for.
 GifQuality qualityOf(const CommandContext& context);
 
-/// Shows the progress of an export on the console.
-class ConsoleWatcher : public ExportWatcher {
+/// Prints what an export remarked, each sentence once, when it has ended: progress stands on the
+/// same line until then. Any number of threads may tell it.
+class RemarkWatcher : public ExportWatcher {
+  public:
+    RemarkWatcher() = default;
+    ~RemarkWatcher() override;
+    RemarkWatcher(const RemarkWatcher&) = delete;
+    RemarkWatcher& operator=(const RemarkWatcher&) = delete;
+
+    void remark(const QString& sentence) override;
+
+  private:
+    std::mutex mutex_;
+    QStringList told_;
+};
+
+/// Shows the progress of an export on the console, too.
+class ConsoleWatcher : public RemarkWatcher {
   public:
     explicit ConsoleWatcher(ConsoleShell& shell) : progress_(shell, 0), shell_(shell) {}
 

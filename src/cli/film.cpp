@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/export_arguments.h"
+#include "cli/export_target.h"
 #include "engine/core/error.h"
 #include "engine/export/video_export.h"
 
@@ -34,15 +35,17 @@ int runFilm(CommandContext& context) {
         .FrameInterval = intervalOf(context),
         .quality = qualityOf(context),
     };
+    checkEnding(context.arguments[1], {u"gif"_s, u"mp4"_s});
+    const ExportTarget target(context.arguments[1], u"gif"_s);
     try {
         ConsoleWatcher watcher(context.shell);
-        const QString path = modelPath(context.arguments[1]);
+        const QString path = target.path();
         const bool mp4 = path.endsWith(QLatin1String(".mp4"), Qt::CaseInsensitive);
         (mp4 ? saveFilmMp4 : saveFilm)(context.workspace, path, options, watcher);
     } catch (const Error& error) {
         failSaving(error);
     }
-    return printWritten({context.arguments[1]});
+    return target.deliver();
 }
 
 }  // namespace nubivane

@@ -12,6 +12,7 @@
 #include <clocale>
 #include <cstring>
 #include <memory>
+#include <optional>
 
 #ifdef Q_OS_UNIX
 #include <langinfo.h>
@@ -31,6 +32,19 @@ void chooseUtf8() {
         qputenv("LC_ALL", "C.UTF-8");
     }
 #endif
+}
+
+/// The words of a command line; nothing when one of them is no UTF-8.
+std::optional<QStringList> wordsOf(int argc, char* argv[]) {
+    QStringList words;
+    for (int i = 1; i < argc; ++i) {
+        const QByteArray bytes(argv[i]);
+        words += QString::fromUtf8(bytes);
+        if (words.last().toUtf8() != bytes) {
+            return std::nullopt;
+        }
+    }
+    return words;
 }
 
 /// A screen of no display needs no folder for its run either, but Qt would complain of a missing
@@ -66,7 +80,8 @@ ProgramFolder chooseFolder(const Arguments& arguments) {
 int run(const Arguments& arguments) {
     ConsoleShell shell;
     try {
-        SettingsStore settings(arguments.settingsFile.value_or(SettingsStore::standardFile()));
+        SettingsStore settings(arguments.settingsFile ? *arguments.settingsFile
+                                                      : SettingsStore::standardFile());
         if (!settings.setAside().isEmpty()) {
             streams::printError(u"The settings file was damaged. It was renamed to \""_s +
                                 settings.setAside() + u"\" and the defaults are used."_s);
@@ -84,12 +99,14 @@ int run(const Arguments& arguments) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
-    QStringList words;
-    for (int i = 1; i < argc; ++i) {
-        words += QString::fromLocal8Bit(argv[i]);
+    const std::optional<QStringList> words = wordsOf(argc, argv);
+    if (!words) {
+        streams::printError(u"nubivane-cli: names and texts have to be UTF-8."_s,
+                            u"a name that is not would be written as another"_s);
+        return exit_code::Failed;
     }
     QString error;
-    const auto arguments = parseArguments(words, error);
+    const auto arguments = parseArguments(*words, error);
     if (!arguments) {
         streams::printError(u"nubivane-cli: "_s + error, u"see nubivane-cli --help"_s);
         return exit_code::WrongUsage;

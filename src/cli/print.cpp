@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/export_arguments.h"
+#include "cli/export_target.h"
 #include "engine/core/error.h"
 #include "engine/export/export_stage.h"
 #include "engine/export/print_export.h"
@@ -11,14 +12,18 @@ using namespace Qt::StringLiterals;
 int runPrint(CommandContext& context) {
     openNamedProject(context, context.arguments[0]);
     const qint32 frame = frameNumber(context, context.arguments[1]);
+    checkEnding(context.arguments[2], {u"pdf"_s});
+    const ExportTarget target(context.arguments[2], u"pdf"_s);
     try {
-        printToPdf(canvasToPrint(renderFrame(context.workspace, frame)),
-                   modelPath(context.arguments[2]));
+        ConsoleWatcher watcher(context.shell);
+        remarkMissingLetters(contentOf(context.workspace, frame), watcher);
+        printToPdf(canvasToPrint(renderFrame(context.workspace, frame)), target.path(),
+                   titleOfPrint(context.workspace, frame));
     } catch (const Error& error) {
         throw Error(error.number(), error.source(), u"An error occurred while printing."_s,
                     QString::fromUtf8(error.what()));
     }
-    return printWritten({context.arguments[2]});
+    return target.deliver();
 }
 
 }  // namespace nubivane

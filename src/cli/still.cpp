@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/export_arguments.h"
+#include "cli/export_target.h"
 #include "engine/core/error.h"
 #include "engine/core/parallel.h"
 #include "engine/export/export_stage.h"
@@ -34,22 +35,35 @@ void saveAll(CommandContext& context, const QStringList& files) {
     // Frames that follow each other mostly show the same symbols, and stay on one stage.
     constexpr qsizetype FramesOnAStage = 10;
     const qsizetype stages = (files.size() + FramesOnAStage - 1) / FramesOnAStage;
+    RemarkWatcher remarks;
     const ProgressGuard progress(context.shell, 0);
     parallelFor(
         static_cast<std::size_t>(stages),
         [&](std::size_t number) {
             ExportStage stage;
-            ExportWatcher nobody;
             const qsizetype first = static_cast<qsizetype>(number) * FramesOnAStage;
             for (qsizetype i = first; i < std::min(first + FramesOnAStage, files.size()); ++i) {
                 saveMapFile(stage, contentOf(context.workspace, static_cast<qint32>(i) + 1),
-                            modelPath(files[i]), nobody);
+                            modelPath(files[i]), remarks);
             }
         },
         [&](std::size_t done) {
             context.shell.setProgress(
                 static_cast<int>(100 * static_cast<qsizetype>(done) / stages));
         });
+}
+
+/// The format that `--format` names, or that of an ending.
+QString formatFor(const CommandContext& context, const QString& name) {
+    if (!ExportTarget::isStandardOutput(name)) {
+        if (context.options.contains(u"--format"_s)) {
+            throw Error(error_number::InvalidArgument, u"command line"_s,
+                        u"--format is for the standard output alone."_s,
+                        u"a file has the format that its name ends in"_s);
+        }
+        return {};
+    }
+    return context.options.value(u"--format"_s, u"png"_s);
 }
 
 }  // namespace
@@ -59,18 +73,19 @@ int runStill(CommandContext& context) {
     const QString frame = context.arguments[1];
     const QString name = context.arguments[2];
     const bool all = frame == u"all";
+    const ExportTarget target(name, formatFor(context, name));
     const QStringList files = all ? filesOfAll(context, name) : QStringList{name};
     try {
         if (all) {
             saveAll(context, files);
         } else {
             ConsoleWatcher watcher(context.shell);
-            saveMapFile(context.workspace, frameNumber(context, frame), modelPath(name), watcher);
+            saveMapFile(context.workspace, frameNumber(context, frame), target.path(), watcher);
         }
     } catch (const Error& error) {
         failSaving(error);
     }
-    return printWritten(files);
+    return all ? printWritten(files) : target.deliver();
 }
 
 }  // namespace nubivane

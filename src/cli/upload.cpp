@@ -61,6 +61,17 @@ void applyOptions(const QHash<QString, QString>& options, FtpSettings& settings,
     }
 }
 
+/// The page that an upload knows has one name; one made under another stays where it is.
+void warnWithoutPage(const Workspace& workspace) {
+    const QString page = workspace.settings.text(Setting::PreviewFilename) + u".htm"_s;
+    if (!host_files::fileExists(workspace.folder.entry(page))) {
+        streams::printError(u"The site that was sent has no page."_s,
+                            u"there is no "_s + host_files::toHost(workspace.folder.entry(page)) +
+                                u": make it first with \"nubivane-cli page\", and leave the "
+                                "setting Filename alone"_s);
+    }
+}
+
 int failed(const QString& text) {
     streams::printError(text);
     return exit_code::Failed;
@@ -94,6 +105,9 @@ int runUpload(CommandContext& context) {
     UploadRun run(context.editor(), view);
     if (!run.runUpload(initialising, server)) {
         return exit_code::Failed;
+    }
+    if (initialising || settings.groups.htmlPage) {
+        warnWithoutPage(context.workspace);
     }
     if (initialising) {
         rememberInitialized(context.workspace.settings);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/export_arguments.h"
+#include "cli/export_target.h"
 #include "engine/core/error.h"
 #include "engine/export/video_export.h"
 #include "engine/video/video_writer.h"
@@ -26,9 +27,11 @@ int sideOf(const CommandContext& context, const QString& option) {
     return side;
 }
 
-int run(CommandContext& context, decltype(saveAvi)& save) {
+int run(CommandContext& context, decltype(saveAvi)& save, const QString& ending) {
     openNamedProject(context, context.arguments[0]);
     const qint32 frame = frameNumber(context, context.arguments[1]);
+    checkSeekable(context.arguments[2], ending.toUpper());
+    checkEnding(context.arguments[2], {ending});
     const VideoOptions options{
         .size = {sideOf(context, u"--width"_s), sideOf(context, u"--height"_s)},
         .compression = compressionOf(context),
@@ -45,11 +48,11 @@ int run(CommandContext& context, decltype(saveAvi)& save) {
 }  // namespace
 
 int runAvi(CommandContext& context) {
-    return run(context, saveAvi);
+    return run(context, saveAvi, u"avi"_s);
 }
 
 int runMp4(CommandContext& context) {
-    return run(context, saveMp4);
+    return run(context, saveMp4, u"mp4"_s);
 }
 
 }  // namespace nubivane

@@ -103,12 +103,14 @@ class CliTest : public ::testing::Test {
     }
 
     TemporaryFolder temporary;
+    TemporaryFolder state;  ///< where earlier versions and recovery copies are kept
 
   private:
     /// Nothing of the tests' own environment but what a person's session has: a home and a locale.
     QProcessEnvironment environment(const QStringList& settings) const {
         QProcessEnvironment variables;
         variables.insert("HOME", temporary.path());
+        variables.insert("XDG_STATE_HOME", state.path());
         variables.insert("LANG", "C.UTF-8");
         for (const QString& setting : settings) {
             variables.insert(setting.section(u'=', 0, 0), setting.section(u'=', 1));

@@ -42,6 +42,23 @@ TEST_F(Help, IsTheSameBehindACommand) {
     EXPECT_EQ(runPlain({"--settings", "s.ini", "--help"}).out, text);
 }
 
+TEST_F(Help, HasAShortForm) {
+    const QByteArray text = runPlain({"--help"}).out;
+    EXPECT_TRUE(text.contains("-h, --help"));
+    EXPECT_TRUE(text.contains("-V, --version"));
+    EXPECT_EQ(runPlain({"-h"}).out, text);
+    EXPECT_EQ(runPlain({"page", "-h"}).out, text);
+    EXPECT_EQ(runPlain({"page", "a.nvpf", "--frob", "-h"}).out, text);
+    EXPECT_EQ(runPlain({"-V"}).out, runPlain({"--version"}).out);
+}
+
+TEST_F(Help, WorksOnTheFirstWordOfATwoWordCommand) {
+    const ProcessResult result = runPlain({"settings", "--help"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.out, runPlain({"--help"}).out);
+    EXPECT_EQ(runPlain({"settings", "-h"}).out, result.out);
+}
+
 TEST_F(Help, OpensAndWritesNothing) {
     const QStringList before = files();
     EXPECT_EQ(run({"--help"}).exitCode, 0);

@@ -42,6 +42,26 @@ TEST_F(SettingsCommand, WhatIsStoredGoesBeforeTheDefault) {
     EXPECT_EQ(get(entry + QStringList{"Forecast"}), "Bay watch\n");
 }
 
+TEST_F(SettingsCommand, AKeyThatNobodyReadsIsStoredAndTold) {
+    const QString section = "Nubivane\\6.0.0\\Settings";
+    for (const QStringList& unread :
+         {QStringList{section, "Html page", "Titel"}, QStringList{"Settings", "Html page", "Title"},
+          QStringList{section, "Page", "Title"},
+          QStringList{section, "Symbols collection", "first"},
+          QStringList{section + "\\General\\Position", "Window", "Form top"}}) {
+        const ProcessResult result = set(unread, "x");
+        EXPECT_EQ(result.exitCode, 0);
+        EXPECT_TRUE(result.err.startsWith("Nothing reads the setting \"" + unread[2].toUtf8()))
+            << result.err.toStdString();
+        EXPECT_EQ(get(unread), "x\n");
+    }
+    for (const QStringList& read : {QStringList{section, "html PAGE", "title"},
+                                    QStringList{section, "Symbols collection", "3"},
+                                    QStringList{section + "\\General", "Recent Files", "1"}}) {
+        EXPECT_EQ(set(read, "x").err, "");
+    }
+}
+
 TEST_F(SettingsCommand, AnEmptyValueIsAValue) {
     set(entry, "");
     EXPECT_EQ(get(entry + QStringList{"Forecast"}), "\n");

@@ -61,6 +61,22 @@ TEST_F(UploadCommand, AnInitialisationSendsTheWholeSite) {
     EXPECT_EQ(get("Upload", "html page"), "2");
 }
 
+TEST_F(UploadCommand, ASiteWithoutAPageIsSentAndTold) {
+    OwnFtpServer server;
+    const QString project = useSoundProject();
+    run({"settings", "set", "Nubivane\\6.0.0\\Settings", "Html page", "Filename", "weather"});
+    ASSERT_EQ(run({"page", project}).exitCode, 0);
+    set("Upload", "html page", "1");
+    const ProcessResult result = run(QStringList{"upload", project} + to(server));
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_TRUE(result.err.startsWith("The site that was sent has no page.\n  there is no " +
+                                      host("Forecast.htm").toUtf8()))
+        << result.err.toStdString();
+    set("Upload", "html page", "0");
+    set("Upload", "maps", "1");
+    EXPECT_EQ(run(QStringList{"upload", project} + to(server)).err, "");
+}
+
 TEST_F(UploadCommand, OtherwiseTheSettingsChoose) {
     OwnFtpServer server;
     const QString project = useSoundProject();

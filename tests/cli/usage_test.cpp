@@ -41,7 +41,25 @@ INSTANTIATE_TEST_SUITE_P(
             "UnknownHalfOfACommand", {"settings", "frob"}, "unknown command \"settings frob\""},
         WrongUse{"CommandInAnotherCase", {"Show", "a.nvpf"}, "unknown command \"Show a.nvpf\""},
         WrongUse{"UnknownGlobalOption", {"--frob", "show", "a.nvpf"}, "unknown option --frob"},
-        WrongUse{"ShortOption", {"-h"}, "unknown option -h"},
+        WrongUse{"UnknownShortOption", {"-x"}, "unknown option -x"},
+        WrongUse{
+            "TypeTwice", {"page", "a.nvpf", "--type", "1", "--type=2"}, "--type is given twice"},
+        WrongUse{"FlagTwice", {"plan", "--maps", "a.nvpf", "--maps"}, "--maps is given twice"},
+        WrongUse{"SettingsTwice",
+                 {"--settings", "a.ini", "--settings=b.ini", "show", "a.nvpf"},
+                 "--settings is given twice"},
+        WrongUse{"TypeSixBehindAnEqualsSign",
+                 {"page", "a.nvpf", "--type=6"},
+                 "--type takes 1|2|3|4|5, not \"6\""},
+        WrongUse{"EmptyTypeBehindAnEqualsSign",
+                 {"page", "a.nvpf", "--type="},
+                 "--type takes 1|2|3|4|5, not \"\""},
+        WrongUse{"AFlagWithAValueBehindAnEqualsSign",
+                 {"plan", "--maps=1", "a.nvpf"},
+                 "--maps takes no value"},
+        WrongUse{"UnknownOptionWithAValue",
+                 {"page", "a.nvpf", "--frob=1"},
+                 "\"page\" has no option --frob"},
         WrongUse{
             "ProgramFolderWithoutValue", {"--program-folder"}, "--program-folder needs a value"},
         WrongUse{"SettingsWithoutValue", {"--settings"}, "--settings needs a value"},
@@ -115,6 +133,24 @@ TEST_F(Usage, AnOptionMayStandBeforeOrBehindTheProject) {
     const QString project = useSoundProject();
     EXPECT_EQ(run({"page", "--type", "2", project}).exitCode, 0);
     EXPECT_EQ(run({"page", project, "--type", "2"}).exitCode, 0);
+}
+
+TEST_F(Usage, AValueMayStandBehindAnEqualsSign) {
+    const QString project = useSoundProject();
+    EXPECT_EQ(run({"page", "--type=2", project}).exitCode, 0);
+    EXPECT_EQ(run({"settings", "set", "S", "G", "K", "a=b"}).exitCode, 0);
+    EXPECT_EQ(run({"settings", "get", "S", "G", "K"}).out, "a=b\n");
+}
+
+TEST_F(Usage, AValueMayBeginWithOneHyphen) {
+    EXPECT_EQ(run({"settings", "set", "S", "G", "K", "-5"}).exitCode, 0);
+    EXPECT_EQ(run({"settings", "get", "S", "G", "K"}).out, "-5\n");
+    EXPECT_EQ(run({"settings", "set", "S", "G", "K", "-V"}).exitCode, 0);
+    EXPECT_EQ(run({"settings", "get", "S", "G", "K"}).out, "-V\n");
+}
+
+TEST_F(Usage, AnOptionsOwnValueIsNoRepetition) {
+    EXPECT_EQ(run({"upload", "a.nvpf", "--user", "--host", "--host", "h"}).exitCode, 1);
 }
 
 TEST_F(Usage, AValueMayLookLikeAnOptionBehindTwoHyphens) {

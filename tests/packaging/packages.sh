@@ -65,7 +65,7 @@ equal "the AppStream version" "$version" \
 check "CHANGELOG.md tells of the version" grep -q "^## $version" "$root/CHANGELOG.md"
 
 # What Qt loads by itself stands in no program's list of libraries.
-for package in qt6-image-formats-plugins libqt6svg6 fonts-liberation2 libqt6widgets6 libavformat59; do
+for package in qt6-image-formats-plugins libqt6svg6 qt6-wayland xdg-utils fonts-liberation2 libqt6widgets6 libavformat59; do
     case ", $(dpkg-deb -f "$deb" Depends)," in
         *", $package"[,\ ]*) echo "ok: depends on $package" ;;
         *) fail "does not depend on $package" ;;
