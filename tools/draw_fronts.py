@@ -8,15 +8,16 @@ import math
 
 import cairo
 
-from ink import colour, lettering, outlined, ribbon, vertical, wave
+from ink import colour, halo, lettering, outlined, ribbon, vertical, wave
 from draw_wind import SIDES
 
 HIGH = (colour("7ab6ff"), colour("2560c8"), colour("0f2f6e"))
 LOW = (colour("ff9a8a"), colour("d3262e"), colour("6c0d14"))
 COLD = (colour("3f83ee"), colour("0f3380"))
 WARM = (colour("ee4a45"), colour("7c1014"))
-OCCLUDED = (colour("b04fd0"), colour("521263"))
+OCCLUDED = (colour("bf5ce0"), colour("521263"))
 TROUGH = (colour("c98a3a"), colour("6b3f0c"))
+SQUALL = (colour("e0383a"), colour("5c0a10"))
 COLD_AIR = (colour("d6ecff"), colour("2f7fdf"), colour("113f80"))
 WARM_AIR = (colour("ffe9c9"), colour("ee5a32"), colour("7c1f0c"))
 
@@ -117,6 +118,11 @@ def front(kind, towards):
             ink = {"cold": COLD, "warm": WARM, "occluded": OCCLUDED}[kind]
             marks = [(make(at), ink) for make, at in zip(shape, MARKS)]
             pieces = [(line(-REACH, REACH), ink)]
+        if kind == "occluded":
+            for path, _ in marks:
+                halo(context, path, 2 * 2.3)
+            for path, _ in pieces:
+                halo(context, path, 4.0 + 2 * 2.3)
         for path, ink in marks:
             outlined(context, path, ink[0], ink[1], 1.25)
         for path, ink in pieces:
@@ -157,6 +163,30 @@ def trough(turn):
     return paint
 
 
+def squall_line(turn):
+    """Dashes with two dots between, as charts have them, that run along."""
+    def paint(context, t):
+        context.translate(32, 32)
+        context.rotate(math.radians(turn))
+        for number in range(-2, 3):
+            start = 32.0 * (number + t) - 16.0
+            for first, last in ((0.0, 9.0), (16.7, 16.8), (24.4, 24.5)):
+                # What leaves at one end and comes in at the other grows out of nothing.
+                y1, y2 = max(start + first, -27.0), min(start + last, 27.0)
+                if y2 >= y1:
+                    def piece(c):
+                        c.move_to(0, y1)
+                        c.line_to(0, y2)
+                    halo(context, piece, 4.4 + 2 * 2.1)
+        for number in range(-2, 3):
+            start = 32.0 * (number + t) - 16.0
+            for first, last in ((0.0, 9.0), (16.7, 16.8), (24.4, 24.5)):
+                y1, y2 = max(start + first, -27.0), min(start + last, 27.0)
+                if y2 >= y1:
+                    ribbon(context, lambda c: (c.move_to(0, y1), c.line_to(0, y2)), 4.4, SQUALL[0], SQUALL[1], 1.1)
+    return paint
+
+
 # Storms of the tropics ------------------------------------------------------------------------------------------------
 
 def tropical(open_eye, tones):
@@ -177,8 +207,12 @@ def tropical(open_eye, tones):
                 c.curve_to(-5, -22, -3, -15, -6, -10)
                 c.close_path()
                 c.restore()
+        def disc(c):
+            c.arc(0, 0, 13.2, 0, 2 * math.pi)
+        halo(context, arms, 2 * 2.4)
+        halo(context, disc, 2 * 2.4)
         outlined(context, arms, fill, edge, 1.3)
-        outlined(context, lambda c: c.arc(0, 0, 13.2, 0, 2 * math.pi), fill, edge, 1.3)
+        outlined(context, disc, fill, edge, 1.3)
         arms(context)
         context.set_source_rgba(*fill)
         context.fill()
@@ -295,16 +329,18 @@ def table():
         "high": (letter("H", HIGH), 1, 10, 32), "low": (letter("L", LOW), 1, 10, 32),
         "high-a": (letter("A", HIGH), 1, 10, 32), "low-b": (letter("B", LOW), 1, 10, 32),
         "low-d": (letter("D", LOW), 1, 10, 32), "low-t": (letter("T", LOW), 1, 10, 32),
-        "high-turning": (letter("H", HIGH, 1), 12, 11, 48), "low-turning": (letter("L", LOW, -1), 12, 9, 48),
-        "high-turning-south": (letter("H", HIGH, -1), 12, 11, 48), "low-turning-south": (letter("L", LOW, 1), 12, 9, 48),
+        "high-turning": (letter("H", HIGH, 1), 12, 11, 48), "low-turning": (letter("L", LOW, -1), 12, 8, 48),
+        "high-turning-south": (letter("H", HIGH, -1), 12, 11, 48), "low-turning-south": (letter("L", LOW, 1), 12, 8, 48),
         "high-building": (letter("H", HIGH, trend=1), 12, 11, 40),
         "high-weakening": (letter("H", HIGH, trend=-1), 12, 11, 40),
         "low-filling": (letter("L", LOW, trend=1), 12, 11, 40), "low-deepening": (letter("L", LOW, trend=-1), 12, 11, 40),
         "hurricane": (tropical(False, (colour("e8423f"), colour("6c0d14"))), 16, 7, 32),
-        "tropical-storm": (tropical(True, (colour("f28a2e"), colour("7c3c05"))), 16, 9, 32),
+        "tropical-storm": (tropical(True, (colour("f28a2e"), colour("7c3c05"))), 16, 8, 32),
         "cyclone-cloud": (spiral_cloud, 16, 8, 40),
         "jet-stream": (jet_stream(0), 16, 6, 32), "jet-stream-rising": (jet_stream(-40), 16, 6, 32),
         "jet-stream-falling": (jet_stream(40), 16, 6, 32),
+        "squall-line": (squall_line(0), 12, 8, 24), "squall-line-rising": (squall_line(45), 12, 8, 24),
+        "squall-line-level": (squall_line(90), 12, 8, 24), "squall-line-falling": (squall_line(-45), 12, 8, 24),
         "trough": (trough(0), 10, 12, 24), "trough-rising": (trough(45), 10, 12, 24),
         "trough-level": (trough(90), 10, 12, 24), "trough-falling": (trough(-45), 10, 12, 24),
     }.items()
@@ -312,8 +348,8 @@ def table():
         for kind in ("cold", "warm", "occluded"):
             yield f"{kind}-front-to-{name}", (front(kind, number * 45), 12, 12, 32)
         yield f"stationary-front-to-{name}", (still_front(number * 45), 16, 12, 32)
-        yield f"cold-air-from-{name}", (air(number * 45 + 180, COLD_AIR), 10, 10, 40)
-        yield f"warm-air-from-{name}", (air(number * 45 + 180, WARM_AIR), 10, 10, 40)
+        yield f"cold-air-from-{name}", (air(number * 45 + 180, COLD_AIR), 10, 8, 40)
+        yield f"warm-air-from-{name}", (air(number * 45 + 180, WARM_AIR), 10, 8, 40)
 
 
 TABLE = dict(table())

@@ -18,8 +18,12 @@ def clear(context, t):
 
 
 def starry(context, t):
-    for x, y, size, shift in ((30, 29, 11.5, 0.25), (13, 17, 7.0, 0.6), (50, 14, 8.0, 0.9), (50, 44, 6.6, 0.45),
-                              (16, 47, 8.4, 0.05), (34, 55, 5.4, 0.75), (33, 8, 5.0, 0.35)):
+    """A round piece of the night sky: stars alone are lost on a pale map."""
+    outlined(context, lambda c: c.arc(32, 32, 28.5, 0, 2 * math.pi),
+             radial(32, 32, 28.5, (0, colour("3f5f9a")), (0.6, colour("2a4277")), (1, colour("1b2c55"))),
+             colour("c9d6ee"), 1.3)
+    for x, y, size, shift in ((30, 30, 11.0, 0.25), (16, 21, 6.4, 0.6), (46, 18, 7.6, 0.9), (48, 42, 6.4, 0.45),
+                              (17, 44, 7.4, 0.05), (34, 51, 5.0, 0.75), (31, 11, 4.6, 0.35)):
         star(context, x, y, size, twinkle(t, shift))
 
 
@@ -162,9 +166,16 @@ def phase(lit):
     def paint(context, t):
         radius = 23.0
         context.translate(32, 32)
-        disc = radial(0, 0, radius * 1.1, (0, colour("5b6b86")), (1, colour("39465c")))
+        near, far = ("5b6b86", "39465c") if lit else ("7f8fae", "4d5d7b")
+        disc = radial(0, 0, radius * 1.1, (0, colour(near)), (1, colour(far)))
         outlined(context, lambda c: c.arc(0, 0, radius, 0, 2 * math.pi), disc, colour("26324a"), 1.3)
-        if lit > 0:
+        if lit == 0:
+            # The old moon in the young one's arms: a rim of light, which also shows it on a dark map.
+            context.arc(0, 0, radius - 1.1, 0, 2 * math.pi)
+            context.set_source_rgba(*colour("e9eef8"))
+            context.set_line_width(2.4)
+            context.stroke()
+        else:
             mirror = 1 if lit <= 0.5 else -1
             context.save()
             context.scale(mirror, 1)
@@ -245,7 +256,7 @@ TABLE = {
     "hail-night": (under_cloud(hailstones, "dark"), 16, 7, 72),
     "fog-night": (fog, 16, 12, 48),
     "mist-night": (mist, 14, 13, 64),
-    "windy-night": (windy, 12, 9, 64),
+    "windy-night": (windy, 12, 8, 64),
     "frost-night": (frosty, 16, 11, 64),
     "shooting-star": (shooting_star, 16, 9, 40),
     "new-moon": (phase(0.0), 12, 15, 40),

@@ -8,7 +8,7 @@ import math
 
 from draw_wind import SIDES
 from ink import colour, lettering, outlined, radial, ribbon, vertical, wave
-from weather import mist_bars, sea, thermometer, whirl
+from weather import sea, thermometer, whirl
 
 WATER = ((colour("a9daf3"), colour("3a83bd")), (colour("6dbbea"), colour("2a70ae")), (colour("3f97d8"), colour("1d5a98")))
 WOOD, WOOD_LINE = colour("c98d4f"), colour("6d4218")
@@ -167,7 +167,11 @@ def iceberg(context, t):
 
 def sea_fog(context, t):
     surf(context, t, ((48.0, 1), (57.0, 2)))
-    mist_bars(context, t, ((13, 12, 46), (21.5, 8, 55), (30, 14, 58), (38.5, 6, 48)))
+    # Deeper in tone than the bars under a cloud, since nothing but them says what it is.
+    for number, (y, left, right) in enumerate(((11.5, 15, 44), (21, 8, 55), (30.5, 13, 58), (40, 6, 49))):
+        shift = 3.0 * wave(t, number / 4)
+        ribbon(context, lambda c: (c.move_to(left + shift, y), c.line_to(right + shift, y)), 5.6,
+               vertical(y - 3, y + 3, colour("f4f7fa"), colour("a9b9c8")), colour("43566b"), 1.3)
 
 
 def waterspout(context, t):
@@ -384,7 +388,7 @@ TABLE = {
     "sea-moderate": (sea(3.0, 26, 0.3), 12, 11, 32),
     "sea-rough": (sea(4.6, 26, 0.55, foam=True), 12, 8, 40),
     "sea-very-rough": (sea(5.6, 26, 0.75, foam=True), 12, 8, 40),
-    "sea-high": (breaker, 12, 9, 56),
+    "sea-high": (breaker, 12, 8, 56),
     "drift-ice": (drift_ice, 14, 13, 48),
     "iceberg": (iceberg, 14, 13, 48),
     "sea-fog": (sea_fog, 16, 12, 48),
@@ -397,17 +401,17 @@ TABLE = {
     "high-tide": (tide_mark(True), 12, 12, 48),
     "low-tide": (tide_mark(False), 12, 12, 48),
     "sailing-boat": (sailing_boat, 14, 11, 64),
-    "buoy": (buoy, 14, 10, 56),
-    "lighthouse": (lighthouse, 16, 10, 56),
+    "buoy": (buoy, 14, 8, 56),
+    "lighthouse": (lighthouse, 16, 8, 56),
     "anchorage": (anchor, 1, 10, 24),
-    "flag-green": (flag(("3fae5a",), "14532a"), 12, 9, 32),
-    "flag-yellow": (flag(("f8cf3f",), "80610a"), 12, 9, 32),
-    "flag-red": (flag(("e0433f",), "6c0d14"), 12, 9, 32),
-    "flag-bathing": (flag(("e0433f", "f8cf3f"), "6c2a0d", halves=True), 12, 9, 40),
-    "flag-gale": (flag(("e0433f",), "6c0d14", count=2), 12, 9, 40),
-    "flag-storm": (flag(("e0433f",), "6c0d14", square=True), 12, 9, 40),
-    "flag-hurricane": (flag(("e0433f",), "6c0d14", square=True, count=2), 12, 9, 40),
+    "flag-green": (flag(("3fae5a",), "14532a"), 12, 8, 32),
+    "flag-yellow": (flag(("f8cf3f",), "80610a"), 12, 8, 32),
+    "flag-red": (flag(("e0433f",), "6c0d14"), 12, 8, 32),
+    "flag-bathing": (flag(("e0433f", "f8cf3f"), "6c2a0d", halves=True), 12, 8, 40),
+    "flag-gale": (flag(("e0433f",), "6c0d14", count=2), 12, 8, 40),
+    "flag-storm": (flag(("e0433f",), "6c0d14", square=True), 12, 8, 40),
+    "flag-hurricane": (flag(("e0433f",), "6c0d14", square=True, count=2), 12, 8, 40),
 }
-TABLE.update({f"swell-from-{name}": (swell(number * 45 + 180), 12, 9, 32) for number, name in enumerate(SIDES)})
+TABLE.update({f"swell-from-{name}": (swell(number * 45 + 180), 12, 8, 32) for number, name in enumerate(SIDES)})
 TABLE.update({"waves-half-m" if metres == "0.5" else f"waves-{metres.zfill(2)}-m": (height(metres), 12, 11, 40)
               for metres in HEIGHTS})

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The collection "warnings": twelve dangers in three degrees, as signs that read at a glance.
+"""The collection "warnings": twelve dangers in four degrees, of which green says that there is none.
 
 A pictogram is a function of (context, t, ink, ground) in a field of 64 x 64 whose middle lies at (32, 39); the sign gives
 it the two colours that it may use.
@@ -13,6 +13,7 @@ from ink import colour, wave
 
 # Sign, its outline, the pictogram's ink.
 DEGREES = {
+    "green": (("a5e08a", "4fae4c"), "1f5c22", "10300f"),
     "yellow": (("ffe45c", "f5c71a"), "7a5c00", "2b2410"),
     "orange": (("ffb04a", "ee7d14"), "7a3600", "2b1606"),
     "red": (("f4665c", "cf2230"), "66060f", "ffffff"),
@@ -291,9 +292,9 @@ def fire(context, t, ink, ground):
 
 
 PICTOGRAMS = {
-    "wind": (wind, 12, 9), "rain": (rain, 14, 8), "thunderstorm": (thunderstorm, 12, 10), "snow": (snow, 14, 12),
+    "wind": (wind, 12, 8), "rain": (rain, 14, 8), "thunderstorm": (thunderstorm, 12, 8), "snow": (snow, 14, 12),
     "ice": (ice, 12, 10), "fog": (fog, 16, 11), "heat": (heat, 14, 9), "cold": (cold, 14, 11),
-    "coast": (coast, 14, 9), "avalanche": (avalanche, 16, 7), "flood": (flood, 14, 9), "fire": (fire, 14, 8),
+    "coast": (coast, 14, 8), "avalanche": (avalanche, 16, 7), "flood": (flood, 14, 8), "fire": (fire, 14, 8),
 }
 
 TABLE = {f"{name}-{degree}": (sign(pictogram, degree), images, delay, 40)

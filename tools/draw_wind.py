@@ -8,7 +8,7 @@ import math
 
 import cairo
 
-from ink import colour, lettering, outlined, radial, ribbon, wave
+from ink import colour, halo, lettering, outlined, radial, ribbon, wave
 from weather import gusts
 
 SIDE = 48
@@ -88,7 +88,7 @@ def calm(context, t):
 # Force ----------------------------------------------------------------------------------------------------------------
 
 BEAUFORT_SHADES = ("8fa3b5", "7fb2d6", "63b5c9", "57b89a", "6cba5f", "96c04a", "d8c23c", "f0b02e", "f2952c", "ee7431",
-                   "e4533a", "cf3050", "a82a7c")
+                   "e4533a", "e23a63", "c04aa8")
 
 
 def beaufort(number):
@@ -97,10 +97,14 @@ def beaufort(number):
         shade = colour(BEAUFORT_SHADES[number])
         dark = tuple(part * 0.52 for part in shade[:3]) + (1.0,)
         pale = tuple(part * 0.45 + 0.55 for part in shade[:3]) + (1.0,)
-        for index in range(4 if number else 0):
-            angle = math.pi / 2 * (index + t)
-            length = 0.035 * number + 0.16
-            ribbon(context, lambda c: c.arc(24, 24, 20.0, angle - length, angle + length), 2.4, shade, dark, 1.0)
+        length = 0.035 * number + 0.16
+        strokes = [math.pi / 2 * (index + t) for index in range(4 if number else 0)]
+        if number > 10:  # the deepest colours need a rim of light on dark maps
+            for angle in strokes:
+                halo(context, lambda c: c.arc(24, 24, 19.6, angle - length, angle + length), 2.4 + 2 * 1.9)
+            halo(context, lambda c: c.arc(24, 24, 15.2, 0, 2 * math.pi), 2 * 2.3)
+        for angle in strokes:
+            ribbon(context, lambda c: c.arc(24, 24, 19.6 if number > 10 else 20.0, angle - length, angle + length), 2.4, shade, dark, 1.0)
         outlined(context, lambda c: c.arc(24, 24, 15.2, 0, 2 * math.pi),
                  radial(24, 24, 15.2, (0, pale), (0.55, shade), (1, shade)), dark, 1.2)
         lettering(context, str(number), 24, 24, 15, (1, 1, 1, 1), dark, 1.3)

@@ -47,6 +47,7 @@ class SilentShell : public Shell {
     }
     QString openFileName(const FileRequest&) override { return {}; }
     QString saveFileName(const FileRequest&) override { return {}; }
+    QString chooseFolder(const FileRequest&) override { return {}; }
     std::optional<qint32> chooseColor(qint32) override { return std::nullopt; }
     void setProgress(int) override {}
     void hideProgress() override {}
@@ -167,7 +168,7 @@ class Photographer {
         select(shot.selected);
         bool taken = false;
         QTimer::singleShot(SettlingMs, [&] { walk(shot, shot.buttons, taken); });
-        window_.commands()[shot.command]->trigger();
+        window_.commands().action(shot.command)->trigger();
         if (!taken) {
             std::fprintf(stderr, "help_shots: no window for %s\n", shot.file);
             failed = true;
@@ -180,9 +181,10 @@ class Photographer {
     void select(Selected selected) {
         Selection& selection = window_.canvas().selection();
         selection.clearSelection();
-        const char wanted = selected == Selected::Symbol ? '1' : '2';
+        const SpriteKind wanted =
+            selected == Selected::Symbol ? SpriteKind::Symbol : SpriteKind::Label;
         for (SpriteControl* control : window_.canvas().sprites().controls()) {
-            if (selected != Selected::Nothing && control->Tag.startsWith(QLatin1Char(wanted))) {
+            if (selected != Selected::Nothing && control->id.kind == wanted) {
                 selection.select(*control);
                 return;
             }
@@ -265,6 +267,20 @@ void placeFirstSymbols(frmMap& window, const Workspace& workspace) {
     symbol("sun.gif", {330, 430});
 }
 
+/// The list of edits after some more of them, the last of which are taken back.
+void takeHistory(frmMap& window, Photographer& photographer) {
+    for (const char* command : {"mnuDelSymbol", "mnuFrameInsert"}) {
+        window.commands().action(command)->trigger();
+        settle();
+    }
+    window.commands().action("mnuUndo")->trigger();
+    settle();
+    window.commands().action("mnuHistory")->trigger();
+    settle();
+    photographer.save("history.png", window.editCommands().history()->grab());
+    window.editCommands().history()->close();
+}
+
 int takeAll(const QString& content, const QString& project, const QString& output) {
     const QTemporaryDir scratch;
     copyProgramFolder(content, scratch.path());
@@ -284,6 +300,7 @@ int takeAll(const QString& content, const QString& project, const QString& outpu
     settle();
     photographer.save("first-symbols.png", window.grab());
     photographer.saveUsed("draw-strip.png", window.pctTlbDraw());
+    takeHistory(window, photographer);
 
     workspace.ProjectChanged = false;
     window.projectCommands().open(host_files::toModel(project));

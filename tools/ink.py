@@ -67,6 +67,18 @@ def outlined(context, path, fill, line, weight=LINE):
     context.fill()
 
 
+HALO = colour("fbf7ff")
+
+
+def halo(context, path, width):
+    """A pale rim for what follows on the same path: without it deep colours sink into a dark map."""
+    context.new_path()
+    path(context)
+    context.set_source_rgba(*HALO)
+    context.set_line_width(width)
+    context.stroke()
+
+
 def ribbon(context, path, width, fill, line, weight=LINE):
     """A stroke with an outline."""
     for extra, ink in ((2 * weight, line), (0, fill)):

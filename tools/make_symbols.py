@@ -12,6 +12,8 @@ import os
 import numpy as np
 from PIL import Image, ImageFilter
 
+import draw_air
+import draw_barbs
 import draw_day
 import draw_fronts
 import draw_night
@@ -30,6 +32,8 @@ COLLECTIONS = {
     "fronts": (draw_fronts.TABLE, 64),
     "sea": (draw_sea.TABLE, 64),
     "warnings": (draw_warnings.TABLE, 64),
+    "barbs": (draw_barbs.TABLE, draw_barbs.SIDE),
+    "air": (draw_air.TABLE, 64),
 }
 
 
