@@ -28,6 +28,7 @@ class SilentShell : public Shell {
     Answer messageBox(const Message&) override { return Answer::Ok; }
     QString openFileName(const FileRequest&) override { return {}; }
     QString saveFileName(const FileRequest&) override { return {}; }
+    QString chooseFolder(const FileRequest&) override { return {}; }
     std::optional<qint32> chooseColor(qint32) override { return std::nullopt; }
     void setProgress(int) override {}
     void hideProgress() override {}

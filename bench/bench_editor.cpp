@@ -53,7 +53,7 @@ class Editor {
         window_.resize(1200, 900);
         window_.show();
         fill();
-        window_.commands()["mnuFrameInsert"]->trigger();
+        window_.commands()[Command::mnuFrameInsert]->trigger();
         fill();
         QApplication::processEvents();
     }
@@ -74,14 +74,26 @@ class Editor {
         QApplication::sendEvent(&canvas(), &event);
     }
 
+    /// Brings the Frame shown to a number of symbols.
+    void fillTo(int count) {
+        window_.commands()[Command::mnuFrameInsert]->trigger();
+        for (int i = 0; i < count; ++i) {
+            place(i, {60 + i % 40 * 15, 60 + i / 40 % 25 * 15});
+        }
+        QApplication::processEvents();
+    }
+
   private:
-    void fill() {
+    void place(int number, QPoint position) {
         const QDir symbols(programFolder + "/Symbols/set-1");
         const QStringList files = symbols.entryList({"*.gif"}, QDir::Files, QDir::Name);
+        const QString file = symbols.filePath(files[number % files.size()]).replace(u'/', u'\\');
+        window_.canvas().placement().drop("symbol|" + file, position);
+    }
+
+    void fill() {
         for (int i = 0; i < SymbolsOnFrame; ++i) {
-            const QString file = symbols.filePath(files[i % files.size()]).replace(u'/', u'\\');
-            window_.canvas().placement().drop("symbol|" + file,
-                                              {60 + i % 10 * 70, 60 + i / 10 * 110});
+            place(i, {60 + i % 10 * 70, 60 + i / 10 * 110});
         }
     }
 
@@ -117,6 +129,31 @@ void dragOneOfFifty(benchmark::State& state) {
     state.counters["map"] = static_cast<double>(qint64{map.width()} * map.height());
 }
 BENCHMARK(dragOneOfFifty)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// One edit and its undo on a Frame of that many symbols; the time is for both.
+void editAndUndo(benchmark::State& state) {
+    Editor editor;
+    editor.fillTo(static_cast<int>(state.range(0)));
+    frmMap& window = editor.window();
+    for (auto _ : state) {
+        window.canvas().selection().select(*window.canvas().sprites().controls().front());
+        window.commands()[Command::mnuDelSymbol]->trigger();
+        window.commands()[Command::mnuUndo]->trigger();
+    }
+}
+BENCHMARK(editAndUndo)->Arg(10)->Arg(1000)->Unit(benchmark::kMicrosecond)->UseRealTime();
+
+/// A stroke of the pen across the map, committed as an edit.
+void stroke(benchmark::State& state) {
+    Editor editor;
+    editor.window().canvas().drawing().chooseTool(1);
+    for (auto _ : state) {
+        editor.mouse(QEvent::MouseButtonPress, {5, 5});
+        editor.mouse(QEvent::MouseMove, {600, 450});
+        editor.mouse(QEvent::MouseButtonRelease, {600, 450});
+    }
+}
+BENCHMARK(stroke)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
 }  // namespace
 

@@ -64,19 +64,41 @@ class Project {
         forecast.Title().Text = "Forecast for day " + QString::number(number);
         forecast.Subtitle().Text = "issued in the morning";
         for (const char* name : {"Sky", "Wind", "Sea"}) {
-            forecast.Header().Add(NoColor, 0, "Arial", "9", 1, true, false, false, false, false,
-                                  QLatin1String(name));
-            forecast.Body().Add(NoColor, 0, "Arial", "9", 1, false, false, false, false, false,
-                                QStringLiteral("calm \u2013 2 to 3"));
+            forecast.Header().add({.Font = {.Name = "Arial", .Size = 9, .Bold = true},
+                                   .IndexFontSize = 1,
+                                   .BackColor = NoColor,
+                                   .Text = QLatin1String(name)});
+            forecast.Body().add({.Font = {.Name = "Arial", .Size = 9},
+                                 .IndexFontSize = 1,
+                                 .BackColor = NoColor,
+                                 .Text = QStringLiteral("calm \u2013 2 to 3")});
         }
         const QString path = workspace_.folder.symbols() + "\\sky\\sun.gif";
         const auto frameNumber = static_cast<qint16>(number);
         for (int i = 0; i < SpritesOfKind; ++i) {
-            frame.Sprites().Symbols().Add(frameNumber, "gifSymbol", i, 48, 48, 20 * i, 30 * i, path,
-                                          path, "forecast.example/sun", "sunny", "");
-            frame.Sprites().Labels().Add(frameNumber, "lblTesto", i, 20, 60, 20 * i, 30 * i,
-                                         QStringLiteral("21 \u00b0C"), "Arial", "12", true, false,
-                                         false, false, false, NoColor, 255, "0", 0, "maximum");
+            frame.Sprites().Symbols().add({.Name = "gifSymbol",
+                                           .Frame = frameNumber,
+                                           .PosX = 20 * i,
+                                           .PosY = 30 * i,
+                                           .Width = 48,
+                                           .Height = 48,
+                                           .FileGif = path,
+                                           .PathFileGif = path,
+                                           .Index = i,
+                                           .Link = "forecast.example/sun",
+                                           .Tooltip = "sunny"});
+            frame.Sprites().Labels().add(
+                {.Name = "lblTesto",
+                 .Index = i,
+                 .Frame = frameNumber,
+                 .Width = 60,
+                 .Height = 20,
+                 .Font = {.Name = "Arial", .Size = 12, .Bold = true, .Color = 255},
+                 .BackColor = NoColor,
+                 .PosX = 20 * i,
+                 .PosY = 30 * i,
+                 .Text = QStringLiteral("21 \u00b0C"),
+                 .Note = "maximum"});
         }
     }
 

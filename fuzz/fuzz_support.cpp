@@ -3,9 +3,9 @@
 
 #include "engine/core/host_files.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QGuiApplication>
 
 #include <cstdio>
 #include <cstdlib>
@@ -44,8 +44,10 @@ extern "C" const char* __asan_default_options() {
 }
 
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
-    // Qt finds its picture plugins only beside an application object.
-    static const QCoreApplication application(*argc, *argv);
+    // Qt finds its picture plugins only beside an application object, and fonts for laying out
+    // pages only beside one with a screen.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static const QGuiApplication application(*argc, *argv);
     // Decoders tell about every damaged picture.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     return 0;

@@ -9,7 +9,8 @@ seconds=${1:-60}
 shift || true
 if [ $# -eq 0 ]; then
     set -- fuzz_project_document fuzz_saved_document fuzz_xml_guard fuzz_data_blocks fuzz_help_file \
-        fuzz_jpeg_tables
+        fuzz_jpeg_tables fuzz_gif_reader fuzz_settings_file fuzz_foreign_text fuzz_ftp_replies \
+        fuzz_versions_list fuzz_page_guard
 fi
 build=${FUZZ_BUILD:-build/fuzz}
 found=$build/found
@@ -20,7 +21,13 @@ cmake --build "$build" --target fuzz
 failed=()
 for target in "$@"; do
     seeds=("fuzz/corpus/$target")
-    options=(-timeout=2 -rss_limit_mb=300 -max_total_time="$seconds" -print_final_stats=1)
+    timeout=2
+    memory=300
+    case $target in
+        fuzz_ftp_replies) timeout=60 ;;  # waits for replies that never come
+        fuzz_gif_reader) memory=450 ;;   # a map's 100 MB of pixels, held three times
+    esac
+    options=(-timeout="$timeout" -rss_limit_mb="$memory" -max_total_time="$seconds" -print_final_stats=1)
     case $target in
         fuzz_saved_document) seeds=(fuzz/corpus/fuzz_project_document) ;;
         fuzz_xml_guard) seeds+=(fuzz/corpus/fuzz_project_document) ;;
@@ -28,7 +35,9 @@ for target in "$@"; do
     case $target in
         fuzz_data_blocks) options+=(-max_len=12000) ;;
         fuzz_help_file) options+=(-max_len=20000) ;;
-        fuzz_jpeg_tables) options+=(-max_len=2000) ;;
+        fuzz_jpeg_tables | fuzz_settings_file | fuzz_foreign_text) options+=(-max_len=2000) ;;
+        fuzz_gif_reader | fuzz_ftp_replies) options+=(-max_len=10000) ;;
+        fuzz_versions_list | fuzz_page_guard) options+=(-max_len=20000) ;;
         *) options+=(-max_len=45000 -dict=fuzz/project_document.dict) ;;
     esac
     mkdir -p "$found/$target"

@@ -1,25 +1,28 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Installs what is missing to build on Debian 12; with "test", "bench" or "fuzz" for that too.
+# Installs what is missing to build on Debian 12; with "run", "test", "bench" or "fuzz" for that too.
 # The lists here and the table in README.md say the same.
 set -euo pipefail
 
 build_packages=(
     g++ cmake ninja-build ccache mold
     qt6-base-dev qt6-image-formats-plugins libqt6svg6
-    libcurl4-openssl-dev libgif-dev libimagequant-dev libjpeg-dev rapidjson-dev
+    libcurl4-openssl-dev libgif-dev libimagequant-dev libjpeg-dev libmspack-dev rapidjson-dev
     pkg-config libavformat-dev libavcodec-dev libswscale-dev libavutil-dev
     dpkg-dev file fp-utils
+    fonts-liberation2 qt6-wayland xdg-utils # to run what was built
 )
+run_packages=(fonts-liberation2 xdg-utils qt6-wayland)
 test_packages=(
     libgtest-dev libgmock-dev
     clang-format clang-tidy
-    fonts-liberation2
-    chromium chromium-driver python3 python3-selenium
-    xvfb xdotool xclip libxml2-utils imagemagick binutils bsdutils
+    fonts-dejavu-extra
+    chromium chromium-driver python3 python3-selenium python3-jsonschema
+    firefox-esr webkit2gtk-driver default-jre-headless
+    xvfb openbox xdotool x11-utils xclip libxml2-utils imagemagick binutils bsdutils
     ffmpeg gifsicle poppler-utils libchm-bin
     python3-pyftpdlib python3-openssl vsftpd openssl
-    appstream bash-completion desktop-file-utils lintian man-db mmdebstrap shared-mime-info
+    appstream bash-completion desktop-file-utils fish lintian man-db mmdebstrap shared-mime-info zsh
     libcap2 libcrypt1 libpam0g libsodium23 libssl3 # of pure-ftpd, below
 )
 
@@ -31,10 +34,16 @@ fuzz_packages=(clang libclang-rt-14-dev)
 
 packages=("${build_packages[@]}")
 case "${1:-build}" in
+    run) packages+=("${run_packages[@]}") ;;
     test) packages+=("${test_packages[@]}") ;;
     bench) packages+=("${bench_packages[@]}") ;;
     fuzz) packages+=("${fuzz_packages[@]}") ;;
 esac
+
+# Another node than Debian's brings its own npm, and the two refuse each other.
+if [ "${1:-build}" = test ] && ! command -v npm >/dev/null; then
+    packages+=(npm)
+fi
 
 missing=()
 for package in "${packages[@]}"; do
@@ -50,6 +59,14 @@ if [ ${#missing[@]} -gt 0 ]; then
     "${as_root[@]}" apt-get update -q
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
         apt-get install -q -y --no-install-recommends "${missing[@]}"
+fi
+
+# Checkers that Debian does not have; the lock file says which, to the byte.
+checks=$(dirname "$0")/../tests/engine/web/browser
+if [ "${1:-build}" = test ] && ! cmp -s "$checks/package-lock.json" "$checks/node_modules/installed"; then
+    echo "Installing: axe-core, vnu-jar"
+    npm ci --prefix "$checks" --ignore-scripts --no-audit --no-fund
+    cp "$checks/package-lock.json" "$checks/node_modules/installed"
 fi
 
 # Debian allows one FTP server on a machine. The tests want another beside vsftpd and start it
