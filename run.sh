@@ -6,7 +6,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-scripts/setup-debian.sh build
+scripts/setup-debian.sh run
 # Without the tests: they need packages that running does not.
 cmake --preset release -DBUILD_TESTING=OFF >/dev/null
 cmake --build --preset release

@@ -18,6 +18,6 @@ cmake --build --preset debug
 # Under the sanitizers the engine's tests; the windows' own run in the debug build.
 cmake --preset asan -DNUBIVANE_WERROR=ON >/dev/null
 cmake --build --preset asan --target engine_tests
-ctest --test-dir build/asan --output-on-failure -j2 -E '^(engine/web/browser|desktop/|windows/|packaging/)|_NOT_BUILT'
+ctest --test-dir build/asan --output-on-failure -j2 -E '^(engine/web/browser|engine/web/responsive|desktop/|windows/|packaging/)|_NOT_BUILT'
 
 ctest --test-dir build/debug --output-on-failure -j2

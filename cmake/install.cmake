@@ -41,10 +41,26 @@ install(FILES ${NUBIVANE_EXAMPLES} DESTINATION share/doc/nubivane/examples ${sys
 install(FILES packaging/linux/nubivane.desktop DESTINATION share/applications ${system})
 install(FILES packaging/linux/nubivane-mime.xml
     DESTINATION share/mime/packages RENAME nubivane.xml ${system})
-install(FILES packaging/linux/invalid.nubivane.nubivane.metainfo.xml
+# Homepage and picture are the publisher's; software centres take no local ones.
+set(NUBIVANE_APPSTREAM_LINKS "")
+if(NUBIVANE_WEB_ADDRESS MATCHES "^https?://")
+    string(APPEND NUBIVANE_APPSTREAM_LINKS "  <url type=\"homepage\">${NUBIVANE_WEB_ADDRESS}</url>\n")
+endif()
+if(NUBIVANE_PICTURE_ADDRESS MATCHES "^https?://")
+    string(APPEND NUBIVANE_APPSTREAM_LINKS "  <screenshots>\n    <screenshot type=\"default\">\n"
+        "      <caption>A forecast for one day</caption>\n"
+        "      <image>${NUBIVANE_PICTURE_ADDRESS}</image>\n    </screenshot>\n  </screenshots>\n")
+endif()
+configure_file(packaging/linux/invalid.nubivane.nubivane.metainfo.xml.in
+    ${CMAKE_BINARY_DIR}/packaging/invalid.nubivane.nubivane.metainfo.xml @ONLY)
+install(FILES ${CMAKE_BINARY_DIR}/packaging/invalid.nubivane.nubivane.metainfo.xml
     DESTINATION share/metainfo ${system})
 install(FILES packaging/linux/nubivane-cli.bash
     DESTINATION share/bash-completion/completions RENAME nubivane-cli ${system})
+install(FILES packaging/linux/nubivane-cli.zsh
+    DESTINATION share/zsh/vendor-completions RENAME _nubivane-cli ${system})
+install(FILES packaging/linux/nubivane-cli.fish
+    DESTINATION share/fish/vendor_completions.d ${system})
 foreach(size 16 22 24 32 48 64 128 256 512)
     install(FILES packaging/icons/nubivane-${size}.png
         DESTINATION share/icons/hicolor/${size}x${size}/apps RENAME nubivane.png ${system})

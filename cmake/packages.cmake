@@ -22,11 +22,12 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # Beside the libraries, which dpkg-shlibdeps finds: the plugins that Qt loads by itself for TIFF and
-# SVG, and the fonts by whose widths texts are measured.
+# SVG, and on Wayland; the fonts by whose widths texts are measured; the way to the user's browser.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-image-formats-plugins, libqt6svg6, fonts-liberation2")
-# Certificates for encrypted uploads, and the way to the user's browser.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ca-certificates, xdg-utils")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS
+    "qt6-image-formats-plugins, libqt6svg6, qt6-wayland, fonts-liberation2, xdg-utils")
+# Certificates for encrypted uploads.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ca-certificates")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "A forecast is a map and a sheet for each period, on which moving weather
 symbols, labels and drawings lie beside titles and texts. From it come a

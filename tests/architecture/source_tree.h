@@ -14,9 +14,10 @@ inline QString targetOf(const QString& path) {
     return path.section(u'/', 0, 0);
 }
 
-/// The folder of a path below src/: "engine/web", or its target's where that has no folders.
+/// The folder of a path below src/: "engine/web", or its target's where that has no folders. What
+/// stands in a folder of its own there ("engine/model/edits") is part of it.
 inline QString folderOf(const QString& path) {
-    return path.section(u'/', 0, -2);
+    return path.section(u'/', 0, -2).section(u'/', 0, 1);
 }
 
 /// A file under src/: its path relative to it and its text.

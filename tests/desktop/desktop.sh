@@ -85,6 +85,14 @@ start_display() {
     wait_for "display answers" xdotool getdisplaygeometry
 }
 
+# start_window_manager: after the display; from then on windows have frames, and the keyboard goes
+# where it sends it.
+start_window_manager() {
+    openbox --sm-disable >"$work/openbox.log" 2>&1 &
+    manager_process=$!
+    wait_for "window manager" xdotool get_num_desktops
+}
+
 # start_editor [PROJECT]: until its window stands; `window` is its id.
 start_editor() {
     "$program/Nubivane" "$@" >>"$work/editor.log" 2>&1 &
@@ -109,7 +117,7 @@ editor_ends() {
 # Ends what this script started, and nothing else.
 clean_up() {
     local process
-    for process in ${editor_process:-} ${display_process:-}; do
+    for process in ${editor_process:-} ${manager_process:-} ${display_process:-}; do
         kill "$process" 2>/dev/null || true
         wait "$process" 2>/dev/null || true
     done
@@ -141,16 +149,6 @@ has_focus() {
 keys() {
     focus "$window"
     xdotool key --delay 20 "$@"
-}
-
-# menu X ITEM: the main menu's head at X, then the ITEMth entry, where lines between them count not.
-menu() {
-    local i
-    focus "$window"
-    xdotool mousemove $((windowX + $1)) $((windowY + 9)) click 1
-    sleep 0.2
-    for ((i = 0; i < $2; ++i)); do xdotool key Down; done
-    xdotool key Return
 }
 
 # enter TITLE: the keyboard goes to the new window of that title; `dialog` is its id.

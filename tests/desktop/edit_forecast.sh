@@ -81,7 +81,7 @@ colored() {
 start_display 1280x1024
 start_editor
 
-menu 165 2
+keys alt+m Down Return
 enter 'Select map'
 maps=$dialog
 xdotool key ctrl+i
@@ -147,13 +147,13 @@ drag_and_drop $((windowX + 30)) $((windowY + 82)) $((windowX + 600)) $((windowY 
 keys F4
 enter 'Properties'
 label=$dialog
+xdotool key alt+f
 tab 1
 xdotool key space
 enter 'Font'
 xdotool key --delay 20 alt+y End # the last style is bold and italic
 xdotool key --delay 20 alt+s End # and the last size 36 points
 xdotool key --delay 20 alt+u
-sleep 0.4
 leave Return
 back "$label"
 tab 8
@@ -182,7 +182,7 @@ click 400 320 # selects nothing
 keys F4
 enter 'Properties'
 texts=$dialog
-tab 9
+xdotool key --delay 20 shift+Tab shift+Tab shift+Tab # up from the text, where it opens
 xdotool type 'Gold' # the title's back color
 tab 1
 xdotool type 'Yes' # border
@@ -205,7 +205,7 @@ xdotool type 'Navy'
 tab 1
 xdotool key space
 enter 'Forecast text'
-xdotool key alt+a sleep 0.3 key alt+a # a button that is down takes no other press
+xdotool key alt+a key alt+a
 tab 13
 fill 'Sky'
 tab 11

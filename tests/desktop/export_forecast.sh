@@ -36,7 +36,7 @@ cli() {
 # export_to N: the entry of the menu of exports after N others.
 export_to() {
     local i
-    keys alt+f Right Right Right Up Right
+    keys alt+f Right Right Right Right Up Right
     for ((i = 0; i < $1; i++)); do
         xdotool key Down
     done

@@ -45,9 +45,9 @@ until [ -s "$work/server.port" ]; do
     exit 77
 done
 
-# menu_ftp KEY…: opens the menu "Ftp", the sixth, and goes on in it by keys.
+# menu_ftp KEY…: opens the menu "Ftp", the seventh, and goes on in it by keys.
 menu_ftp() {
-    keys alt+f Right Right Right Right Right "$@" Return
+    keys alt+f Right Right Right Right Right Right "$@" Return
 }
 
 # in_window PATTERN WHAT KEY…: keys to a window, once it is there.

@@ -7,6 +7,8 @@
 #include "engine/core/path_text.h"
 #include "engine/core/settings_store.h"
 
+#include <algorithm>
+
 namespace nubivane {
 
 using namespace Qt::StringLiterals;
@@ -31,6 +33,9 @@ QStringList mapNames(const ProgramFolder& folder) {
             names << name;
         }
     }
+    std::stable_sort(names.begin(), names.end(), [](const QString& a, const QString& b) {
+        return a.compare(b, Qt::CaseInsensitive) < 0;
+    });
     return names;
 }
 

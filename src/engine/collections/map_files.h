@@ -11,7 +11,7 @@ namespace nubivane {
 /// The base maps: the pictures in the folder "maps". Paths of maps are texts with backslashes.
 
 QString mapPath(const ProgramFolder& folder, const QString& name);
-/// File names of all maps in name order.
+/// File names of all maps in the order of their names, in which case counts last.
 QStringList mapNames(const ProgramFolder& folder);
 
 /// True when it is the map under the open project. The folder's name is written in more than one

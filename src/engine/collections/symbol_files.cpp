@@ -6,6 +6,8 @@
 #include "engine/core/error.h"
 #include "engine/core/host_files.h"
 #include "engine/core/path_text.h"
+#include "engine/core/trash.h"
+#include "engine/model/edits/project_edits.h"
 
 namespace nubivane {
 
@@ -83,11 +85,13 @@ QString renameCollection(Workspace& workspace, const QString& key, const QString
     if (usesCollection(workspace.Frames(), collection.Path)) {
         return QLatin1String(CollectionInUse);
     }
-    if (host_files::rename(collection.Path, newName)) {
+    const QString oldPath = collection.Path;
+    if (host_files::rename(oldPath, newName)) {
         const bool checked = collection.Checked;
         collections.Remove(key);
         collections.Add(newPath, newName).Checked = checked;
         collections.IsChanged = true;
+        workspace.edits().renameFolder(oldPath, newPath);
     }
     return {};
 }
@@ -101,11 +105,7 @@ QString deleteCollection(Workspace& workspace, const QString& key) {
     if (usesCollection(workspace.Frames(), path)) {
         return QLatin1String(CollectionInUse);
     }
-    // Of a link to a folder elsewhere the link alone goes, not what lies there.
-    if (!host_files::removeFolder(path)) {
-        host_files::removeFiles(path);
-        host_files::removeFolder(path);
-    }
+    trash::discardFolder(path);
     if (!host_files::folderExists(path)) {
         collections.Remove(key);
     }
@@ -117,7 +117,7 @@ QString deleteSymbol(Workspace& workspace, const QString& file) {
     if (usesSymbol(workspace.Frames(), file)) {
         return QStringLiteral("Cannot delete: the symbol is currently used into the project.");
     }
-    host_files::removeFile(file);
+    trash::discardFile(file);
     workspace.Status.SymbolsCollection().IsChanged = true;
     return {};
 }

@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/net/downloader.h"
 
+#include "engine/core/error.h"
 #include "engine/core/host_files.h"
+#include "engine/core/replaced_file.h"
 #include "engine/net/curl_library.h"
 
-#include <QSaveFile>
 #include <QUrl>
 
 #include <curl/curl.h>
 
 #include <array>
+#include <optional>
 
 namespace nubivane {
 
@@ -27,7 +29,8 @@ constexpr char Protocols[] = "http,https";
 struct Downloader::Job {
     Downloader& owner;
     QByteArray url;
-    QSaveFile file;
+    QString target;
+    std::optional<ReplacedFile> file{};
     qint64 written = 0;
     bool done = false;
     QString failure{};
@@ -36,7 +39,8 @@ struct Downloader::Job {
         auto& job = *static_cast<Job*>(self);
         const auto count = static_cast<qint64>(size);
         job.written += count;
-        return job.written <= MaxBytes && job.file.write(bytes, count) == count ? size : 0;
+        return job.written <= MaxBytes && job.file->device().write(bytes, count) == count ? size
+                                                                                          : 0;
     }
 
     static int watch(void* self, curl_off_t total, curl_off_t bytes, curl_off_t, curl_off_t) {
@@ -60,7 +64,7 @@ bool Downloader::fetch(const QString& url, const QString& target) {
     aborted_ = false;
     bytes_ = 0;
     total_ = 0;
-    Job job{*this, parsed.toEncoded(), QSaveFile(host_files::toHost(target))};
+    Job job{*this, parsed.toEncoded(), host_files::toHost(target)};
     const auto tick = [this] {
         if (progress && bytes_ > 0) {
             progress(bytes_, total_);
@@ -75,12 +79,14 @@ bool Downloader::fetch(const QString& url, const QString& target) {
 }
 
 void Downloader::transfer(Job& job) {
-    if (!job.file.open(QIODevice::WriteOnly)) {
-        job.failure = job.file.errorString();
+    try {
+        job.file.emplace(job.target, Durability::Flushed);
+    } catch (const Error& error) {
+        job.failure = error.cause();
         return;
     }
     CURL* curl = curl_easy_init();
-    std::array<char, CURL_ERROR_SIZE> error{};
+    std::array<char, CURL_ERROR_SIZE> reason{};
     curl_easy_setopt(curl, CURLOPT_URL, job.url.constData());
     curl_easy_setopt(curl, CURLOPT_PROTOCOLS_STR, Protocols);
     curl_easy_setopt(curl, CURLOPT_REDIR_PROTOCOLS_STR, Protocols);
@@ -96,17 +102,19 @@ void Downloader::transfer(Job& job) {
     curl_easy_setopt(curl, CURLOPT_NOPROGRESS, 0L);
     curl_easy_setopt(curl, CURLOPT_XFERINFOFUNCTION, &Job::watch);
     curl_easy_setopt(curl, CURLOPT_XFERINFODATA, &job);
-    curl_easy_setopt(curl, CURLOPT_ERRORBUFFER, error.data());
+    curl_easy_setopt(curl, CURLOPT_ERRORBUFFER, reason.data());
     const CURLcode code = curl_easy_perform(curl);
     curl_easy_cleanup(curl);
     if (code != CURLE_OK) {
-        job.failure =
-            QString::fromLocal8Bit(error.front() != '\0' ? error.data() : curl_easy_strerror(code));
+        job.failure = QString::fromLocal8Bit(reason.front() != '\0' ? reason.data()
+                                                                    : curl_easy_strerror(code));
         return;
     }
-    job.done = job.file.flush() && job.file.commit();
-    if (!job.done) {
-        job.failure = job.file.errorString();
+    try {
+        job.file->commit();
+        job.done = true;
+    } catch (const Error& error) {
+        job.failure = error.cause();
     }
 }
 

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/net/ftp_transfer.h"
 
+#include "engine/core/error.h"
 #include "engine/core/host_files.h"
+#include "engine/core/replaced_file.h"
 #include "engine/net/ftp_session.h"
 
 #include <QFile>
-#include <QSaveFile>
 #include <QSet>
 #include <QStringDecoder>
 
@@ -123,18 +124,24 @@ bool ftpTransfer::PutFile(const QString& localPath, const QString& remoteName) {
 bool ftpTransfer::GetFile(const QString& remoteName, const QString& localPath) {
     qint64 size = 0;
     const bool fetched = run([&] {
-        QSaveFile file(host_files::toHost(localPath));
-        const auto sink = [&](const char* bytes, qint64 count) {
-            size += count;
-            return size <= MaxFileBytes && file.write(bytes, count) == count;
-        };
-        const bool done = file.open(QIODevice::WriteOnly) &&
-                          session_->retrieve(nameOf(remoteName), sink) && file.flush() &&
-                          file.commit();
-        if (file.error() != QFileDevice::NoError) {
-            localFailure_ = file.errorString();
+        try {
+            ReplacedFile file(host_files::toHost(localPath), Durability::Flushed);
+            const auto sink = [&](const char* bytes, qint64 count) {
+                size += count;
+                return size <= MaxFileBytes && file.device().write(bytes, count) == count;
+            };
+            if (!session_->retrieve(nameOf(remoteName), sink)) {
+                if (file.device().error() != QFileDevice::NoError) {
+                    localFailure_ = file.device().errorString();
+                }
+                return false;
+            }
+            file.commit();
+            return true;
+        } catch (const Error& error) {
+            localFailure_ = error.cause();
+            return false;
         }
-        return done;
     });
     if (fetched && progress) {
         progress(size, size);

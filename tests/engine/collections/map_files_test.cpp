@@ -24,13 +24,13 @@ class MapFiles : public testing::WorkspaceFixture {
 
 }  // namespace
 
-TEST_F(MapFiles, PicturesOfTheFolderAreMapsInNameOrder) {
+TEST_F(MapFiles, PicturesOfTheFolderAreMapsInNameOrderWithoutCase) {
     for (const char* name : {"B.GIF", "a.Jpeg", "notes.txt", "noext", "x.bmp"}) {
         testing::writeFile(host(QString("Maps/") + name), "x");
     }
     ASSERT_TRUE(QDir().mkpath(host("Maps/folder.png")));
     EXPECT_EQ(mapNames(workspace.folder),
-              QStringList({"B.GIF", "a.Jpeg", "europe.jpg", "italy.jpg", "spain.png"}));
+              QStringList({"a.Jpeg", "B.GIF", "europe.jpg", "italy.jpg", "spain.png"}));
 }
 
 TEST_F(MapFiles, AFileWhoseNameNoPathCanHoldIsLeftOut) {

@@ -22,8 +22,13 @@ class SymbolFiles : public testing::WorkspaceFixture {
     bool exists(const QString& name) const { return QFile::exists(host("Symbols/" + name)); }
     /// Puts a symbol onto a new Frame.
     void use(const QString& file) {
-        workspace.Frames().Add().Sprites().Symbols().Add(2, "gifSymbol", 1, 9, 9, 0, 0, file, file,
-                                                         {}, {}, {});
+        workspace.Frames().Add().Sprites().Symbols().add({.Name = "gifSymbol",
+                                                          .Frame = 2,
+                                                          .Width = 9,
+                                                          .Height = 9,
+                                                          .FileGif = file,
+                                                          .PathFileGif = file,
+                                                          .Index = 1});
     }
     QString path(const QString& name) const { return workspace.folder.symbols() + u'\\' + name; }
 };
@@ -47,8 +52,13 @@ TEST_F(SymbolFiles, CaseCountsInUse) {
 }
 
 TEST_F(SymbolFiles, TheReadPathCountsNotTheOneOfCreation) {
-    workspace.Frames().Item(1).Sprites().Symbols().Add(
-        1, "gifSymbol", 1, 9, 9, 0, 0, path("sea\\wave.png"), path("set-1\\sun.gif"), {}, {}, {});
+    workspace.Frames().Item(1).Sprites().Symbols().add({.Name = "gifSymbol",
+                                                        .Frame = 1,
+                                                        .Width = 9,
+                                                        .Height = 9,
+                                                        .FileGif = path("sea\\wave.png"),
+                                                        .PathFileGif = path("set-1\\sun.gif"),
+                                                        .Index = 1});
     EXPECT_FALSE(usesCollection(workspace.Frames(), path("sea")));
     EXPECT_TRUE(usesCollection(workspace.Frames(), path("set-1")));
 }

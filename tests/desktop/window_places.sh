@@ -1,0 +1,130 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Where windows come up under a window manager, and to whom the keyboard returns.
+#
+#     window_places.sh PROGRAM_FOLDER
+#
+# Exit codes and surroundings as those of compose_forecast.sh; it needs openbox, xprop and xwininfo too.
+set -euo pipefail
+here=$(cd "$(dirname "$0")" && pwd)
+. "$here/desktop.sh"
+
+[ $# = 1 ] && [ -x "$1/Nubivane" ] || fail "usage: window_places.sh PROGRAM_FOLDER"
+need_tools Xvfb openbox xdotool xprop xwininfo
+work=$(mktemp -d)
+trap clean_up EXIT
+trap 'exit 1' INT TERM
+use_own_home
+use_recording_browser
+own_program "$1" sun
+
+# frame_of WINDOW: X Y WIDTH HEIGHT of a window with the frame that the window manager gave it.
+frame_of() {
+    local left right top bottom x y w h
+    IFS=' ,' read -r left right top bottom <<<"$(xprop -id "$1" _NET_FRAME_EXTENTS | sed 's/.*= //')"
+    read -r x y w h <<<"$(xwininfo -id "$1" | awk '
+        /Absolute upper-left X/ { x = $NF } /Absolute upper-left Y/ { y = $NF }
+        /Width:/ { w = $NF } /Height:/ { h = $NF } END { print x, y, w, h }')"
+    echo $((x - left)) $((y - top)) $((w + left + right)) $((h + top + bottom))
+}
+
+framed() {
+    xprop -id "$1" _NET_FRAME_EXTENTS | grep -q '= [0-9]*, [0-9]*, [1-9]'
+}
+
+# standing TITLE: waits for a window and prints its id and its place once that is at rest.
+standing() {
+    local found before= after same=0
+    wait_for "the window \"$1\"" find_window "^$1\$"
+    found=$(find_window "^$1\$")
+    wait_for "the frame of \"$1\"" framed "$found"
+    while [ $same -lt 10 ]; do
+        after=$(frame_of "$found")
+        if [ "$after" = "$before" ]; then same=$((same + 1)); else same=0; fi
+        before=$after
+        sleep 0.1
+    done
+    echo "$found $after"
+}
+
+start_display 1024x768
+start_window_manager
+
+# A start that fails: nothing but the box is there.
+"$program/Nubivane" "$work/none.nvpf" >/dev/null 2>&1 &
+editor_process=$!
+read -r box x y w h <<<"$(standing 'Nubivane')"
+[ $((2 * x + w)) -ge 1004 ] && [ $((2 * x + w)) -le 1044 ] && [ $((2 * y + h)) -ge 708 ] &&
+    [ $((2 * y + h)) -le 828 ] || fail "the box of a failed start is $w x $h at $x, $y"
+xdotool windowactivate --sync "$box" key Return
+wait_for "the editor leaves" not kill -0 $editor_process
+editor_process=
+echo "ok: the box of a failed start stands in the middle"
+
+start_editor
+read -r _ x y w h <<<"$(standing 'New project - Nubivane')"
+[ "$x" -ge 0 ] && [ "$y" -ge 0 ] && [ $((x + w)) -le 1024 ] && [ $((y + h)) -le 768 ] ||
+    fail "the main window is $w x $h at $x, $y with its frame"
+[ $((2 * x + w)) -ge 1022 ] && [ $((2 * x + w)) -le 1026 ] && [ $((2 * y + h)) -ge 766 ] &&
+    [ $((2 * y + h)) -le 770 ] || fail "the main window is not in the middle: $w x $h at $x, $y"
+echo "ok: the main window stands whole in the middle with its frame"
+eval "$(xdotool getwindowgeometry --shell "$window" | sed -n 's/^\([XY]\)=/window\1=/p')"
+
+# draw_line: the first point of a line brings the window "Drawing".
+draw_line() {
+    xdotool mousemove $((windowX + 933)) $((windowY + 156)) click 1
+    xdotool mousemove $((windowX + 500)) $((windowY + 300)) click 1
+}
+draw_line
+read -r drawing x y _ <<<"$(standing 'Drawing')"
+for _ in 1 2 3; do
+    xdotool windowactivate --sync "$window" key Escape
+    wait_for "the window goes" not find_window '^Drawing$'
+    draw_line
+    read -r drawing x2 y2 _ <<<"$(standing 'Drawing')"
+    [ "$x $y" = "$x2 $y2" ] || fail "the window crept from $x, $y to $x2, $y2"
+done
+echo "ok: the window of a figure comes up in its place again and again"
+xdotool windowmove "$drawing" 600 500
+read -r drawing x y _ <<<"$(standing 'Drawing')"
+xdotool windowactivate --sync "$window" key Escape
+wait_for "the window goes" not find_window '^Drawing$'
+draw_line
+read -r drawing x2 y2 _ <<<"$(standing 'Drawing')"
+[ "$x $y" = "$x2 $y2" ] || fail "moved to $x, $y, the window came up at $x2, $y2"
+xdotool windowactivate --sync "$window" key Escape
+wait_for "the window goes" not find_window '^Drawing$'
+xdotool key Escape
+echo "ok: and where it was moved to"
+
+for round in 1 2 3; do
+    xdotool windowactivate --sync "$window" key F4
+    read -r properties x2 y2 _ <<<"$(standing 'Properties')"
+    [ $round = 1 ] || [ "$x $y" = "$x2 $y2" ] || fail "the properties crept from $x, $y to $x2, $y2"
+    x=$x2 y=$y2
+    xdotool windowactivate --sync "$properties" key Escape
+    wait_for "the window goes" not find_window '^Properties$'
+done
+echo "ok: a window for properties comes up in its place again and again"
+
+# A picture that cannot be written: the box and the window under it go at once.
+xdotool windowactivate --sync "$window" key alt+m
+xdotool key Up Right End Up Return
+wait_for "the dialog" find_window '^Export map$'
+xdotool windowactivate --sync "$(find_window '^Export map$')"
+xdotool type --delay 10 /proc/none.png
+xdotool key Return
+wait_for "the box" find_window '^Nubivane$'
+xdotool windowactivate --sync "$(find_window '^Nubivane$')" key Return
+wait_for "the main window has the keyboard" has_focus "$window"
+xdotool key F4
+wait_for "and takes keys" find_window '^Properties$'
+xdotool windowactivate --sync "$(find_window '^Properties$')" key Escape
+wait_for "the window goes" not find_window '^Properties$'
+echo "ok: after the box of an export the keyboard is the main window's"
+
+xdotool windowactivate --sync "$window" key ctrl+q
+wait_for "the question" find_window '^Nubivane$'
+xdotool windowactivate --sync "$(find_window '^Nubivane$')" key alt+n
+editor_ends
+echo "ok: the editor leaves"
