@@ -96,7 +96,7 @@ leave alt+y
 wait_for "the map is chosen" not visible "$maps"
 echo "ok: a map imported and chosen"
 
-xdotool mousemove $((windowX + 373)) $((windowY + 44)) click 1
+keys alt+s Up Up Up Return # the third from the end
 enter 'Symbol collections'
 collections=$dialog
 xdotool key ctrl+i
