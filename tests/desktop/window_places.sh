@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Where windows come up under a window manager, and to whom the keyboard returns.
+# Where windows come up under a window manager.
 #
 #     window_places.sh PROGRAM_FOLDER
 #
@@ -106,22 +106,6 @@ for round in 1 2 3; do
     wait_for "the window goes" not find_window '^Properties$'
 done
 echo "ok: a window for properties comes up in its place again and again"
-
-# A picture that cannot be written: the box and the window under it go at once.
-xdotool windowactivate --sync "$window" key alt+m
-xdotool key Up Right End Up Return
-wait_for "the dialog" find_window '^Export map$'
-xdotool windowactivate --sync "$(find_window '^Export map$')"
-xdotool type --delay 10 /proc/none.png
-xdotool key Return
-wait_for "the box" find_window '^Nubivane$'
-xdotool windowactivate --sync "$(find_window '^Nubivane$')" key Return
-wait_for "the main window has the keyboard" has_focus "$window"
-xdotool key F4
-wait_for "and takes keys" find_window '^Properties$'
-xdotool windowactivate --sync "$(find_window '^Properties$')" key Escape
-wait_for "the window goes" not find_window '^Properties$'
-echo "ok: after the box of an export the keyboard is the main window's"
 
 xdotool windowactivate --sync "$window" key ctrl+q
 wait_for "the question" find_window '^Nubivane$'
