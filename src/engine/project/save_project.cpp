@@ -28,8 +28,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QLatin1String NoName("the file name has no ending; type it with \".nvpf\" behind it");
-
 /// Frames encoded at a time: enough for all cores, few enough to bound the memory.
 constexpr qint32 BatchSize = 32;
 constexpr qint64 BatchPixels = 25'000'000;
