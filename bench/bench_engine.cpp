@@ -6,7 +6,7 @@
 #include "engine/core/windows1252.h"
 #include "engine/model/workspace.h"
 #include "engine/picture/image_codec.h"
-#include "engine/picture/jpeg_tables.h"
+#include "engine/picture/jpeg_inspection.h"
 #include "engine/project/project_document.h"
 #include "engine/project/project_writer.h"
 #include "engine/web/page_writer.h"
@@ -222,7 +222,7 @@ BENCHMARK(probeJpeg)->Unit(benchmark::kMicrosecond);
 void compareJpegTables(benchmark::State& state) {
     const QByteArray jpeg = encodePicture(weatherMap(), PictureFormat::Jpeg);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(hasOurJpegQuality(jpeg));
+        benchmark::DoNotOptimize(hasJpegQuality(jpeg, JpegQuality));
     }
 }
 BENCHMARK(compareJpegTables)->Unit(benchmark::kMicrosecond);

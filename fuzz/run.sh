@@ -9,7 +9,7 @@ seconds=${1:-60}
 shift || true
 if [ $# -eq 0 ]; then
     set -- fuzz_project_document fuzz_saved_document fuzz_xml_guard fuzz_data_blocks fuzz_help_file \
-        fuzz_jpeg_tables fuzz_gif_reader fuzz_settings_file fuzz_foreign_text fuzz_ftp_replies \
+        fuzz_jpeg_inspection fuzz_gif_reader fuzz_settings_file fuzz_foreign_text fuzz_ftp_replies \
         fuzz_versions_list fuzz_page_guard
 fi
 build=${FUZZ_BUILD:-build/fuzz}
@@ -35,7 +35,7 @@ for target in "$@"; do
     case $target in
         fuzz_data_blocks) options+=(-max_len=12000) ;;
         fuzz_help_file) options+=(-max_len=20000) ;;
-        fuzz_jpeg_tables | fuzz_settings_file | fuzz_foreign_text) options+=(-max_len=2000) ;;
+        fuzz_jpeg_inspection | fuzz_settings_file | fuzz_foreign_text) options+=(-max_len=2000) ;;
         fuzz_gif_reader | fuzz_ftp_replies) options+=(-max_len=10000) ;;
         fuzz_versions_list | fuzz_page_guard) options+=(-max_len=20000) ;;
         *) options+=(-max_len=45000 -dict=fuzz/project_document.dict) ;;

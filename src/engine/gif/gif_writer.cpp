@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/gif/gif_writer.h"
 
-#include "engine/core/error.h"
 #include "engine/core/parallel.h"
 #include "engine/gif/color_index.h"
+#include "engine/gif/gif_blocks.h"
 #include "engine/gif/lzw_encoder.h"
 
 #include <algorithm>
@@ -16,39 +16,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int MaxSide = 65535;   // sizes have 16 bits
-constexpr int MaxDelay = 65535;  // and so have delays
-
-[[noreturn]] void fail(const QString& cause) {
-    throw Error(error_number::InvalidPicture, u"gif"_s, u"Cannot encode the picture as GIF."_s,
-                cause);
-}
-
 const QRgb* lineOf(const QImage& image, int y) {
     return reinterpret_cast<const QRgb*>(image.constScanLine(y));
-}
-
-void appendWord(QByteArray& bytes, int value) {
-    bytes.append(static_cast<char>(value & 0xFF)).append(static_cast<char>(value >> 8));
-}
-
-/// The bits that the largest of `count` indexes takes, as palettes and codes count them.
-int bitsFor(std::size_t count) {
-    int bits = 1;
-    while (std::size_t{1} << bits < count) {
-        ++bits;
-    }
-    return bits;
-}
-
-void appendColors(QByteArray& bytes, const std::vector<QRgb>& colors) {
-    const std::size_t places = std::size_t{1} << bitsFor(colors.size());
-    for (std::size_t i = 0; i < places; ++i) {
-        const QRgb color = i < colors.size() ? colors[i] : 0;
-        bytes.append(static_cast<char>(qRed(color)))
-            .append(static_cast<char>(qGreen(color)))
-            .append(static_cast<char>(qBlue(color)));
-    }
 }
 
 /// The part of an image that changes, before it has a palette.
@@ -103,7 +72,7 @@ Palette ownPalette(const Change& change) {
             if (!row.changed(x)) {
                 unchanged = true;
             } else if (colors.add(row.now[x]) == ColorIndex::Full) {
-                fail(u"more than 256 colours change in one image"_s);
+                gif_blocks::fail(u"more than 256 colours change in one image"_s);
             }
         }
     }
@@ -152,7 +121,7 @@ Indexed indexed(const Change& change, const Palette& palette) {
             }
             const bool still = palette.hasTransparent && !row.changed(x);
             if (!still && number < 0) {
-                fail(u"a colour is missing in the palette"_s);
+                gif_blocks::fail(u"a colour is missing in the palette"_s);
             }
             const int pixel = still ? 0 : number;
             largest = std::max(largest, pixel);
@@ -160,7 +129,7 @@ Indexed indexed(const Change& change, const Palette& palette) {
             result.colored[at] = static_cast<std::uint8_t>(std::max(number, 0));
         }
     }
-    result.bits = bitsFor(static_cast<std::size_t>(largest) + 1);
+    result.bits = gif_blocks::bitsFor(static_cast<std::size_t>(largest) + 1);
     if (palette.colors.size() > std::size_t{1} << result.bits) {
         for (std::size_t i = 0; i < count; ++i) {
             if (result.colored[i] >> result.bits != 0) {
@@ -169,31 +138,6 @@ Indexed indexed(const Change& change, const Palette& palette) {
         }
     }
     return result;
-}
-
-/// An image descriptor, its palette if it is not the common one, and its data.
-QByteArray imageBlock(const Change& change, const Palette& palette, const QByteArray& data) {
-    QByteArray block(1, ',');
-    appendWord(block, change.rect.x());
-    appendWord(block, change.rect.y());
-    appendWord(block, change.rect.width());
-    appendWord(block, change.rect.height());
-    if (palette.isCommon) {
-        block.append('\0');
-    } else {
-        block.append(static_cast<char>(0x80 | (bitsFor(palette.colors.size()) - 1)));
-        appendColors(block, palette.colors);
-    }
-    return block + data;
-}
-
-/// How long an image stays, that it is left standing, and whether index 0 is transparent.
-QByteArray controlBlock(int hundredths, bool hasTransparent) {
-    constexpr int LeaveStanding = 1 << 2;
-    QByteArray block = QByteArray::fromHex("21f904");
-    block.append(static_cast<char>(LeaveStanding | (hasTransparent ? 1 : 0)));
-    appendWord(block, hundredths);
-    return block.append(2, '\0');
 }
 
 QByteArray codeImage(const Change& change, const Palette& palette, int hundredths,
@@ -205,7 +149,13 @@ QByteArray codeImage(const Change& change, const Palette& palette, int hundredth
     const QByteArray data =
         encodeLzw(image.pixels, alternatives, image.bits,
                   effort == GifEffort::Search ? LzwEffort::Search : LzwEffort::Quick);
-    return controlBlock(hundredths, someTransparent) + imageBlock(change, palette, data);
+    gif_blocks::Control control{.hundredths = hundredths, .leftStanding = true};
+    if (someTransparent) {
+        control.transparent = 0;
+    }
+    return gif_blocks::control(control) +
+           gif_blocks::image(change.rect, palette.isCommon ? std::vector<QRgb>() : palette.colors) +
+           data;
 }
 
 }  // namespace
@@ -240,9 +190,7 @@ GifWriter::GifWriter(QSize size, Sink sink, GifEffort effort, std::vector<QRgb> 
       effort_(effort),
       paletteHoldsAll_(!palette.empty()),
       palette_(std::move(palette)) {
-    if (size.isEmpty() || size.width() > MaxSide || size.height() > MaxSide) {
-        fail(u"a GIF holds pictures of 1 to 65535 pixels a side"_s);
-    }
+    gif_blocks::requireSize(size);
 }
 
 std::size_t GifWriter::picturesAtATime(QSize size) {
@@ -255,7 +203,7 @@ std::size_t GifWriter::picturesAtATime(QSize size) {
 void GifWriter::addImages(const std::vector<TimedPicture>& images) {
     for (const TimedPicture& image : images) {
         if (image.picture.size() != size_ || image.picture.format() != QImage::Format_RGB32) {
-            fail(u"the images differ in size or format"_s);
+            gif_blocks::fail(u"the images differ in size or format"_s);
         }
     }
     if (images.empty()) {
@@ -275,7 +223,7 @@ void GifWriter::addImages(const std::vector<TimedPicture>& images) {
 }
 
 void GifWriter::finish() {
-    sink_(QByteArray(1, ';'));
+    sink_(QByteArray(1, gif_blocks::Trailer));
 }
 
 void GifWriter::start(const QImage& picture) {
@@ -283,23 +231,16 @@ void GifWriter::start(const QImage& picture) {
         palette_ = ownPalette({picture.rect(), picture, last_}).colors;
     }
     const Palette common(palette_, palette_.size() < 256);
-    QByteArray start = "GIF89a";
-    appendWord(start, size_.width());
-    appendWord(start, size_.height());
-    const int bits = bitsFor(common.colors.size());
-    start.append(static_cast<char>(0x80 | (bits - 1) << 4 | (bits - 1)));
-    start.append(2, '\0');
-    appendColors(start, common.colors);
-    start += QByteArray::fromHex("21ff0b") + "NETSCAPE2.0" + QByteArray::fromHex("0301000000");
-    sink_(start);
+    sink_(gif_blocks::header(size_, common.colors, gif_blocks::bitsFor(common.colors.size())) +
+          gif_blocks::endlessLoop());
 }
 
 QByteArray GifWriter::coded(const QImage& before, const TimedPicture& image) const {
-    const qint64 first = std::min<qint64>(image.hundredths, MaxDelay);
+    const qint64 first = std::min<qint64>(image.hundredths, gif_blocks::MaxDelay);
     QByteArray blocks = codedOnce(before, image.picture, static_cast<int>(first));
-    for (qint64 rest = image.hundredths - first; rest > 0; rest -= MaxDelay) {
+    for (qint64 rest = image.hundredths - first; rest > 0; rest -= gif_blocks::MaxDelay) {
         blocks += codedOnce(image.picture, image.picture,
-                            static_cast<int>(std::min<qint64>(rest, MaxDelay)));
+                            static_cast<int>(std::min<qint64>(rest, gif_blocks::MaxDelay)));
     }
     return blocks;
 }

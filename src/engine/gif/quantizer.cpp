@@ -31,20 +31,37 @@ liq_color toLiq(QRgb color) {
             static_cast<unsigned char>(qBlue(color)), 255};
 }
 
-/// A row of an RGB32 image in the library's order.
+/// A pixel is wholly there or not at all; no palette may blend in between.
+liq_color toLiqOrNothing(QRgb color) {
+    liq_color result = toLiq(color);
+    result.a = qAlpha(color) == 0 ? 0 : 255;
+    return result;
+}
+
+/// A row of a picture (32 bits a pixel) in the library's order.
+template <liq_color (*Convert)(QRgb)>
 void readRow(liq_color out[], int row, int width, void* image) {
     const auto* line =
         reinterpret_cast<const QRgb*>(static_cast<const QImage*>(image)->constScanLine(row));
-    std::transform(line, line + width, out, toLiq);
+    std::transform(line, line + width, out, Convert);
 }
 
+using LiqAttributes = std::unique_ptr<liq_attr, void (*)(liq_attr*)>;
 using LiqImage = std::unique_ptr<liq_image, void (*)(liq_image*)>;
+using LiqResult = std::unique_ptr<liq_result, void (*)(liq_result*)>;
+
+LiqAttributes liqAttributes() {
+    return {liq_attr_create(), liq_attr_destroy};
+}
 
 /// Reads the picture while it lives.
+template <liq_color (*Convert)(QRgb)>
 LiqImage liqImage(const liq_attr* attributes, QImage& picture) {
-    return LiqImage(liq_image_create_custom(attributes, readRow, &picture, picture.width(),
-                                            picture.height(), 0),
-                    liq_image_destroy);
+    LiqImage image(liq_image_create_custom(attributes, readRow<Convert>, &picture, picture.width(),
+                                           picture.height(), 0),
+                   liq_image_destroy);
+    check(image ? LIQ_OK : LIQ_OUT_OF_MEMORY);
+    return image;
 }
 
 std::vector<QRgb> colorsOf(liq_result* result) {
@@ -60,7 +77,7 @@ std::vector<QRgb> colorsOf(liq_result* result) {
 }  // namespace
 
 Quantizer::Quantizer(int colors, Effort effort)
-    : attributes_(liq_attr_create(), liq_attr_destroy),
+    : attributes_(liqAttributes()),
       histogram_(liq_histogram_create(attributes_.get()), liq_histogram_destroy) {
     check(liq_set_max_colors(attributes_.get(), colors));
     check(
@@ -71,7 +88,7 @@ Quantizer::~Quantizer() = default;
 
 void Quantizer::add(const QImage& picture, const std::vector<uchar>& counts) {
     QImage source = picture;
-    const LiqImage image = liqImage(attributes_.get(), source);
+    const LiqImage image = liqImage<toLiq>(attributes_.get(), source);
     if (!counts.empty()) {
         std::vector<uchar> importance = counts;
         check(liq_image_set_importance_map(image.get(), importance.data(), importance.size(),
@@ -105,14 +122,35 @@ void Quantizer::keep(const std::vector<QRgb>& colors) {
     }
 }
 
-Quantizer::LiqResult Quantizer::quantize() {
+std::vector<QRgb> Quantizer::palette() {
     liq_result* found = nullptr;
     check(liq_histogram_quantize(histogram_.get(), attributes_.get(), &found));
-    return LiqResult(found, liq_result_destroy);
+    return colorsOf(LiqResult(found, liq_result_destroy).get());
 }
 
-std::vector<QRgb> Quantizer::palette() {
-    return colorsOf(quantize().get());
+IndexedPicture withFewColors(const QImage& argb) {
+    constexpr float Dithering = 0.5F;
+    QImage source = argb;
+    const LiqAttributes attributes = liqAttributes();
+    const LiqImage image = liqImage<toLiqOrNothing>(attributes.get(), source);
+    liq_result* found = nullptr;
+    check(liq_image_quantize(image.get(), attributes.get(), &found));
+    const LiqResult result(found, liq_result_destroy);
+    IndexedPicture indexed;
+    indexed.pixels.resize(static_cast<std::size_t>(argb.width()) *
+                          static_cast<std::size_t>(argb.height()));
+    check(liq_set_dithering_level(result.get(), Dithering));
+    check(liq_write_remapped_image(result.get(), image.get(), indexed.pixels.data(),
+                                   indexed.pixels.size()));
+    const liq_palette* palette = liq_get_palette(result.get());
+    for (unsigned i = 0; i < palette->count; ++i) {
+        if (palette->entries[i].a == 0) {
+            indexed.transparent = static_cast<int>(i);
+        }
+    }
+    // Asked for after the pixels: writing them may move the colours a little.
+    indexed.palette = colorsOf(result.get());
+    return indexed;
 }
 
 NearestColor::NearestColor(std::vector<QRgb> palette) : palette_(std::move(palette)) {

@@ -4,12 +4,13 @@
 #include <QImage>
 #include <QRgb>
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 struct liq_attr;
 struct liq_histogram;
-struct liq_result;
 
 namespace nubivane {
 
@@ -41,12 +42,20 @@ class Quantizer {
     std::vector<QRgb> palette();
 
   private:
-    using LiqResult = std::unique_ptr<liq_result, void (*)(liq_result*)>;
-    LiqResult quantize();
-
     std::unique_ptr<liq_attr, void (*)(liq_attr*)> attributes_;
     std::unique_ptr<liq_histogram, void (*)(liq_histogram*)> histogram_;
 };
+
+/// A picture of one byte a pixel, row by row, and the colours that the bytes stand for.
+struct IndexedPicture {
+    std::vector<std::uint8_t> pixels;
+    std::vector<QRgb> palette;
+    std::optional<int> transparent = {};  ///< the index of what is see-through
+};
+
+/// A picture (ARGB32) in the 256 colours that suit it best, a little dithered. A pixel that is not
+/// wholly see-through is wholly there. Raises `Error` as the `Quantizer` does.
+IndexedPicture withFewColors(const QImage& argb);
 
 /// Answers with the nearest colour of a palette, each question once.
 class NearestColor {

@@ -3,6 +3,7 @@
 
 #include "engine/core/error.h"
 #include "engine/gif/gif_still.h"
+#include "engine/picture/jpeg_inspection.h"
 #include "engine/picture/png_chunks.h"
 
 #include <QBuffer>
@@ -10,7 +11,6 @@
 #include <QImageWriter>
 
 #include <array>
-#include <cstring>
 
 namespace nubivane {
 
@@ -54,22 +54,6 @@ QSize gifScreen(const QByteArray& bytes) {
                    : 0;
     };
     return {number(6), number(8)};
-}
-
-/// How often a JPEG file starts a scan. Marker bytes are rare among the data, so the search for
-/// them costs next to nothing.
-int jpegScans(const QByteArray& bytes) {
-    int scans = 0;
-    const char* const end = bytes.constData() + bytes.size();
-    for (const char* at = bytes.constData(); at + 1 < end; ++at) {
-        at =
-            static_cast<const char*>(std::memchr(at, 0xFF, static_cast<std::size_t>(end - 1 - at)));
-        if (!at) {
-            break;
-        }
-        scans += at[1] == '\xDA' ? 1 : 0;
-    }
-    return scans;
 }
 
 /// What a decoder may see of a file.

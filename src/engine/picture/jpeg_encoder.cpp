@@ -2,15 +2,10 @@
 #include "engine/picture/jpeg_encoder.h"
 
 #include "engine/core/error.h"
+#include "engine/picture/jpeg_errors.h"
 
 #include <QPainter>
 
-#include <cstdio>
-// Needs <cstdio> before it.
-#include <jpeglib.h>
-
-#include <array>
-#include <csetjmp>
 #include <cstdlib>
 #include <vector>
 
@@ -22,21 +17,6 @@ namespace {
 
 constexpr int PixelsPerInch = 96;
 constexpr int Channels = 3;
-
-/// The library's error handler, with what it has to say.
-struct Failure {
-    jpeg_error_mgr handler;  ///< first: the library hands it back by its address
-    std::jmp_buf giveUp;
-    std::array<char, JMSG_LENGTH_MAX> text;
-};
-
-[[noreturn]] void onError(j_common_ptr file) {
-    auto& failure = *reinterpret_cast<Failure*>(file->err);
-    file->err->format_message(file, failure.text.data());
-    std::longjmp(failure.giveUp, 1);
-}
-
-void onWarning(j_common_ptr, int) {}
 
 struct Output {
     unsigned char* bytes = nullptr;  ///< the library's, from malloc
@@ -70,15 +50,8 @@ void start(jpeg_compress_struct& file, QSize size, int quality) {
     jpeg_start_compress(&file, TRUE);
 }
 
-/// Nothing with a destructor may live here: an error jumps out.
-bool encode(jpeg_compress_struct& file, Failure& failure, const QImage& image, int quality,
-            std::vector<JSAMPLE>& row, Output& output) {
-    if (setjmp(failure.giveUp)) {
-        return false;
-    }
-    jpeg_mem_dest(&file, &output.bytes, &output.size);
+void encode(jpeg_compress_struct& file, const QImage& image, int quality, JSAMPROW line) {
     start(file, image.size(), quality);
-    JSAMPROW line = row.data();
     for (int y = 0; y < image.height(); ++y) {
         const auto* pixels = reinterpret_cast<const QRgb*>(image.constScanLine(y));
         JSAMPLE* next = line;
@@ -90,7 +63,6 @@ bool encode(jpeg_compress_struct& file, Failure& failure, const QImage& image, i
         jpeg_write_scanlines(&file, &line, 1);
     }
     jpeg_finish_compress(&file);
-    return true;
 }
 
 }  // namespace
@@ -98,21 +70,22 @@ bool encode(jpeg_compress_struct& file, Failure& failure, const QImage& image, i
 QByteArray encodeJpegWithFullColor(const QImage& image, int quality) {
     const QImage picture = opaque(image);
     std::vector<JSAMPLE> row(static_cast<std::size_t>(picture.width()) * Channels + 1);
-    Failure failure{};
+    JpegErrors errors;
     jpeg_compress_struct file{};
-    file.err = jpeg_std_error(&failure.handler);
-    failure.handler.error_exit = onError;
-    failure.handler.emit_message = onWarning;
-    jpeg_create_compress(&file);
+    file.err = errors.handler();
     Output output;
-    const bool done = encode(file, failure, picture, quality, row, output);
+    const bool done = errors.survives([&] {
+        jpeg_create_compress(&file);
+        jpeg_mem_dest(&file, &output.bytes, &output.size);
+        encode(file, picture, quality, row.data());
+    });
     jpeg_destroy_compress(&file);
     const QByteArray bytes(reinterpret_cast<const char*>(output.bytes),
                            done ? static_cast<qsizetype>(output.size) : 0);
     std::free(output.bytes);
     if (!done) {
         throw Error(error_number::InvalidPicture, u"picture"_s, u"Invalid picture."_s,
-                    QString::fromLatin1(failure.text.data()));
+                    errors.cause());
     }
     return bytes;
 }

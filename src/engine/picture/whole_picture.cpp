@@ -5,7 +5,7 @@
 #include "engine/gif/gif_outline.h"
 #include "engine/gif/gif_reader.h"
 #include "engine/picture/image_codec.h"
-#include "engine/picture/jpeg_data.h"
+#include "engine/picture/jpeg_inspection.h"
 
 namespace nubivane {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/web/map_pictures.h"
 
-#include "engine/picture/jpeg_tables.h"
+#include "engine/picture/jpeg_inspection.h"
 
 #include <QHash>
 
@@ -24,7 +24,8 @@ std::vector<SharedPicture> groupByPicture(const FramePanels& panels) {
 }
 
 QByteArray pageJpeg(const Picture& picture, const QImage& pixels) {
-    if (picture.wasReadAs(PictureFormat::Jpeg) && hasOurJpegQuality(picture.originalBytes())) {
+    if (picture.wasReadAs(PictureFormat::Jpeg) &&
+        hasJpegQuality(picture.originalBytes(), JpegQuality)) {
         return picture.originalBytes();
     }
     return encodePicture(pixels.isNull() ? picture.image() : pixels, PictureFormat::Jpeg);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/picture/image_codec.h"
-#include "engine/picture/jpeg_tables.h"
+#include "engine/picture/jpeg_inspection.h"
 #include "engine/web/site_fixture.h"
 
 #include <QBuffer>
@@ -59,7 +59,7 @@ TEST_F(MapImages, WhatIsDrawnOnTheCurrentFrameIsEncodedAnew) {
     EXPECT_NE(pageImage(2), mapBytes());
     EXPECT_TRUE(isNear(pixel(2, 10, 20), Qt::red));
     EXPECT_TRUE(isNear(pixel(2, 50, 20), Qt::blue));
-    EXPECT_TRUE(hasOurJpegQuality(pageImage(2)));
+    EXPECT_TRUE(hasJpegQuality(pageImage(2), JpegQuality));
     EXPECT_EQ(pageImage(1), mapBytes());
 }
 
@@ -110,7 +110,7 @@ TEST_F(MapImages, AJpegOfAnotherQualityIsEncodedAnew) {
         workspace.pctMap.setPicture(Picture::fromEncoded(jpeg));
         ASSERT_TRUE(createPage(editor()));
         EXPECT_NE(pageImage(1), jpeg) << quality;
-        EXPECT_TRUE(hasOurJpegQuality(pageImage(1))) << quality;
+        EXPECT_TRUE(hasJpegQuality(pageImage(1), JpegQuality)) << quality;
     }
 }
 
