@@ -79,8 +79,12 @@ void FramePlace::check() {
     put_ = wanted_(window_.frameGeometry().size());
     const QPoint now = window_.frameGeometry().topLeft();
     const QPoint distance = *put_ - now;
+    if (!isFramesDoing(distance)) {
+        found_.reset();  // a person has moved it
+        return;
+    }
     found_ = now;
-    if (!distance.isNull() && isFramesDoing(distance) && tries_ < MostTries) {
+    if (!distance.isNull() && tries_ < MostTries) {
         ++tries_;
         moveTo(window_.pos() + distance);
     }

@@ -307,8 +307,10 @@ TEST_F(HelpWindow, OfADamagedFileItShowsWhatCanBeRead) {
     QRandomGenerator chance(11);
     int shown = 0;
     for (int round = 0; round < 12; ++round) {
+        // Few faults leave something to show, many leave nothing.
+        const int faults = 1 << (round % 6);
         QByteArray damaged = whole;
-        for (int i = 0; i < 40; ++i) {
+        for (int i = 0; i < faults; ++i) {
             damaged[chance.bounded(static_cast<int>(whole.size()))] =
                 static_cast<char>(chance.bounded(256));
         }
