@@ -2,9 +2,9 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Measures nubivane-cli as a whole against public tools that do comparable work.
 
-whole_program.py BUILD WORK [NAME ...] runs the named benchmarks (all by default): save, page, grow,
-show, start, upload. BUILD is a build folder of the preset "bench"; test projects are made in WORK
-once and kept there.
+whole_program.py BUILD WORK [NAME ...] runs the named benchmarks (all by default): save, page,
+responsive, grow, show, start, upload. BUILD is a build folder of the preset "bench"; test projects
+are made in WORK once and kept there.
 """
 import argparse
 import collections
@@ -162,6 +162,25 @@ def bench_page(bench):
     print("  passed on as they were: %s" % ("yes" if same else "NO"))
 
 
+def bench_responsive(bench):
+    """The responsive page beside the buttons page: 500 Frames with 20 sprites each, pictures of another quality."""
+    project = bench.project("save-500", frames=500, sprites=20, quality=85)
+    pictures = bench.path("pictures")
+    extract_pictures(project, pictures)
+    webp = 'ls "$0"/*.jpg | xargs -P2 -I{} convert {} -quality 82 "$1"/picture.webp'
+    results = compare(bench.repeat, {
+        "buttons": bench.cli("page", project, "--type", "1"),
+        "responsive": bench.cli("page", project, "--type", "5"),
+        "webp": ["sh", "-c", webp, pictures, bench.work],
+    })
+    buttons, webp = results["buttons"], results["webp"]
+    bench.row("nubivane-cli page --type 1", buttons)
+    bench.row("500 pictures as WebP by convert, two at a time", webp)
+    bench.row("nubivane-cli page --type 5", results["responsive"],
+              "%.2f times 1.3 of the first and the second"
+              % (results["responsive"].wall / (1.3 * buttons.wall + webp.wall)))
+
+
 def bench_grow(bench):
     """The whole program at 100 to 800 Frames with small pictures that are passed on."""
     for frames in (100, 200, 400, 800):
@@ -293,7 +312,8 @@ def check_conversation(log, files):
         sys.exit("the upload says more than it needs")
 
 
-BENCHMARKS = {"save": bench_save, "page": bench_page, "grow": bench_grow, "show": bench_show,
+BENCHMARKS = {"save": bench_save, "page": bench_page,
+              "responsive": bench_responsive, "grow": bench_grow, "show": bench_show,
               "start": bench_start, "upload": bench_upload}
 
 

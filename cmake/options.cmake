@@ -19,6 +19,15 @@ target_compile_options(nubivane_strict INTERFACE -Wconversion -Wold-style-cast -
 target_compile_definitions(nubivane_strict INTERFACE
     QT_NO_CAST_FROM_ASCII       # a literal says whether it is text (u""_s) or Latin-1 (""_L1)
 )
+
+# What ships reads files and servers that nobody vouches for. _FORTIFY_SOURCE needs an optimizer, and
+# the sanitizers look at the same places better.
+set(hardened $<AND:$<NOT:$<CONFIG:Debug>>,$<NOT:$<BOOL:${NUBIVANE_SANITIZE}>>>)
+target_compile_options(nubivane_options INTERFACE
+    $<${hardened}:-fstack-protector-strong;-fcf-protection;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>)
+target_link_options(nubivane_options INTERFACE
+    $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:-pie> -Wl,-z,relro,-z,now)
+
 if(NUBIVANE_SANITIZE)
     target_compile_options(nubivane_options INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

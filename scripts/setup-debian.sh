@@ -64,7 +64,7 @@ fi
 # Checkers that Debian does not have; the lock file says which, to the byte.
 checks=$(dirname "$0")/../tests/engine/web/browser
 if [ "${1:-build}" = test ] && ! cmp -s "$checks/package-lock.json" "$checks/node_modules/installed"; then
-    echo "Installing: axe-core, vnu-jar"
+    echo "Installing: axe-core, lighthouse, vnu-jar"
     npm ci --prefix "$checks" --ignore-scripts --no-audit --no-fund
     cp "$checks/package-lock.json" "$checks/node_modules/installed"
 fi

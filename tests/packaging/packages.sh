@@ -76,6 +76,22 @@ for program in Nubivane nubivane-cli; do
         sh -c '! readelf -d "$1" | grep -E "RPATH|RUNPATH"' - "$tree/usr/bin/$program"
 done
 
+# Hardened: loaded anywhere, all addresses settled before the program begins and then read-only.
+for program in Nubivane nubivane-cli; do
+    binary=$tree/usr/bin/$program
+    headers=$(readelf -hldW "$binary")
+    for trait in 'DYN (Position-Independent' GNU_RELRO 'FLAGS_1.*NOW.*PIE'; do
+        check "$program has $trait" grep -q "$trait" <<<"$headers"
+    done
+    # What a debug build, which is not optimized, cannot have.
+    if ! grep -q '^CMAKE_BUILD_TYPE:STRING=Debug' "$build/CMakeCache.txt"; then
+        symbols=$(readelf --dyn-syms -W "$binary")
+        for guard in __stack_chk_fail __memcpy_chk; do
+            check "$program calls $guard" grep -q "$guard" <<<"$symbols"
+        done
+    fi
+done
+
 # Asserts name their source file, but only in debug builds.
 builder=("$(cd "$build" && pwd -P)")
 grep -q '^CMAKE_BUILD_TYPE:STRING=Debug' "$build/CMakeCache.txt" || builder+=("$root")

@@ -43,7 +43,7 @@ class Engine:
     """What all engines can; each says how actions, scripts and addresses reach it."""
 
     touch = True
-    media = True    # can be told what the reader prefers, and prints
+    prints = True
 
     def click(self, selector):
         x, y = self.run(MIDDLE, selector)
@@ -152,39 +152,78 @@ class Chromium(SeleniumEngine):
 
 
 class WebKit(SeleniumEngine):
-    """MiniBrowser on a display of its own; it takes no touches there and tells nothing of its console."""
+    """MiniBrowser on a display of its own; it takes no touches there, tells nothing of its console and prints only
+    by its window."""
 
     name = "WebKit"
     touch = False
-    media = False
+    prints = False
 
     def __init__(self, scratch):
-        from selenium import webdriver
-        from selenium.common.exceptions import WebDriverException
-        from selenium.webdriver.webkitgtk.options import Options
         for program in (WEBKIT_DRIVER, MINI_BROWSER, "/usr/bin/Xvfb"):
             if not os.access(program, os.X_OK):
                 raise Unavailable(f"{program} is missing")
+        self._home = Path(scratch, "webkit-home")
+        self._desktop = self._home / ".config/gtk-3.0/settings.ini"
+        self._desktop.parent.mkdir(parents=True)
         self._display = _start_display()
+        self._wishes = (False, False)
+        try:
+            self.driver = self._start()
+        except Unavailable:
+            self._display[0].terminate()
+            raise
+
+    def _start(self, *arguments):
+        from selenium import webdriver
+        from selenium.common.exceptions import WebDriverException
+        from selenium.webdriver.webkitgtk.options import Options
+        dark, reduced = self._wishes
+        self._desktop.write_text(f"[Settings]\ngtk-enable-animations={int(not reduced)}\n")
         kept = dict(os.environ)
-        home = Path(scratch, "webkit-home")
-        home.mkdir()
-        os.environ |= {"DISPLAY": self._display[1], "HOME": str(home), "LIBGL_ALWAYS_SOFTWARE": "1",
-                       "NO_AT_BRIDGE": "1", "LC_ALL": "C.UTF-8"}
+        if dark:
+            os.environ["GTK_THEME"] = "Adwaita:dark"
+        os.environ |= {"DISPLAY": self._display[1], "HOME": str(self._home), "LIBGL_ALWAYS_SOFTWARE": "1",
+                       "XDG_CONFIG_HOME": str(self._home / ".config"), "NO_AT_BRIDGE": "1", "LC_ALL": "C.UTF-8"}
         if os.geteuid() == 0:
             os.environ["WEBKIT_DISABLE_SANDBOX_THIS_IS_DANGEROUS"] = "1"
         options = Options()
         options.binary_location = MINI_BROWSER
         options.add_argument("--automation")
+        for argument in arguments:
+            options.add_argument(argument)
         try:
-            self.driver = webdriver.WebKitGTK(executable_path=WEBKIT_DRIVER, options=options,
-                                              service_log_path=os.devnull)
+            return webdriver.WebKitGTK(executable_path=WEBKIT_DRIVER, options=options, service_log_path=os.devnull)
         except (WebDriverException, OSError) as error:
-            self._display[0].terminate()
             raise Unavailable(f"WebKit does not start ({str(error).strip().splitlines()[0]})") from error
         finally:
             os.environ.clear()
             os.environ.update(kept)
+
+    def prefer(self, dark=False, reduced=False):
+        """By the desktop's settings, which it reads when it starts."""
+        if (dark, reduced) != self._wishes:
+            self._wishes = (dark, reduced)
+            self.driver.quit()
+            self.driver = self._start()
+
+    @contextmanager
+    def still_reader(self):
+        self.prefer(reduced=True)
+        try:
+            yield self
+        finally:
+            self.prefer()
+
+    @contextmanager
+    def without_script(self):
+        self.driver.quit()
+        self.driver = self._start("--enable-javascript=false")
+        try:
+            yield
+        finally:
+            self.driver.quit()
+            self.driver = self._start()
 
     def log(self):
         return []

@@ -5,6 +5,7 @@ import gzip
 import json
 import os
 import subprocess
+import tempfile
 from pathlib import Path
 
 try:
@@ -12,12 +13,14 @@ try:
 except ImportError:
     jsonschema = None
 
+from browser import CHROMIUM
 from projects import Frame, Heading, Project, Symbol
 from responsive_case import ResponsiveCase, sample
 from responsive_tests import COLOURFUL, MAP, TAKEN
 
 HERE = Path(__file__).resolve().parent
 AXE = HERE / "node_modules/axe-core/axe.min.js"
+LIGHTHOUSE = HERE / "node_modules/.bin/lighthouse"
 CHECKER = HERE / "node_modules/vnu-jar/build/dist/vnu.jar"
 JAVA = "/usr/bin/java"
 SOURCES = HERE.parents[3]
@@ -83,6 +86,25 @@ class Checks(ResponsiveCase):
                               text=True, check=False)
         self.assertEqual(done.stderr, "")
         self.assertEqual(done.returncode, 0)
+
+    def test_lighthouse_finds_nothing_to_mend(self):
+        """What it says of speed depends on what else the machine does; bench/page_quality.py has the figures."""
+        if not self.once():
+            return
+        self.need(LIGHTHOUSE)
+        url = self.site(SOURCES / "examples/europe.nvpf", program_folder=self.maker.content)
+        with tempfile.TemporaryDirectory(prefix="nubivane-lighthouse-", ignore_cleanup_errors=True) as home:
+            done = subprocess.run(
+                [LIGHTHOUSE, url, "--quiet", "--output=json", "--output-path=stdout", "--form-factor=mobile",
+                 "--only-categories=accessibility,best-practices,seo",
+                 "--chrome-flags=--headless=new --no-sandbox --disable-gpu"],
+                env=os.environ | {"CHROME_PATH": CHROMIUM, "HOME": home}, capture_output=True, text=True, timeout=180,
+                check=False)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        found = json.loads(done.stdout)
+        weak = [(name, audit["title"]) for name, audit in found["audits"].items() if audit["score"] not in (None, 1)]
+        self.assertEqual({name: part["score"] for name, part in found["categories"].items()},
+                         {"accessibility": 1, "best-practices": 1, "seo": 1}, weak)
 
     def test_the_json_is_what_its_schema_says(self):
         if not self.once():

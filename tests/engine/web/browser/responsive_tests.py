@@ -130,7 +130,7 @@ class Journeys(ResponsiveCase):
 
     def test_starting_by_itself(self):
         itself = (("Timer", 1), ("Play button", 2))
-        for engine in self.each_engine(lambda one: one.media):
+        for engine in self.each_engine():
             engine.open(self.site(sample(2), settings=itself))
             engine.wait("return !document.querySelector('#day-2').hidden;")
             engine.prefer(reduced=True)
@@ -258,11 +258,12 @@ class Loading(ResponsiveCase):
             engine.wait("return [...document.querySelectorAll('#monday img')].every(i => i.complete && i.naturalWidth);")
 
     def test_still_pictures_for_readers_who_ask_for_less_motion(self):
-        for engine in self.each_engine(lambda one: one.media):
+        for engine in self.each_engine():
             with engine.still_reader() as reader:
-                for reading in (nullcontext, reader.without_script):
+                for reading, tabs in ((nullcontext, 2), (reader.without_script, 0)):
                     with reading():
                         asked = self.asked(reader, self.site(MAP))
+                        self.assertEqual(reader.run("return document.querySelectorAll('[role=tab]').length;"), tabs)
                     self.assertIn("Forecast-symbol-set-1-sun-still.png", asked)
                     self.assertFalse({name for name in asked if name.endswith(".gif")})
 
@@ -297,7 +298,7 @@ COLOURFUL = Project((Frame(
 
 class Looks(ResponsiveCase):
     def test_every_text_can_be_read_in_both_schemes(self):
-        for engine in self.each_engine(lambda one: one.media):
+        for engine in self.each_engine():
             grounds = []
             try:
                 for dark in (False, True):
@@ -326,7 +327,7 @@ class Looks(ResponsiveCase):
             engine.size(1200, 1000)
 
     def test_each_period_prints_on_a_page_of_its_own(self):
-        for engine in self.each_engine(lambda one: one.media):
+        for engine in self.each_engine(lambda one: one.prints):
             for count in (1, 2, 5, 40):
                 if engine.name == "Firefox" and count == 40:
                     continue    # takes half a minute there
