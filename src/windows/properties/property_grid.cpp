@@ -31,11 +31,6 @@ QLabel* boldLabel(const QString& text, QWidget* parent) {
     return label;
 }
 
-/// The layout that holds a row's field.
-QHBoxLayout* lineOf(const QWidget* field) {
-    return static_cast<QHBoxLayout*>(field->parentWidget()->layout());
-}
-
 }  // namespace
 
 PropertyGrid::PropertyGrid(const QString& heading, QWidget* parent)
@@ -136,7 +131,7 @@ QToolButton* PropertyGrid::addWideButton(const PropertyRow& row, const QString& 
 
 void PropertyGrid::putBefore(QWidget* field, QWidget* widget, const QString& name) {
     widget->setObjectName(name);
-    QHBoxLayout* line = lineOf(field);
+    QHBoxLayout* line = lines_.value(field);
     line->insertWidget(line->indexOf(field), widget);
 }
 
@@ -146,7 +141,7 @@ QToolButton* PropertyGrid::addButton(QWidget* field, const QString& name) {
     button->setText("...");
     button->setFocusPolicy(Qt::StrongFocus);
     button->setAccessibleName(field->accessibleName());
-    lineOf(field)->addWidget(button);
+    lines_.value(field)->addWidget(button);
     explain(button, help_.value(field));
     return button;
 }
@@ -156,15 +151,17 @@ void PropertyGrid::addRow(const PropertyRow& row, const QString& name, QWidget* 
     field->setAccessibleName((section_ + ' ' + tr(row.caption)).trimmed());
     field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     field->setMinimumWidth(fontMetrics().averageCharWidth() * 8);
-    auto* cell = new QWidget;
-    auto* line = new QHBoxLayout(cell);
-    line->setContentsMargins(0, 0, 0, 0);
+    auto* line = new QHBoxLayout;
     line->setSpacing(4);
     line->addWidget(field);
+    lines_.insert(field, line);
+    // What reads the window aloud looks for a field's caption among its siblings, and has no other
+    // name for a combo box; only with its section the caption tells which row it is.
     auto* caption = new QLabel(withAccessKey(tr(row.caption)));
+    caption->setAccessibleName(field->accessibleName());
     caption->setBuddy(field);
     rows_->addWidget(caption, line_, 0);
-    rows_->addWidget(cell, line_, 1);
+    rows_->addLayout(line, line_, 1);
     explain(field, row);
     finishRow();
 }
@@ -207,7 +204,7 @@ bool PropertyGrid::eventFilter(QObject* watched, QEvent* event) {
         const PropertyRow row = help_.value(watched);
         lblTitleInfo_->setText(tr(row.helpTitle));
         lblInfo_->setText(tr(row.help));
-        fraContainer_->ensureVisible(*static_cast<QWidget*>(watched)->parentWidget());
+        fraContainer_->ensureVisible(*static_cast<QWidget*>(watched));
     }
     return QWidget::eventFilter(watched, event);
 }

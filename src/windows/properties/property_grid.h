@@ -10,6 +10,7 @@
 #include <QWidget>
 
 class QGridLayout;
+class QHBoxLayout;
 class QLabel;
 
 namespace nubivane {
@@ -70,6 +71,7 @@ class PropertyGrid : public QWidget {
     QGridLayout* rows_;
     QLabel* lblTitleInfo_;
     QLabel* lblInfo_;
+    QHash<const QWidget*, QHBoxLayout*> lines_;  ///< a field and what stands beside it
     QHash<const QObject*, PropertyRow> help_;
     QString section_;
     QString taken_;

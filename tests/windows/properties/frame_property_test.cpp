@@ -371,4 +371,50 @@ TEST_F(FrameProperty, TheAccessKeyOfATextGoesFromSectionToSection) {
     });
 }
 
+/// The names under which what reads the window aloud finds the combo boxes of a grid: those of the
+/// labels that are related to them.
+static QStringList heardCombos(const QWidget& window) {
+    QStringList names;
+    for (QComboBox* combo : window.findChildren<QComboBox*>()) {
+        const auto related =
+            QAccessible::queryAccessibleInterface(combo)->relations(QAccessible::Label);
+        EXPECT_FALSE(related.isEmpty()) << combo->objectName().toStdString();
+        for (const auto& [label, relation] : related) {
+            names << label->text(QAccessible::Name);
+        }
+    }
+    return names;
+}
+
+TEST_F(FrameProperty, EveryRowIsNamedForThoseWhoHearTheWindow) {
+    start();
+    withProperties([](QWidget& window) {
+        EXPECT_EQ(heardCombos(window),
+                  QStringList({"Title Back color", "Title Border", "Title Border color",
+                               "Title Alignment", "Subtitle Back color", "Subtitle Border",
+                               "Subtitle Border color", "Subtitle Alignment", "Forecast Back Color",
+                               "Forecast Border", "Forecast Border color"}));
+        QSet<QString> names;
+        for (QLineEdit* field : window.findChildren<QLineEdit*>()) {
+            const QString name =
+                QAccessible::queryAccessibleInterface(field)->text(QAccessible::Name);
+            EXPECT_FALSE(name.isEmpty() || names.contains(name))
+                << field->objectName().toStdString();
+            names << name;
+        }
+        EXPECT_TRUE(names.contains("Subtitle Text"));
+        withModal([&] { click(window, "cmdForecastText"); },
+                  [](QWidget& detail) {
+                      EXPECT_EQ(heardCombos(detail),
+                                QStringList({"Header Back color", "Body Back color"}));
+                  });
+        withModal([&] { click(window, "cmdTitleFont"); },
+                  [](QWidget& font) { EXPECT_TRUE(heardCombos(font).contains("Color:")); });
+    });
+    placeLabel({100, 100});
+    withProperties([](QWidget& window) {
+        EXPECT_EQ(heardCombos(window), QStringList({"Back color", "Border", "Border color"}));
+    });
+}
+
 }  // namespace nubivane

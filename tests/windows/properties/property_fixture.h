@@ -66,18 +66,22 @@ class PropertyFixture : public CanvasFixture {
     }
     using CanvasFixture::click;
 
-    /// The caption beside a field.
-    static QString captionOf(const QWidget& field) {
-        const QWidget* cell = field.parentWidget();
-        const auto* rows = qobject_cast<QGridLayout*>(cell->parentWidget()->layout());
-        for (int row = 0; row < rows->rowCount(); ++row) {
-            const QLayoutItem* found = rows->itemAtPosition(row, 1);
-            if (found && found->widget() == cell) {
-                const auto* caption = qobject_cast<QLabel*>(rows->itemAtPosition(row, 0)->widget());
-                return QString(caption->text()).remove(u'&');
+    /// The label beside a field; none where the field is in no row.
+    static const QLabel* labelOf(const QWidget& field) {
+        const auto* rows = qobject_cast<QGridLayout*>(field.parentWidget()->layout());
+        for (int row = 0; rows && row < rows->rowCount(); ++row) {
+            const QLayoutItem* line = rows->itemAtPosition(row, 1);
+            auto* fields = line ? const_cast<QLayoutItem*>(line)->layout() : nullptr;
+            if (fields && fields->indexOf(&field) >= 0) {
+                return qobject_cast<QLabel*>(rows->itemAtPosition(row, 0)->widget());
             }
         }
-        return {};
+        return nullptr;
+    }
+    /// The caption beside a field.
+    static QString captionOf(const QWidget& field) {
+        const QLabel* label = labelOf(field);
+        return label ? QString(label->text()).remove(u'&') : QString();
     }
     /// The rows of one text's font and colours, `line` being the middle of their fields' names.
     static void expectFontRows(QWidget& window, const QByteArray& line) {

@@ -170,6 +170,33 @@ TEST_F(SymbolProperty, LeavingASizeChecksIt) {
     });
 }
 
+TEST_F(SymbolProperty, AFieldThatNobodyHasChangedIsLeftInPeace) {
+    startWithSymbol();
+    withProperties([this](QWidget& window) {
+        // It sticks out, so that its own size would be refused if it were typed.
+        enter(window, "txtPosX", "480");
+        enter(window, "txtPosY", "380");
+        for (const char* name : {"txtHeight", "txtWidth", "txtPosX", "txtPosY"}) {
+            auto& field = part<QLineEdit>(window, name);
+            const QString before = field.text();
+            field.setFocus();
+            QTest::keyClick(&field, Qt::Key_Tab);
+            // Typed away and back again it is the same.
+            field.setFocus();
+            field.end(false);
+            QTest::keyClick(&field, Qt::Key_7);
+            QTest::keyClick(&field, Qt::Key_Backspace);
+            QTest::keyClick(&field, Qt::Key_Backtab);
+            QCoreApplication::processEvents();
+            EXPECT_EQ(field.text(), before) << name;
+        }
+        part<QLineEdit>(window, "txtWidth").setFocus();
+        window.close();
+    });
+    EXPECT_EQ(symbol().Width, 32);
+    EXPECT_EQ(symbol().Height, 32);
+}
+
 TEST_F(SymbolProperty, TheFrameGoesToTheModelsPlaceWhenTheSizeChanges) {
     startWithSymbol();
     const QString corner = placeSymbol({0, 0}, "still.png");
