@@ -108,7 +108,7 @@ int main(int argc, char* argv[]) {
     QString error;
     const auto arguments = parseArguments(*words, error);
     if (!arguments) {
-        streams::printError(u"nubivane-cli: "_s + error, u"see nubivane-cli --help"_s);
+        streams::printUsageError(error);
         return exit_code::WrongUsage;
     }
     switch (arguments->request) {

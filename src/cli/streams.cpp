@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/streams.h"
 
+#include "engine/core/sentence.h"
+
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -34,9 +36,13 @@ void printError(const QString& text, const QString& cause) {
     lines.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
     lines += u'\n';
     if (!cause.isEmpty()) {
-        lines += u"  "_s + cause + u'\n';
+        lines += u"  "_s + sentence(cause) + u'\n';
     }
     writeError(lines);
+}
+
+void printUsageError(const QString& text) {
+    writeError(u"nubivane-cli: "_s + text + u"\n  see nubivane-cli --help\n"_s);
 }
 
 bool errorIsTerminal() {

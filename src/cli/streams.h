@@ -15,6 +15,9 @@ void writeError(const QString& text);
 /// A message as lines of their own: the text, then what lay behind it, if anything is known.
 void printError(const QString& text, const QString& cause = {});
 
+/// What is wrong with the words given, and where to read how they should be.
+void printUsageError(const QString& text);
+
 bool errorIsTerminal();
 
 }  // namespace nubivane::streams

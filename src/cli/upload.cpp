@@ -82,9 +82,8 @@ int failed(const QString& text) {
 int runUpload(CommandContext& context) {
     const auto port = portOf(context.options.value(u"--port"_s, u"21"_s));
     if (!port) {
-        streams::printError(u"nubivane-cli: --port takes a number from 1 to 65535, not \""_s +
-                                context.options.value(u"--port"_s) + u'"',
-                            u"see nubivane-cli --help"_s);
+        streams::printUsageError(u"--port takes a number from 1 to 65535, not \""_s +
+                                 context.options.value(u"--port"_s) + u'"');
         return exit_code::WrongUsage;
     }
     FtpSettings settings = FtpSettings::read(context.workspace.settings);

@@ -95,7 +95,7 @@ TEST_F(ExportTargets, AnEndingThatSaysSomethingElseIsRefused) {
         const ProcessResult result = run(words);
         EXPECT_EQ(result.exitCode, 1) << words.join(u' ').toStdString();
         EXPECT_EQ(result.out, "");
-        EXPECT_TRUE(result.err.contains("does not fit what would be written.\n  it ends in ."))
+        EXPECT_TRUE(result.err.contains("does not fit what would be written.\n  It ends in ."))
             << result.err.toStdString();
         EXPECT_TRUE(result.err.contains(words.last().toUtf8())) << result.err.toStdString();
     }

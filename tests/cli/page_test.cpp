@@ -156,7 +156,7 @@ TEST_F(PageCommand, AFailureWithThePageIsToldWithItsCause) {
     EXPECT_EQ(result.out, "");
     EXPECT_EQ(result.err,
               "An error occurred while creating the page: Unknown colour.\n"
-              "  the colour 123 is not one of those that a page can show\n");
+              "  The colour 123 is not one of those that a page can show.\n");
 }
 
 TEST_F(PageCommand, AHostileFileNameInTheSettingsWritesNothingOutside) {

@@ -82,8 +82,9 @@ TEST_F(SaveCommand, ATargetWithoutExtensionFailsAndWritesNothing) {
     const ProcessResult result = run({"save", project, beside("noext")});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.out, "");
-    EXPECT_TRUE(result.err.startsWith("An error occurred while saving the project.\n  "))
-        << result.err.toStdString();
+    EXPECT_EQ(result.err,
+              "An error occurred while saving the project.\n"
+              "  The file name has no ending; type it with \".nvpf\" behind it.\n");
     EXPECT_EQ(files(), before);
 }
 

@@ -62,7 +62,7 @@ TEST_F(Show, AMissingProjectFailsWithTheTextOfTheEditor) {
     EXPECT_EQ(result.err,
               "nowhere.nvpf.\n"
               "This is not a valid Nubivane file, or its format is not currently supported.\n"
-              "  there is no such file\n");
+              "  There is no such file.\n");
 }
 
 TEST_F(Show, AFolderIsNoProject) {

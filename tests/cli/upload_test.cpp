@@ -69,7 +69,7 @@ TEST_F(UploadCommand, ASiteWithoutAPageIsSentAndTold) {
     set("Upload", "html page", "1");
     const ProcessResult result = run(QStringList{"upload", project} + to(server));
     EXPECT_EQ(result.exitCode, 0);
-    EXPECT_TRUE(result.err.startsWith("The site that was sent has no page.\n  there is no " +
+    EXPECT_TRUE(result.err.startsWith("The site that was sent has no page.\n  There is no " +
                                       host("Forecast.htm").toUtf8()))
         << result.err.toStdString();
     set("Upload", "html page", "0");

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/core/error.h"
 
+#include "engine/core/sentence.h"
+
 #include <utility>
 
 namespace nubivane {
@@ -12,7 +14,8 @@ Error::Error(int number, QString source, QString description, QString cause)
       source_(std::move(source)),
       description_(std::move(description)),
       cause_(std::move(cause)) {
-    const QString full = cause_.isEmpty() ? description_ : description_ + u" "_s + cause_;
+    const QString full =
+        cause_.isEmpty() ? description_ : sentence(description_) + u" "_s + sentence(cause_);
     what_ = full.toUtf8();
 }
 

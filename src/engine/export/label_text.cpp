@@ -138,7 +138,7 @@ void LabelText::draw(QPainter& painter, const QRect& rect, const QColor& color,
     layout.draw(&painter, rect.topLeft());
 }
 
-/// Lines below each other, aligned as their script is read; returns what they take.
+/// Lines below each other, each from the left as those of one font are; returns what they take.
 QSizeF LabelText::layOut(QTextLayout& layout, bool strikeOut) const {
     constexpr qreal AnyWidth = 1 << 24;
     const auto withStrike = [strikeOut](QFont font) {
@@ -168,12 +168,6 @@ QSizeF LabelText::layOut(QTextLayout& layout, bool strikeOut) const {
         size.setWidth(std::max(size.width(), line.naturalTextWidth()));
     }
     layout.endLayout();
-    if (text_.isRightToLeft()) {
-        for (int i = 0; i < layout.lineCount(); ++i) {
-            QTextLine line = layout.lineAt(i);
-            line.setPosition({size.width() - line.naturalTextWidth(), line.y()});
-        }
-    }
     return size;
 }
 

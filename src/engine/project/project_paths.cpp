@@ -26,7 +26,7 @@ QString requireDataFileOf(const QString& projectFile) {
                     reason);
     };
     if (dataFile.isEmpty()) {
-        fail(u"the file name has no extension, so there is no name for the data file"_s);
+        fail(u"the file name has no ending; type it with \".nvpf\" behind it"_s);
     }
     if (dataFile.compare(projectFile, Qt::CaseInsensitive) == 0) {
         fail(u"the file name is that of the data file"_s);

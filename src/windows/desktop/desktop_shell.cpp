@@ -2,6 +2,7 @@
 #include "windows/desktop/desktop_shell.h"
 
 #include "engine/core/host_files.h"
+#include "engine/core/sentence.h"
 #include "engine/core/version.h"
 #include "engine/gif/color_value.h"
 #include "windows/help/frm_help.h"
@@ -94,8 +95,7 @@ void showCause(QMessageBox& box, const QString& cause) {
     if (cause.size() > Longest || cause.count(u'\n') > 2) {
         box.setDetailedText(cause);
     } else if (!cause.isEmpty()) {
-        const bool ended = cause.endsWith(u'.') || cause.endsWith(u'!') || cause.endsWith(u'?');
-        box.setInformativeText(breakable(cause[0].toUpper() + cause.mid(1) + (ended ? "" : ".")));
+        box.setInformativeText(breakable(sentence(cause)));
     }
 }
 

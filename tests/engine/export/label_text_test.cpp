@@ -9,6 +9,9 @@
 #include <QFontMetrics>
 #include <QPainter>
 
+#include <algorithm>
+#include <utility>
+
 namespace nubivane::testing {
 
 namespace {
@@ -81,6 +84,56 @@ TEST_F(SlantWithoutLetters, EachLineStandsBelowTheOther) {
     const QSize three = LabelText(arabic + "\r\n" + arabic + "\n" + arabic, font(true)).size();
     EXPECT_NEAR(three.height(), 3 * one, 3);
     EXPECT_NEAR(LabelText("a\nb\nc", font(true)).size().height(), three.height(), 3);
+}
+
+/// Columns from the first to the last with ink, within rows.
+static std::pair<int, int> inkedColumns(const QImage& image, int top, int bottom) {
+    std::pair<int, int> found(image.width(), -1);
+    for (int y = top; y < std::min(bottom, image.height()); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qGray(image.pixel(x, y)) < 128) {
+                found = {std::min(found.first, x), std::max(found.second, x)};
+            }
+        }
+    }
+    return found;
+}
+
+TEST_F(SlantWithoutLetters, LinesThatAreReadFromTheRightStandWhereTheUprightOnesDo) {
+    const QString hebrew = u"\u05DE\u05D6\u05D2"_s;  // weather
+    for (const QString& word : {arabic, hebrew}) {
+        // With a figure, which the slant has, the text is drawn in parts.
+        for (const QString& tail : {QString(), u" 7"_s}) {
+            const QString text = word + u' ' + word + u' ' + word + u'\n' + word + tail;
+            const QImage slanted = drawn(text, font(true));
+            const QImage upright = drawn(text, font(false));
+            EXPECT_NEAR(slanted.height(), upright.height(), 2);
+            EXPECT_NEAR(slanted.width(), upright.width(), 2);
+            const int half = upright.height() / 2;
+            for (const int top : {0, half}) {
+                const auto lean = inkedColumns(slanted, top, top + half);
+                const auto plain = inkedColumns(upright, top, top + half);
+                EXPECT_NEAR(lean.first, plain.first, 4) << text.toStdString() << top;
+                EXPECT_NEAR(lean.second, plain.second, 4) << text.toStdString() << top;
+            }
+        }
+    }
+}
+
+TEST_F(SlantWithoutLetters, LettersReadFromTheRightStandInTheirOrder) {
+    // The upright look has both scripts: the parts of a mixed text have to stand as it places them.
+    const QString text = arabic + u" 25 "_s + arabic;
+    const QImage slanted = drawn(text, font(true));
+    const QImage upright = drawn(text, font(false));
+    ASSERT_NEAR(slanted.width(), upright.width(), 3);
+    const auto inkOfThird = [](const QImage& image, int third) {
+        return inkOf(image.copy(third * image.width() / 3, 0, image.width() / 3, image.height()));
+    };
+    for (const int third : {0, 1, 2}) {
+        EXPECT_NEAR(inkOfThird(slanted, third), inkOfThird(upright, third),
+                    inkOfThird(upright, third) / 5)
+            << third;
+    }
 }
 
 TEST_F(SlantWithoutLetters, ALabelHasTheSizeOfWhatIsDrawn) {
