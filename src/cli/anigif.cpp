@@ -2,7 +2,7 @@
 #include "cli/export_arguments.h"
 #include "cli/export_target.h"
 #include "engine/core/error.h"
-#include "engine/export/gif_export.h"
+#include "engine/export/export_request.h"
 
 namespace nubivane {
 
@@ -15,8 +15,12 @@ int runAniGif(CommandContext& context) {
     const ExportTarget target(context.arguments[2], u"gif"_s);
     try {
         ConsoleWatcher watcher(context.shell);
-        saveAniGif(context.workspace, frame, target.path(), compressionOf(context), watcher,
-                   qualityOf(context));
+        runExport(context.workspace,
+                  AniGifRequest{.frame = frame,
+                                .GifFileName = target.path(),
+                                .compression = compressionOf(context),
+                                .quality = qualityOf(context)},
+                  watcher);
     } catch (const Error& error) {
         failSaving(error);
     }

@@ -2,7 +2,7 @@
 #include "cli/export_arguments.h"
 #include "cli/export_target.h"
 #include "engine/core/error.h"
-#include "engine/export/video_export.h"
+#include "engine/export/export_request.h"
 
 namespace nubivane {
 
@@ -30,7 +30,7 @@ qint16 intervalOf(const CommandContext& context) {
 
 int runFilm(CommandContext& context) {
     openNamedProject(context, context.arguments[0]);
-    const FilmOptions options{
+    FilmRequest request{
         .current = frameNumber(context, context.options.value(u"--from"_s, u"1"_s)),
         .FrameInterval = intervalOf(context),
         .quality = qualityOf(context),
@@ -39,9 +39,11 @@ int runFilm(CommandContext& context) {
     const ExportTarget target(context.arguments[1], u"gif"_s);
     try {
         ConsoleWatcher watcher(context.shell);
-        const QString path = target.path();
-        const bool mp4 = path.endsWith(QLatin1String(".mp4"), Qt::CaseInsensitive);
-        (mp4 ? saveFilmMp4 : saveFilm)(context.workspace, path, options, watcher);
+        request.path = target.path();
+        request.format = request.path.endsWith(QLatin1String(".mp4"), Qt::CaseInsensitive)
+                             ? FilmFormat::Mp4
+                             : FilmFormat::Gif;
+        runExport(context.workspace, request, watcher);
     } catch (const Error& error) {
         failSaving(error);
     }

@@ -2,8 +2,7 @@
 #include "cli/export_arguments.h"
 #include "cli/export_target.h"
 #include "engine/core/error.h"
-#include "engine/export/export_stage.h"
-#include "engine/export/print_export.h"
+#include "engine/export/export_request.h"
 
 namespace nubivane {
 
@@ -16,9 +15,7 @@ int runPrint(CommandContext& context) {
     const ExportTarget target(context.arguments[2], u"pdf"_s);
     try {
         ConsoleWatcher watcher(context.shell);
-        remarkMissingLetters(contentOf(context.workspace, frame), watcher);
-        printToPdf(canvasToPrint(renderFrame(context.workspace, frame)), target.path(),
-                   titleOfPrint(context.workspace, frame));
+        runExport(context.workspace, PrintRequest{.frame = frame, .path = target.path()}, watcher);
     } catch (const Error& error) {
         throw Error(error.number(), error.source(), u"An error occurred while printing."_s,
                     QString::fromUtf8(error.what()));

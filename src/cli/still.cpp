@@ -3,10 +3,10 @@
 #include "cli/export_target.h"
 #include "engine/core/error.h"
 #include "engine/core/parallel.h"
-#include "engine/export/export_stage.h"
-#include "engine/export/still_export.h"
+#include "engine/export/export_request.h"
 
-#include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace nubivane {
 
@@ -32,24 +32,27 @@ QStringList filesOfAll(const CommandContext& context, const QString& name) {
 }
 
 void saveAll(CommandContext& context, const QStringList& files) {
-    // Frames that follow each other mostly show the same symbols, and stay on one stage.
-    constexpr qsizetype FramesOnAStage = 10;
-    const qsizetype stages = (files.size() + FramesOnAStage - 1) / FramesOnAStage;
+    // Frames that follow each other mostly show the same symbols, and are one job.
+    constexpr qint32 FramesOfAJob = 10;
+    std::vector<std::unique_ptr<ExportJob>> jobs;
+    StillRequest request;
+    for (qint32 frame = 1; frame <= files.size(); ++frame) {
+        request.files.push_back({frame, modelPath(files[frame - 1])});
+        if (request.files.size() == FramesOfAJob || frame == files.size()) {
+            jobs.push_back(makeJob(context.workspace, std::exchange(request, {})));
+        }
+    }
     RemarkWatcher remarks;
     const ProgressGuard progress(context.shell, 0);
     parallelFor(
-        static_cast<std::size_t>(stages),
+        jobs.size(),
         [&](std::size_t number) {
-            ExportStage stage;
-            const qsizetype first = static_cast<qsizetype>(number) * FramesOnAStage;
-            for (qsizetype i = first; i < std::min(first + FramesOnAStage, files.size()); ++i) {
-                saveMapFile(stage, contentOf(context.workspace, static_cast<qint32>(i) + 1),
-                            modelPath(files[i]), remarks);
-            }
+            const std::unique_ptr<ExportJob> job = std::move(jobs[number]);
+            job->load();
+            job->save(remarks);
         },
         [&](std::size_t done) {
-            context.shell.setProgress(
-                static_cast<int>(100 * static_cast<qsizetype>(done) / stages));
+            context.shell.setProgress(static_cast<int>(100 * done / jobs.size()));
         });
 }
 
@@ -80,7 +83,8 @@ int runStill(CommandContext& context) {
             saveAll(context, files);
         } else {
             ConsoleWatcher watcher(context.shell);
-            saveMapFile(context.workspace, frameNumber(context, frame), target.path(), watcher);
+            runExport(context.workspace,
+                      StillRequest{{{frameNumber(context, frame), target.path()}}}, watcher);
         }
     } catch (const Error& error) {
         failSaving(error);

@@ -2,8 +2,7 @@
 #include "cli/export_arguments.h"
 #include "cli/export_target.h"
 #include "engine/core/error.h"
-#include "engine/export/video_export.h"
-#include "engine/video/video_writer.h"
+#include "engine/export/export_request.h"
 
 namespace nubivane {
 
@@ -27,18 +26,21 @@ int sideOf(const CommandContext& context, const QString& option) {
     return side;
 }
 
-int run(CommandContext& context, decltype(saveAvi)& save, const QString& ending) {
+int run(CommandContext& context, VideoFormat format, const QString& ending) {
     openNamedProject(context, context.arguments[0]);
     const qint32 frame = frameNumber(context, context.arguments[1]);
     checkSeekable(context.arguments[2], ending.toUpper());
     checkEnding(context.arguments[2], {ending});
-    const VideoOptions options{
+    const VideoRequest request{
+        .frame = frame,
+        .path = modelPath(context.arguments[2]),
+        .format = format,
         .size = {sideOf(context, u"--width"_s), sideOf(context, u"--height"_s)},
         .compression = compressionOf(context),
     };
     try {
         ConsoleWatcher watcher(context.shell);
-        save(context.workspace, frame, modelPath(context.arguments[2]), options, watcher);
+        runExport(context.workspace, request, watcher);
     } catch (const Error& error) {
         failSaving(error);
     }
@@ -48,11 +50,11 @@ int run(CommandContext& context, decltype(saveAvi)& save, const QString& ending)
 }  // namespace
 
 int runAvi(CommandContext& context) {
-    return run(context, saveAvi, u"avi"_s);
+    return run(context, VideoFormat::Avi, u"avi"_s);
 }
 
 int runMp4(CommandContext& context) {
-    return run(context, saveMp4, u"mp4"_s);
+    return run(context, VideoFormat::Mp4, u"mp4"_s);
 }
 
 }  // namespace nubivane

@@ -20,10 +20,4 @@ class ExportJob {
     virtual void save(ExportWatcher& watcher) = 0;
 };
 
-/// Does all of it, on this thread.
-inline void runExport(ExportJob& job, ExportWatcher& watcher) {
-    job.load();
-    job.save(watcher);
-}
-
 }  // namespace nubivane

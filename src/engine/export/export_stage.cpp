@@ -3,6 +3,7 @@
 
 #include "engine/core/host_files.h"
 #include "engine/export/label_painter.h"
+#include "engine/picture/sheet.h"
 
 #include <QPainter>
 
@@ -16,17 +17,6 @@ namespace {
 bool touches(QPoint position, QSize size, QSize stage) {
     return position.x() < stage.width() && position.y() < stage.height() &&
            qint64{position.x()} + size.width() > 0 && qint64{position.y()} + size.height() > 0;
-}
-
-/// A map with see-through places lies on white.
-QImage opaque(const QImage& image) {
-    if (!image.hasAlphaChannel()) {
-        return image.convertToFormat(QImage::Format_RGB32);
-    }
-    QImage sheet(image.size(), QImage::Format_RGB32);
-    sheet.fill(Qt::white);
-    QPainter(&sheet).drawImage(0, 0, image);
-    return sheet;
 }
 
 void fold(StageTiming& timing, const Animation& animation) {
@@ -53,7 +43,7 @@ Picture ExportStage::mapOf(const FrameContent& frame) {
 void ExportStage::loadMap(const FrameContent& frame) {
     const Picture picture = mapOf(frame);
     if (!picture.sharesContentWith(mapPicture_)) {
-        map_ = opaque(picture.image());
+        map_ = onWhite(picture.image());
         mapPicture_ = picture;
     }
 }
@@ -72,12 +62,6 @@ void ExportStage::loadStageSprites(const FrameContent& frame) {
     symbols_.swap(symbols);
     labels_ = frame.labels;
     timing_ = timing;
-}
-
-void ExportStage::clearStageSprites() {
-    symbols_.clear();
-    labels_.clear();
-    timing_ = {};
 }
 
 QImage ExportStage::grabStage(qint64 time) const {
@@ -99,7 +83,7 @@ QImage ExportStage::grabStage(qint64 time) const {
     return stage;
 }
 
-QImage renderFrame(Workspace& workspace, qint32 frame, qint64 time) {
+QImage renderFrame(const Workspace& workspace, qint32 frame, qint64 time) {
     const FrameContent content = contentOf(workspace, frame);
     ExportStage stage;
     stage.loadMap(content);

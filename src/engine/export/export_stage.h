@@ -38,7 +38,6 @@ class ExportStage {
     /// Places a Frame's sprites. One that cannot be shown leaves a gap. Those of another Frame are
     /// taken off.
     void loadStageSprites(const FrameContent& frame);
-    void clearStageSprites();
 
     QSize size() const { return map_.size(); }
     StageTiming timing() const { return timing_; }
@@ -65,6 +64,6 @@ class ExportStage {
 };
 
 /// A Frame as it looks a time (ms) after its Symbols began to play. Raises `Error`.
-QImage renderFrame(Workspace& workspace, qint32 frame, qint64 time = 0);
+QImage renderFrame(const Workspace& workspace, qint32 frame, qint64 time = 0);
 
 }  // namespace nubivane

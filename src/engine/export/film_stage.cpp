@@ -7,8 +7,9 @@
 
 namespace nubivane {
 
-FilmStage::FilmStage(Workspace& workspace, const FilmOptions& options) : options_(options) {
-    FrameContent first = contentOf(workspace, options.current);
+FilmStage::FilmStage(const Workspace& workspace, qint32 current, qint16 interval)
+    : interval_(interval) {
+    FrameContent first = contentOf(workspace, current);
     first.drawn = workspace.pctPanel.picture(1);
     frames_.push_back(std::move(first));
     for (qint32 i = 2; i <= workspace.Frames().Count(); ++i) {
@@ -24,7 +25,7 @@ Capture FilmStage::captureFrame(qint32 number) {
     constexpr int MillisecondsPerHundredth = 10;
     stage_.loadMap(frame(number));
     stage_.loadStageSprites(frame(number));
-    return stage_.capture(qint64{options_.FrameInterval} * MillisecondsPerHundredth);
+    return stage_.capture(qint64{interval_} * MillisecondsPerHundredth);
 }
 
 void FilmStage::remarkMissingLetters(ExportWatcher& watcher) const {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "engine/export/export_stage.h"
-#include "engine/export/gif_export.h"
 
 namespace nubivane {
 
@@ -12,9 +11,10 @@ class ExportWatcher;
 /// taken, which decides how far its Symbols have played.
 class FilmStage {
   public:
-    /// Reads the Frames from the model, which it does not touch from then on. Raises `Error`
-    /// (OutOfRange) when there is no current Frame.
-    FilmStage(Workspace& workspace, const FilmOptions& options);
+    /// Reads the Frames from the model, which it does not touch from then on; `current` is the one
+    /// whose sprites stand on the first image, `interval` is in hundredths of a second. Raises
+    /// `Error` (OutOfRange) when there is no such Frame.
+    FilmStage(const Workspace& workspace, qint32 current, qint16 interval);
 
     /// Number of images.
     qint32 count() const { return static_cast<qint32>(frames_.size()); }
@@ -33,7 +33,7 @@ class FilmStage {
 
     std::vector<FrameContent> frames_;
     ExportStage stage_;
-    FilmOptions options_;
+    qint16 interval_;
 };
 
 }  // namespace nubivane

@@ -44,7 +44,7 @@ cLabel onStage(cLabel label) {
 
 }  // namespace
 
-FrameContent contentOf(Workspace& workspace, qint32 frame) {
+FrameContent contentOf(const Workspace& workspace, qint32 frame) {
     const cSprites& sprites = workspace.Frames().Item(frame).Sprites();
     FrameContent content;
     content.number = frame;

@@ -34,7 +34,7 @@ struct FrameContent {
 /// it has on a stage; one whose name stands for no kind of element is left out. The canvas lags
 /// behind the panels: whoever exports the Frame on it calls `Workspace::storeCurrentFrame` first.
 /// Raises `Error` (OutOfRange) when there is no such Frame.
-FrameContent contentOf(Workspace& workspace, qint32 frame);
+FrameContent contentOf(const Workspace& workspace, qint32 frame);
 
 /// Tells the watcher of each Label that has letters for which no installed font has a form.
 void remarkMissingLetters(const FrameContent& frame, ExportWatcher& watcher);

@@ -5,6 +5,8 @@
 #include "engine/core/host_files.h"
 #include "engine/core/path_text.h"
 #include "engine/core/version.h"
+#include "engine/export/export_stage.h"
+#include "engine/export/export_watcher.h"
 #include "engine/export/pdf_language.h"
 #include "engine/model/workspace.h"
 
@@ -39,17 +41,64 @@ QPageLayout layoutFor(QSize picture) {
                        QPageLayout::Portrait, QMarginsF());
 }
 
-}  // namespace
-
-QImage partToPrint(const QImage& canvas) {
-    return canvas.copy(canvas.rect().adjusted(1, 1, 0, 0));
-}
-
+/// What is printed of the canvas that would show a stage: the right and the lower line of its frame
+/// are part of it.
 QImage canvasToPrint(const QImage& stage) {
     QImage canvas(stage.size() + QSize(1, 1), QImage::Format_RGB32);
     canvas.fill(CanvasFrameColor);
     QPainter(&canvas).drawImage(0, 0, stage);
     return canvas;
+}
+
+QByteArray pdfOf(const QImage& picture, const QString& title) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter pdf(&buffer);
+        pdf.setTitle(title);
+        pdf.setCreator(QLatin1String(ProgramTitle));
+        pdf.setResolution(PixelsPerInch);
+        pdf.setPageLayout(layoutFor(picture.size()));
+        printPicture(pdf, picture);
+    }
+    const QLocale language = QLocale::system();
+    const QString tag =
+        language.language() == QLocale::C ? QStringLiteral("en") : language.bcp47Name();
+    return pdfWithLanguage(bytes, tag);
+}
+
+class PrintJob : public ExportJob {
+  public:
+    PrintJob(const Workspace& workspace, const PrintRequest& request)
+        : path_(request.path),
+          title_(titleOfPrint(workspace, request.frame)),
+          frame_(contentOf(workspace, request.frame)) {}
+
+    void load() override {
+        stage_.loadMap(frame_);
+        stage_.loadStageSprites(frame_);
+    }
+
+    void save(ExportWatcher& watcher) override {
+        remarkMissingLetters(frame_, watcher);
+        const QImage picture = stage_.grabStage(0);
+        watcher.showStage(picture);
+        host_files::writeHostFile(host_files::toHost(path_), pdfOf(canvasToPrint(picture), title_));
+        watcher.setProgress(100);
+    }
+
+  private:
+    QString path_;
+    QString title_;
+    FrameContent frame_;
+    ExportStage stage_;
+};
+
+}  // namespace
+
+QImage partToPrint(const QImage& canvas) {
+    return canvas.copy(canvas.rect().adjusted(1, 1, 0, 0));
 }
 
 void printPicture(QPagedPaintDevice& paper, const QImage& picture) {
@@ -69,30 +118,16 @@ void printPicture(QPagedPaintDevice& paper, const QImage& picture) {
     }
 }
 
-void printToPdf(const QImage& picture, const QString& path, const QString& title) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    {
-        QPdfWriter pdf(&buffer);
-        pdf.setTitle(title);
-        pdf.setCreator(QLatin1String(ProgramTitle));
-        pdf.setResolution(PixelsPerInch);
-        pdf.setPageLayout(layoutFor(picture.size()));
-        printPicture(pdf, picture);
-    }
-    const QLocale language = QLocale::system();
-    const QString tag =
-        language.language() == QLocale::C ? QStringLiteral("en") : language.bcp47Name();
-    host_files::writeHostFile(host_files::toHost(path), pdfWithLanguage(bytes, tag));
-}
-
 QString titleOfPrint(const Workspace& workspace, qint32 frame) {
     const cTexts& texts = workspace.Frames().Item(frame).Texts();
     const QString title = texts.Forecast().Title().Text.simplified();
     const QString name = title.isEmpty() ? texts.Label : title;
     const QString project = stripExtension(getFileName(workspace.Status.CurrentProject));
     return project.isEmpty() ? name : project + QStringLiteral(": ") + name;
+}
+
+std::unique_ptr<ExportJob> makeJob(const Workspace& workspace, const PrintRequest& request) {
+    return std::make_unique<PrintJob>(workspace, request);
 }
 
 }  // namespace nubivane

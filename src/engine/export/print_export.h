@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/export/export_job.h"
+
 #include <QImage>
 #include <QString>
 
@@ -17,19 +19,22 @@ inline constexpr QRgb CanvasFrameColor = qRgb(96, 110, 122);
 /// and the lower line are left. One pixel wider and higher than the map.
 QImage partToPrint(const QImage& canvas);
 
-/// The same, made of a stage without a canvas.
-QImage canvasToPrint(const QImage& stage);
-
 /// Prints a picture at the upper left corner of a page, 96 pixels to the inch. Raises `Error`
 /// (FileAccess) when the paper cannot be begun or ended.
 void printPicture(QPagedPaintDevice& paper, const QImage& picture);
 
-/// The same into a PDF file of one page, without any loss: A4 as it holds the picture, upright or
-/// across; where neither does, a page of the picture's size. The title is what viewers show; the
-/// file's language is that of the person's system. Raises `Error`.
-void printToPdf(const QImage& picture, const QString& path, const QString& title);
+/// A Frame as a PDF file of one page, without any loss: A4 as it holds the picture, upright or
+/// across; where neither does, a page of the picture's size. It shows what is printed of the
+/// canvas. Viewers show the project and the Frame's title, or else its name, as that of the file;
+/// its language is that of the person's system.
+struct PrintRequest {
+    qint32 frame = 1;   ///< its number
+    QString path = {};  ///< path text
+};
 
-/// What a print of a Frame is called: the project, and the Frame's title or else its name.
+std::unique_ptr<ExportJob> makeJob(const Workspace& workspace, const PrintRequest& request);
+
+/// What a print of a Frame is called.
 QString titleOfPrint(const Workspace& workspace, qint32 frame);
 
 }  // namespace nubivane

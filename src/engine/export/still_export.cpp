@@ -5,8 +5,8 @@
 #include "engine/core/host_files.h"
 #include "engine/export/export_stage.h"
 #include "engine/export/export_watcher.h"
-#include "engine/picture/image_codec.h"
-#include "engine/picture/jpeg_encoder.h"
+#include "engine/export/frame_content.h"
+#include "engine/picture/image_ex.h"
 
 #include <QStringList>
 
@@ -30,61 +30,64 @@ PictureFormat formatOf(const QString& path) {
     return formatOfExtension(end);
 }
 
-/// Coloured letters on a JPEG need colour as fine as brightness; the pages' maps have always done
-/// without, and their bytes are kept.
-QByteArray encoded(const QImage& picture, PictureFormat format) {
-    return format == PictureFormat::Jpeg ? encodeJpegWithFullColor(picture, JpegQuality)
-                                         : encodePicture(picture, format);
-}
-
 /// Writes what stands on a stage.
 void writeStage(const ExportStage& stage, const QString& path, ExportWatcher& watcher) {
     watcher.setProgress(45);
     const QImage picture = stage.grabStage(0);
     watcher.showStage(picture);
     watcher.setProgress(70);
-    const QByteArray bytes = encoded(picture, formatOf(path));
-    host_files::writeHostFile(host_files::toHost(path), bytes);
+    ImageEx::SaveImage(picture, path, formatOf(path));
     watcher.setProgress(90);
     watcher.setProgress(100);
 }
 
-class MapFileJob : public ExportJob {
+class StillJob : public ExportJob {
   public:
-    MapFileJob(FrameContent frame, const QString& path) : frame_(std::move(frame)), path_(path) {}
+    StillJob(const Workspace& workspace, const StillRequest& request) {
+        for (const StillRequest::File& file : request.files) {
+            Still still{contentOf(workspace, file.frame), file.path};
+            if (!file.map.isEmpty()) {
+                still.frame.drawn = file.map;
+            }
+            stills_.push_back(std::move(still));
+        }
+    }
 
     void load() override {
-        stage_.loadMap(frame_);
-        stage_.loadStageSprites(frame_);
+        if (!stills_.empty()) {
+            setStage(stills_.front().frame);
+        }
     }
 
     void save(ExportWatcher& watcher) override {
-        remarkMissingLetters(frame_, watcher);
-        writeStage(stage_, path_, watcher);
+        for (const Still& still : stills_) {
+            if (&still != &stills_.front()) {
+                setStage(still.frame);
+            }
+            remarkMissingLetters(still.frame, watcher);
+            writeStage(stage_, still.path, watcher);
+        }
     }
 
   private:
-    FrameContent frame_;
-    QString path_;
+    struct Still {
+        FrameContent frame;
+        QString path;
+    };
+
+    void setStage(const FrameContent& frame) {
+        stage_.loadMap(frame);
+        stage_.loadStageSprites(frame);
+    }
+
+    std::vector<Still> stills_;
     ExportStage stage_;
 };
 
 }  // namespace
 
-std::unique_ptr<ExportJob> mapFileJob(FrameContent frame, const QString& path) {
-    return std::make_unique<MapFileJob>(std::move(frame), path);
-}
-
-void saveMapFile(Workspace& workspace, qint32 frame, const QString& path, ExportWatcher& watcher) {
-    runExport(*mapFileJob(contentOf(workspace, frame), path), watcher);
-}
-
-void saveMapFile(ExportStage& stage, const FrameContent& frame, const QString& path,
-                 ExportWatcher& watcher) {
-    stage.loadMap(frame);
-    stage.loadStageSprites(frame);
-    remarkMissingLetters(frame, watcher);
-    writeStage(stage, path, watcher);
+std::unique_ptr<ExportJob> makeJob(const Workspace& workspace, const StillRequest& request) {
+    return std::make_unique<StillJob>(workspace, request);
 }
 
 }  // namespace nubivane

@@ -2,22 +2,28 @@
 #pragma once
 
 #include "engine/export/export_job.h"
-#include "engine/export/frame_content.h"
+#include "engine/picture/picture.h"
+
+#include <QString>
+
+#include <vector>
 
 namespace nubivane {
 
-class ExportStage;
+class Workspace;
 
-/// Writes a Frame as one image file, in the format that the last three characters of the path (in
-/// any case) name: bmp, gif, jpg, png or tif. Raises `Error`: `UnsupportedFormat` for another
-/// ending, FileAccess and others as they come. Nothing half written is left.
-std::unique_ptr<ExportJob> mapFileJob(FrameContent frame, const QString& path);
+/// Frames as image files, each in the format that the last three characters of its path (in any
+/// case) name: bmp, gif, jpg, png or tif. Another ending is an `Error` (`UnsupportedFormat`). What
+/// the Frames share is decoded once.
+struct StillRequest {
+    struct File {
+        qint32 frame;      ///< its number
+        QString path;      ///< path text
+        Picture map = {};  ///< shown in place of the Frame's own map, where there is one
+    };
+    std::vector<File> files;
+};
 
-/// The same at once.
-void saveMapFile(Workspace& workspace, qint32 frame, const QString& path, ExportWatcher& watcher);
-
-/// The same on a stage that serves for several Frames: what they share is decoded once.
-void saveMapFile(ExportStage& stage, const FrameContent& frame, const QString& path,
-                 ExportWatcher& watcher);
+std::unique_ptr<ExportJob> makeJob(const Workspace& workspace, const StillRequest& request);
 
 }  // namespace nubivane

@@ -3,15 +3,13 @@
 
 #include "engine/core/error.h"
 #include "engine/core/host_files.h"
-#include "engine/core/path_text.h"
 #include "engine/core/replaced_file.h"
 #include "engine/gif/color_index.h"
 #include "engine/gif/gif_outline.h"
 #include "engine/gif/gif_reader.h"
 #include "engine/gif/gif_writer.h"
-#include "engine/picture/image_codec.h"
-
-#include <QPainter>
+#include "engine/picture/jpeg_encoder.h"
+#include "engine/picture/sheet.h"
 
 #include <algorithm>
 #include <cmath>
@@ -136,16 +134,6 @@ bool rewrite(const QByteArray& gif, QSize size, GifWriter& writer,
 
 }  // namespace
 
-QImage onSheet(const QImage& picture, QSize size) {
-    if (picture.size() == size) {
-        return picture;
-    }
-    QImage sheet(size, QImage::Format_RGB32);
-    sheet.fill(Qt::white);
-    QPainter(&sheet).drawImage(0, 0, picture);
-    return sheet;
-}
-
 std::vector<qint64> spreadDelays(const FrameList& list) {
     std::vector<qint64> delays;
     delays.reserve(list.size());
@@ -159,8 +147,10 @@ std::vector<qint64> spreadDelays(const FrameList& list) {
     return delays;
 }
 
-void ImageEx::SaveImage(const QString& path) const {
-    host_files::write(path, encodePicture(picture_, formatOfExtension(getExtension(path))));
+void ImageEx::SaveImage(const QImage& picture, const QString& path, PictureFormat format) {
+    host_files::write(path, format == PictureFormat::Jpeg
+                                ? encodeJpegWithFullColor(picture, JpegQuality)
+                                : encodePicture(picture, format));
 }
 
 void ImageEx::AssembleGif(const FrameList& list, const QString& path,

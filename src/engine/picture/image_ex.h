@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/gif/gif_colors.h"
+#include "engine/picture/image_codec.h"
 
 #include <QString>
 
@@ -24,14 +25,13 @@ using FrameList = std::vector<FrameColumn>;
 /// Told after each picture: how many are done, of how many.
 using PictureProgress = std::function<void(int done, int count)>;
 
-/// A picture that can be written as a file, and what makes moving pictures of several. Paths are
-/// path texts; a file appears under its name only when it is whole. Everything raises `Error`.
+/// Writes pictures as files, still and moving ones. Paths are path texts; a file appears under its
+/// name only when it is whole. Everything raises `Error`.
 class ImageEx {
   public:
-    explicit ImageEx(QImage picture) : picture_(std::move(picture)) {}
-
-    /// Writes the picture in the format that the path's extension names.
-    void SaveImage(const QString& path) const;
+    /// Writes a picture. Coloured letters on a JPEG need colour as fine as brightness, which it has
+    /// here; the pages' maps have always done without, and their bytes are kept.
+    static void SaveImage(const QImage& picture, const QString& path, PictureFormat format);
 
     /// Writes an endless GIF. Captures smaller than the largest stand in the upper left corner of a
     /// white sheet. Delays that are no whole hundredths are spread so that the sum is right; an
@@ -45,13 +45,7 @@ class ImageEx {
     /// everything is tried.
     static void OptimizeGif(const QString& source, const QString& target, int mode,
                             const PictureProgress& progress = {});
-
-  private:
-    QImage picture_;
 };
-
-/// A picture (RGB32) in the upper left corner of a white sheet; itself where it has that size.
-QImage onSheet(const QImage& picture, QSize size);
 
 /// Whole hundredths whose sum is, at each place of the list, as near as can be to the sum of what
 /// was asked for.

@@ -3,8 +3,7 @@
 
 #include "engine/core/error.h"
 #include "engine/picture/jpeg_errors.h"
-
-#include <QPainter>
+#include "engine/picture/sheet.h"
 
 #include <cstdlib>
 #include <vector>
@@ -22,16 +21,6 @@ struct Output {
     unsigned char* bytes = nullptr;  ///< the library's, from malloc
     unsigned long size = 0;
 };
-
-QImage opaque(const QImage& image) {
-    if (!image.hasAlphaChannel()) {
-        return image.convertToFormat(QImage::Format_RGB32);
-    }
-    QImage sheet(image.size(), QImage::Format_RGB32);
-    sheet.fill(Qt::white);
-    QPainter(&sheet).drawImage(0, 0, image);
-    return sheet;
-}
 
 void start(jpeg_compress_struct& file, QSize size, int quality) {
     file.image_width = static_cast<JDIMENSION>(size.width());
@@ -68,7 +57,7 @@ void encode(jpeg_compress_struct& file, const QImage& image, int quality, JSAMPR
 }  // namespace
 
 QByteArray encodeJpegWithFullColor(const QImage& image, int quality) {
-    const QImage picture = opaque(image);
+    const QImage picture = onWhite(image);
     std::vector<JSAMPLE> row(static_cast<std::size_t>(picture.width()) * Channels + 1);
     JpegErrors errors;
     jpeg_compress_struct file{};

@@ -57,14 +57,10 @@ void ExportCommands::exportMap(const QString& filter) {
     }
     workspace_.storeCurrentFrame();
     try {
-        frmSave window(workspace_, shell_, window_);
-        window.Frame = workspace_.Status.CurrentFrame;
-        window.MapFileName = path;
-        window.Map = workspace_.pctPanel.picture(window.Frame);
-        if (window.Map.isEmpty()) {
-            window.Map = workspace_.loadCurrentMap();
-        }
-        window.Init();
+        const qint32 frame = workspace_.Status.CurrentFrame;
+        const Picture drawn = workspace_.pctPanel.picture(frame);
+        const Picture map = drawn.isEmpty() ? workspace_.loadCurrentMap() : drawn;
+        frmSave(workspace_, shell_, {{{frame, path, map}}}, window_).Init();
     } catch (const Error& error) {
         shell_.messageBox({error.description(), Icon::Critical, Buttons::Ok, error.cause()});
     }
@@ -87,10 +83,10 @@ void ExportCommands::subEsportaGifAni() {
         return;
     }
     workspace_.storeCurrentFrame();
-    frmSaveAniGif window(workspace_, shell_, window_);
-    window.GifFileName = dialog.FileName();
-    window.GifCompression = dialog.GifCompression();
-    window.Init();
+    const AniGifRequest request{.frame = workspace_.Status.CurrentFrame,
+                                .GifFileName = dialog.FileName(),
+                                .compression = dialog.GifCompression()};
+    frmSaveAniGif(workspace_, shell_, request, window_).Init();
 }
 
 void ExportCommands::subEsportaFilm() {
@@ -99,10 +95,10 @@ void ExportCommands::subEsportaFilm() {
         return;
     }
     workspace_.storeCurrentFrame();
-    frmSaveFilm window(workspace_, shell_, window_);
-    window.GifFileName = dialog.FileName();
-    window.FrameInterval = dialog.FrameInterval();
-    window.Init();
+    const FilmRequest request{.path = dialog.FileName(),
+                              .current = workspace_.Status.CurrentFrame,
+                              .FrameInterval = dialog.FrameInterval()};
+    frmSaveFilm(workspace_, shell_, request, window_).Init();
 }
 
 void ExportCommands::subEsportaAvi() {
@@ -111,12 +107,11 @@ void ExportCommands::subEsportaAvi() {
         return;
     }
     workspace_.storeCurrentFrame();
-    frmSaveAvi window(workspace_, shell_, window_);
-    window.AviFileName = dialog.FileName();
-    window.AviWidth = dialog.aviSize().width();
-    window.AviHeight = dialog.aviSize().height();
-    window.AviCompression = dialog.AviCompression();
-    window.Init();
+    const VideoRequest request{.frame = workspace_.Status.CurrentFrame,
+                               .path = dialog.FileName(),
+                               .size = dialog.aviSize(),
+                               .compression = dialog.AviCompression()};
+    frmSaveAvi(workspace_, shell_, request, window_).Init();
 }
 
 }  // namespace nubivane

@@ -128,13 +128,19 @@ void ExportRunWindow::fitToMap() {
     pctMap_->setFixedSize(size.grownBy({Frame, Frame, Frame, Frame}));
 }
 
-void ExportRunWindow::run(const MakeJob& makeJob, int delay) {
+void ExportRunWindow::run(const ExportRequest& request, int delay) {
+    std::unique_ptr<ExportJob> job;
     try {
-        job_ = makeJob();
+        job = makeJob(workspace_, request);
     } catch (const Error& error) {
         tell(error);
         return;
     }
+    run(std::move(job), delay);
+}
+
+void ExportRunWindow::run(std::unique_ptr<ExportJob> job, int delay) {
+    job_ = std::move(job);
     const HourglassGuard hourglass(shell_);
     tmrStart_.start(delay);
     exec();

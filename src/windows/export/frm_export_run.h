@@ -3,12 +3,11 @@
 
 #include "engine/core/error.h"
 #include "engine/core/worker_thread.h"
-#include "engine/export/export_job.h"
+#include "engine/export/export_request.h"
 
 #include <QDialog>
 #include <QTimer>
 
-#include <functional>
 #include <optional>
 
 class QProgressBar;
@@ -36,12 +35,12 @@ class ExportRunWindow : public QDialog {
     void stageTold();
 
   protected:
-    using MakeJob = std::function<std::unique_ptr<ExportJob>()>;
-
     ExportRunWindow(const char* name, Workspace& workspace, Shell& shell, QWidget* parent);
 
-    /// Shows the window until the export has ended. It begins `delay` milliseconds after that.
-    void run(const MakeJob& makeJob, int delay = 0);
+    /// Shows the window until what was requested is done. It begins `delay` milliseconds after
+    /// that.
+    void run(const ExportRequest& request, int delay = 0);
+    void run(std::unique_ptr<ExportJob> job, int delay = 0);
 
     /// What is to be done when all is read and the file is going to be written.
     virtual void beforeSaving() {}

@@ -2,16 +2,13 @@
 #include "windows/export/frm_save.h"
 
 #include "engine/core/shell.h"
-#include "engine/export/still_export.h"
 
 #include <QProgressBar>
 
-#include <utility>
-
 namespace nubivane {
 
-frmSave::frmSave(Workspace& workspace, Shell& shell, QWidget* parent)
-    : ExportRunWindow("frmSave", workspace, shell, parent) {
+frmSave::frmSave(Workspace& workspace, Shell& shell, const StillRequest& request, QWidget* parent)
+    : ExportRunWindow("frmSave", workspace, shell, parent), request_(request) {
     setWindowTitle(tr(" Saving..."));
     progressBar().setValue(3);
 }
@@ -19,13 +16,7 @@ frmSave::frmSave(Workspace& workspace, Shell& shell, QWidget* parent)
 void frmSave::Init() {
     // Long enough to be seen: the work itself is done in a moment.
     constexpr int Timer1_Interval = 200;
-    run(
-        [this] {
-            FrameContent content = contentOf(workspace(), Frame);
-            content.drawn = Map;
-            return mapFileJob(std::move(content), MapFileName);
-        },
-        Timer1_Interval);
+    run(request_, Timer1_Interval);
 }
 
 void frmSave::beforeSaving() {

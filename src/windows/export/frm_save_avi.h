@@ -5,22 +5,20 @@
 
 namespace nubivane {
 
-/// Writes the current Frame as a video. Set what is to be written, then `Init`.
+/// Writes a Frame as a video.
 class frmSaveAvi : public ExportRunWindow {
     Q_OBJECT
 
   public:
-    frmSaveAvi(Workspace& workspace, Shell& shell, QWidget* parent);
+    frmSaveAvi(Workspace& workspace, Shell& shell, const VideoRequest& request, QWidget* parent);
 
-    qint32 AviWidth = 0;  ///< pixels
-    qint32 AviHeight = 0;
-    QString AviFileName;        ///< the file to write, a path text
-    qint16 AviCompression = 1;  ///< 1 to `MaxCompression`
-
-    void Init();
+    void Init() { run(request_); }
 
   protected:
     void savingFailed(const Error& error) override;
+
+  private:
+    VideoRequest request_;
 };
 
 }  // namespace nubivane

@@ -2,13 +2,12 @@
 #include "windows/export/frm_save_gif.h"
 
 #include "engine/core/host_files.h"
-#include "engine/export/gif_export.h"
-#include "engine/model/workspace.h"
 
 namespace nubivane {
 
-GifRunWindow::GifRunWindow(const char* name, Workspace& workspace, Shell& shell, QWidget* parent)
-    : ExportRunWindow(name, workspace, shell, parent) {
+GifRunWindow::GifRunWindow(const char* name, Workspace& workspace, Shell& shell,
+                           const QString& GifFileName, QWidget* parent)
+    : ExportRunWindow(name, workspace, shell, parent), GifFileName_(GifFileName) {
     setWindowTitle(tr(" Creating frames - step 1 of 4"));
 }
 
@@ -16,30 +15,19 @@ GifRunWindow::GifRunWindow(const char* name, Workspace& workspace, Shell& shell,
 /// person has given up, must not pass for the new one.
 void GifRunWindow::savingFailed(const Error& error) {
     if (error.number() == error_number::FileAccess) {
-        host_files::removeFile(GifFileName);
+        host_files::removeFile(GifFileName_);
     } else {
         tell(error);
     }
 }
 
-frmSaveAniGif::frmSaveAniGif(Workspace& workspace, Shell& shell, QWidget* parent)
-    : GifRunWindow("frmSaveAniGif", workspace, shell, parent) {}
+frmSaveAniGif::frmSaveAniGif(Workspace& workspace, Shell& shell, const AniGifRequest& request,
+                             QWidget* parent)
+    : GifRunWindow("frmSaveAniGif", workspace, shell, request.GifFileName, parent),
+      request_(request) {}
 
-void frmSaveAniGif::Init() {
-    run([this] {
-        return aniGifJob(workspace(), workspace().Status.CurrentFrame, GifFileName, GifCompression);
-    });
-}
-
-frmSaveFilm::frmSaveFilm(Workspace& workspace, Shell& shell, QWidget* parent)
-    : GifRunWindow("frmSaveFilm", workspace, shell, parent) {}
-
-void frmSaveFilm::Init() {
-    run([this] {
-        return filmJob(
-            workspace(), GifFileName,
-            {.current = workspace().Status.CurrentFrame, .FrameInterval = FrameInterval});
-    });
-}
+frmSaveFilm::frmSaveFilm(Workspace& workspace, Shell& shell, const FilmRequest& request,
+                         QWidget* parent)
+    : GifRunWindow("frmSaveFilm", workspace, shell, request.path, parent), request_(request) {}
 
 }  // namespace nubivane

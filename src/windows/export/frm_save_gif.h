@@ -9,38 +9,41 @@ namespace nubivane {
 class GifRunWindow : public ExportRunWindow {
     Q_OBJECT
 
-  public:
-    QString GifFileName;  ///< the file to write, a path text
-
   protected:
-    GifRunWindow(const char* name, Workspace& workspace, Shell& shell, QWidget* parent);
+    GifRunWindow(const char* name, Workspace& workspace, Shell& shell, const QString& GifFileName,
+                 QWidget* parent);
 
     void savingFailed(const Error& error) override;
+
+  private:
+    QString GifFileName_;  ///< the file to write, a path text
 };
 
-/// Writes the current Frame as a GIF in which its Symbols move. Set what is to be written, then
-/// `Init`.
+/// Writes a Frame as a GIF in which its Symbols move.
 class frmSaveAniGif : public GifRunWindow {
     Q_OBJECT
 
   public:
-    frmSaveAniGif(Workspace& workspace, Shell& shell, QWidget* parent);
+    frmSaveAniGif(Workspace& workspace, Shell& shell, const AniGifRequest& request,
+                  QWidget* parent);
 
-    qint16 GifCompression = 1;  ///< 1 to `MaxCompression`
+    void Init() { run(request_); }
 
-    void Init();
+  private:
+    AniGifRequest request_;
 };
 
-/// Writes all Frames as one GIF. Set what is to be written, then `Init`.
+/// Writes all Frames as one GIF.
 class frmSaveFilm : public GifRunWindow {
     Q_OBJECT
 
   public:
-    frmSaveFilm(Workspace& workspace, Shell& shell, QWidget* parent);
+    frmSaveFilm(Workspace& workspace, Shell& shell, const FilmRequest& request, QWidget* parent);
 
-    qint16 FrameInterval = 1;  ///< hundredths of a second
+    void Init() { run(request_); }
 
-    void Init();
+  private:
+    FilmRequest request_;
 };
 
 }  // namespace nubivane

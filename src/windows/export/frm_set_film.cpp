@@ -3,7 +3,7 @@
 
 #include "engine/core/number_text.h"
 #include "engine/core/shell.h"
-#include "engine/export/gif_export.h"
+#include "engine/export/film_export.h"
 #include "engine/model/workspace.h"
 #include "windows/widgets/scrspn.h"
 #include "windows/widgets/select_on_focus.h"

@@ -209,19 +209,6 @@ TEST_F(ExportStageTest, PositionsBeyondAllBoundsAreHarmless) {
     EXPECT_FALSE(isPainted(rendered(), {0, 0, 60, 40}));
 }
 
-TEST_F(ExportStageTest, ClearingTakesAllSpritesOff) {
-    makeSymbol("dot.gif", {5, 5});
-    addSymbol("dot.gif", {0, 0});
-    addLabel("x", {10, 10}, 0);
-    const FrameContent content = contentOf(workspace, 1);
-    ExportStage stage;
-    stage.loadMap(content);
-    stage.loadStageSprites(content);
-    stage.clearStageSprites();
-    EXPECT_EQ(stage.grabStage(0), plainImage({60, 40}, Qt::blue));
-    EXPECT_EQ(stage.timing().longestLoop, 0);
-}
-
 TEST_F(ExportStageTest, FiveHundredSymbolsAreShown) {
     makeSymbol("dot.gif", {5});
     for (int i = 0; i < 500; ++i) {

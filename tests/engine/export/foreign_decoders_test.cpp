@@ -6,6 +6,7 @@
 #include "engine/gif/gif_reader.h"
 #include "engine/picture/image_ex.h"
 #include "engine/picture/made_pictures.h"
+#include "engine/picture/sheet.h"
 #include "support/processes.h"
 
 #include <algorithm>
@@ -100,7 +101,7 @@ class ForeignDecoders : public StageFixture {
     }
 
     void saveAndExpectExact(qint32 interval = 100) {
-        saveAniGif(workspace, 1, output("a.gif"), 1, watcher);
+        run(AniGifRequest{.GifFileName = output("a.gif")});
         const QList<QImage> shown = expectAllSeeTheSame();
         for (qsizetype i = 0; i < shown.size(); ++i) {
             EXPECT_EQ(shown[i], renderFrame(workspace, 1, i * interval)) << i;
@@ -209,7 +210,7 @@ TEST_F(ForeignDecoders, AFilmOfMapsThatAllDiffer) {
     workspace.pctPanel.setPicture(2, Picture(shaded({150, 90})));
     workspace.pctPanel.setPicture(3, Picture(shaded({90, 120}, 40)));
     workspace.pctPanel.setPicture(4, Picture(plainImage({10, 10}, Qt::green)));
-    saveFilm(workspace, output("a.gif"), {1, 20}, watcher);
+    run(FilmRequest{.path = output("a.gif"), .FrameInterval = 20});
     const QList<QImage> shown = expectAllSeeTheSame();
     ASSERT_EQ(shown.size(), 4);
     EXPECT_EQ(shown[3], onSheet(plainImage({10, 10}, Qt::green), {150, 120}));

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/export/gif_export.h"
-
 #include "engine/core/error.h"
+#include "engine/export/export_request.h"
 #include "engine/export/export_stage.h"
 #include "engine/export/stage_fixture.h"
 #include "engine/gif/gif_reader.h"
@@ -17,7 +16,7 @@ namespace {
 class AniGif : public StageFixture {
   protected:
     std::vector<GifImage> save(int compression = 1) {
-        saveAniGif(workspace, 1, output("a.gif"), compression, watcher);
+        run(AniGifRequest{.GifFileName = output("a.gif"), .compression = compression});
         return readGif(readFile(outputHost("a.gif")));
     }
 };
@@ -33,8 +32,9 @@ class Film : public StageFixture {
         workspace.pctPanel.setPicture(2, Picture(plainImage({60, 40}, Qt::green)));
     }
 
-    std::vector<GifImage> save(const FilmOptions& options) {
-        saveFilm(workspace, output("film.gif"), options, watcher);
+    std::vector<GifImage> save(FilmRequest request) {
+        request.path = output("film.gif");
+        run(request);
         return readGif(readFile(outputHost("film.gif")));
     }
 };
@@ -145,7 +145,7 @@ TEST_F(AniGif, AFailureLeavesTheOldFileAndNoHalfOne) {
     workspace.clearTempPicture();
     QFile::remove(host("Maps/map.png"));
     EXPECT_THROW(save(), Error);
-    EXPECT_THROW(saveAniGif(workspace, 1, output("none\\a.gif"), 1, watcher), Error);
+    EXPECT_THROW(run(AniGifRequest{.GifFileName = output("none\\a.gif")}), Error);
     EXPECT_EQ(outputs(), QStringList({"a.gif"}));
     EXPECT_EQ(readFile(outputHost("a.gif")), "old");
     EXPECT_TRUE(temporaryFolderIsGone());
@@ -161,7 +161,7 @@ TEST_F(AniGif, ASymbolMadeToTakeForeverIsRefused) {
 }
 
 TEST_F(Film, HasOneImageForEachFrameInOrder) {
-    const std::vector<GifImage> images = save({1, 30});
+    const std::vector<GifImage> images = save({.FrameInterval = 30});
     ASSERT_EQ(images.size(), 3U);
     const std::array maps = {Blue, Green, Blue};
     for (std::size_t i = 0; i < 3; ++i) {
@@ -174,7 +174,7 @@ TEST_F(Film, TheFirstImageShowsTheSpritesOfTheCurrentFrame) {
     addSymbol("dot.gif", {1, 1}, 1);
     addSymbol("dot.gif", {2, 2}, 2);
     addSymbol("dot.gif", {3, 3}, 3);
-    const std::vector<GifImage> images = save({3, 1});
+    const std::vector<GifImage> images = save({.current = 3, .FrameInterval = 1});
     EXPECT_EQ(images[0].picture.pixel(3, 3), Red);
     EXPECT_EQ(images[0].picture.pixel(1, 1), Blue);
     EXPECT_EQ(images[1].picture.pixel(2, 2), Red);
@@ -186,15 +186,15 @@ TEST_F(Film, SymbolsHavePlayedForOneInterval) {
     addSymbol("dot.gif", {1, 1}, 1);
     addSymbol("dot.gif", {1, 1}, 2);
     for (const auto& [interval, color] : {std::pair(49, Red), std::pair(100, Blue)}) {
-        const auto images = save({1, static_cast<qint16>(interval)});
+        const auto images = save({.FrameInterval = static_cast<qint16>(interval)});
         EXPECT_EQ(images[1].picture.pixel(1, 1), color) << interval;
     }
-    EXPECT_EQ(save({1, 50})[0].picture.pixel(1, 1), Green);
+    EXPECT_EQ(save({.FrameInterval = 50})[0].picture.pixel(1, 1), Green);
 }
 
 TEST_F(Film, FramesOfOtherSizesStandOnAWhiteSheet) {
     workspace.pctPanel.setPicture(2, Picture(plainImage({80, 20}, Qt::green)));
-    const std::vector<GifImage> images = save({1, 10});
+    const std::vector<GifImage> images = save({.FrameInterval = 10});
     ASSERT_EQ(images[1].picture.size(), QSize(80, 40));
     EXPECT_EQ(images[0].picture.pixel(79, 0), qRgb(255, 255, 255));
     EXPECT_EQ(images[1].picture.pixel(79, 19), Green);
@@ -205,13 +205,13 @@ TEST_F(Film, FramesOfOtherSizesStandOnAWhiteSheet) {
 TEST_F(Film, AProjectOfOneFrameGivesOneImage) {
     workspace.Frames().Remove(3);
     workspace.Frames().Remove(2);
-    const std::vector<GifImage> images = save({1, 1000});
+    const std::vector<GifImage> images = save({.FrameInterval = 1000});
     ASSERT_EQ(images.size(), 1U);
     EXPECT_EQ(images[0].delay, 1000);
 }
 
 TEST_F(Film, CaptionsAndProgressGoTheirSteps) {
-    save({1, 10});
+    save({.FrameInterval = 10});
     EXPECT_EQ(watcher.told,
               QStringList({" Creating frames - step 1 of 4", "46", "70",
                            " Assembling file - step 2 of 4", "80", " Optimizing file - step 3 of 4",

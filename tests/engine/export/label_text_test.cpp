@@ -174,12 +174,12 @@ TEST_F(LettersWithoutFont, AreToldOfALabelAndItsFrame) {
     workspace.pctPanel.resize(2);
     addLabel(u"Tokyo \u65E5"_s, {5, 5}, -1, 2);
     addLabel("Rome", {9, 9}, -1, 2);
-    saveMapFile(workspace, 2, output("a.png"), watcher);
+    run(StillRequest{{{2, output("a.png")}}});
     EXPECT_EQ(
         watcher.remarks,
         QStringList({u"Frame 2: no installed font has \u65E5 of the label \"Tokyo \u65E5\"."_s}));
     watcher.remarks.clear();
-    saveMapFile(workspace, 1, output("a.png"), watcher);
+    run(StillRequest{{{1, output("a.png")}}});
     EXPECT_EQ(watcher.remarks, QStringList());
 }
 

@@ -13,7 +13,11 @@ namespace {
 
 class PrintExport : public StageFixture {
   protected:
-    void print(const QImage& picture) { printToPdf(picture, output("a.pdf"), "week: Monday"); }
+    /// Prints a Frame that shows this map.
+    void print(const QImage& map) {
+        workspace.pctPanel.setPicture(1, Picture(map));
+        run(PrintRequest{.path = output("a.pdf")});
+    }
 
     /// The page at 96 pixels to the inch.
     QImage page() {
@@ -52,9 +56,9 @@ bool isNear(QRgb a, QRgb b) {
 TEST_F(PrintExport, ThePictureIsStoredWithoutLossAt96PixelsToTheInch) {
     const QImage picture = shaded({300, 200});
     print(picture);
-    EXPECT_EQ(stored(), picture);
-    EXPECT_EQ(listed().value(3), "300");
-    EXPECT_EQ(listed().value(4), "200");
+    EXPECT_EQ(stored().copy(picture.rect()), picture);
+    EXPECT_EQ(listed().value(3), "301");
+    EXPECT_EQ(listed().value(4), "201");
     EXPECT_EQ(listed().value(12), "96");
     EXPECT_EQ(listed().value(13), "96");
 }
@@ -64,8 +68,8 @@ TEST_F(PrintExport, ThePictureStandsAtTheCornerOfAnA4Page) {
     const QImage shown = page();
     EXPECT_TRUE(isNear(shown.pixel(1, 1), Red));
     EXPECT_TRUE(isNear(shown.pixel(298, 198), Red));
-    EXPECT_EQ(shown.pixel(302, 100), qRgb(255, 255, 255));
-    EXPECT_EQ(shown.pixel(100, 202), qRgb(255, 255, 255));
+    EXPECT_EQ(shown.pixel(303, 100), qRgb(255, 255, 255));
+    EXPECT_EQ(shown.pixel(100, 203), qRgb(255, 255, 255));
     // A4 at 96 pixels to the inch is 793.7 by 1122.5.
     EXPECT_NEAR(shown.width(), 794, 1);
     EXPECT_NEAR(shown.height(), 1123, 1);
@@ -78,7 +82,7 @@ TEST_F(PrintExport, AWidePictureIsPrintedAcross) {
 }
 
 TEST_F(PrintExport, ALargePictureHasAPageOfItsSize) {
-    print(shaded({1300, 1000}));
+    print(shaded({1299, 999}));  // and the frame
     EXPECT_NEAR(page().width(), 1300, 1);
     EXPECT_NEAR(page().height(), 1000, 1);
     EXPECT_EQ(listed().value(12), "96");
@@ -86,7 +90,8 @@ TEST_F(PrintExport, ALargePictureHasAPageOfItsSize) {
 
 TEST_F(PrintExport, TheCanvasIsPrintedWithoutItsFirstRowAndColumn) {
     const QImage map = shaded({30, 20});
-    const QImage canvas = canvasToPrint(map);
+    print(map);
+    const QImage canvas = stored();
     // The canvas is two pixels larger than the map, what is printed one pixel smaller than it.
     ASSERT_EQ(canvas.size(), QSize(31, 21));
     EXPECT_EQ(canvas.copy(map.rect()), map);
@@ -94,7 +99,17 @@ TEST_F(PrintExport, TheCanvasIsPrintedWithoutItsFirstRowAndColumn) {
     EXPECT_EQ(canvas.pixel(0, 20), CanvasFrameColor);
 }
 
+TEST_F(PrintExport, TheFrameIsPrintedWithItsSymbols) {
+    makeSymbol("dot.gif", {5, 5});
+    addSymbol("dot.gif", {7, 9});
+    print(shaded({30, 20}));
+    EXPECT_EQ(stored().pixel(7, 9), Red);
+    EXPECT_EQ(watcher.told, QStringList({"100"}));
+}
+
 TEST_F(PrintExport, ThePdfHasATitleAndALanguage) {
+    workspace.Status.CurrentProject = "C:\\maps\\week.nvpf";
+    workspace.Frames().Item(1).Texts().Label = "Monday";
     print(shaded({30, 20}));
     const ProcessResult info = runProgram("pdfinfo", {outputHost("a.pdf")});
     EXPECT_EQ(info.exitCode, 0);
@@ -143,7 +158,7 @@ TEST_F(PrintExport, IsCalledAfterTheProjectAndTheFramesTitleOrName) {
 }
 
 TEST_F(PrintExport, AFolderThatIsNotThereIsTold) {
-    EXPECT_THROW(printToPdf(shaded({30, 20}), output("none\\a.pdf"), {}), Error);
+    EXPECT_THROW(run(PrintRequest{.path = output("none\\a.pdf")}), Error);
     EXPECT_EQ(outputs(), QStringList());
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/export/export_request.h"
 #include "engine/export/export_watcher.h"
 #include "engine/gif/small_gif.h"
 #include "support/fixtures.h"
@@ -67,6 +68,9 @@ class StageFixture : public WorkspaceFixture {
                                             .PosY = position.y(),
                                             .Text = text});
     }
+
+    /// Does what is requested, while `watcher` looks on.
+    void run(const ExportRequest& request) { runExport(workspace, request, watcher); }
 
     QString output(const QString& name) const { return model("out/" + name); }
     QString outputHost(const QString& name) const { return host("out/" + name); }

@@ -13,7 +13,7 @@ namespace {
 
 class StillExport : public StageFixture {
   protected:
-    void save(const QString& name) { saveMapFile(workspace, 1, output(name), watcher); }
+    void save(const QString& name) { run(StillRequest{{{1, output(name)}}}); }
 
     int errorOf(const QString& name) {
         try {
@@ -55,7 +55,7 @@ TEST_F(StillExport, AMovingSymbolShowsItsFirstImage) {
     EXPECT_EQ(decodePicture(readFile(outputHost("a.png"))).pixel(0, 0), Red);
 }
 
-TEST_F(StillExport, AStageThatServesSeveralFramesShowsEachAlone) {
+TEST_F(StillExport, AJobOfSeveralFramesShowsEachAlone) {
     workspace.Frames().Add();
     workspace.pctPanel.resize(2);
     workspace.pctPanel.setPicture(2, Picture(plainImage({80, 30}, Qt::green)));
@@ -63,14 +63,23 @@ TEST_F(StillExport, AStageThatServesSeveralFramesShowsEachAlone) {
     addSymbol("dot.gif", {7, 9}, 1);
     addLabel("rain", {20, 5}, -1, 1);
     addSymbol("dot.gif", {3, 3}, 2);
-    ExportStage stage;
-    for (const qint32 frame : {1, 2, 1}) {
-        saveMapFile(stage, contentOf(workspace, frame), output("a.png"), watcher);
-        EXPECT_EQ(
-            decodePicture(readFile(outputHost("a.png"))).convertToFormat(QImage::Format_RGB32),
-            renderFrame(workspace, frame))
-            << frame;
-    }
+    run(StillRequest{{{1, output("a.png")}, {2, output("b.png")}, {1, output("c.png")}}});
+    const auto shown = [this](const QString& name) {
+        return decodePicture(readFile(outputHost(name))).convertToFormat(QImage::Format_RGB32);
+    };
+    EXPECT_EQ(shown("a.png"), renderFrame(workspace, 1));
+    EXPECT_EQ(shown("b.png"), renderFrame(workspace, 2));
+    EXPECT_EQ(shown("c.png"), renderFrame(workspace, 1));
+}
+
+TEST_F(StillExport, AMapThatIsGivenStandsInPlaceOfTheFramesOwn) {
+    run(StillRequest{{{1, output("a.png"), Picture(plainImage({60, 40}, Qt::green))}}});
+    EXPECT_EQ(decodePicture(readFile(outputHost("a.png"))).pixel(1, 1), Green);
+}
+
+TEST_F(StillExport, AFrameThatIsNotThereIsRefusedBeforeAnythingIsWritten) {
+    EXPECT_THROW(run(StillRequest{{{1, output("a.png")}, {2, output("b.png")}}}), Error);
+    EXPECT_EQ(outputs(), QStringList());
 }
 
 TEST_F(StillExport, TheEndOfTheNameMayHaveAnyCase) {

@@ -4,6 +4,7 @@
 #include "engine/core/error.h"
 #include "engine/export/export_stage.h"
 #include "engine/export/stage_fixture.h"
+#include "engine/export/video_size.h"
 #include "engine/picture/made_pictures.h"
 #include "engine/video/riff_check.h"
 #include "support/processes.h"
@@ -48,7 +49,7 @@ class VideoExport : public StageFixture {
 
 TEST_F(VideoExport, AnAviHasAllCapturesAtWholeFramesASecond) {
     addSymbol("dot.gif", {0, 0});
-    saveAvi(workspace, 1, output("a.avi"), {}, watcher);
+    run(VideoRequest{.path = output("a.avi")});
     const QStringList found = probed("a.avi");
     EXPECT_TRUE(found.contains("codec_name=mjpeg"));
     EXPECT_TRUE(found.contains("pix_fmt=yuvj444p"));
@@ -62,7 +63,7 @@ TEST_F(VideoExport, AnAviHasAllCapturesAtWholeFramesASecond) {
 
 TEST_F(VideoExport, AnAviShowsWhatTheStageShows) {
     addSymbol("dot.gif", {0, 0});
-    saveAvi(workspace, 1, output("a.avi"), {}, watcher);
+    run(VideoRequest{.path = output("a.avi")});
     for (const int number : {0, 5, 10}) {
         EXPECT_GT(psnr(frameOf("a.avi", number), renderFrame(workspace, 1, number * 100)), 34)
             << number;
@@ -71,7 +72,7 @@ TEST_F(VideoExport, AnAviShowsWhatTheStageShows) {
 
 TEST_F(VideoExport, PicturesAreSqueezedNotFramed) {
     workspace.pctPanel.setPicture(1, Picture(plainImage({500, 400}, Qt::red)));
-    saveAvi(workspace, 1, output("a.avi"), {.size = {320, 288}}, watcher);
+    run(VideoRequest{.path = output("a.avi"), .size = {320, 288}});
     const QImage frame = frameOf("a.avi", 0);
     ASSERT_EQ(frame.size(), QSize(320, 288));
     for (const QPoint corner : {QPoint(0, 0), QPoint(319, 0), QPoint(0, 287), QPoint(319, 287)}) {
@@ -84,7 +85,7 @@ TEST_F(VideoExport, ASizeOnePixelOffTheMapsIsScaledToo) {
     QImage map = plainImage({201, 150}, Qt::red);
     QPainter(&map).fillRect(195, 0, 6, 150, Qt::blue);
     workspace.pctPanel.setPicture(1, Picture(map));
-    saveAvi(workspace, 1, output("a.avi"), {.size = {200, 150}}, watcher);
+    run(VideoRequest{.path = output("a.avi"), .size = {200, 150}});
     // Scaled, the stripe begins 6 pixels before the right side; cut off, it would be 5.
     const QImage frame = frameOf("a.avi", 0);
     EXPECT_GT(qRed(frame.pixel(192, 75)), 200);
@@ -93,17 +94,17 @@ TEST_F(VideoExport, ASizeOnePixelOffTheMapsIsScaledToo) {
 }
 
 TEST_F(VideoExport, AFrameWithoutSymbolsGivesTwoPicturesOrOne) {
-    saveAvi(workspace, 1, output("a.avi"), {}, watcher);
+    run(VideoRequest{.path = output("a.avi")});
     EXPECT_TRUE(probed("a.avi").contains("nb_read_frames=2"));
     EXPECT_TRUE(probed("a.avi").contains("r_frame_rate=1000/1"));
-    saveAvi(workspace, 1, output("a.avi"), {.size = {}, .compression = 2}, watcher);
+    run(VideoRequest{.path = output("a.avi"), .compression = 2});
     EXPECT_TRUE(probed("a.avi").contains("nb_read_frames=1"));
 }
 
 TEST_F(VideoExport, AFrameWithStillSymbolsGivesOnePicture) {
     makeSymbol("still.gif", {10});
     addSymbol("still.gif", {0, 0});
-    saveAvi(workspace, 1, output("a.avi"), {}, watcher);
+    run(VideoRequest{.path = output("a.avi")});
     EXPECT_TRUE(probed("a.avi").contains("nb_read_frames=1"));
     EXPECT_TRUE(probed("a.avi").contains("r_frame_rate=2/1"));
 }
@@ -119,7 +120,7 @@ TEST(FramesPerSecond, AreWholeAndAtLeastOne) {
 TEST_F(VideoExport, CaptionsAndProgressGoTheirSteps) {
     makeSymbol("two.gif", {10, 10});
     addSymbol("two.gif", {0, 0});
-    saveAvi(workspace, 1, output("a.avi"), {}, watcher);
+    run(VideoRequest{.path = output("a.avi")});
     EXPECT_EQ(watcher.told,
               QStringList({" Creating frames - step 1 of 3", "0", "35",
                            " Creating file - step 2 of 3", "80", " Saving - step 3 of 3", "100"}));
@@ -129,15 +130,15 @@ TEST_F(VideoExport, AFailureLeavesTheOldFileAndNothingElse) {
     writeFile(outputHost("a.avi"), "old");
     workspace.clearTempPicture();
     QFile::remove(host("Maps/map.png"));
-    EXPECT_THROW(saveAvi(workspace, 1, output("a.avi"), {}, watcher), Error);
-    EXPECT_THROW(saveAvi(workspace, 1, output("none\\a.avi"), {}, watcher), Error);
+    EXPECT_THROW(run(VideoRequest{.path = output("a.avi")}), Error);
+    EXPECT_THROW(run(VideoRequest{.path = output("none\\a.avi")}), Error);
     EXPECT_EQ(outputs(), QStringList({"a.avi"}));
     EXPECT_EQ(readFile(outputHost("a.avi")), "old");
 }
 
 TEST_F(VideoExport, AnMp4LastsAsLongAsItsCaptures) {
     addSymbol("dot.gif", {0, 0});
-    saveMp4(workspace, 1, output("a.mp4"), {}, watcher);
+    run(VideoRequest{.path = output("a.mp4"), .format = VideoFormat::Mp4});
     const QStringList found = probed("a.mp4");
     EXPECT_TRUE(found.contains("codec_name=h264"));
     EXPECT_TRUE(found.contains("pix_fmt=yuv420p"));
@@ -149,7 +150,7 @@ TEST_F(VideoExport, AnMp4LastsAsLongAsItsCaptures) {
 
 TEST_F(VideoExport, AnMp4BeginsWithItsTableOfContents) {
     addSymbol("dot.gif", {0, 0});
-    saveMp4(workspace, 1, output("a.mp4"), {}, watcher);
+    run(VideoRequest{.path = output("a.mp4"), .format = VideoFormat::Mp4});
     const QByteArray file = readFile(outputHost("a.mp4"));
     QByteArrayList parts;
     for (qsizetype at = 0; at + 8 <= file.size();) {
@@ -165,17 +166,18 @@ TEST_F(VideoExport, AnMp4BeginsWithItsTableOfContents) {
 
 TEST_F(VideoExport, AFailedMp4LeavesTheOldFileAndNothingElse) {
     writeFile(outputHost("a.mp4"), "old");
-    EXPECT_THROW(saveMp4(workspace, 1, output("none\\a.mp4"), {}, watcher), Error);
+    EXPECT_THROW(run(VideoRequest{.path = output("none\\a.mp4"), .format = VideoFormat::Mp4}),
+                 Error);
     workspace.clearTempPicture();
     QFile::remove(host("Maps/map.png"));
-    EXPECT_THROW(saveMp4(workspace, 1, output("a.mp4"), {}, watcher), Error);
+    EXPECT_THROW(run(VideoRequest{.path = output("a.mp4"), .format = VideoFormat::Mp4}), Error);
     EXPECT_EQ(outputs(), QStringList({"a.mp4"}));
     EXPECT_EQ(readFile(outputHost("a.mp4")), "old");
 }
 
 TEST_F(VideoExport, AnMp4OfOddSidesLosesAPixel) {
     workspace.pctPanel.setPicture(1, Picture(shaded({201, 151})));
-    saveMp4(workspace, 1, output("a.mp4"), {}, watcher);
+    run(VideoRequest{.path = output("a.mp4"), .format = VideoFormat::Mp4});
     EXPECT_TRUE(probed("a.mp4").contains("width=200"));
     EXPECT_TRUE(probed("a.mp4").contains("height=150"));
 }
@@ -186,7 +188,7 @@ TEST_F(VideoExport, AFilmAsMp4HasOnePictureForEachFrame) {
     workspace.pctPanel.resize(3);
     workspace.pctPanel.setPicture(2, Picture(plainImage({200, 150}, Qt::green)));
     workspace.pctPanel.setPicture(3, Picture(plainImage({100, 70}, Qt::red)));
-    saveFilmMp4(workspace, output("a.mp4"), {1, 150}, watcher);
+    run(FilmRequest{.path = output("a.mp4"), .FrameInterval = 150, .format = FilmFormat::Mp4});
     const QStringList found = probed("a.mp4");
     EXPECT_TRUE(found.contains("nb_read_frames=3"));
     EXPECT_TRUE(found.contains("duration=4.500000")) << found.join(u' ').toStdString();
@@ -226,15 +228,15 @@ TEST(SizeOfVideo, AMapLargerThanAVideoIsScaledDownWhole) {
 
 TEST_F(VideoExport, AnOddSizeIsToldOfAnMp4AndKeptByAnAvi) {
     workspace.pctPanel.setPicture(1, Picture(shaded({201, 151})));
-    saveMp4(workspace, 1, output("a.mp4"), {}, watcher);
+    run(VideoRequest{.path = output("a.mp4"), .format = VideoFormat::Mp4});
     EXPECT_EQ(watcher.remarks,
               QStringList({"The video has 200 x 150 pixels instead of 201 x 151: MP4 holds even "
                            "sides alone."}));
     watcher.remarks.clear();
-    saveAvi(workspace, 1, output("a.avi"), {}, watcher);
-    saveMp4(workspace, 1, output("b.mp4"), {.size = {100, 0}}, watcher);
+    run(VideoRequest{.path = output("a.avi")});
+    run(VideoRequest{.path = output("b.mp4"), .format = VideoFormat::Mp4, .size = {100, 0}});
     EXPECT_EQ(watcher.remarks, QStringList());
-    saveFilmMp4(workspace, output("film.mp4"), {.FrameInterval = 100}, watcher);
+    run(FilmRequest{.path = output("film.mp4"), .FrameInterval = 100, .format = FilmFormat::Mp4});
     EXPECT_EQ(watcher.remarks.size(), 1);
 }
 

@@ -56,35 +56,28 @@ class ExportRuns : public StageFixture {
                          [this](const QString& title) { captions << title; });
     }
 
-    void saveStill(const QString& name) {
-        frmSave window(workspace, looking, nullptr);
+    template <class Window, class Request>
+    void save(const Request& request) {
+        Window window(workspace, looking, request, nullptr);
         watch(window);
-        window.Map = workspace.loadCurrentMap();
-        window.MapFileName = output(name);
         window.Init();
+    }
+    void saveStill(const QString& name) {
+        save<frmSave>(StillRequest{{{1, output(name), workspace.loadCurrentMap()}}});
     }
     void saveGif(const QString& name, qint16 compression = 1) {
-        frmSaveAniGif window(workspace, looking, nullptr);
-        watch(window);
-        window.GifFileName = output(name);
-        window.GifCompression = compression;
-        window.Init();
+        save<frmSaveAniGif>(AniGifRequest{.frame = workspace.Status.CurrentFrame,
+                                          .GifFileName = output(name),
+                                          .compression = compression});
     }
     void saveFilm(const QString& name, qint16 interval) {
-        frmSaveFilm window(workspace, looking, nullptr);
-        watch(window);
-        window.GifFileName = output(name);
-        window.FrameInterval = interval;
-        window.Init();
+        save<frmSaveFilm>(FilmRequest{.path = output(name),
+                                      .current = workspace.Status.CurrentFrame,
+                                      .FrameInterval = interval});
     }
-    void saveAvi(const QString& name, QSize size = {320, 288}, qint16 compression = 1) {
-        frmSaveAvi window(workspace, looking, nullptr);
-        watch(window);
-        window.AviFileName = output(name);
-        window.AviWidth = size.width();
-        window.AviHeight = size.height();
-        window.AviCompression = compression;
-        window.Init();
+    void saveAvi(const QString& name, QSize size = {320, 288}) {
+        save<frmSaveAvi>(VideoRequest{
+            .frame = workspace.Status.CurrentFrame, .path = output(name), .size = size});
     }
     std::vector<GifImage> images(const QString& name) const {
         return readGif(readFile(outputHost(name)));
@@ -115,7 +108,7 @@ class OwnRun : public ExportRunWindow {
     OwnRun(Workspace& workspace, Shell& shell)
         : ExportRunWindow("ownRun", workspace, shell, nullptr) {}
     void Init(const std::function<void(ExportWatcher&)>& work) {
-        run([&work] { return std::make_unique<OwnJob>(work); });
+        run(std::make_unique<OwnJob>(work));
     }
     QStringList failures;
 
@@ -245,10 +238,7 @@ TEST_F(ExportRuns, OnAFullDiskNoHalfFileIsLeft) {
         looking.expectMessage("An error occurred while saving the file.", Icon::Exclamation);
         saveAvi("a.avi", {400, 300});
         looking.expectMessage("An error occurred while saving the file.", Icon::Critical);
-        frmSave window(workspace, looking, nullptr);
-        window.Map = workspace.pctPanel.picture(1);
-        window.MapFileName = output("a.bmp");
-        window.Init();
+        save<frmSave>(StillRequest{{{1, output("a.bmp")}}});
     }
     EXPECT_EQ(outputs(), QStringList({"a.avi", "a.bmp"}));
     EXPECT_EQ(readFile(outputHost("a.avi")), "old");
