@@ -7,7 +7,7 @@
 #include "engine/project/model_text.h"
 #include "engine/project/open_project.h"
 #include "engine/project/save_project.h"
-#include "engine/project/system_calls.h"
+#include "support/system_calls.h"
 
 #include <QDir>
 #include <QFileInfo>
