@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/cli_fixture.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace nubivane::testing {
 
 namespace {
@@ -73,6 +76,30 @@ TEST_F(SystemWide, AFolderWithItsContentBesideItIsAPortableOne) {
     EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
     EXPECT_TRUE(QFile::exists(host("Forecast.htm")));
     EXPECT_FALSE(QFile::exists(beside(".local/share/Nubivane")));
+}
+
+TEST_F(SystemWide, AUserWithoutAFolderToWriteIsToldSoAndNotThatTheProjectIsDamaged) {
+    if (::geteuid() != 0) {
+        GTEST_SKIP() << "only root becomes another user";
+    }
+    const QString project = useSoundProject();
+    // The temporary folder is its owner's alone: what it holds is seen by everybody from here on.
+    ASSERT_EQ(::chmod(QFile::encodeName(temporary.path()).constData(), 0755), 0);
+    for (const QString& home : {QStringLiteral("HOME=/nonexistent"), QStringLiteral("LANG=C")}) {
+        for (const QStringList& words :
+             {QStringList{"show", project}, QStringList{"page", project},
+              QStringList{"save", project}, QStringList{"settings", "set", "S", "G", "K", "V"}}) {
+            const ProcessResult result = runProgram(
+                "setpriv", QStringList{"--reuid=65534", "--regid=65534", "--clear-groups", "env",
+                                       "-i", home, installed()} +
+                               words);
+            EXPECT_EQ(result.exitCode, 1) << words[0].toStdString();
+            EXPECT_TRUE(
+                result.err.startsWith("There is no folder that the program may write: "
+                                      "neither its own nor yours.\n"))
+                << words[0].toStdString() << ": " << result.err.toStdString();
+        }
+    }
 }
 
 }  // namespace nubivane::testing

@@ -157,8 +157,9 @@ TEST_F(SettingsDamage, OnceTheFileCanBeWrittenAgainAWriteIsDoneAndSaysSo) {
 }
 
 TEST_F(SettingsDamage, ALineWhoseLastCharacterWasCutIsPassedOverAndKept) {
-    for (const QByteArray& cut : {QByteArray("a/b/c=caf\xC3"), QByteArray("a/caf\xC3=x"),
-                                  QByteArray("a/b/c=caf%C3"), QByteArray("caf\xC3")}) {
+    for (const QByteArray& cut :
+         {QByteArray("a/b/c=caf\xC3"), QByteArray("a/caf\xC3=x"), QByteArray("\xE3=%00"),
+          QByteArray("a/b/c=x\xF0\x9F"), QByteArray("a/b/c=caf%C3"), QByteArray("caf\xC3")}) {
         SettingsStore(file).set(Setting::FtpUrl, "ftp.example.org");
         testing::writeFile(file, cut + '\n' + testing::readFile(file));
         SettingsStore store(file);
