@@ -5,19 +5,20 @@
 #include <QWidget>
 #include <QWindow>
 
-#include <cstdlib>
 #include <utility>
 
 namespace nubivane {
 
 namespace {
 
-constexpr int WatchedMs = 700;    // long enough for a window manager to have its say
-constexpr int MostTries = 4;      // with one that has its own mind it is left at that
-constexpr int WidestFrame = 100;  // what lies further off is no matter of the frame, pixels
+constexpr int WatchedMs = 5000;  // for a window manager to have its say, also on a busy machine
+constexpr int FramedMs = 150;    // from the first picture until the frame is told of
+constexpr int MostTries = 4;     // with one that has its own mind it is left at that
 
-bool isFramesDoing(QPoint distance) {
-    return std::abs(distance.x()) <= WidestFrame && std::abs(distance.y()) <= WidestFrame;
+/// Whether a window stands off where it was sent by its frame, and not because a person moved it.
+bool isFramesDoing(QPoint distance, const QMargins& frame) {
+    const QPoint corner(frame.left(), frame.top());
+    return distance.isNull() || distance == corner || distance == -corner;
 }
 
 }  // namespace
@@ -37,12 +38,9 @@ void FramePlace::put(Wanted wanted) {
     put_ = wanted_(window_.frameGeometry().size());
     found_.reset();
     tries_ = 0;
-    moveTo(*put_);
+    sent_ = *put_;
+    window_.move(sent_);
     watching_.start();
-}
-
-void FramePlace::moveTo(QPoint place) {
-    window_.move(place);
 }
 
 QPoint FramePlace::corner() const {
@@ -50,14 +48,37 @@ QPoint FramePlace::corner() const {
     return put_ && found_ == now ? *put_ : now;
 }
 
+void FramePlace::watch() {
+    if (put_) {
+        watching_.start();
+        QTimer::singleShot(0, this, &FramePlace::check);
+    }
+}
+
+/// Whoever gives a window its frame may move it meanwhile, and where that crosses with what Qt has
+/// asked for, Qt believes the window to stand elsewhere than it does. Asked for once more, now that
+/// the frame is known, both agree.
+void FramePlace::sendAgain() {
+    QWindow* handle = window_.windowHandle();
+    if (put_ && handle && window_.frameGeometry().topLeft() == sent_ &&
+        !handle->frameMargins().isNull() && !window_.isMaximized() && !window_.isFullScreen()) {
+        handle->setFramePosition(sent_);
+    }
+}
+
 bool FramePlace::eventFilter(QObject*, QEvent* event) {
     switch (event->type()) {
         case QEvent::Show:
-            if (put_) {
-                watching_.start();
+            painted_ = false;
+            watch();
+            break;
+        case QEvent::Paint:
+            if (!painted_) {
+                painted_ = true;
+                watch();
+                QTimer::singleShot(FramedMs, this, &FramePlace::sendAgain);
             }
             [[fallthrough]];
-        case QEvent::Paint:
         case QEvent::Resize:
         case QEvent::Move:
             if (watching_.isActive()) {
@@ -76,17 +97,19 @@ void FramePlace::check() {
         window_.isMinimized() || window_.isFullScreen()) {
         return;
     }
-    put_ = wanted_(window_.frameGeometry().size());
     const QPoint now = window_.frameGeometry().topLeft();
-    const QPoint distance = *put_ - now;
-    if (!isFramesDoing(distance)) {
+    if (!isFramesDoing(now - sent_, handle->frameMargins())) {
         found_.reset();  // a person has moved it
+        watching_.stop();
         return;
     }
+    put_ = wanted_(window_.frameGeometry().size());
     found_ = now;
-    if (!distance.isNull() && tries_ < MostTries) {
+    if (now != *put_ && tries_ < MostTries) {
         ++tries_;
-        moveTo(window_.pos() + distance);
+        watching_.start();
+        sent_ = *put_;
+        window_.move(sent_);
     }
 }
 

@@ -36,14 +36,17 @@ class FramePlace : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    void moveTo(QPoint place);
+    void watch();
+    void sendAgain();
     void check();
 
     QWidget& window_;
     Wanted wanted_;
     std::optional<QPoint> put_;    ///< what was wanted last
+    QPoint sent_;                  ///< where it was told to stand last
     std::optional<QPoint> found_;  ///< what came of it
     int tries_ = 0;
+    bool painted_ = false;  ///< since it was shown last
     QTimer watching_;
 };
 
