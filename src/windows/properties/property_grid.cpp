@@ -3,10 +3,14 @@
 
 #include "windows/widgets/scroll_panel.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
+#include <QShortcutEvent>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace nubivane {
 
@@ -160,6 +164,8 @@ void PropertyGrid::addRow(const PropertyRow& row, const QString& name, QWidget* 
     auto* caption = new QLabel(withAccessKey(tr(row.caption)));
     caption->setAccessibleName(field->accessibleName());
     caption->setBuddy(field);
+    caption->installEventFilter(this);
+    captions_.append(caption);
     rows_->addWidget(caption, line_, 0);
     rows_->addLayout(line, line_, 1);
     explain(field, row);
@@ -199,7 +205,29 @@ void PropertyGrid::explain(QWidget* field, const PropertyRow& row) {
     field->installEventFilter(this);
 }
 
+/// Of the rows that share an access key, that below the one where the keyboard is; by itself the
+/// first press would always begin with the first of them.
+void PropertyGrid::goOn(const QKeySequence& key) {
+    QList<QWidget*> fields;
+    for (const QLabel* caption : std::as_const(captions_)) {
+        if (QKeySequence::mnemonic(caption->text()) == key && caption->buddy()->isEnabled()) {
+            fields.append(caption->buddy());
+        }
+    }
+    if (!fields.isEmpty()) {
+        const qsizetype here = fields.indexOf(QApplication::focusWidget());
+        fields[(here + 1) % fields.size()]->setFocus(Qt::ShortcutFocusReason);
+    }
+}
+
 bool PropertyGrid::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Shortcut && qobject_cast<QLabel*>(watched)) {
+        const auto* shortcut = static_cast<QShortcutEvent*>(event);
+        if (shortcut->isAmbiguous()) {
+            goOn(shortcut->key());
+            return true;
+        }
+    }
     if (event->type() == QEvent::FocusIn) {
         const PropertyRow row = help_.value(watched);
         lblTitleInfo_->setText(tr(row.helpTitle));

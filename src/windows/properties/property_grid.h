@@ -63,6 +63,7 @@ class PropertyGrid : public QWidget {
   private:
     void addRow(const PropertyRow& row, const QString& name, QWidget* field);
     void finishRow();
+    void goOn(const QKeySequence& key);
     void explain(QWidget* field, const PropertyRow& row);
     QString withAccessKey(const QString& caption);
 
@@ -72,6 +73,7 @@ class PropertyGrid : public QWidget {
     QLabel* lblTitleInfo_;
     QLabel* lblInfo_;
     QHash<const QWidget*, QHBoxLayout*> lines_;  ///< a field and what stands beside it
+    QList<QLabel*> captions_;
     QHash<const QObject*, PropertyRow> help_;
     QString section_;
     QString taken_;

@@ -371,6 +371,20 @@ TEST_F(FrameProperty, TheAccessKeyOfATextGoesFromSectionToSection) {
     });
 }
 
+TEST_F(FrameProperty, TheAccessKeyOfTextsGoesOnFromOneTextToTheNext) {
+    start();
+    withProperties([](QWidget& window) {
+        ASSERT_EQ(window.focusWidget()->objectName(), "txtTitleText");
+        QStringList reached;
+        for (int i = 0; i < 4; ++i) {
+            QTest::keyClick(window.focusWidget(), Qt::Key_T, Qt::AltModifier);
+            reached << window.focusWidget()->objectName();
+        }
+        EXPECT_EQ(reached, QStringList({"txtsubTitleText", "cmdForecastText", "txtTitleText",
+                                        "txtsubTitleText"}));
+    });
+}
+
 /// The names under which what reads the window aloud finds the combo boxes of a grid: those of the
 /// labels that are related to them.
 static QStringList heardCombos(const QWidget& window) {
