@@ -19,7 +19,7 @@ test_packages=(
     fonts-dejavu-extra
     chromium chromium-driver python3 python3-selenium python3-jsonschema
     firefox-esr webkit2gtk-driver default-jre-headless
-    xvfb openbox xdotool x11-utils xclip libxml2-utils imagemagick binutils bsdutils
+    xvfb openbox weston xdotool x11-utils xclip libxml2-utils imagemagick binutils bsdutils
     ffmpeg gifsicle poppler-utils libchm-bin
     python3-pyftpdlib python3-openssl vsftpd openssl
     appstream bash-completion desktop-file-utils fish lintian man-db mmdebstrap shared-mime-info zsh
