@@ -13,6 +13,7 @@ for python in python3 /usr/bin/python3; do
     "$python" -c 'import PIL, numpy' 2>/dev/null && break
 done
 "$python" bench/whole_program.py "$build" "$build/bench/work"
+"$python" bench/uploads.py "$build"
 "$python" bench/animations.py "$build" "$build/bench/animations"
 "$build/bench/bench_engine" --benchmark_min_time=0.3
 "$build/bench/bench_editor" "$build/Nubivane"

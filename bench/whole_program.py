@@ -3,21 +3,18 @@
 """Measures nubivane-cli as a whole against public tools that do comparable work.
 
 whole_program.py BUILD WORK [NAME ...] runs the named benchmarks (all by default): save, page,
-responsive, grow, show, start, upload. BUILD is a build folder of the preset "bench"; test projects
-are made in WORK once and kept there.
+responsive, grow, show, start. BUILD is a build folder of the preset "bench"; test projects are made
+in WORK once and kept there.
 """
 import argparse
-import collections
 import glob
 import json
 import os
 import re
 import shutil
-import socket
 import statistics
 import subprocess
 import sys
-import time
 
 from measure import compare
 
@@ -224,97 +221,9 @@ def bench_start(bench):
     bench.peer("/bin/true", results["true"], ours)
 
 
-class FtpServer:
-    """A server on this machine in a folder of its own, taking the login user and secret."""
-
-    def __init__(self, root, log):
-        tests = os.path.join(HERE, os.pardir, "tests", "support")
-        with socket.socket() as free:
-            free.bind(("127.0.0.1", 0))
-            self.port = free.getsockname()[1]
-        self.process = subprocess.Popen(
-            ["/usr/bin/python3", "-B", os.path.join(tests, "pyftpdlib_server.py"), root,
-             str(self.port), "user", "secret", log])
-        for _ in range(200):
-            with socket.socket() as probe:
-                if probe.connect_ex(("127.0.0.1", self.port)) == 0:
-                    return
-            time.sleep(0.05)
-        sys.exit("the FTP server does not start")
-
-    def close(self):
-        self.process.terminate()
-        self.process.wait()
-
-
-def bench_upload(bench):
-    """200 files of 10 kB and 5 of 5 MB to a server of this machine, over one connection."""
-    folder = bench.path("upload-program")
-    symbols = os.path.join(folder, "Symbols", "set-1")
-    shutil.rmtree(folder, ignore_errors=True)
-    os.makedirs(symbols)
-    for number in range(205):
-        with open(os.path.join(symbols, "%03d.gif" % number), "wb") as file:
-            file.write(os.urandom(10_000 if number < 200 else 5_000_000))
-    project = bench.project("upload", frames=1, sprites=1, width=80, height=60)
-    password, root, log = bench.path("password"), bench.path("ftp-root"), bench.path("ftp-log")
-    with open(password, "w") as file:
-        file.write("secret")
-    settings = bench.path("upload-settings.ini")
-    cli = [os.path.join(bench.build, "Nubivane", "nubivane-cli"), "--program-folder", folder,
-           "--settings", settings]
-    for entry in ((SETTINGS, "Ftp", "nubivane folder", "nVane"),
-                  (SETTINGS + r"\Ftp", "Upload", "symbols", "1")):
-        subprocess.run([*cli, "settings", "set", *entry], check=True)
-
-    def clean():
-        shutil.rmtree(root, ignore_errors=True)
-        os.makedirs(os.path.join(root, "target"))
-
-    clean()
-    server = FtpServer(root, log)
-    address = "ftp://127.0.0.1:%d/target/" % server.port
-    lftp = ("set ftp:ssl-allow no; set net:max-retries 1; open -u user,secret -p %d 127.0.0.1; "
-            "cd target; mput %s/*; bye" % (server.port, symbols))
-    try:
-        results = compare(bench.repeat, {
-            "upload": [*cli, "upload", project, "--host", "127.0.0.1", "--port", str(server.port),
-                       "--user", "user", "--password-file", password],
-            "lftp": ["lftp", "-c", lftp],
-            "curl": ["sh", "-c", 'cd "$0" && curl -sS -u user:secret -T "{$(ls | paste -sd,)}" "$1"',
-                     symbols, address],
-        }, before=clean)
-        clean()
-        open(log, "w").close()
-        subprocess.run([*cli, "upload", project, "--host", "127.0.0.1", "--port", str(server.port),
-                        "--user", "user", "--password-file", password], check=True,
-                       stderr=subprocess.DEVNULL)
-    finally:
-        server.close()
-    ours = results["upload"]
-    bench.row("nubivane-cli upload", ours, "wanted: at most 1.2 times lftp")
-    bench.peer("lftp mput, one connection", results["lftp"], ours)
-    bench.peer("curl -T, one connection", results["curl"], ours)
-    check_conversation(log, files=205)
-
-
-def check_conversation(log, files):
-    """One connection, each file once, and no command that an upload does not need."""
-    with open(log, encoding="utf-8") as file:
-        text = file.read()
-    connections = text.count("FTP session opened")
-    commands = collections.Counter(re.findall(r"<- (\w+)", text))
-    print("  %d connection, commands: %s" % (
-        connections, ", ".join("%s %d" % pair for pair in sorted(commands.items()))))
-    needed = {"AUTH", "USER", "PASS", "PWD", "MKD", "CWD", "TYPE", "EPSV", "STOR", "QUIT"}
-    if connections != 1 or commands["STOR"] != files or commands["EPSV"] != files \
-            or commands["TYPE"] != 1 or not needed.issuperset(commands):
-        sys.exit("the upload says more than it needs")
-
-
 BENCHMARKS = {"save": bench_save, "page": bench_page,
               "responsive": bench_responsive, "grow": bench_grow, "show": bench_show,
-              "start": bench_start, "upload": bench_upload}
+              "start": bench_start}
 
 
 def main():

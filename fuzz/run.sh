@@ -10,7 +10,8 @@ shift || true
 if [ $# -eq 0 ]; then
     set -- fuzz_project_document fuzz_saved_document fuzz_xml_guard fuzz_data_blocks fuzz_help_file \
         fuzz_jpeg_inspection fuzz_gif_reader fuzz_settings_file fuzz_foreign_text fuzz_ftp_replies \
-        fuzz_versions_list fuzz_page_guard
+        fuzz_versions_list fuzz_page_guard fuzz_ftp_reply_reader fuzz_ftp_listings \
+        fuzz_site_manifest
 fi
 build=${FUZZ_BUILD:-build/fuzz}
 found=$build/found
@@ -38,6 +39,7 @@ for target in "$@"; do
         fuzz_jpeg_inspection | fuzz_settings_file | fuzz_foreign_text) options+=(-max_len=2000) ;;
         fuzz_gif_reader | fuzz_ftp_replies) options+=(-max_len=10000) ;;
         fuzz_versions_list | fuzz_page_guard) options+=(-max_len=20000) ;;
+        fuzz_ftp_reply_reader | fuzz_ftp_listings | fuzz_site_manifest) options+=(-max_len=4096) ;;
         *) options+=(-max_len=45000 -dict=fuzz/project_document.dict) ;;
     esac
     mkdir -p "$found/$target"

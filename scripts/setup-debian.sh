@@ -7,7 +7,7 @@ set -euo pipefail
 build_packages=(
     g++ cmake ninja-build ccache mold
     qt6-base-dev qt6-image-formats-plugins libqt6svg6
-    libcurl4-openssl-dev libgif-dev libimagequant-dev libjpeg-dev libmspack-dev rapidjson-dev
+    libcurl4-openssl-dev libssl-dev libgif-dev libimagequant-dev libjpeg-dev libmspack-dev rapidjson-dev
     pkg-config libavformat-dev libavcodec-dev libswscale-dev libavutil-dev
     dpkg-dev file fp-utils
     fonts-liberation2 qt6-wayland xdg-utils # to run what was built
@@ -21,14 +21,15 @@ test_packages=(
     firefox-esr webkit2gtk-driver default-jre-headless
     xvfb openbox weston xdotool x11-utils xclip libxml2-utils imagemagick binutils bsdutils
     ffmpeg gifsicle poppler-utils libchm-bin
-    python3-pyftpdlib python3-openssl vsftpd openssl
+    python3-pyftpdlib python3-openssl python3-cryptography vsftpd openssl
+    openssh-client openssh-server rclone
     appstream bash-completion desktop-file-utils fish lintian man-db mmdebstrap shared-mime-info zsh
     libcap2 libcrypt1 libpam0g libsodium23 libssl3 # of pure-ftpd, below
 )
 
 bench_packages=(
     libbenchmark-dev python3-pil python3-numpy libxml2-utils imagemagick libjpeg-turbo-progs
-    ffmpeg gifsicle curl lftp python3-pyftpdlib fonts-liberation2
+    ffmpeg gifsicle lftp vsftpd fonts-liberation2
 )
 fuzz_packages=(clang libclang-rt-14-dev)
 

@@ -49,8 +49,9 @@ _nubivane_cli() {
         versions | recovered) options='--json' ;;
         plan) options='--symbols --maps --html-page' ;;
         upload)
-            options='--initialize'
-            with_value='--host --port --user --password-file'
+            options='--initialize --all --delete --dry-run --json --verbose'
+            with_value='--host --port --user --password-file --encryption --accept-fingerprint
+                --connections'
             ;;
         still) with_value='--format' ;;
         anigif)
@@ -84,6 +85,7 @@ _nubivane_cli() {
             --host) _known_hosts_real -- "$cur" ;;
             --password-file) _filedir ;;
             --into) _filedir -d ;;
+            --encryption) COMPREPLY=($(compgen -W 'required offered none' -- "$cur")) ;;
         esac
         return
     fi

@@ -39,7 +39,7 @@ function __nubivane_cli_at
     for word in $words[2..]
         if test $value = yes
             set value no
-        else if contains -- $word --type --into --format --host --port --user --password-file --compression \
+        else if contains -- $word --type --into --format --host --port --user --password-file --encryption --accept-fingerprint --connections --compression \
                 --interval --from --width --height
             set value yes
         else if not string match -q -- '--*' $word
@@ -92,6 +92,14 @@ complete -c nubivane-cli -n '__nubivane_cli_is plan' -l symbols -d 'The symbols'
 complete -c nubivane-cli -n '__nubivane_cli_is plan' -l maps -d 'The maps'
 complete -c nubivane-cli -n '__nubivane_cli_is plan' -l html-page -d 'The page'
 complete -c nubivane-cli -n '__nubivane_cli_is upload' -l initialize -d 'Send all, as for the first time'
+complete -c nubivane-cli -n '__nubivane_cli_is upload' -l all -d 'Also what has not changed'
+complete -c nubivane-cli -n '__nubivane_cli_is upload' -l delete -d 'Remove what is here no more'
+complete -c nubivane-cli -n '__nubivane_cli_is upload' -l dry-run -d 'Only tell what would be done'
+complete -c nubivane-cli -n '__nubivane_cli_is upload' -l json -d 'One JSON object a line'
+complete -c nubivane-cli -n '__nubivane_cli_is upload' -l verbose -d 'Show the conversation with the server'
+complete -c nubivane-cli -n '__nubivane_cli_is upload' -l encryption -x -a 'required offered none' -d 'Whether the password may travel in clear'
+complete -c nubivane-cli -n '__nubivane_cli_is upload' -l accept-fingerprint -x -d 'Trust the certificate or host key with this SHA-256'
+complete -c nubivane-cli -n '__nubivane_cli_is upload' -l connections -x -d 'At most so many connections'
 complete -c nubivane-cli -n '__nubivane_cli_is upload' -l host -x -a '(__fish_print_hostnames)' -d 'Server'
 complete -c nubivane-cli -n '__nubivane_cli_is upload' -l port -x -d 'Port of the server'
 complete -c nubivane-cli -n '__nubivane_cli_is upload' -l user -x -d 'User on the server'

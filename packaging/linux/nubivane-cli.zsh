@@ -76,6 +76,12 @@ _nubivane_cli() {
             ;;
         upload)
             _arguments $help $project '--initialize[send all, as for the first time]' \
+                '--all[also what has not changed]' '--delete[remove what is here no more]' \
+                '--dry-run[only tell what would be done]' '--json[one JSON object a line]' \
+                '--verbose[show the conversation with the server]' \
+                '--encryption=[whether the password may travel in clear]:encryption:(required offered none)' \
+                '--accept-fingerprint=[trust this certificate or host key]:SHA-256:' \
+                '--connections=[at most so many]:number:' \
                 '--host=[server]:host:_hosts' '--port=[port of the server]:port:' \
                 '--user=[user on the server]:user:' \
                 '--password-file=[file with the password]:file:_files'

@@ -22,9 +22,19 @@ constexpr std::array pageOptions = {CommandOption{"--type", "1|2|3|4|5"},
                                     CommandOption{"--into", "DIR"}};
 constexpr std::array planOptions = {CommandOption{"--symbols", ""}, CommandOption{"--maps", ""},
                                     CommandOption{"--html-page", ""}};
-constexpr std::array uploadOptions = {
-    CommandOption{"--initialize", ""}, CommandOption{"--host", "H"}, CommandOption{"--port", "P"},
-    CommandOption{"--user", "U"}, CommandOption{"--password-file", "F"}};
+constexpr std::array uploadOptions = {CommandOption{"--initialize", ""},
+                                      CommandOption{"--all", ""},
+                                      CommandOption{"--delete", ""},
+                                      CommandOption{"--dry-run", ""},
+                                      CommandOption{"--json", ""},
+                                      CommandOption{"--verbose", ""},
+                                      CommandOption{"--host", "H"},
+                                      CommandOption{"--port", "P"},
+                                      CommandOption{"--user", "U"},
+                                      CommandOption{"--password-file", "F"},
+                                      CommandOption{"--encryption", "required|offered|none"},
+                                      CommandOption{"--accept-fingerprint", "SHA256"},
+                                      CommandOption{"--connections", "N"}};
 
 constexpr std::array listOptions = {CommandOption{"--json", ""}};
 
@@ -73,8 +83,13 @@ constexpr std::array table = {
             "      two parameters, and 1 where a failure ends the upload, parted by tabs",
             1, 1, planOptions, runPlan},
     Command{"upload", "PROJECT",
-            "send the groups of files chosen in the settings, or all with --initialize;\n"
-            "      the other options stand in for the settings, and for port 21",
+            "send what has changed of the groups chosen in the settings, or of all with\n"
+            "      --initialize; --all sends the rest too, --delete removes what was sent\n"
+            "      and is gone here, --dry-run tells what would be done, --json tells each\n"
+            "      step on stdout, --verbose the conversation on stderr; the other options\n"
+            "      stand in for the settings, and for port 21. H may be sftp://HOST,\n"
+            "      file:FOLDER or rclone:REMOTE:FOLDER. A password is taken from F, from\n"
+            "      NUBIVANE_PASSWORD, or from the settings",
             1, 1, uploadOptions, runUpload},
     Command{"still", "PROJECT FRAME FILE",
             "write a Frame as a bmp, gif, jpg, png or tif file and print its name;\n"

@@ -14,7 +14,7 @@ int runPlan(CommandContext& context) {
         context.options.contains(u"--maps"_s), context.options.contains(u"--html-page"_s));
     QString lines;
     for (const cUpload& step : plan) {
-        lines += QStringList{step.Command, step.Param1, step.Param2,
+        lines += QStringList{nameOf(step.Command), step.Param1, step.Param2,
                              step.ErrorCauseStop ? QStringLiteral("1") : QStringLiteral("0")}
                      .join(u'\t') +
                  u'\n';

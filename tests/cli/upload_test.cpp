@@ -26,8 +26,9 @@ class UploadCommand : public CliTest {
 
     /// The options that name a server.
     QStringList to(const FtpServerProcess& server) const {
-        return {"--host", "127.0.0.1", "--port",          QString::number(server.port()),
-                "--user", FtpUser,     "--password-file", beside("password")};
+        return {"--host",       "127.0.0.1", "--port",          QString::number(server.port()),
+                "--user",       FtpUser,     "--password-file", beside("password"),
+                "--encryption", "none"};
     }
 
     /// What the page needs, by path on the server.
@@ -42,6 +43,7 @@ class UploadCommand : public CliTest {
     }
 };
 
+constexpr char InClear[] = "The password travels in clear: encryption is switched off.\n";
 constexpr char NoConnection[] = "Unable to establish a connection to the remote server\n";
 
 }  // namespace
@@ -53,7 +55,7 @@ TEST_F(UploadCommand, AnInitialisationSendsTheWholeSite) {
     const ProcessResult result = run(QStringList{"upload", project, "--initialize"} + to(server));
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.out, "");
-    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.err, InClear);
     EXPECT_EQ(server.tree(), site());
     EXPECT_EQ(get("Upload", "initialized"), "1");
     EXPECT_EQ(get("Upload", "symbols"), "2");
@@ -69,12 +71,14 @@ TEST_F(UploadCommand, ASiteWithoutAPageIsSentAndTold) {
     set("Upload", "html page", "1");
     const ProcessResult result = run(QStringList{"upload", project} + to(server));
     EXPECT_EQ(result.exitCode, 0);
-    EXPECT_TRUE(result.err.startsWith("The site that was sent has no page.\n  There is no " +
+    EXPECT_TRUE(result.err.startsWith(InClear +
+                                      QByteArray("The site that was sent has no page.\n"
+                                                 "  There is no ") +
                                       host("Forecast.htm").toUtf8()))
         << result.err.toStdString();
     set("Upload", "html page", "0");
     set("Upload", "maps", "1");
-    EXPECT_EQ(run(QStringList{"upload", project} + to(server)).err, "");
+    EXPECT_EQ(run(QStringList{"upload", project} + to(server)).err, InClear);
 }
 
 TEST_F(UploadCommand, OtherwiseTheSettingsChoose) {
@@ -128,7 +132,7 @@ TEST_F(UploadCommand, AFailureIsToldWithItsCause) {
         run(QStringList{"upload", useSoundProject(), "--initialize"} + to(server));
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.out, "");
-    EXPECT_EQ(result.err, "Cannot find Web folder\n  550 not today\n");
+    EXPECT_EQ(result.err, InClear + QByteArray("Cannot find Web folder\n  550 not today\n"));
     EXPECT_EQ(get("Upload", "initialized"), "none");
 }
 
@@ -137,17 +141,92 @@ TEST_F(UploadCommand, NoControlCharacterOfAServerReachesTheTerminal) {
     const ProcessResult result =
         run(QStringList{"upload", useSoundProject(), "--initialize"} + to(server));
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.err, "Cannot find Web folder\n  550 [2Jno\n");
+    EXPECT_EQ(result.err, InClear + QByteArray("Cannot find Web folder\n  550 [2Jno\n"));
 }
 
-TEST_F(UploadCommand, AConnectionLostAmongTheImagesIsNoSuccess) {
-    OwnFtpServer server({"--fault", "STOR:7=drop"});
+TEST_F(UploadCommand, AnImageThatIsRefusedIsNamedAndNoSuccess) {
+    OwnFtpServer server({"--fault", "STOR:6=553 no images today"});
     const QString project = useSoundProject();
     ASSERT_EQ(run({"page", project}).exitCode, 0);
     const ProcessResult result = run(QStringList{"upload", project, "--initialize"} + to(server));
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_TRUE(result.err.startsWith("Cannot upload ")) << result.err.toStdString();
+    EXPECT_TRUE(result.err.contains("Forecast1.jpg: 553 no images today"))
+        << result.err.toStdString();
+}
+
+TEST_F(UploadCommand, ANewServerIsGivenNoPasswordInClear) {
+    OwnFtpServer server;
+    const QString project = useSoundProject();
+    ASSERT_EQ(run({"page", project}).exitCode, 0);
+    QStringList words = QStringList{"upload", project, "--initialize"} + to(server);
+    words.resize(words.size() - 2);  // without "--encryption none"
+    ProcessResult result = run(words);
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(server.commands(), QStringList({"AUTH TLS"}));
+    set("Ftp", "url", "127.0.0.1");  // as settings of an older installation have it
+    result = run(words);
+    EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
+    EXPECT_EQ(result.err, "The password travels in clear: the server offers no encryption.\n");
+    set("Ftp", "encryption", "2");
+    EXPECT_EQ(run(words).exitCode, 1);
+}
+
+TEST_F(UploadCommand, AnAcceptedFingerprintIsRemembered) {
+    const TestCertificate certificate("another.example", -10, -1);
+    OwnFtpServer server({"--certificate", certificate.file});
+    const QString project = useSoundProject();
+    QStringList words = QStringList{"upload", project, "--initialize"} + to(server);
+    words.last() = "required";
+    ProcessResult result = run(words);
+    EXPECT_EQ(result.exitCode, 1);
+    const qsizetype at = result.err.indexOf("fingerprint is ");
+    ASSERT_GT(at, 0) << result.err.toStdString();
+    const QString fingerprint = QString::fromLatin1(result.err.mid(at + 15, 95));
+    EXPECT_EQ(run(words + QStringList{"--accept-fingerprint", "12"}).exitCode, 2);
+    result = run(words + QStringList{"--accept-fingerprint", fingerprint});
+    EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
+    EXPECT_EQ(run(words).exitCode, 0);
+}
+
+TEST_F(UploadCommand, ADryRunAndTheJsonLinesTellWhatIsDone) {
+    OwnFtpServer server({"--unix"});
+    const QString project = useSoundProject();
+    ASSERT_EQ(run({"page", project}).exitCode, 0);
+    const QStringList words = QStringList{"upload", project, "--initialize"} + to(server);
+    ProcessResult result = run(words + QStringList{"--dry-run"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_TRUE(result.out.contains("send\tForecast.htm\n")) << result.out.toStdString();
+    EXPECT_EQ(server.everything(), QStringList());
     EXPECT_EQ(get("Upload", "initialized"), "none");
+    result = run(words + QStringList{"--json"});
+    EXPECT_EQ(result.exitCode, 0);
+    for (const QByteArray& line : result.out.trimmed().split('\n')) {
+        EXPECT_TRUE(QJsonDocument::fromJson(line).isObject()) << line.toStdString();
+    }
+    EXPECT_TRUE(result.out.contains("\"event\":\"done\""));
+    result = run(words + QStringList{"--verbose"});
+    EXPECT_TRUE(result.err.contains("> PASS ****\n")) << result.err.toStdString();
+    EXPECT_FALSE(result.err.contains(FtpPassword));
+}
+
+TEST_F(UploadCommand, ThePasswordMayStandInTheEnvironment) {
+    OwnFtpServer server;
+    const QStringList words{"upload",
+                            useSoundProject(),
+                            "--initialize",
+                            "--encryption",
+                            "none",
+                            "--host",
+                            "127.0.0.1:" + QString::number(server.port()),
+                            "--user",
+                            FtpUser};
+    EXPECT_EQ(
+        run(words, {.environment = {QStringLiteral("NUBIVANE_PASSWORD=") + FtpPassword}}).exitCode,
+        0);
+    EXPECT_EQ(run(words).exitCode, 1);
+    QStringList elsewhere = words;
+    elsewhere[6] = "127.0.0.1/folder";
+    EXPECT_EQ(run(elsewhere).exitCode, 2);
 }
 
 TEST_F(UploadCommand, AWrongPasswordIsToldWithoutShowingIt) {

@@ -63,6 +63,8 @@ WorkspaceFixture::WorkspaceFixture()
     : settings(temporary.file("settings.ini")),
       workspace(ProgramFolder(host_files::toModel(temporary.file("program"))), settings) {
     copyFolder(testFile("fixtures/program"), temporary.file("program"));
+    // What a run remembers of its servers is of no use to the next test.
+    qputenv("XDG_STATE_HOME", temporary.file("state").toLocal8Bit());
 }
 
 QString WorkspaceFixture::host(const QString& relative) const {

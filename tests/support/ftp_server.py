@@ -3,7 +3,8 @@
 """A small FTP server (RFC 959, 2228, 2389, 2428, 3659, 4217; passive mode) that can be told to fail.
 
 Prints its port, then serves until its standard input is closed. Every command is appended to the log, one a
-line, with the number of its connection before it.
+line, with the number of its connection before it. A line on the standard input, faults parted by tabs, takes the
+place of the faults so far, lets all counts begin anew, and is answered by "ok".
 
 A fault is "WHICH=WHAT". WHICH is "#N", the N-th command of all; a verb, each time; or "VERB:N", its N-th time.
 "TLS" stands for the greeting that follows AUTH. WHAT is
@@ -58,7 +59,9 @@ def main():
     print(listener.getsockname()[1], flush=True)
     server = Server(choices)
     threading.Thread(target=server.accept, args=(listener,), daemon=True).start()
-    sys.stdin.read()
+    for line in sys.stdin:
+        server.begin_anew(line.rstrip("\n").split("\t"))
+        print("ok", flush=True)
 
 
 def listen(address, port=0):
@@ -76,13 +79,20 @@ class Server:
         self.count = 0
         self.open = 0
         self.counts = {}
-        self.faults = dict(fault.split("=", 1) for fault in choices.fault)
+        self.faults = {}
+        self.begin_anew(choices.fault)
         self.without = set(filter(None, choices.without.split(",")))
         if choices.old:
             self.without |= {"MLSD", "MLST", "EPSV", "SIZE", "MDTM", "REST", "FEAT", "AUTH", "STAT", "OPTS"}
         if choices.dos:
             self.without |= {"MLSD", "MLST", "EPSV", "STAT"}
         self.context = self.make_context() if choices.certificate else None
+
+    def begin_anew(self, faults):
+        with self.lock:
+            self.count = 0
+            self.counts = {}
+            self.faults = dict(fault.split("=", 1) for fault in faults if fault)
 
     def make_context(self):
         context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
@@ -145,6 +155,7 @@ class Session:
         self.private = False
         self.offset = 0
         self.renamed = None
+        self.waiting = b""          # received, not yet obeyed
 
     def serve(self):
         try:
@@ -162,13 +173,13 @@ class Session:
             self.connection.close()
 
     def read_line(self):
-        line = b""
-        while not line.endswith(b"\n"):
-            byte = self.connection.recv(1)
-            if not byte:
+        while b"\n" not in self.waiting:
+            part = self.connection.recv(4096)
+            if not part:
                 return b""
-            line += byte
-        return line
+            self.waiting += part
+        line, _, self.waiting = self.waiting.partition(b"\n")
+        return line + b"\n"
 
     def secure(self):
         self.connection = self.server.context.wrap_socket(self.connection, server_side=True)
@@ -442,6 +453,13 @@ class Session:
 
     def do_MLSD(self, argument, _):
         self.send_listing(argument, self.facts_of)
+
+    def do_MLST(self, name, _):
+        parts = self.resolve(name)
+        if not parts or not os.path.exists(self.path(parts)):
+            self.say("550 no such file")
+        else:
+            self.say("250-this\r\n %s\r\n250 no more" % self.facts_of(parts[:-1], parts[-1]))
 
     def do_STAT(self, argument, _):
         lines = self.listed(argument, self.line_of)

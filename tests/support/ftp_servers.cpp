@@ -65,9 +65,21 @@ QMap<QString, QByteArray> FtpServerProcess::tree() const {
     QDirIterator entries(root(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
     while (entries.hasNext()) {
         const QString path = entries.next();
-        files.insert(QDir(root()).relativeFilePath(path), readFile(path));
+        if (entries.fileName() != u".nubivane-manifest") {
+            files.insert(QDir(root()).relativeFilePath(path), readFile(path));
+        }
     }
     return files;
+}
+
+QStringList FtpServerProcess::everything() const {
+    QStringList paths;
+    QDirIterator entries(root(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (entries.hasNext()) {
+        paths += QDir(root()).relativeFilePath(entries.next());
+    }
+    paths.sort();
+    return paths;
 }
 
 int FtpServerProcess::freePort() {
@@ -103,9 +115,7 @@ OwnFtpServer::OwnFtpServer(const QStringList& options) {
     start(SystemPython, QStringList{"-B", testFile("support/ftp_server.py"), root(), "--log",
                                     folder_.file("log")} +
                             options);
-    if (process_.waitForReadyRead(StartMs)) {
-        port_ = process_.readLine().trimmed().toInt();
-    }
+    port_ = answer().toInt();
     if (port_ == 0) {
         ADD_FAILURE() << "the tests' own server does not start: "
                       << process_.readAll().toStdString();
@@ -114,6 +124,24 @@ OwnFtpServer::OwnFtpServer(const QStringList& options) {
 
 OwnFtpServer::~OwnFtpServer() {
     process_.closeWriteChannel();
+}
+
+/// The next whole line that it prints.
+QByteArray OwnFtpServer::answer() {
+    while (!process_.canReadLine() && process_.waitForReadyRead(StartMs)) {
+    }
+    return process_.readLine().trimmed();
+}
+
+void OwnFtpServer::beginAnew(const QStringList& faults) {
+    QFile::remove(folder_.file("log"));
+    process_.write(faults.join(u'\t').toUtf8() + '\n');
+    ASSERT_EQ(answer(), "ok");
+}
+
+void OwnFtpServer::empty() const {
+    QDir(root()).removeRecursively();
+    QDir().mkpath(root());
 }
 
 QStringList OwnFtpServer::commands(bool numbered) const {

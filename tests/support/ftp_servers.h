@@ -30,8 +30,11 @@ class FtpServerProcess {
     /// Host path of something in the root.
     QString file(const QString& relative) const { return root() + u'/' + relative; }
 
-    /// Every file below the root with its content, by relative path.
+    /// Every file below the root with its content, by relative path, but the manifest beside a
+    /// site.
     QMap<QString, QByteArray> tree() const;
+    /// The paths of all of them.
+    QStringList everything() const;
 
   protected:
     FtpServerProcess();
@@ -55,10 +58,18 @@ class OwnFtpServer : public FtpServerProcess {
     explicit OwnFtpServer(const QStringList& options = {});
     ~OwnFtpServer() override;
 
+    /// Other faults ("#3=drop") from now on; counts and the list of commands begin anew.
+    void beginAnew(const QStringList& faults);
+    /// Takes away all that has been sent.
+    void empty() const;
+
     /// The commands so far, with their connection's number when `numbered`.
     QStringList commands(bool numbered = false) const;
     /// How many control connections sent anything.
     int connections() const;
+
+  private:
+    QByteArray answer();
 };
 
 /// A real server; "vsftpd", "pyftpdlib", "pure-ftpd". With `tls` it offers encryption under the
@@ -104,6 +115,7 @@ inline FtpOptions shortLimits() {
     options.response = 2;
     options.stall = 2;
     options.farewell = 1;
+    options.retryPause = 10;
     return options;
 }
 

@@ -4,13 +4,10 @@
 #include "engine/core/error.h"
 #include "engine/core/host_files.h"
 #include "engine/core/replaced_file.h"
-#include "engine/net/curl_library.h"
+#include "engine/net/curl_handle.h"
 
 #include <QUrl>
 
-#include <curl/curl.h>
-
-#include <array>
 #include <optional>
 
 namespace nubivane {
@@ -47,7 +44,7 @@ struct Downloader::Job {
         Downloader& owner = static_cast<Job*>(self)->owner;
         owner.bytes_ = bytes;
         owner.total_ = total;
-        return owner.aborted_ ? 1 : 0;
+        return 0;
     }
 };
 
@@ -60,8 +57,7 @@ bool Downloader::fetch(const QString& url, const QString& target) {
         failure_ = u"the address is not valid"_s;
         return false;
     }
-    initializeCurl();
-    aborted_ = false;
+    stop_.clear();
     bytes_ = 0;
     total_ = 0;
     Job job{*this, parsed.toEncoded(), host_files::toHost(target)};
@@ -85,29 +81,24 @@ void Downloader::transfer(Job& job) {
         job.failure = error.cause();
         return;
     }
-    CURL* curl = curl_easy_init();
-    std::array<char, CURL_ERROR_SIZE> reason{};
-    curl_easy_setopt(curl, CURLOPT_URL, job.url.constData());
-    curl_easy_setopt(curl, CURLOPT_PROTOCOLS_STR, Protocols);
-    curl_easy_setopt(curl, CURLOPT_REDIR_PROTOCOLS_STR, Protocols);
-    curl_easy_setopt(curl, CURLOPT_FOLLOWLOCATION, 1L);
-    curl_easy_setopt(curl, CURLOPT_MAXREDIRS, MaxRedirections);
-    curl_easy_setopt(curl, CURLOPT_FAILONERROR, 1L);
-    curl_easy_setopt(curl, CURLOPT_NOSIGNAL, 1L);
-    curl_easy_setopt(curl, CURLOPT_CONNECTTIMEOUT, static_cast<long>(connectLimit_));
-    curl_easy_setopt(curl, CURLOPT_LOW_SPEED_LIMIT, 1L);
-    curl_easy_setopt(curl, CURLOPT_LOW_SPEED_TIME, static_cast<long>(stallLimit_));
-    curl_easy_setopt(curl, CURLOPT_WRITEFUNCTION, &Job::take);
-    curl_easy_setopt(curl, CURLOPT_WRITEDATA, &job);
-    curl_easy_setopt(curl, CURLOPT_NOPROGRESS, 0L);
-    curl_easy_setopt(curl, CURLOPT_XFERINFOFUNCTION, &Job::watch);
-    curl_easy_setopt(curl, CURLOPT_XFERINFODATA, &job);
-    curl_easy_setopt(curl, CURLOPT_ERRORBUFFER, reason.data());
-    const CURLcode code = curl_easy_perform(curl);
-    curl_easy_cleanup(curl);
+    CurlHandle curl(stop_);
+    curl.set(CURLOPT_URL, job.url.constData());
+    curl.set(CURLOPT_PROTOCOLS_STR, Protocols);
+    curl.set(CURLOPT_REDIR_PROTOCOLS_STR, Protocols);
+    curl.set(CURLOPT_FOLLOWLOCATION, 1L);
+    curl.set(CURLOPT_MAXREDIRS, MaxRedirections);
+    curl.set(CURLOPT_FAILONERROR, 1L);
+    curl.set(CURLOPT_CONNECTTIMEOUT, static_cast<long>(connectLimit_));
+    curl.set(CURLOPT_LOW_SPEED_LIMIT, 1L);
+    curl.set(CURLOPT_LOW_SPEED_TIME, static_cast<long>(stallLimit_));
+    curl.set(CURLOPT_WRITEFUNCTION, &Job::take);
+    curl.set(CURLOPT_WRITEDATA, &job);
+    curl.set(CURLOPT_NOPROGRESS, 0L);
+    curl.set(CURLOPT_XFERINFOFUNCTION, &Job::watch);
+    curl.set(CURLOPT_XFERINFODATA, &job);
+    const CURLcode code = curl.perform();
     if (code != CURLE_OK) {
-        job.failure = QString::fromLocal8Bit(reason.front() != '\0' ? reason.data()
-                                                                    : curl_easy_strerror(code));
+        job.failure = curl.failure(code);
         return;
     }
     try {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/core/worker_thread.h"
+#include "engine/net/stop_signal.h"
 
 #include <QString>
 
@@ -27,7 +28,7 @@ class Downloader {
     /// Fetches `url` (http or https) to a path with backslashes.
     bool fetch(const QString& url, const QString& target);
     /// Makes a running `fetch` fail.
-    void abort() { aborted_ = true; }
+    void abort() { stop_.raise(); }
 
     /// Why the last `fetch` failed.
     const QString& failure() const { return failure_; }
@@ -43,7 +44,7 @@ class Downloader {
     int connectLimit_;
     int stallLimit_;
     QString failure_;
-    std::atomic<bool> aborted_ = false;
+    StopSignal stop_;
     std::atomic<qint64> bytes_ = 0;
     std::atomic<qint64> total_ = 0;
     WorkerThread worker_;  // the last: its thread ends before what it works with

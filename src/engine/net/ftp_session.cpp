@@ -1,22 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/net/ftp_session.h"
 
-#include "engine/net/clean_text.h"
-#include "engine/net/curl_library.h"
+#include "engine/net/ftp_control.h"
+#include "engine/net/server_address.h"
+#include "engine/net/transfer_error.h"
 
-#include <QUrl>
-
-#include <curl/curl.h>
+#include <QIODevice>
 
 #include <algorithm>
 #include <array>
-#include <cstring>
-
-#ifdef Q_OS_UNIX
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#endif
 
 namespace nubivane {
 
@@ -24,378 +16,323 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Longer replies are no replies; a server could send them without end.
-constexpr qint64 MaxReplyBytes = qint64{4} * 1024 * 1024;
-constexpr qsizetype MaxShownReply = 200;
+using Kind = TransferError::Kind;
+
 constexpr qsizetype MaxNameBytes = 4096;
-/// Replies to a login; a server that drips lines without end is given no more time than for these.
-constexpr long LoginReplies = 5;
-/// Every connection is used for one run only, however long the pauses in it are.
-constexpr long MaxIdleSeconds = 86400;
+constexpr qsizetype MaxListingBytes = qsizetype{2} * 1024 * 1024;
+constexpr qsizetype BlockBytes = qsizetype{64} * 1024;
 
-bool isClean(const QByteArray& text) {
-    for (const char c : text) {
-        if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) {
-            return false;
-        }
-    }
-    return true;
-}
+/// Some servers say this of an empty folder.
+constexpr int NothingThere = 550;
 
-/// A host's name or address as a URL takes it; empty for what is neither.
-QByteArray hostInUrl(const QString& host) {
-    const QString trimmed = host.trimmed();
-    if (trimmed.contains(u':')) {
-        for (const QChar c : trimmed) {
-            if (!QStringLiteral("0123456789abcdefABCDEF:.").contains(c)) {
-                return {};
-            }
-        }
-        return '[' + trimmed.toLatin1() + ']';
+QByteArray checked(const QByteArray& name) {
+    if (name.isEmpty()) {
+        throw TransferError(Kind::Refused, u"the name is empty"_s);
     }
-    const QByteArray name = QUrl::toAce(trimmed);
-    for (const char c : name) {
-        const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-        if (!letter && !(c >= '0' && c <= '9') && !std::strchr(".-_", c)) {
-            return {};
-        }
+    if (name.size() > MaxNameBytes || !isSendable(name)) {
+        throw TransferError(Kind::Refused, u"the server cannot be given that name"_s);
     }
     return name;
 }
 
-/// The server has answered and refuses; everything else ends the connection.
-bool isRefusal(CURLcode code, int reply) {
-    constexpr std::array codes{
-        CURLE_OK,
-        CURLE_UPLOAD_FAILED,
-        CURLE_FTP_COULDNT_RETR_FILE,
-        CURLE_QUOTE_ERROR,
-        CURLE_REMOTE_DISK_FULL,
-        CURLE_REMOTE_ACCESS_DENIED,
-        CURLE_REMOTE_FILE_EXISTS,
-        CURLE_REMOTE_FILE_NOT_FOUND,
-        CURLE_FTP_COULDNT_SET_TYPE,
-        CURLE_FTP_WEIRD_PASV_REPLY,
-    };
-    constexpr int serviceCloses = 421;
-    return reply >= 400 && reply != serviceCloses &&
-           std::find(codes.begin(), codes.end(), code) != codes.end();
+QByteArray checkedFile(const QByteArray& name) {
+    if (name.isEmpty() || name.endsWith('/') || name.endsWith('\\')) {
+        throw TransferError(Kind::Refused, u"the name is not that of a file"_s);
+    }
+    return checked(name);
+}
+
+TransferError refusal(const FtpReply& reply) {
+    return {Kind::Refused, reply.text(), reply.code};
+}
+
+/// The number behind the code of "213 5000".
+std::optional<qint64> numberOf(const FtpReply& reply) {
+    bool valid = false;
+    const qint64 number = reply.lines.mid(4).trimmed().toLongLong(&valid);
+    return reply.code == 213 && valid && number >= 0 ? std::optional(number) : std::nullopt;
+}
+
+/// How long a server may take for the last word on a file, beyond its time for any reply: what it
+/// has not read yet lies in buffers that are not ours.
+int secondsToSettle(qint64 bytes) {
+    constexpr qint64 slowest = 4096;  // bytes a second
+    constexpr qint64 longest = 60;
+    return static_cast<int>(std::min(bytes / slowest, longest));
 }
 
 }  // namespace
 
-/// The library's handle, what it calls back, and what the calls leave.
-struct FtpSession::Curl {
-    explicit Curl(FtpSession& session)
-        : owner(session), handle(curl_easy_init()), multi(curl_multi_init()) {}
-    ~Curl() {
-        curl_multi_cleanup(multi);
-        curl_easy_cleanup(handle);
-    }
-    Curl(const Curl&) = delete;
-    Curl& operator=(const Curl&) = delete;
+FtpSession::FtpSession(FtpOptions options) : options_(std::move(options)) {}
 
-    template <class Value>
-    void set(CURLoption option, Value value) {
-        curl_easy_setopt(handle, option, value);
-    }
+FtpSession::~FtpSession() = default;
 
-    CURLcode perform() const;
-
-    static size_t takeReply(char* text, size_t, size_t size, void* self);
-    static size_t give(char* buffer, size_t, size_t size, void* self);
-    static size_t take(char* bytes, size_t, size_t size, void* self);
-    static int progress(void* self, curl_off_t downTotal, curl_off_t down, curl_off_t upTotal,
-                        curl_off_t up);
-    static curl_socket_t openSocket(void* self, curlsocktype purpose, curl_sockaddr* address);
-
-    FtpSession& owner;
-    CURL* handle;
-    CURLM* multi;  ///< keeps the connection between the calls
-    QFile* source = nullptr;
-    const Sink* sink = nullptr;
-    qint64 replyBytes = 0;
-    QByteArray lastReply;
-    CURLcode code = CURLE_OK;
-    std::array<char, CURL_ERROR_SIZE> error{};
-};
-
-/// The library's own loop sleeps for up to a second, now and then over a reply that has come. This
-/// one looks again after a moment.
-CURLcode FtpSession::Curl::perform() const {
-    constexpr int LongestWaitMs = 20;
-    CURLcode result = CURLE_FAILED_INIT;
-    if (curl_multi_add_handle(multi, handle) != CURLM_OK) {
-        return result;
+/// Runs a call; what ends the conversation closes it.
+template <class Call>
+auto FtpSession::attempt(const Call& call) {
+    try {
+        return call();
+    } catch (const TransferError& error) {
+        if (error.kind() != Kind::Refused && error.kind() != Kind::Local) {
+            control_.reset();
+        }
+        throw;
     }
-    int running = 1;
-    int wait = 1;
-    while (curl_multi_perform(multi, &running) == CURLM_OK && running > 0) {
-        int events = 0;
-        curl_multi_poll(multi, nullptr, 0, wait, &events);
-        wait = events > 0 ? 1 : qMin(2 * wait, LongestWaitMs);
-    }
-    int left = 0;
-    if (const CURLMsg* message = curl_multi_info_read(multi, &left)) {
-        result = message->data.result;
-    }
-    curl_multi_remove_handle(multi, handle);
-    return result;
 }
 
-size_t FtpSession::Curl::takeReply(char* text, size_t, size_t size, void* self) {
-    auto& curl = *static_cast<Curl*>(self);
-    curl.replyBytes += static_cast<qint64>(size);
-    if (curl.replyBytes > MaxReplyBytes) {
-        return 0;
+FtpControl& FtpSession::control() {
+    if (!control_) {
+        throw TransferError(Kind::Lost, u"there is no connection"_s);
     }
-    curl.lastReply = QByteArray(text, qMin(static_cast<qsizetype>(size), MaxShownReply));
-    return size;
+    return *control_;
 }
 
-size_t FtpSession::Curl::give(char* buffer, size_t, size_t size, void* self) {
-    const qint64 got = static_cast<Curl*>(self)->source->read(buffer, static_cast<qint64>(size));
-    return got < 0 ? CURL_READFUNC_ABORT : static_cast<size_t>(got);
-}
-
-size_t FtpSession::Curl::take(char* bytes, size_t, size_t size, void* self) {
-    const Sink* sink = static_cast<Curl*>(self)->sink;
-    return sink && (*sink)(bytes, static_cast<qint64>(size)) ? size : 0;
-}
-
-int FtpSession::Curl::progress(void* self, curl_off_t downTotal, curl_off_t down,
-                               curl_off_t upTotal, curl_off_t up) {
-    FtpSession& session = static_cast<Curl*>(self)->owner;
-    session.transferred_ = down + up;
-    session.total_ = downTotal + upTotal;
-    return session.stopped_ ? 1 : 0;
-}
-
-curl_socket_t FtpSession::Curl::openSocket(void* self, curlsocktype, curl_sockaddr* address) {
-    const FtpSession& session = static_cast<Curl*>(self)->owner;
-    // Once logged in, the library would quietly replace a connection that the server has closed,
-    // and what follows would land in the server's first folder.
-    const auto* ip4 = reinterpret_cast<const sockaddr_in*>(&address->addr);
-    const auto* ip6 = reinterpret_cast<const sockaddr_in6*>(&address->addr);
-    const int port = ntohs(address->family == AF_INET6 ? ip6->sin6_port : ip4->sin_port);
-    if (session.connected_ && port == session.server_.port) {
-        return CURL_SOCKET_BAD;
+FtpReply FtpSession::require(const FtpReply& reply) {
+    if (reply.kind() >= 4) {
+        throw refusal(reply);
     }
-    return ::socket(address->family, address->socktype, address->protocol);
+    return reply;
 }
 
-FtpSession::FtpSession(const FtpOptions& options) : options_(options) {
-    initializeCurl();
-}
-
-FtpSession::~FtpSession() {
+void FtpSession::connect(const FtpServer& server) {
     disconnect();
+    knowsMlsd_ = knowsMlst_ = knowsList_ = knowsSize_ = true;
+    control_ = std::make_unique<FtpControl>(server, options_, stop_);
 }
 
-bool FtpSession::refuse(const char* reason) {
-    failure_ = QLatin1String(reason);
-    replyCode_ = 0;
-    lost_ = false;
-    return false;
+bool FtpSession::plain() const {
+    return control_ && control_->plain();
 }
 
-bool FtpSession::connect(const FtpServer& server) {
-    disconnect();
-    const QByteArray host = hostInUrl(server.host);
-    if (host.isEmpty() || server.port < 1 || server.port > 65535) {
-        return refuse("the address of the server is not valid");
+void FtpSession::disconnect() {
+    if (!control_) {
+        return;
     }
-    if (!isClean(server.user.toUtf8()) || !isClean(server.password.toUtf8())) {
-        return refuse("the login holds a control character");
+    try {
+        control_->quit();
+    } catch (const TransferError&) {
+        // It is over either way.
     }
-    server_ = server;
-    if (server_.user.isEmpty()) {
-        server_.user = u"anonymous"_s;
-        if (server_.password.isEmpty()) {
-            server_.password = u"anonymous@"_s;
+    control_.reset();
+}
+
+FtpReply FtpSession::ask(const char* verb, const QByteArray& name) {
+    return attempt([&] { return control().ask(QByteArray(verb) + ' ' + checked(name)); });
+}
+
+FtpReply FtpSession::command(const char* verb, const QByteArray& name) {
+    const FtpReply reply = ask(verb, name);
+    if (!reply.done()) {
+        throw refusal(reply);
+    }
+    return reply;
+}
+
+void FtpSession::send(QIODevice& source, Channel& data) {
+    std::array<char, BlockBytes> block{};
+    while (true) {
+        const qint64 size = source.read(block.data(), block.size());
+        if (size < 0) {
+            throw TransferError(Kind::Local, source.errorString());
+        }
+        if (size == 0) {
+            return;
+        }
+        data.write(block.data(), size, options_.stall);
+        transferred_ += size;
+    }
+}
+
+/// While the server reads what is still on its way it has not stopped, however long that takes.
+void FtpSession::awaitStored(Channel& data, qint64 size) {
+    constexpr qsizetype maxReply = 4096;
+    int before = data.pending();
+    while (true) {
+        try {
+            require(control().reply(options_.response + secondsToSettle(size), maxReply));
+            return;
+        } catch (const TransferError& error) {
+            const int now = data.pending();
+            if (error.kind() != Kind::Lost || now >= before) {
+                throw;
+            }
+            before = now;
         }
     }
-    address_ = "ftp://" + host + ':' + QByteArray::number(server.port) + '/';
-    connected_ = login(TlsVersions::UpTo12) ||
-                 (curl_->code == CURLE_SSL_CONNECT_ERROR && login(TlsVersions::UpTo13));
-    return connected_;
 }
 
-bool FtpSession::login(TlsVersions versions) {
-    versions_ = versions;
-    curl_ = std::make_unique<Curl>(*this);
-    if (!prepare({})) {
-        return false;
-    }
-    askOnly();
-    return perform();
+void FtpSession::store(QIODevice& source, const QByteArray& name, qint64 offset) {
+    const QByteArray line = (offset > 0 ? "APPE " : "STOR ") + checkedFile(name);
+    attempt([&] {
+        const qint64 size = source.size() - source.pos();
+        transferred_ = 0;
+        total_ = size;
+        control().useBinary();
+        const auto data = control().openData();
+        require(control().ask(line));
+        control().secureData(*data);
+        try {
+            send(source, *data);
+        } catch (const TransferError& error) {
+            if (error.kind() == Kind::Lost) {
+                // A server that closes the file's connection tells why on the other.
+                require(control().reply());
+            }
+            throw;
+        }
+        data->finish();
+        awaitStored(*data, size);
+    });
 }
 
-/// Without a transfer nothing else would bound a reply that never ends.
-void FtpSession::askOnly() {
-    curl_->set(CURLOPT_NOBODY, 1L);
-    curl_->set(CURLOPT_TIMEOUT, options_.connect + LoginReplies * options_.response);
+void FtpSession::checkSize(const FtpReply& reply, qint64 size) {
+    if (reply.kind() == 5) {
+        knowsSize_ = reply.code == 550;  // it may mean the file, and then the next step tells
+        return;
+    }
+    const auto stored = numberOf(reply);
+    if (stored && *stored != size) {
+        throw TransferError(Kind::Refused,
+                            u"the server has kept %1 of %2 bytes"_s.arg(*stored).arg(size));
+    }
 }
 
-/// Everything that holds for each call. The connection outlives the reset.
-bool FtpSession::prepare(const QByteArray& name) {
-    if (!curl_ || !curl_->handle || !curl_->multi) {
-        refuse("there is no connection");
-        lost_ = true;
-        return false;
+void FtpSession::put(QIODevice& source, const QByteArray& name, const QByteArray& temporary,
+                     bool more) {
+    const qint64 size = source.size();
+    stored_ = false;
+    store(source, temporary, source.pos());
+    attempt([&] {
+        FtpControl& connection = control();
+        if (knowsSize_) {
+            connection.send("SIZE " + temporary);
+        }
+        connection.send("RNFR " + temporary);
+        std::optional<FtpReply> sized;
+        if (knowsSize_) {
+            sized = connection.reply();
+        }
+        const FtpReply from = connection.reply();
+        if (sized) {
+            checkSize(*sized, size);
+        }
+        stored_ = true;
+        require(from);
+        connection.send("RNTO " + checkedFile(name));
+        if (more) {
+            connection.requestData();
+        }
+    });
+    const FtpReply renamed = attempt([&] { return control().reply(); });
+    if (!renamed.done()) {
+        throw refusal(renamed);
     }
-    if (name.size() > MaxNameBytes || !isClean(name)) {
-        return refuse("the server cannot be given that name");
-    }
-    Curl& curl = *curl_;
-    curl_easy_reset(curl.handle);
-    QByteArray url = address_;
-    if (!name.isEmpty()) {
-        char* escaped =
-            curl_easy_escape(curl.handle, name.constData(), static_cast<int>(name.size()));
-        url += escaped;
-        curl_free(escaped);
-    }
-    curl.set(CURLOPT_URL, url.constData());
-    curl.set(CURLOPT_USERNAME, server_.user.toUtf8().constData());
-    curl.set(CURLOPT_PASSWORD, server_.password.toUtf8().constData());
-    curl.set(CURLOPT_PROTOCOLS_STR, "ftp");
-    curl.set(CURLOPT_PROXY, "");
-    curl.set(CURLOPT_NETRC, static_cast<long>(CURL_NETRC_IGNORED));
-    curl.set(CURLOPT_NOSIGNAL, 1L);
-    curl.set(CURLOPT_FTP_FILEMETHOD, static_cast<long>(CURLFTPMETHOD_NOCWD));
-    curl.set(CURLOPT_PATH_AS_IS, 1L);
-    curl.set(CURLOPT_MAXAGE_CONN, MaxIdleSeconds);
-    curl.set(CURLOPT_TCP_KEEPALIVE, 1L);
-    curl.set(CURLOPT_CONNECTTIMEOUT, static_cast<long>(options_.connect));
-    curl.set(CURLOPT_SERVER_RESPONSE_TIMEOUT, static_cast<long>(options_.response));
-    curl.set(CURLOPT_LOW_SPEED_LIMIT, 1L);
-    curl.set(CURLOPT_LOW_SPEED_TIME, static_cast<long>(options_.stall));
-    // Servers want each data connection to go on with the session of the control connection, which
-    // tickets of version 1.3, good for one use each, do not serve. So 1.3 is for those that take
-    // nothing else. They have offered encryption by then and get no second chance without.
-    const bool first = versions_ == TlsVersions::UpTo12;
-    curl.set(CURLOPT_USE_SSL, static_cast<long>(first ? CURLUSESSL_TRY : CURLUSESSL_ALL));
-    curl.set(CURLOPT_FTPSSLAUTH, static_cast<long>(CURLFTPAUTH_TLS));
-    curl.set(CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2) |
-                                     static_cast<long>(first ? CURL_SSLVERSION_MAX_TLSv1_2
-                                                             : CURL_SSLVERSION_MAX_TLSv1_3));
-    if (!options_.certificates.isEmpty()) {
-        curl.set(CURLOPT_CAINFO, options_.certificates.toLocal8Bit().constData());
-    }
-    curl.set(CURLOPT_OPENSOCKETFUNCTION, &Curl::openSocket);
-    curl.set(CURLOPT_OPENSOCKETDATA, &curl);
-    curl.set(CURLOPT_HEADERFUNCTION, &Curl::takeReply);
-    curl.set(CURLOPT_HEADERDATA, &curl);
-    curl.set(CURLOPT_WRITEFUNCTION, &Curl::take);
-    curl.set(CURLOPT_WRITEDATA, &curl);
-    curl.set(CURLOPT_NOPROGRESS, 0L);
-    curl.set(CURLOPT_XFERINFOFUNCTION, &Curl::progress);
-    curl.set(CURLOPT_XFERINFODATA, &curl);
-    curl.set(CURLOPT_ERRORBUFFER, curl.error.data());
-    curl.source = nullptr;
-    curl.sink = nullptr;
-    transferred_ = 0;
-    total_ = 0;
-    return true;
 }
 
-bool FtpSession::perform() {
-    Curl& curl = *curl_;
-    curl.replyBytes = 0;
-    curl.lastReply.clear();
-    curl.error.front() = '\0';
-    curl.code = curl.perform();
-    long reply = 0;
-    curl_easy_getinfo(curl.handle, CURLINFO_RESPONSE_CODE, &reply);
-    replyCode_ = static_cast<int>(reply);
-    lost_ = false;
-    if (curl.code == CURLE_OK) {
-        failure_.clear();
+void FtpSession::rename(const QByteArray& from, const QByteArray& to) {
+    require(ask("RNFR", from));
+    command("RNTO", to);
+}
+
+void FtpSession::receive(const QByteArray& line, const Sink& sink) {
+    const auto data = control().openData();
+    const FtpReply opening = require(control().ask(line));
+    control().secureData(*data);
+    std::array<char, BlockBytes> block{};
+    while (const qsizetype size = data->read(block.data(), block.size(), options_.stall)) {
+        transferred_ += size;
+        if (!sink(block.data(), size)) {
+            throw TransferError(Kind::Lost, u"what the server sends cannot be taken"_s);
+        }
+    }
+    data->finish();  // some servers wait for our good-bye there before they say anything here
+    if (!opening.done()) {
+        require(control().reply());
+    }
+}
+
+void FtpSession::retrieve(const QByteArray& name, const Sink& sink, qint64 expected) {
+    const QByteArray line = "RETR " + checkedFile(name);
+    attempt([&] {
+        transferred_ = 0;
+        total_ = expected;
+        control().useBinary();
+        receive(line, sink);
+    });
+}
+
+/// By MLST where it is known, which wants no change of type before it.
+std::optional<qint64> FtpSession::sizeOf(const QByteArray& name) {
+    if (knowsMlst_) {
+        const FtpReply reply = ask("MLST", checkedFile(name));
+        const qsizetype from = reply.lines.toLower().indexOf("size=") + 5;
+        const qsizetype end = reply.lines.indexOf(';', from);
+        bool valid = false;
+        const qint64 size = reply.lines.mid(from, end - from).toLongLong(&valid);
+        if (reply.done() && from >= 5 && end > 0 && valid && size >= 0) {
+            return size;
+        }
+        if (reply.code == NothingThere) {
+            return std::nullopt;
+        }
+        knowsMlst_ = false;
+    }
+    attempt([&] { control().useBinary(); });
+    return numberOf(ask("SIZE", checkedFile(name)));
+}
+
+RemoteListing FtpSession::list(const QByteArray& folder) {
+    const QByteArray where = folder.isEmpty() ? QByteArray() : ' ' + checked(folder);
+    QByteArray listing;
+    const auto sink = [&](const char* bytes, qint64 size) {
+        listing.append(bytes, size);
+        return listing.size() <= MaxListingBytes;
+    };
+    const auto listed = [&](const QByteArray& verb, bool& known) {
+        if (!known) {
+            return false;
+        }
+        listing.clear();
+        try {
+            attempt([&] { receive(verb + where, sink); });
+        } catch (const TransferError& error) {
+            const bool unknown = error.reply() >= 500 && error.reply() < 505;
+            if (error.kind() != Kind::Refused || (!unknown && error.reply() != NothingThere)) {
+                throw;
+            }
+            known = !unknown;
+            if (!unknown && verb == "MLSD") {
+                throw;
+            }
+            return !unknown;
+        }
         return true;
+    };
+    if (listed("MLSD", knowsMlsd_)) {
+        return parseMlsd(listing);
     }
-    lost_ = !isRefusal(curl.code, replyCode_);
-    failure_ =
-        cleanText(curl.error.front() != '\0' ? curl.error.data() : curl_easy_strerror(curl.code));
-    const QString said = cleanText(curl.lastReply);
-    if (!said.isEmpty()) {
-        failure_ += u" ("_s + said + u')';
+    if (listed("LIST", knowsList_)) {
+        return parseList(listing);
     }
-    return false;
+    bool always = true;
+    listed("NLST", always);
+    return parseNames(listing);
 }
 
-bool FtpSession::command(const char* verb, const QByteArray& name) {
-    if (name.isEmpty()) {
-        return refuse("the name is empty");
-    }
-    if (name.size() > MaxNameBytes || !isClean(name)) {
-        return refuse("the server cannot be given that name");
-    }
-    if (!prepare({})) {
-        return false;
-    }
-    // With the star a refusal does not cost the connection.
-    const QByteArray line = QByteArray("*") + verb + ' ' + name;
-    curl_slist* lines = curl_slist_append(nullptr, line.constData());
-    askOnly();
-    curl_->set(CURLOPT_QUOTE, lines);
-    const bool replied = perform();
-    curl_slist_free_all(lines);
-    if (replied && replyCode_ / 100 != 2) {
-        failure_ = cleanText(curl_->lastReply);
-        lost_ = replyCode_ == 421;
-        return false;
-    }
-    return replied;
-}
-
-bool FtpSession::store(QFile& file, const QByteArray& name) {
-    if (name.isEmpty() || name.endsWith('/')) {
-        return refuse("the name is not that of a file");
-    }
-    if (!prepare(name)) {
-        return false;
-    }
-    curl_->source = &file;
-    curl_->set(CURLOPT_UPLOAD, 1L);
-    curl_->set(CURLOPT_READFUNCTION, &Curl::give);
-    curl_->set(CURLOPT_READDATA, curl_.get());
-    curl_->set(CURLOPT_INFILESIZE_LARGE, static_cast<curl_off_t>(file.size()));
-    return perform();
-}
-
-bool FtpSession::retrieve(const QByteArray& name, const Sink& sink) {
-    if (name.isEmpty() || name.endsWith('/')) {
-        return refuse("the name is not that of a file");
-    }
-    if (!prepare(name)) {
-        return false;
-    }
-    curl_->sink = &sink;
-    return perform();
-}
-
-bool FtpSession::list(const Sink& sink) {
-    if (!prepare({})) {
-        return false;
-    }
-    curl_->sink = &sink;
-    curl_->set(CURLOPT_DIRLISTONLY, 1L);
-    constexpr int NothingThere = 550;  // what some servers say of an empty folder
-    return perform() || (curl_->code == CURLE_FTP_COULDNT_RETR_FILE && replyCode_ == NothingThere);
-}
-
-/// Closed at the end, the library would wait for the reply to the last command as long as it likes.
-/// A call without any command closes the connection under our own limit.
-void FtpSession::disconnect() {
-    if (connected_ && prepare({})) {
-        curl_->set(CURLOPT_NOBODY, 1L);
-        curl_->set(CURLOPT_FORBID_REUSE, 1L);
-        curl_->set(CURLOPT_SERVER_RESPONSE_TIMEOUT, static_cast<long>(options_.farewell));
-        perform();
-    }
-    connected_ = false;
-    curl_.reset();
+std::optional<RemoteListing> FtpSession::listInReply(const QByteArray& folder) {
+    const QByteArray line = "STAT " + checked(folder);
+    return attempt([&]() -> std::optional<RemoteListing> {
+        control().send(line);
+        const FtpReply reply = control().reply(options_.response, MaxListingBytes);
+        const qsizetype first = reply.lines.indexOf('\n');
+        const qsizetype last = reply.lines.lastIndexOf('\n');
+        if (!reply.done() || first < 0 || first == last) {
+            return std::nullopt;
+        }
+        QByteArray lines = reply.lines.sliced(first + 1, last - first - 1);
+        lines.replace("\n ", "\n");
+        return parseList(lines.startsWith(' ') ? lines.mid(1) : lines);
+    });
 }
 
 }  // namespace nubivane

@@ -5,49 +5,23 @@
 #include "engine/core/host_files.h"
 #include "engine/core/replaced_file.h"
 #include "engine/net/ftp_session.h"
+#include "engine/net/transfer_error.h"
 
 #include <QFile>
-#include <QSet>
-#include <QStringDecoder>
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-constexpr qint64 MaxListingBytes = qint64{1024} * 1024;
+using Kind = TransferError::Kind;
+
 constexpr qint64 MaxFileBytes = qint64{64} * 1024 * 1024;  // far beyond any symbol
 constexpr int RefusedForGood = 5;                          // the first digit of such replies
 
 QByteArray withSlashes(QByteArray name) {
     return name.replace('\\', '/');
-}
-
-/// Appends to `bytes` as long as they stay within a size.
-FtpSession::Sink appendTo(QByteArray& bytes, qint64 maxBytes) {
-    return [&bytes, maxBytes](const char* part, qint64 size) {
-        if (bytes.size() + size > maxBytes) {
-            return false;
-        }
-        bytes.append(part, size);
-        return true;
-    };
-}
-
-QStringList plainNames(const QByteArray& listing) {
-    QStringList names;
-    QSet<QString> known;
-    for (QByteArray line : listing.split('\n')) {
-        if (line.endsWith('\r')) {
-            line.chop(1);
-        }
-        QStringDecoder decoder(QStringDecoder::Utf8);
-        const QString name = decoder.decode(line);
-        if (!decoder.hasError() && host_files::isPlainName(name) && !known.contains(name)) {
-            known += name;
-            names += name;
-        }
-    }
-    return names;
 }
 
 }  // namespace
@@ -59,10 +33,19 @@ ftpTransfer::~ftpTransfer() {
     AbortTransfer();
 }
 
-bool ftpTransfer::run(const std::function<bool()>& call) {
+bool ftpTransfer::run(const std::function<void()>& call) {
     bool done = false;
-    localFailure_.clear();
-    const auto work = [&] { done = call(); };
+    QString failure;
+    bool lost = false;
+    const auto work = [&] {
+        try {
+            call();
+            done = true;
+        } catch (const TransferError& error) {
+            failure = error.text();
+            lost = error.kind() != Kind::Refused && error.kind() != Kind::Local;
+        }
+    };
     const auto tick = [this] {
         if (progress && session_->transferred() > 0) {
             progress(session_->transferred(), session_->total());
@@ -71,9 +54,9 @@ bool ftpTransfer::run(const std::function<bool()>& call) {
     if (!worker_.run(work, {.tick = tick, .interrupted = [this] { AbortTransfer(); }})) {
         return false;  // out of an event of a call that is still under way
     }
-    lost_ = !done && localFailure_.isEmpty() && session_->lost();
+    lost_ = lost;
     if (!done) {
-        failure_ = localFailure_.isEmpty() ? session_->failure() : localFailure_;
+        failure_ = failure;
     }
     return done;
 }
@@ -89,24 +72,25 @@ bool ftpTransfer::Connect(const FtpServer& server) {
     }
     slashes_ = false;
     session_->clearStop();
-    return run([&] { return session_->connect(server); });
+    return run([&] { session_->connect(server); });
 }
 
 bool ftpTransfer::MakeDirectory(const QString& name) {
-    return run([&] { return session_->command("MKD", nameOf(name)); });
+    return run([&] { session_->command("MKD", nameOf(name)); });
 }
 
 bool ftpTransfer::ChangeDirectory(const QString& name) {
     return run([&] {
         const QByteArray asGiven = nameOf(name);
-        if (session_->command("CWD", asGiven)) {
-            return true;
+        try {
+            session_->command("CWD", asGiven);
+        } catch (const TransferError& error) {
+            if (error.reply() / 100 != RefusedForGood || !asGiven.contains('\\')) {
+                throw;
+            }
+            session_->command("CWD", withSlashes(asGiven));
+            slashes_ = true;
         }
-        if (session_->replyCode() / 100 != RefusedForGood || !asGiven.contains('\\')) {
-            return false;
-        }
-        slashes_ = session_->command("CWD", withSlashes(asGiven));
-        return slashes_;
     });
 }
 
@@ -114,10 +98,9 @@ bool ftpTransfer::PutFile(const QString& localPath, const QString& remoteName) {
     return run([&] {
         QFile file(host_files::toHost(localPath));
         if (!file.open(QIODevice::ReadOnly)) {
-            localFailure_ = file.errorString();
-            return false;
+            throw TransferError(Kind::Local, file.errorString());
         }
-        return session_->store(file, nameOf(remoteName));
+        session_->store(file, nameOf(remoteName));
     });
 }
 
@@ -130,17 +113,15 @@ bool ftpTransfer::GetFile(const QString& remoteName, const QString& localPath) {
                 size += count;
                 return size <= MaxFileBytes && file.device().write(bytes, count) == count;
             };
-            if (!session_->retrieve(nameOf(remoteName), sink)) {
-                if (file.device().error() != QFileDevice::NoError) {
-                    localFailure_ = file.device().errorString();
-                }
-                return false;
+            const qint64 expected = session_->sizeOf(nameOf(remoteName)).value_or(0);
+            session_->retrieve(nameOf(remoteName), sink, expected);
+            if (expected > 0 && size != expected) {
+                throw TransferError(Kind::Lost,
+                                    u"only %1 of %2 bytes have come"_s.arg(size).arg(expected));
             }
             file.commit();
-            return true;
         } catch (const Error& error) {
-            localFailure_ = error.cause();
-            return false;
+            throw TransferError(Kind::Local, error.cause());
         }
     });
     if (fetched && progress) {
@@ -151,18 +132,34 @@ bool ftpTransfer::GetFile(const QString& remoteName, const QString& localPath) {
 
 std::optional<QByteArray> ftpTransfer::ReadFile(const QString& remoteName, qint64 maxBytes) {
     QByteArray bytes;
-    if (!run([&] { return session_->retrieve(nameOf(remoteName), appendTo(bytes, maxBytes)); })) {
+    const auto sink = [&](const char* part, qint64 size) {
+        bytes.append(part, size);
+        return bytes.size() <= maxBytes;
+    };
+    if (!run([&] { session_->retrieve(nameOf(remoteName), sink); })) {
         return std::nullopt;
     }
     return bytes;
 }
 
 std::optional<QStringList> ftpTransfer::ListDirectory() {
-    QByteArray listing;
-    if (!run([&] { return session_->list(appendTo(listing, MaxListingBytes)); })) {
+    const auto entries = ListEntries();
+    if (!entries) {
         return std::nullopt;
     }
-    return plainNames(listing);
+    QStringList names;
+    for (const RemoteEntry& entry : *entries) {
+        names += entry.name;
+    }
+    return names;
+}
+
+std::optional<RemoteListing> ftpTransfer::ListEntries() {
+    RemoteListing listing;
+    if (!run([&] { listing = session_->list(); })) {
+        return std::nullopt;
+    }
+    return listing;
 }
 
 void ftpTransfer::AbortTransfer() {
@@ -176,10 +173,7 @@ void ftpTransfer::EndTransfer() {
 }
 
 void ftpTransfer::Disconnect() {
-    run([&] {
-        session_->disconnect();
-        return true;
-    });
+    run([&] { session_->disconnect(); });
 }
 
 }  // namespace nubivane

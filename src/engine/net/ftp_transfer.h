@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/core/worker_thread.h"
+#include "engine/net/ftp_listing.h"
 #include "engine/net/ftp_types.h"
 
 #include <QByteArray>
@@ -43,6 +44,8 @@ class ftpTransfer {
     std::optional<QByteArray> ReadFile(const QString& remoteName, qint64 maxBytes);
     /// Names in the current folder; those that are no plain file names are left out.
     std::optional<QStringList> ListDirectory();
+    /// The same with what the server tells of them.
+    std::optional<RemoteListing> ListEntries();
 
     /// Makes the running call fail, and all others until the next `Connect`.
     void AbortTransfer();
@@ -56,15 +59,14 @@ class ftpTransfer {
     const QString& failure() const { return failure_; }
 
   private:
-    bool run(const std::function<bool()>& call);
+    bool run(const std::function<void()>& call);
     QByteArray nameOf(const QString& name) const;
 
     std::unique_ptr<FtpSession> session_;
     bool slashes_ = false;  ///< the server has shown that it wants them
     QString failure_;
     bool lost_ = false;
-    QString localFailure_;  ///< of the worker's thread while a call runs
-    WorkerThread worker_;   // the last: its thread ends before what it works with
+    WorkerThread worker_;  // the last: its thread ends before what it works with
 };
 
 }  // namespace nubivane

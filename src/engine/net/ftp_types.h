@@ -3,14 +3,27 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace nubivane {
+
+/// Whether a login may go out in clear. Once a server has offered encryption, a failure of it ends
+/// the login under each of them.
+enum class Encryption {
+    None = 0,      ///< it is not even asked for
+    Offered = 1,   ///< only where the server refuses to encrypt
+    Required = 2,  ///< never
+};
 
 /// Where a connection goes, and as whom. Without a user name the login is anonymous.
 struct FtpServer {
     QString host;
     int port = 21;
-    QString user;
-    QString password;
+    QString user{};
+    QString password{};
+    Encryption encryption = Encryption::Offered;
+    bool implicitTls = false;  ///< encrypted from the first byte on, as on port 990
+    QString fingerprint{};  ///< SHA-256 of a certificate that is trusted though it does not verify
 };
 
 /// How long a server may keep us waiting, in seconds, whose certificates count, and where the
@@ -21,7 +34,11 @@ struct FtpOptions {
     int stall = 30;     ///< without a single byte in a running transfer
     int farewell = 3;   ///< for the reply to the last command
     int port = 21;
-    QString certificates;  ///< host path of a PEM file; empty is the system's own
+    int retryPause =
+        500;  ///< milliseconds before a lost connection is made anew, doubled each time
+    QString certificates{};  ///< host path of a PEM file; empty is the system's own
+    /// Takes each line of the conversation, the password left out. Called on any thread.
+    std::function<void(const QString& line)> log{};
 };
 
 }  // namespace nubivane

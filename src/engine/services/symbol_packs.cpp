@@ -28,6 +28,22 @@ constexpr QLatin1String AreBeingInstalled(
                 cause.isEmpty() ? text : text + u": "_s + cause);
 }
 
+/// The names of entries, without those that are surely of one kind: a file is no pack, and a folder
+/// within a pack is no symbol.
+std::optional<QStringList> namesBut(RemoteEntry::Kind kind,
+                                    const std::optional<RemoteListing>& entries) {
+    if (!entries) {
+        return std::nullopt;
+    }
+    QStringList names;
+    for (const RemoteEntry& entry : *entries) {
+        if (entry.kind != kind) {
+            names += entry.name;
+        }
+    }
+    return names;
+}
+
 int percentOf(qint64 bytes, qint64 total) {
     return total > 0 && bytes < total ? static_cast<int>(bytes * 100 / total) : 0;
 }
@@ -57,7 +73,7 @@ void SymbolPacks::open() {
     view_.enableStart(false);
     std::optional<QStringList> names;
     if (transfer_.Connect(server_) && transfer_.ChangeDirectory(PackFolder)) {
-        names = transfer_.ListDirectory();
+        names = namesBut(RemoteEntry::Kind::File, transfer_.ListEntries());
     }
     transfer_.Disconnect();
     if (!names) {
@@ -115,7 +131,7 @@ void SymbolPacks::downloadPack(const QString& pack) {
     }
     std::optional<QStringList> files;
     if (transfer_.ChangeDirectory(pack)) {
-        files = transfer_.ListDirectory();
+        files = namesBut(RemoteEntry::Kind::Folder, transfer_.ListEntries());
     }
     throwIfCancelled();
     if (!files) {

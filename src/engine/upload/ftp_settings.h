@@ -31,6 +31,7 @@ struct FtpSettings {
     QString remoteFolder;
     QString nubivaneFolder;
     FtpLogin login = FtpLogin::Normal;
+    Encryption encryption = Encryption::Required;
     UploadGroups groups;
 
     static FtpSettings read(const SettingsStore& store);
@@ -41,7 +42,7 @@ struct FtpSettings {
 /// Tabs of the dialog.
 enum class FtpTab { Server = 1, Folders = 2, UploadList = 3 };
 
-enum class FtpField { Port, RemoteFolder, NubivaneFolder };
+enum class FtpField { Url, Port, RemoteFolder, NubivaneFolder };
 
 /// What keeps settings from being saved: the text shown, and the field to go to.
 struct FtpComplaint {
@@ -55,6 +56,19 @@ std::optional<FtpComplaint> validateFtpSettings(const FtpSettings& settings);
 enum class FtpCheck { Complete = 0, NoAddress = 1, NoUserName = 2, NoNubivaneFolder = 3 };
 
 FtpCheck checkFtpSettings(const FtpSettings& settings);
+
+/// What is stored of the encryption. Where nothing is, it is required; but whoever had a server
+/// before there was this setting goes on as he did.
+Encryption encryptionOf(const SettingsStore& store);
+
+/// Certificates that a person has trusted though they do not verify, each for one server.
+QString trustedFingerprint(const SettingsStore& store, const FtpServer& server);
+bool trustFingerprint(SettingsStore& store, const FtpServer& server, const QString& fingerprint);
+
+/// No upload uses more connections at a time.
+inline constexpr int MostConnections = 16;
+/// How many connections an upload may use: from 1 to that number.
+int wantedConnections(const SettingsStore& store);
 
 /// The server of the settings. The port and the kind of login are not asked for.
 FtpServer uploadServer(const SettingsStore& store);

@@ -54,17 +54,17 @@ class PlanBuilder {
     }
 
     void enter(const QString& folder) {
-        plan_.push_back(newUploadStep(u"CHDIR"_s, folder, {}, true));
+        plan_.push_back(newUploadStep(UploadCommand::ChangeFolder, folder, {}, true));
     }
 
     /// Making a folder that is there fails on every server; entering it tells.
     void makeAndEnter(const QString& folder) {
-        plan_.push_back(newUploadStep(u"MKDIR"_s, folder, {}, false));
+        plan_.push_back(newUploadStep(UploadCommand::MakeFolder, folder, {}, false));
         enter(folder);
     }
 
     void send(const QString& file, const QString& name, bool stop) {
-        plan_.push_back(newUploadStep(u"UPLOAD"_s, file, name, stop));
+        plan_.push_back(newUploadStep(UploadCommand::Upload, file, name, stop));
     }
 
     void symbolFolders(bool withFiles) {
@@ -141,6 +141,18 @@ class PlanBuilder {
 };
 
 }  // namespace
+
+QString nameOf(UploadCommand command) {
+    switch (command) {
+        case UploadCommand::ChangeFolder:
+            return QStringLiteral("CHDIR");
+        case UploadCommand::MakeFolder:
+            return QStringLiteral("MKDIR");
+        case UploadCommand::Upload:
+            break;
+    }
+    return QStringLiteral("UPLOAD");
+}
 
 UploadPlan buildUploadPlan(const Workspace& workspace, bool symbols, bool maps, bool htmlPage) {
     if (!symbols && !maps && !htmlPage) {

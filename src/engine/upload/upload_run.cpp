@@ -3,9 +3,12 @@
 
 #include "engine/core/error.h"
 #include "engine/core/host_files.h"
+#include "engine/core/settings_store.h"
 #include "engine/core/shell.h"
 #include "engine/model/editor_view.h"
 #include "engine/model/workspace.h"
+#include "engine/net/targets.h"
+#include "engine/net/transfer_error.h"
 #include "engine/upload/upload_plan.h"
 
 #include <QScopedValueRollback>
@@ -17,35 +20,61 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int PauseBeforeConnectingMs = 500;
-constexpr int PauseAfterStepMs = 200;  // lets a person read what is going on
+
+/// One place that a site goes to, apart from what proves that we may.
+QString placeOf(const FtpServer& server, const SettingsStore& settings) {
+    return QStringList{server.host.trimmed().toLower(), QString::number(server.port), server.user,
+                       settings.text(Setting::FtpRemoteFolder),
+                       settings.text(Setting::FtpNubivaneFolderInPlan)}
+        .join(u'\n');
+}
 
 }  // namespace
 
 UploadRun::UploadRun(Editor editor, UploadView& view, FtpOptions options)
-    : editor_(editor), view_(view), port_(options.port), transfer_(std::move(options)) {}
+    : editor_(editor), view_(view), options_(std::move(options)) {}
 
 bool UploadRun::runUpload(bool initialising) {
     FtpServer server = uploadServer(editor_.workspace.settings);
-    server.port = port_;
-    return runUpload(initialising, server);
+    server.port = options_.port;
+    UploadWishes wishes;
+    wishes.captions = true;
+    wishes.connections = wantedConnections(editor_.workspace.settings);
+    return runUpload(initialising, server, wishes);
 }
 
-bool UploadRun::runUpload(bool initialising, const FtpServer& server) {
+bool UploadRun::runUpload(bool initialising, const FtpServer& server, const UploadWishes& wishes) {
     if (running_) {
         return false;
     }
     const QScopedValueRollback running(running_, true);
-    UploadCancelled_ = false;
-    try {
-        if (!choosePlan(initialising)) {
-            return false;
+    initialising_ = initialising;
+    FtpServer trusted = server;
+    while (true) {
+        const Outcome outcome = attempt(trusted, wishes);
+        if (outcome != Outcome::Untrusted) {
+            return outcome == Outcome::Done;
         }
-        open(initialising);
-        connect(server);
-        walk(initialising);
+        trusted.fingerprint = upload_->untrusted()->fingerprint;
+    }
+}
+
+UploadRun::Outcome UploadRun::attempt(const FtpServer& server, const UploadWishes& wishes) {
+    UploadCancelled_ = false;
+    stopped_ = false;
+    report_ = {};
+    upload_.reset();
+    try {
+        if (!choosePlan(initialising_)) {
+            return Outcome::Failed;
+        }
+        open(initialising_);
+        send(server, wishes);
     } catch (const Error& error) {
         // What was given up half-way fails too, which is no news to the user.
-        return UploadCancelled_ ? stop() : fail(error);
+        return UploadCancelled_ ? stop() : fail(error, server);
+    } catch (const TransferError&) {
+        return stop();
     }
     return UploadCancelled_ ? stop() : finish();
 }
@@ -73,53 +102,68 @@ void UploadRun::open(bool initialising) {
     editor_.view.setEnabled(false);
 }
 
-void UploadRun::connect(const FtpServer& server) {
+void UploadRun::send(const FtpServer& server, const UploadWishes& wishes) {
     view_.setInfo(u"Connecting to the server..."_s);
     editor_.shell.wait(PauseBeforeConnectingMs);
     editor_.shell.processEvents();
-    if (UploadCancelled_ || !transfer_.Connect(server)) {
-        throw Error(error_number::UploadStopped, u"runUpload"_s,
-                    u"Unable to establish a connection to the remote server"_s,
-                    transfer_.failure());
+    if (UploadCancelled_) {
+        return;
     }
-}
-
-void UploadRun::walk(bool initialising) {
-    const std::size_t count = plan_.size();
-    for (std::size_t i = 0; i < count && !UploadCancelled_; ++i) {
-        view_.setProgress(static_cast<int>((i + 1) * 100 / count));
-        perform(plan_[i], initialising);
-        editor_.shell.processEvents();
-        editor_.shell.wait(PauseAfterStepMs);
-        editor_.shell.processEvents();
-    }
-}
-
-void UploadRun::perform(const cUpload& step, bool initialising) {
-    const auto tell = [&](const QString& text) {
-        view_.setInfo(initialising ? text + step.Param1 : u"Checking folders structure..."_s);
+    UploadWatcher& watcher = *this;
+    UploadWishes patient = wishes;
+    patient.retryPauseMs = options_.retryPause;
+    upload_ = std::make_unique<SiteUpload>(makeTransfer(server, options_),
+                                           placeOf(server, editor_.workspace.settings), plan_,
+                                           patient, watcher);
+    const auto stop = [this] {
+        stopped_ = true;
+        upload_->stop();
     };
-    if (step.Command == u"MKDIR") {
-        tell(u"Creating folder "_s);
-        check(transfer_.MakeDirectory(step.Param1), step,
-              u"Cannot create "_s + step.Param1 + u" folder"_s);
-    } else if (step.Command == u"CHDIR") {
-        tell(u"Changing folder to "_s);
-        check(transfer_.ChangeDirectory(step.Param1), step,
-              u"Cannot find "_s + step.Param1 + u" folder"_s);
-    } else if (step.Command == u"UPLOAD") {
-        const QString file = host_files::toHost(step.Param1);
-        view_.setInfo(u"Uploading file "_s + file);
-        check(transfer_.PutFile(step.Param1, step.Param2), step,
-              u"Cannot upload "_s + file + u" file"_s);
-    }
+    const auto tick = [this] { view_.setAmount(upload_->sent(), upload_->toSend()); };
+    worker_.run([this] { report_ = upload_->run(); }, {.tick = tick, .interrupted = stop});
 }
 
-void UploadRun::check(bool done, const cUpload& step, const QString& text) {
-    // A file may be refused; a server that is gone has refused nothing and gets no other either.
-    const bool lostFile = step.Command == u"UPLOAD" && transfer_.lost();
-    if (!done && (step.ErrorCauseStop || lostFile)) {
-        throw Error(error_number::UploadStopped, u"runUpload"_s, text, transfer_.failure());
+/// Shows something in the thread that the windows belong to. The connections do not wait for that:
+/// they would wait for one another. After a cancel nothing more is shown.
+void UploadRun::inCaller(const std::function<void()>& call) {
+    if (stopped_) {
+        throw TransferError(TransferError::Kind::Stopped, u"stopped"_s);
+    }
+    const auto unlessStopped = [this, call] {
+        if (!stopped_) {
+            call();
+        }
+    };
+    QMetaObject::invokeMethod(&caller_, unlessStopped, Qt::QueuedConnection);
+}
+
+void UploadRun::stepBegun(const cUpload& step) {
+    inCaller([this, step] { show(step); });
+}
+
+void UploadRun::progress(std::size_t done, std::size_t count) {
+    inCaller(
+        [this, percent = static_cast<int>(done * 100 / count)] { view_.setProgress(percent); });
+}
+
+void UploadRun::inClear() {
+    inCaller([this] { view_.showOpenLock(); });
+}
+
+void UploadRun::show(const cUpload& step) {
+    const auto tell = [&](const QString& text) {
+        view_.setInfo(initialising_ ? text + step.Param1 : u"Checking folders structure..."_s);
+    };
+    switch (step.Command) {
+        case UploadCommand::MakeFolder:
+            tell(u"Creating folder "_s);
+            break;
+        case UploadCommand::ChangeFolder:
+            tell(u"Changing folder to "_s);
+            break;
+        case UploadCommand::Upload:
+            view_.setInfo(u"Uploading file "_s + host_files::toHost(step.Param1));
+            break;
     }
 }
 
@@ -128,32 +172,30 @@ void UploadRun::closeWindow() {
     editor_.view.setEnabled(true);
 }
 
-bool UploadRun::finish() {
+UploadRun::Outcome UploadRun::finish() {
     closeWindow();
     plan_.clear();
-    transfer_.EndTransfer();
-    transfer_.Disconnect();
-    return true;
+    return Outcome::Done;
 }
 
-bool UploadRun::stop() {
-    transfer_.EndTransfer();
-    transfer_.Disconnect();
+UploadRun::Outcome UploadRun::stop() {
     UploadCancelled_ = false;
     closeWindow();
     plan_.clear();
-    return false;
+    return Outcome::Failed;
 }
 
-bool UploadRun::fail(const Error& error) {
+UploadRun::Outcome UploadRun::fail(const Error& error, const FtpServer& server) {
     closeWindow();
-    transfer_.EndTransfer();
-    transfer_.Disconnect();
     UploadCancelled_ = false;
     plan_.clear();
     editor_.shell.setPointer(Pointer::Default);
+    if (upload_ && upload_->untrusted() && view_.trust(*upload_->untrusted())) {
+        trustFingerprint(editor_.workspace.settings, server, upload_->untrusted()->fingerprint);
+        return Outcome::Untrusted;
+    }
     editor_.shell.messageBox({error.description(), Icon::Critical, Buttons::Ok, error.cause()});
-    return false;
+    return Outcome::Failed;
 }
 
 void UploadRun::cancel() {
@@ -161,7 +203,10 @@ void UploadRun::cancel() {
         return;
     }
     UploadCancelled_ = true;
-    transfer_.AbortTransfer();
+    stopped_ = true;
+    if (upload_) {
+        upload_->stop();
+    }
     view_.setInfo(u"Disconnecting..."_s);
     view_.disableCancel();
     editor_.shell.processEvents();

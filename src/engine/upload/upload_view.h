@@ -7,6 +7,8 @@
 
 namespace nubivane {
 
+struct Untrusted;
+
 /// What an upload shows: the window of a run, and the dialog to which a missing setting leads. As
 /// it stands it shows nothing.
 class UploadView {
@@ -20,6 +22,12 @@ class UploadView {
     virtual void Init(const QString& /*caption*/) {}
     virtual void setInfo(const QString& /*text*/) {}
     virtual void setProgress(int /*percent*/) {}
+    /// Bytes of files sent so far, and all that have to be sent.
+    virtual void setAmount(qint64 /*sent*/, qint64 /*total*/) {}
+    /// Name and password have gone out in clear.
+    virtual void showOpenLock() {}
+    /// Whether a certificate or host key that does not verify is trusted from now on.
+    virtual bool trust(const Untrusted& /*untrusted*/) { return false; }
     virtual void disableCancel() {}
     /// Closes the run's window if it is open.
     virtual void close() {}

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/commands/publish_commands.h"
 
+#include "engine/core/shell.h"
 #include "engine/model/workspace.h"
+#include "engine/upload/site_upload.h"
 #include "windows/commands/commands.h"
 #include "windows/publish/frm_ftp.h"
 #include "windows/widgets/help_topic.h"
+
+#include <QCoreApplication>
 
 namespace nubivane {
 
@@ -29,6 +33,18 @@ void PublishCommands::Init(const QString& caption) {
     frmWait_ = std::make_unique<frmWait>(editor_.workspace, window_);
     frmWait_->cancelled = [this] { upload_.run().cancel(); };
     frmWait_->Init(caption);
+}
+
+/// Whoever presses Enter without reading trusts nobody.
+bool PublishCommands::trust(const Untrusted& untrusted) {
+    const QString question = QCoreApplication::translate(
+        "PublishCommands",
+        "The server cannot prove who it is: %1.\r\n\r\n"
+        "Compare the fingerprint with the one that the server's keeper tells you. "
+        "Do you want to trust this server from now on ?");
+    const Answer answer = editor_.shell.messageBox(
+        {question.arg(untrusted.description), Icon::Question, Buttons::YesNo, {}, true});
+    return answer == Answer::Yes;
 }
 
 /// A run can fail before its window has come.

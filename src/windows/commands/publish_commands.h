@@ -22,6 +22,9 @@ class PublishCommands : private UploadView {
     void Init(const QString& caption) override;
     void setInfo(const QString& text) override { frmWait_->setInfo(text); }
     void setProgress(int percent) override { frmWait_->setProgress(percent); }
+    void setAmount(qint64 sent, qint64 total) override { frmWait_->setAmount(sent, total); }
+    void showOpenLock() override { frmWait_->showOpenLock(); }
+    bool trust(const Untrusted& untrusted) override;
     void disableCancel() override { frmWait_->disableCancel(); }
     void close() override;
 

@@ -3,11 +3,13 @@
 
 #include "engine/core/shell.h"
 #include "windows/widgets/at_once.h"
+#include "windows/widgets/icons.h"
 #include "windows/widgets/one_line.h"
 #include "windows/widgets/select_on_focus.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -25,6 +27,7 @@ namespace {
 constexpr int TextBoxCharacters = 40;
 constexpr int PortCharacters = 8;
 constexpr int FieldGap = 8;
+constexpr int LockSize = 16;
 
 // Numbers of the check boxes.
 constexpr std::size_t Symbols = 0;
@@ -80,19 +83,50 @@ QWidget* frmFtp::makeServerFrame() {
     grid->addWidget(txtUrl_, 0, 1);
     grid->addWidget(makeLabel("lblPort", tr("&Port:"), txtPort_), 1, 0);
     grid->addWidget(txtPort_, 1, 1, Qt::AlignLeft);
-    grid->addLayout(makeLogins(), 2, 1);
+    auto* encryption = makeEncryption();
+    grid->addWidget(makeLabel("lblEncryption", tr("&Encryption:"), cboEncryption_), 2, 0);
+    grid->addLayout(encryption, 2, 1);
+    grid->addLayout(makeLogins(), 3, 1);
     txtUserName_ = makeTextBox("txtUserName");
     txtPassword_ = makeTextBox("txtPassword");
     txtPassword_->setEchoMode(QLineEdit::Password);
     lblUserName_ = makeLabel("lblUserName", tr("User&name:"), txtUserName_);
     lblPassword_ = makeLabel("lblPassword", tr("Pass&word:"), txtPassword_);
-    grid->addWidget(lblUserName_, 3, 0);
-    grid->addWidget(txtUserName_, 3, 1);
-    grid->addWidget(lblPassword_, 4, 0);
-    grid->addWidget(txtPassword_, 4, 1);
+    grid->addWidget(lblUserName_, 4, 0);
+    grid->addWidget(txtUserName_, 4, 1);
+    grid->addWidget(lblPassword_, 5, 0);
+    grid->addWidget(txtPassword_, 5, 1);
     grid->setColumnStretch(1, 1);
-    grid->setRowStretch(5, 1);
+    grid->setRowStretch(6, 1);
     return frame;
+}
+
+QBoxLayout* frmFtp::makeEncryption() {
+    cboEncryption_ = new QComboBox;
+    cboEncryption_->setObjectName("cboEncryption");
+    for (const auto& [encryption, caption] : {std::pair(Encryption::Required, tr("Required")),
+                                              std::pair(Encryption::Offered, tr("When offered")),
+                                              std::pair(Encryption::None, tr("None"))}) {
+        cboEncryption_->addItem(caption, static_cast<int>(encryption));
+    }
+    imgLock_ = new QLabel;
+    imgLock_->setObjectName("imgLock");
+    imgLock_->setPixmap(programIcon("unlock").pixmap(LockSize));
+    lblInClear_ = makeLabel("lblInClear", tr("the password travels in clear"));
+    auto* row = new QHBoxLayout;
+    row->addWidget(cboEncryption_);
+    row->addWidget(imgLock_);
+    row->addWidget(lblInClear_);
+    row->addStretch();
+    return row;
+}
+
+/// Where the server may refuse to encrypt, the password may travel in clear.
+void frmFtp::showLock() {
+    const bool open =
+        cboEncryption_->currentData().toInt() != static_cast<int>(Encryption::Required);
+    imgLock_->setVisible(open);
+    lblInClear_->setVisible(open);
 }
 
 QBoxLayout* frmFtp::makeLogins() {
@@ -181,6 +215,8 @@ void frmFtp::watchChanges() {
          {txtUrl_, txtPort_, txtUserName_, txtPassword_, txtRemoteDir_, txtnVaneDir_}) {
         connect(box, &QLineEdit::textChanged, this, changed);
     }
+    connect(cboEncryption_, &QComboBox::currentIndexChanged, this, changed);
+    connect(cboEncryption_, &QComboBox::currentIndexChanged, this, &frmFtp::showLock);
     connect(optLogin_, &QButtonGroup::idToggled, this, changed);
     connect(optLogin_, &QButtonGroup::idToggled, this, &frmFtp::enableLogin);
     for (const QCheckBox* box : chkUpload_) {
@@ -198,6 +234,9 @@ void frmFtp::load() {
     txtRemoteDir_->setText(settings.remoteFolder);
     txtnVaneDir_->setText(settings.nubivaneFolder);
     optLogin_->button(static_cast<int>(settings.login))->setChecked(true);
+    cboEncryption_->setCurrentIndex(
+        cboEncryption_->findData(static_cast<int>(settings.encryption)));
+    showLock();
     chkUpload_.at(Symbols)->setChecked(settings.groups.symbols);
     chkUpload_.at(Maps)->setChecked(settings.groups.maps);
     chkUpload_.at(HtmlPage)->setChecked(settings.groups.htmlPage);
@@ -214,6 +253,7 @@ FtpSettings frmFtp::values() const {
         .remoteFolder = txtRemoteDir_->text(),
         .nubivaneFolder = txtnVaneDir_->text(),
         .login = static_cast<FtpLogin>(optLogin_->checkedId()),
+        .encryption = static_cast<Encryption>(cboEncryption_->currentData().toInt()),
         .groups = {chkUpload_.at(Symbols)->isChecked(), chkUpload_.at(Maps)->isChecked(),
                    chkUpload_.at(HtmlPage)->isChecked()},
     };
@@ -236,10 +276,12 @@ bool frmFtp::save() {
 }
 
 void frmFtp::goTo(FtpField field) {
-    QLineEdit* box = field == FtpField::Port           ? txtPort_
+    QLineEdit* box = field == FtpField::Url            ? txtUrl_
+                     : field == FtpField::Port         ? txtPort_
                      : field == FtpField::RemoteFolder ? txtRemoteDir_
                                                        : txtnVaneDir_;
-    const FtpTab tab = field == FtpField::Port ? FtpTab::Server : FtpTab::Folders;
+    const bool server = field == FtpField::Url || field == FtpField::Port;
+    const FtpTab tab = server ? FtpTab::Server : FtpTab::Folders;
     tabFtp_->setCurrentIndex(static_cast<int>(tab) - 1);
     box->setFocus();
     box->selectAll();

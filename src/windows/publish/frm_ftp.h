@@ -11,6 +11,7 @@
 class QBoxLayout;
 class QButtonGroup;
 class QCheckBox;
+class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -36,6 +37,7 @@ class frmFtp : public QDialog {
   private:
     QWidget* makeServerFrame();
     QBoxLayout* makeLogins();
+    QBoxLayout* makeEncryption();
     QWidget* makeFolderFrame();
     QWidget* makeUploadList();
     QBoxLayout* makeButtons();
@@ -49,6 +51,7 @@ class frmFtp : public QDialog {
     void goTo(FtpField field);
     void enterTab();
     void enableLogin();
+    void showLock();
 
     void cmdOK_Click();
     void cmdApply_Click();
@@ -59,6 +62,9 @@ class frmFtp : public QDialog {
     QTabWidget* tabFtp_;
     QLineEdit* txtUrl_;
     QLineEdit* txtPort_;
+    QComboBox* cboEncryption_;  ///< its data are the numbers of `Encryption`
+    QLabel* imgLock_;
+    QLabel* lblInClear_;
     QButtonGroup* optLogin_;  ///< by the numbers of `FtpLogin`
     QLabel* lblUserName_;
     QLineEdit* txtUserName_;

@@ -6,9 +6,13 @@
 #include "windows/widgets/path_label.h"
 
 #include <QCloseEvent>
+#include <QLabel>
+#include <QLocale>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace nubivane {
 
@@ -24,6 +28,8 @@ frmWait::frmWait(const Workspace& workspace, QWidget* owner)
       pctUpload_(new GifAnimator(this)),
       lblInfo_(new PathLabel(InfoLines, this)),
       ProgressBar_(new QProgressBar(this)),
+      lblAmount_(new QLabel(this)),
+      lblInClear_(new QLabel(tr("the password travels in clear"), this)),
       cmdCancel_(new QPushButton(tr("&Cancel"), this)) {
     setObjectName("frmWait");
     pctUpload_->setObjectName("pctUpload");
@@ -32,6 +38,9 @@ frmWait::frmWait(const Workspace& workspace, QWidget* owner)
     ProgressBar_->setObjectName("ProgressBar");
     ProgressBar_->setAccessibleName(tr("Progress of the upload"));
     ProgressBar_->setTextVisible(false);
+    lblAmount_->setObjectName("lblAmount");
+    lblInClear_->setObjectName("lblInClear");
+    lblInClear_->hide();
     cmdCancel_->setObjectName("cmdCancel");
     cmdCancel_->setAutoDefault(false);  // a Return too many must not stop the upload
     connect(cmdCancel_, &QPushButton::clicked, this, [this] { cancelled(); });
@@ -39,6 +48,8 @@ frmWait::frmWait(const Workspace& workspace, QWidget* owner)
     column->addWidget(pctUpload_, 0, Qt::AlignHCenter);
     column->addWidget(lblInfo_);
     column->addWidget(ProgressBar_);
+    column->addWidget(lblAmount_);
+    column->addWidget(lblInClear_);
     column->addWidget(cmdCancel_, 0, Qt::AlignRight);
     column->setSizeConstraint(QLayout::SetFixedSize);
 }
@@ -47,6 +58,7 @@ void frmWait::Init(const QString& caption) {
     setWindowTitle(caption);
     pctUpload_->playFile(workspace_.folder.entry("Media\\fileUpload.gif"));
     ProgressBar_->setValue(0);
+    clock_.start();
     show();
 }
 
@@ -56,6 +68,25 @@ void frmWait::setInfo(const QString& text) {
 
 void frmWait::setProgress(int percent) {
     ProgressBar_->setValue(percent);
+}
+
+void frmWait::setAmount(qint64 sent, qint64 total) {
+    if (total == 0 || sent == 0) {
+        return;
+    }
+    const QLocale locale;
+    const double seconds = std::max(static_cast<double>(clock_.elapsed()) / 1000.0, 0.1);
+    const double speed = static_cast<double>(sent) / seconds;
+    const auto left =
+        static_cast<int>(static_cast<double>(std::max<qint64>(total - sent, 0)) / speed);
+    lblAmount_->setText(tr("%1 of %2, %3/s, %4 s left")
+                            .arg(locale.formattedDataSize(sent), locale.formattedDataSize(total),
+                                 locale.formattedDataSize(static_cast<qint64>(speed)))
+                            .arg(left));
+}
+
+void frmWait::showOpenLock() {
+    lblInClear_->show();
 }
 
 void frmWait::disableCancel() {

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <QDialog>
+#include <QElapsedTimer>
 
 #include <functional>
 
+class QLabel;
 class QProgressBar;
 class QPushButton;
 
@@ -26,6 +28,10 @@ class frmWait : public QDialog {
     void Init(const QString& caption);
     void setInfo(const QString& text);
     void setProgress(int percent);
+    /// Bytes sent so far, and all that have to be sent.
+    void setAmount(qint64 sent, qint64 total);
+    /// Says that the password has travelled in clear.
+    void showOpenLock();
     void disableCancel();
 
     /// The Cancel button was pressed.
@@ -41,6 +47,9 @@ class frmWait : public QDialog {
     GifAnimator* pctUpload_;
     PathLabel* lblInfo_;
     QProgressBar* ProgressBar_;
+    QLabel* lblAmount_;  ///< bytes, speed and time left
+    QLabel* lblInClear_;
+    QElapsedTimer clock_;
     QPushButton* cmdCancel_;
 };
 

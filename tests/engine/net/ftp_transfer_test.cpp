@@ -38,9 +38,8 @@ TEST_F(Transfer, AWholeConversationSendsNothingThatIsNotNeeded) {
     transfer.EndTransfer();
     transfer.Disconnect();
     EXPECT_EQ(server.commands(),
-              QStringList({"AUTH TLS", "AUTH SSL", "USER user", "PASS secret", "PWD", "MKD Web",
-                           "CWD Web", "EPSV", "TYPE I", "STOR a.txt", "EPSV", "STOR b.txt",
-                           "CWD ..\\", "QUIT"}));
+              QStringList({"AUTH TLS", "USER user", "PASS secret", "MKD Web", "CWD Web", "TYPE I",
+                           "EPSV", "STOR a.txt", "EPSV", "STOR b.txt", "CWD ..\\", "QUIT"}));
     EXPECT_EQ(server.connections(), 1);
     EXPECT_EQ(server.tree(),
               (QMap<QString, QByteArray>{{"Web/a.txt", "one"}, {"Web/b.txt", "two"}}));
@@ -289,7 +288,7 @@ TEST_F(Transfer, AListingHoldsTheNamesOfTheCurrentFolder) {
 }
 
 TEST_F(Transfer, AnEmptyFolderMayBeToldByARefusal) {
-    OwnFtpServer server({"--fault", "NLST=550 nothing there"});
+    OwnFtpServer server({"--old", "--fault", "LIST=550 nothing there"});
     ASSERT_TRUE(transfer.Connect(server.address()));
     EXPECT_EQ(transfer.ListDirectory(), QStringList());
     EXPECT_TRUE(transfer.MakeDirectory("x"));
@@ -299,14 +298,14 @@ TEST_F(Transfer, NamesThatAreNoPlainNamesAreLeftOutOfAListing) {
     writeFile(temporary.file("listing"),
               "good\r\n..\r\n.\r\na/b\r\na\\b\r\nC:x\r\n/etc\r\n\r\nnul\x01x\r\ngood\r\nlast\n" +
                   QByteArray(300, 'x') + "\r\n\xff\xfe\r\n\xC3\xA8\r\n");
-    OwnFtpServer server({"--listing", temporary.file("listing")});
+    OwnFtpServer server({"--old", "--listing", temporary.file("listing"), "--without", "LIST"});
     ASSERT_TRUE(transfer.Connect(server.address()));
     EXPECT_EQ(transfer.ListDirectory(), QStringList({"good", "last", QString(QChar(0xE8))}));
 }
 
 TEST_F(Transfer, AListingWithoutEndIsRefused) {
     writeFile(temporary.file("listing"), QByteArray("name\r\n").repeated(500000));
-    OwnFtpServer server({"--listing", temporary.file("listing")});
+    OwnFtpServer server({"--old", "--listing", temporary.file("listing"), "--without", "LIST"});
     ASSERT_TRUE(transfer.Connect(server.address()));
     EXPECT_FALSE(transfer.ListDirectory());
 }
@@ -317,7 +316,7 @@ TEST_F(Transfer, AManyNamedListingIsReadInReasonableTime) {
         listing += QByteArray::number(i) + "\r\n";
     }
     writeFile(temporary.file("listing"), listing);
-    OwnFtpServer server({"--listing", temporary.file("listing")});
+    OwnFtpServer server({"--old", "--listing", temporary.file("listing"), "--without", "LIST"});
     ASSERT_TRUE(transfer.Connect(server.address()));
     EXPECT_EQ(transfer.ListDirectory().value_or(QStringList()).size(), 100000);
 }

@@ -96,7 +96,7 @@ TEST_F(Packs, AnEmptyListIsTold) {
 }
 
 TEST_F(Packs, AServerThatCannotBeReachedIsTold) {
-    for (const char* fault : {"PASS=530 no", "CWD=550 no", "NLST=drop", "EPSV=drop"}) {
+    for (const char* fault : {"PASS=530 no", "CWD=550 no", "MLSD=drop", "EPSV=drop"}) {
         OwnFtpServer server({"--fault", fault});
         fill(server);
         SymbolPacks packs = packsOf(server);
@@ -219,6 +219,23 @@ TEST_F(Packs, CancelEndsAFileThatDoesNotGoOn) {
     packs.start();
     EXPECT_TRUE(view_.txtInfo.startsWith("Download interrupted...\r\n"));
     EXPECT_FALSE(QFile::exists(host("Symbols/night/stars.gif")));
+}
+
+TEST_F(Packs, AFileIsNoPackAndAFolderWithinAPackIsNoSymbol) {
+    for (const QStringList& kind : {QStringList{}, QStringList{"--without", "MLSD"}}) {
+        OwnFtpServer server(kind);
+        fill(server);
+        writeFile(server.file(QLatin1String(Remote) + "readme.txt"), "no pack");
+        writeFile(server.file(QLatin1String(Remote) + "night/more/deep.gif"), "no symbol");
+        SymbolPacks packs = packsOf(server);
+        packs.open();
+        EXPECT_FALSE(view_.txtInfo.contains("readme.txt")) << view_.txtInfo.toStdString();
+        packs.start();
+        EXPECT_TRUE(view_.txtInfo.startsWith("Download completed successfully"))
+            << view_.txtInfo.toStdString();
+        EXPECT_FALSE(QFileInfo::exists(host("Symbols/night/more")));
+        EXPECT_FALSE(symbolFolders().contains("readme.txt"));
+    }
 }
 
 TEST_F(Packs, HostileNamesReachNoDisk) {

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/upload/server_memory.h"
 #include "engine/upload/upload_commands.h"
 #include "engine/upload/upload_plan.h"
 #include "support/ftp_servers.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <functional>
@@ -20,7 +22,9 @@ class RecordingUploadView : public UploadView {
     QList<int> percents;
     QList<FtpTab> tabs;
     bool open = false;
+    bool openLock = false;
     std::function<void()> atInfo;
+    std::function<void(int)> atPercent;
 
     void openFtpSettings(FtpTab tab) override { tabs << tab; }
     void Init(const QString& caption) override {
@@ -33,7 +37,13 @@ class RecordingUploadView : public UploadView {
             atInfo();
         }
     }
-    void setProgress(int percent) override { percents << percent; }
+    void setProgress(int percent) override {
+        percents << percent;
+        if (atPercent) {
+            atPercent(percent);
+        }
+    }
+    void showOpenLock() override { openLock = true; }
     void disableCancel() override { log_ << "disableCancel"; }
     void close() override {
         log_ << "close";
@@ -84,6 +94,20 @@ class UploadTest : public WorkspaceFixture {
             files.insert("nVane/" + file, readFile(host(file)));
         }
         return files;
+    }
+
+    /// As if this machine had never sent anything.
+    static void forgetServers() { QDir(ServerMemory::folder() + "/uploads").removeRecursively(); }
+
+    /// What stands under the name that a reader asks for is whole.
+    void expectNoHalfFile(const QMap<QString, QByteArray>& tree) const {
+        const QMap<QString, QByteArray> site = wholeSite();
+        for (auto file = tree.cbegin(); file != tree.cend(); ++file) {
+            if (!file.key().endsWith(".part")) {
+                EXPECT_TRUE(site.contains(file.key()) && *file == site[file.key()])
+                    << file.key().toStdString();
+            }
+        }
     }
 
     /// After a run, however it ended.

@@ -16,7 +16,7 @@ class Plan : public WorkspaceFixture {
     QStringList plan(bool symbols, bool maps, bool htmlPage) const {
         QStringList lines;
         for (const cUpload& step : buildUploadPlan(workspace, symbols, maps, htmlPage)) {
-            QString line = step.Command + u' ' + step.Param1;
+            QString line = nameOf(step.Command) + u' ' + step.Param1;
             line.replace(workspace.folder.path(), "<program folder>");
             if (!step.Param2.isEmpty()) {
                 line += " -> " + step.Param2;
@@ -183,8 +183,8 @@ TEST_F(Plan, AResponsivePageHasFurtherFiles) {
 }
 
 TEST_F(Plan, AStepHoldsWhatItWasMadeOf) {
-    const cUpload step = newUploadStep("UPLOAD", "C:\\a", "b", true);
-    EXPECT_EQ(step.Command, "UPLOAD");
+    const cUpload step = newUploadStep(UploadCommand::Upload, "C:\\a", "b", true);
+    EXPECT_EQ(nameOf(step.Command), "UPLOAD");
     EXPECT_EQ(step.Param1, "C:\\a");
     EXPECT_EQ(step.Param2, "b");
     EXPECT_TRUE(step.ErrorCauseStop);

@@ -5,6 +5,7 @@
 
 #include <QAccessible>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
@@ -110,6 +111,55 @@ TEST_F(FtpDialog, AnotherTabBringsItsFrameAndFirstField) {
         }
         EXPECT_FALSE(canApply()) << "looking is no change";
     });
+}
+
+TEST_F(FtpDialog, EncryptionIsRequiredButOfServersOfBefore) {
+    const auto expectShown = [this](Encryption encryption) {
+        run([this, encryption] {
+            auto& combo = part<QComboBox>(*dialog_, "cboEncryption");
+            EXPECT_EQ(combo.currentData().toInt(), static_cast<int>(encryption));
+            const bool open = encryption != Encryption::Required;
+            EXPECT_EQ(part<QLabel>(*dialog_, "imgLock").isVisible(), open);
+            EXPECT_EQ(part<QLabel>(*dialog_, "lblInClear").isVisible(), open);
+        });
+    };
+    expectShown(Encryption::Required);
+    settings.set(Setting::FtpUrl, "ftp.example.org");
+    expectShown(Encryption::Offered);
+    for (const Encryption stored : {Encryption::None, Encryption::Offered, Encryption::Required}) {
+        settings.set(Setting::FtpEncryption, QString::number(static_cast<int>(stored)));
+        expectShown(stored);
+    }
+}
+
+TEST_F(FtpDialog, TheChosenEncryptionShowsItsLockAndIsStored) {
+    run([this] {
+        auto& combo = part<QComboBox>(*dialog_, "cboEncryption");
+        combo.setFocus();
+        QTest::keyClick(&combo, Qt::Key_Down);
+        EXPECT_EQ(combo.currentText(), "When offered");
+        EXPECT_TRUE(part<QLabel>(*dialog_, "imgLock").isVisible());
+        EXPECT_EQ(part<QLabel>(*dialog_, "lblInClear").text(), "the password travels in clear");
+        EXPECT_TRUE(canApply());
+        QTest::keyClick(&combo, Qt::Key_Down);
+        EXPECT_EQ(combo.currentText(), "None");
+        press("cmdOK");
+    });
+    EXPECT_EQ(stored(Setting::FtpEncryption), "0");
+}
+
+TEST_F(FtpDialog, AnAddressWithMoreThanAHostIsRefused) {
+    for (const char* url :
+         {"ftp.example.org:2121", "ftp.example.org/folder", "ftp://me@host", "a b"}) {
+        shell.expectMessage("Type the name of the host alone", Icon::Critical);
+        run([this, url] {
+            box("txtUrl").setText(url);
+            press("cmdOK");
+            EXPECT_TRUE(isOpen()) << url;
+            EXPECT_EQ(QApplication::focusWidget()->objectName(), "txtUrl");
+        });
+    }
+    EXPECT_EQ(stored(Setting::FtpUrl), Absent);
 }
 
 TEST_F(FtpDialog, SaysWhatEachFieldIs) {
@@ -441,7 +491,8 @@ TEST_F(FtpDialog, ReturnIsOk) {
 
 TEST_F(FtpDialog, TheTabKeyWalksAsTheEyeDoes) {
     const QList<std::pair<FtpTab, QStringList>> rows{
-        {FtpTab::Server, {"txtUrl", "txtPort", "optLogin0", "txtUserName", "txtPassword"}},
+        {FtpTab::Server,
+         {"txtUrl", "txtPort", "cboEncryption", "optLogin0", "txtUserName", "txtPassword"}},
         {FtpTab::Folders, {"txtRemoteDir", "txtnVaneDir"}},
         {FtpTab::UploadList, {"chkUpload0", "chkUpload1", "chkUpload2"}}};
     for (const auto& [tab, fields] : rows) {

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/upload/server_memory.h"
+
+#include "engine/core/error.h"
+#include "engine/core/replaced_file.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace nubivane {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr char Head[] = "nubivane-server 1\n";
+constexpr qint64 MaxBytes = 2 * SiteManifest::MaxBytes;
+
+}  // namespace
+
+QString ServerMemory::folder() {
+    // Relative paths in the variable are to be ignored (XDG Base Directory Specification).
+    const QString stated = qEnvironmentVariable("XDG_STATE_HOME");
+    const QString base =
+        QDir::isAbsolutePath(stated) ? stated : QDir::homePath() + u"/.local/state"_s;
+    return base + u"/Nubivane"_s;
+}
+
+ServerMemory::ServerMemory(const QString& place)
+    : hostFile_(
+          folder() + u"/uploads/"_s +
+          QString::fromLatin1(QCryptographicHash::hash(place.toUtf8(), QCryptographicHash::Sha256)
+                                  .toHex()
+                                  .first(32))) {
+    load();
+}
+
+void ServerMemory::load() {
+    QFile file(hostFile_);
+    if (!QFileInfo(hostFile_).isFile() || !file.open(QIODevice::ReadOnly) ||
+        file.size() > MaxBytes) {
+        return;
+    }
+    const QByteArray bytes = file.readAll();
+    const qsizetype manifestAt = bytes.indexOf("\n\n") + 2;
+    const auto manifest = SiteManifest::fromBytes(bytes.mid(manifestAt));
+    if (!bytes.startsWith(Head) || manifestAt < 2 || !manifest) {
+        return;
+    }
+    known = true;
+    site = *manifest;
+    for (const QByteArray& line : bytes.first(manifestAt).split('\n')) {
+        if (line.startsWith("folder ")) {
+            folders.insert(QString::fromUtf8(line.mid(7)));
+        } else if (line.startsWith("manifest ")) {
+            manifestSize = line.mid(9).toLongLong();
+        }
+    }
+}
+
+void ServerMemory::save() const {
+    if (!QDir().mkpath(QFileInfo(hostFile_).path())) {
+        return;
+    }
+    QByteArray bytes = Head;
+    bytes += "manifest " + QByteArray::number(manifestSize) + '\n';
+    for (const QString& name : folders) {
+        bytes += "folder " + name.toUtf8() + '\n';
+    }
+    try {
+        ReplacedFile file(hostFile_, Durability::Quick, {.secret = true});
+        file.append(bytes + '\n' + site.toBytes());
+        file.commit();
+    } catch (const Error&) {
+        // What is not remembered is sent once more.
+    }
+}
+
+}  // namespace nubivane

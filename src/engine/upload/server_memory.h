@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "engine/upload/site_manifest.h"
+
+#include <QSet>
+
+namespace nubivane {
+
+/// What this machine remembers of one place that it has sent a site to.
+///
+/// Files of which it is not certain that they are there are taken out before they are sent, so that
+/// no interrupted run leaves a wrong word behind.
+class ServerMemory {
+  public:
+    /// `place` names the server with its folders, in whatever form.
+    explicit ServerMemory(const QString& place);
+
+    /// Where all memories lie (host path): `$XDG_STATE_HOME/Nubivane`, or the same below
+    /// `~/.local/state`.
+    static QString folder();
+
+    bool known = false;  ///< something has been sent there
+    SiteManifest site;
+    QSet<QString> folders;     ///< that have been made there, parted by slashes
+    qint64 manifestSize = -1;  ///< of the manifest as it was left on the server
+
+    /// Without effect where nothing can be written: the next run then sends more than it has to.
+    void save() const;
+
+  private:
+    void load();
+
+    QString hostFile_;
+};
+
+}  // namespace nubivane
