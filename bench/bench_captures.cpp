@@ -48,7 +48,7 @@ bool write(const QImage& picture, const QString& folder, qint64 number) {
 bool writeAll(Workspace& workspace, bool film, const QString& folder) {
     bool ok = true;
     if (film) {
-        FilmStage stage(workspace, {1, 100});
+        FilmStage stage(workspace, 1, 100);
         for (qint32 i = 1; i <= stage.count(); ++i) {
             ok = write(stage.captureFrame(i).picture, folder, i) && ok;
         }

@@ -72,6 +72,21 @@ TEST_F(SymbolFiles, ANewCollectionIsAFolderAndAnUncheckedElement) {
     EXPECT_EQ(createCollection(workspace), "newCollection2");
 }
 
+TEST_F(SymbolFiles, ANewCollectionTakesTheFirstNameThatNothingBears) {
+    QDir().mkpath(host("Symbols/NEWcollection1"));
+    testing::writeFile(host("Symbols/newCollection2"), "a file");
+    EXPECT_EQ(createCollection(workspace), "newCollection3");
+    EXPECT_EQ(collections().Item("newCollection3").Path, path("newCollection3"));
+}
+
+TEST_F(SymbolFiles, WhereNoFolderCanBeMadeThereIsNoNewCollection) {
+    QDir(host("Symbols")).removeRecursively();
+    testing::writeFile(host("Symbols"), "a file");
+    EXPECT_EQ(createCollection(workspace), "");
+    EXPECT_EQ(collections().Count(), 0);
+    EXPECT_EQ(testing::readFile(host("Symbols")), "a file");
+}
+
 TEST_F(SymbolFiles, RenamingACollectionRenamesItsFolderAndKeepsItsMark) {
     collections().Item("set-1").Checked = true;
     EXPECT_EQ(renameCollection(workspace, "set-1", "My set"), "");

@@ -218,6 +218,27 @@ TEST_F(ImageExTest, OptimizedColoursOfWholeAnimationStandInOnePalette) {
     EXPECT_EQ(count, 10);
 }
 
+TEST_F(ImageExTest, ColoursThatComeAtTheEdgesAloneStandInTheCommonPaletteToo) {
+    const QImage ground = scattered({30, 20}, 50);
+    FrameList list{column(7, ground)};
+    int blue = 0;
+    for (const QPoint corner : {QPoint(0, 0), QPoint(29, 0), QPoint(0, 19), QPoint(29, 19)}) {
+        QImage picture = ground;
+        picture.setPixel(15, 10, qRgb(255, 0, blue));  // so that more than the corner changes
+        picture.setPixel(corner, qRgb(0, 255, ++blue));
+        list.push_back(column(7, picture));
+    }
+    ImageEx::AssembleGif(list, path());
+    ImageEx::OptimizeGif(path(), path(), 2);
+    int count = 0;
+    const QByteArray gif = readFile(host());
+    forEachImage(gif, [&](qsizetype at) {
+        EXPECT_EQ(gif.at(at + 9), 0) << "a palette of its own";
+        ++count;
+    });
+    EXPECT_EQ(count, 5);
+}
+
 TEST_F(ImageExTest, ImagesOfFewColoursHaveShortCodes) {
     // 200 colours on the map, two that move: the moving ones and "transparent" take two bits.
     const QImage map = scattered({60, 40}, 200);
