@@ -15,7 +15,7 @@ build_packages=(
 run_packages=(fonts-liberation2 xdg-utils qt6-wayland)
 test_packages=(
     libgtest-dev libgmock-dev
-    clang-format clang-tidy
+    clang-format clang-tidy qt6-l10n-tools
     fonts-dejavu-extra
     chromium chromium-driver python3 python3-selenium python3-jsonschema
     firefox-esr webkit2gtk-driver default-jre-headless

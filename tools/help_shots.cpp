@@ -277,8 +277,8 @@ void takeHistory(frmMap& window, Photographer& photographer) {
     settle();
     window.commands().action("mnuHistory")->trigger();
     settle();
-    photographer.save("history.png", window.editCommands().history()->grab());
-    window.editCommands().history()->close();
+    photographer.save("history.png", window.findChild<EditCommands*>()->history()->grab());
+    window.findChild<EditCommands*>()->history()->close();
 }
 
 int takeAll(const QString& content, const QString& project, const QString& output) {

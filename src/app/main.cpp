@@ -54,6 +54,12 @@ std::optional<int> answerWithoutDisplay(const QStringList& arguments) {
     return 1;
 }
 
+QString failureText(const Error& error) {
+    return QCoreApplication::translate("nubivane::Start",
+                                       "An error occurred while initializing: %1")
+        .arg(error.description());
+}
+
 /// Raises `Error` where there is no folder to work in.
 int runEditor() {
     const ProgramFolder folder = ProgramFolder::ofThisProgram();
@@ -81,11 +87,11 @@ int runEditor() {
     frmMap window(workspace, shell);
     window.setAttribute(Qt::WA_QuitOnClose);
     shell.setProgressBar(window.pBarMain());
-    instance.raised = [&window] {
+    QObject::connect(&instance, &SingleInstance::raised, &window, [&window] {
         window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
         window.raise();
         window.activateWindow();
-    };
+    });
 
     Recovery recovery(window, workspace, RecoveryCopy::folderOfUser());
     const Termination termination;
@@ -101,16 +107,15 @@ int runEditor() {
 
     frmSplash splash;
     bool started = false;
-    splash.init = [&] {
+    QObject::connect(&splash, &frmSplash::init, &splash, [&] {
         try {
             window.Init(project);
             started = true;
         } catch (const Error& error) {
-            shell.messageBox({"An error occurred while initializing: " + error.description(),
-                              Icon::Critical, Buttons::Ok, error.cause()});
+            shell.messageBox({failureText(error), Icon::Critical, Buttons::Ok, error.cause()});
         }
-    };
-    splash.done = [&] {
+    });
+    QObject::connect(&splash, &frmSplash::done, &splash, [&] {
         if (!started) {
             QApplication::exit(1);
             return;
@@ -118,7 +123,7 @@ int runEditor() {
         QApplication::setQuitOnLastWindowClosed(true);
         window.show();
         recovery.offer();
-    };
+    });
     shell.setPointer(Pointer::ArrowWithHourglass);
     splash.show();
     const int code = QApplication::exec();
@@ -139,14 +144,13 @@ int main(int argc, char* argv[]) {
     const QApplication application(argc, argv);
     QApplication::setApplicationName(ProgramTitle);
     QApplication::setApplicationVersion(Version);
-    QApplication::setDesktopFileName("nubivane");
-    QApplication::setWindowIcon(programIcon("nubivane"));
+    QApplication::setDesktopFileName(u"nubivane"_s);
+    QApplication::setWindowIcon(programIcon(u"nubivane"_s));
     QApplication::setQuitOnLastWindowClosed(false);
     try {
         return runEditor();
     } catch (const Error& error) {
-        DesktopShell().messageBox({"An error occurred while initializing: " + error.description(),
-                                   Icon::Critical, Buttons::Ok, error.cause()});
+        DesktopShell().messageBox({failureText(error), Icon::Critical, Buttons::Ok, error.cause()});
         return 1;
     }
 }

@@ -38,7 +38,7 @@ void CanvasClock::tick() {
     for (int i = 1; i <= sprites_.gifSymbol().upperBound(); ++i) {
         GifSymbol* symbol = sprites_.gifSymbol().find(i);
         if (symbol && symbol->advance(time)) {
-            sprites_.changed(symbol->rect);
+            sprites_.repaint(*symbol);
         }
     }
     schedule();

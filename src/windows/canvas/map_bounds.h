@@ -8,7 +8,7 @@
 namespace nubivane {
 
 /// The top left corner that brings a rectangle back onto the map: below 0 becomes 0, otherwise what
-/// sticks out at the far edge is taken off. The map counts with its frame. A sprite wider than the
+/// sticks out at the far edge is taken off. The map counts with its border. A sprite wider than the
 /// map therefore gets a negative position.
 inline QPoint insideMap(const QRect& rect, const MapSurface& map) {
     const auto along = [](int position, int extent, int limit) {

@@ -10,11 +10,15 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include <utility>
+
 namespace nubivane {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QColor FrameColor(96, 110, 122);
+const QColor BorderColor(96, 110, 122);
 
 /// Its sides are filled: lines would leave the last pixels of a dense screen unpainted.
 void paintFrame(QPainter& painter, const QRect& rect) {
@@ -22,20 +26,22 @@ void paintFrame(QPainter& painter, const QRect& rect) {
                               QRect(rect.left(), rect.bottom(), rect.width(), 1),
                               QRect(rect.left(), rect.top(), 1, rect.height()),
                               QRect(rect.right(), rect.top(), 1, rect.height())}) {
-        painter.fillRect(side, FrameColor);
+        painter.fillRect(side, BorderColor);
     }
 }
 
 }  // namespace
 
 MapCanvas::MapCanvas(Workspace& workspace, SpriteStack& sprites, Selection& selection,
-                     SpriteMouse& mouse, CanvasClock& clock, QWidget* parent)
+                     SpriteMouse& mouse, CanvasClock& clock, std::function<bool()> dropAllowed,
+                     QWidget* parent)
     : QWidget(parent),
       workspace_(workspace),
       sprites_(sprites),
       selection_(selection),
       mouse_(mouse),
-      clock_(clock) {
+      clock_(clock),
+      dropAllowed_(std::move(dropAllowed)) {
     setObjectName("pctMap");
     setAccessibleName(tr("Map"));
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -63,7 +69,7 @@ void MapCanvas::showToolTip(const QHelpEvent& event) {
     const auto* symbol = dynamic_cast<const GifSymbol*>(sprites_.at(toMap(event.pos())));
     if (symbol && !symbol->ToolTipText.isEmpty()) {
         QToolTip::showText(event.globalPos(),
-                           "<qt>" + symbol->ToolTipText.toHtmlEscaped() + "</qt>", this,
+                           u"<qt>"_s + symbol->ToolTipText.toHtmlEscaped() + u"</qt>"_s, this,
                            toWidget(symbol->rect));
     } else {
         QToolTip::hideText();
@@ -132,7 +138,7 @@ void MapCanvas::mousePressEvent(QMouseEvent* event) {
     const QPoint position = toMap(event->position().toPoint());
     setFocus(Qt::MouseFocusReason);
     if (!mouse_.press(position, event->button())) {
-        mapPressed(position, event->button());
+        Q_EMIT mapPressed(position, event->button());
     }
     Q_EMIT gestureChanged();
 }
@@ -140,7 +146,7 @@ void MapCanvas::mousePressEvent(QMouseEvent* event) {
 void MapCanvas::mouseMoveEvent(QMouseEvent* event) {
     const QPoint position = toMap(event->position().toPoint());
     if (!mouse_.move(position, event->buttons())) {
-        mapMoved(position);
+        Q_EMIT mapMoved(position);
     } else {
         Q_EMIT dragMoved(event->position().toPoint());
     }
@@ -153,20 +159,20 @@ void MapCanvas::dragTo(QPoint widgetPosition) {
 void MapCanvas::mouseReleaseEvent(QMouseEvent* event) {
     Q_EMIT dragEnded();
     if (!mouse_.release(event->button())) {
-        mapReleased(event->button());
+        Q_EMIT mapReleased(event->button());
     }
     Q_EMIT gestureChanged();
 }
 
 void MapCanvas::dragEnterEvent(QDragEnterEvent* event) {
-    if (event->mimeData()->hasText() && dropAllowed()) {
+    if (event->mimeData()->hasText() && dropAllowed_()) {
         event->setDropAction(Qt::CopyAction);
         event->accept();
     }
 }
 
 void MapCanvas::dragMoveEvent(QDragMoveEvent* event) {
-    if (dropAllowed()) {
+    if (dropAllowed_()) {
         event->setDropAction(Qt::CopyAction);
         event->accept();
         Q_EMIT dragMoved(event->position().toPoint());
@@ -181,13 +187,13 @@ void MapCanvas::dragLeaveEvent(QDragLeaveEvent*) {
 
 void MapCanvas::dropEvent(QDropEvent* event) {
     Q_EMIT dragEnded();
-    if (!dropAllowed()) {
+    if (!dropAllowed_()) {
         event->ignore();
         return;
     }
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    dropped(event->mimeData()->text(), toMap(event->position().toPoint()));
+    Q_EMIT dropped(event->mimeData()->text(), toMap(event->position().toPoint()));
 }
 
 void MapCanvas::showEvent(QShowEvent*) {

@@ -15,15 +15,16 @@ namespace nubivane {
 
 class CanvasClock;
 
-/// The widget `pctMap`: paints the map's layers, the sprites and the selection frame, and forwards
-/// the mouse. It has a frame of one pixel; everybody else works in pixels of the map, which
-/// `toMap` and `toWidget` turn to and from.
+/// The widget `pctMap`: paints the map's layers, the sprites and the selection's border, and
+/// forwards the mouse. It has a border of one pixel; everybody else works in pixels of the map,
+/// which `toMap` and `toWidget` turn to and from.
 class MapCanvas : public QWidget {
     Q_OBJECT
 
   public:
+    /// `dropAllowed` tells whether a drop would be taken now.
     MapCanvas(Workspace& workspace, SpriteStack& sprites, Selection& selection, SpriteMouse& mouse,
-              CanvasClock& clock, QWidget* parent);
+              CanvasClock& clock, std::function<bool()> dropAllowed, QWidget* parent);
 
     QPoint toMap(QPoint widgetPosition) const { return widgetPosition - QPoint(1, 1); }
     QRect toWidget(const QRect& mapRect) const { return mapRect.translated(1, 1); }
@@ -37,19 +38,17 @@ class MapCanvas : public QWidget {
     /// Paints a part of the map again.
     void updateMap(const QRect& mapRect) { update(toWidget(mapRect)); }
 
-    /// What the mouse does on the bare map, with position or button.
-    std::function<void(QPoint, Qt::MouseButton)> mapPressed;
-    std::function<void(QPoint)> mapMoved;
-    std::function<void(Qt::MouseButton)> mapReleased;
-    /// Whether and how a drop is taken; the text is the drag's payload.
-    std::function<bool()> dropAllowed;
-    std::function<void(const QString&, QPoint)> dropped;
-
     /// A sprite that is being dragged or resized goes on to a position of the widget, under which
     /// the map has moved.
     void dragTo(QPoint widgetPosition);
 
   Q_SIGNALS:
+    /// What the mouse does on the bare map.
+    void mapPressed(QPoint position, Qt::MouseButton button);
+    void mapMoved(QPoint position);
+    void mapReleased(Qt::MouseButton button);
+    /// A drop was taken; the text is the drag's payload.
+    void dropped(const QString& payload, QPoint position);
     /// A stroke, a figure or a gesture may have begun or ended.
     void gestureChanged();
     /// Something is being dragged over the map, or is no longer. Position of the widget.
@@ -78,6 +77,7 @@ class MapCanvas : public QWidget {
     Selection& selection_;
     SpriteMouse& mouse_;
     CanvasClock& clock_;
+    std::function<bool()> dropAllowed_;
     QPixmap picture_;  ///< the surface's persistent layer as it is shown
 };
 

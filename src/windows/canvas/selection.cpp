@@ -16,12 +16,12 @@ void Selection::select(SpriteControl& control) {
 
 void Selection::selectSprite(SpriteControl& control) {
     if (selector_) {
-        changed(selector_->paintedRect());
+        Q_EMIT changed(selector_->paintedRect());
     }
     const QRect map(0, 0, workspace_.pctMap.ScaleWidth(), workspace_.pctMap.ScaleHeight());
     selector_.emplace(control.rect, control.isResizable(), map);
-    changed(selector_->paintedRect());
-    commandsChanged();
+    Q_EMIT changed(selector_->paintedRect());
+    Q_EMIT commandsChanged();
 }
 
 void Selection::clearSelection() {
@@ -30,13 +30,13 @@ void Selection::clearSelection() {
     }
     workspace_.edits().seal();
     workspace_.Status.selectSprite(std::nullopt);
-    hideFrame();
-    commandsChanged();
+    hideBorder();
+    Q_EMIT commandsChanged();
 }
 
-void Selection::hideFrame() {
+void Selection::hideBorder() {
     if (selector_) {
-        changed(selector_->paintedRect());
+        Q_EMIT changed(selector_->paintedRect());
         selector_.reset();
     }
 }
@@ -49,10 +49,16 @@ void Selection::follow() {
 
 void Selection::surround(const QRect& sprite) {
     if (selector_) {
-        changed(selector_->paintedRect());
+        Q_EMIT changed(selector_->paintedRect());
         selector_->surround(sprite);
-        changed(selector_->paintedRect());
+        Q_EMIT changed(selector_->paintedRect());
     }
+}
+
+void Selection::dragHandle(ShpSelector::Handle handle, QPoint position) {
+    Q_EMIT changed(selector_->paintedRect());
+    selector_->drag(handle, position);
+    Q_EMIT changed(selector_->paintedRect());
 }
 
 bool Selection::isEmpty() const {

@@ -4,38 +4,44 @@
 #include "windows/canvas/shp_selector.h"
 #include "windows/canvas/sprite_stack.h"
 
-#include <functional>
+#include <QObject>
+
 #include <optional>
 
 namespace nubivane {
 
-/// The one selected sprite: its type and key stand in `cStatus`, its frame (`shpSelector`) here.
-class Selection {
+/// The one selected sprite: its type and key stand in `cStatus`, its border (`shpSelector`) here.
+class Selection : public QObject {
+    Q_OBJECT
+
   public:
     Selection(Workspace& workspace, SpriteStack& sprites);
 
-    std::function<void(const QRect&)> changed;  ///< area of the map to be painted again
-    std::function<void()> commandsChanged;      ///< commands that depend on the selection
-
-    /// Makes a control's sprite the selection and puts the frame around it.
+    /// Makes a control's sprite the selection and puts the border around it.
     void select(SpriteControl& control);
-    /// `selectSprite`: the frame alone, for a sprite whose type and key are set already.
+    /// `selectSprite`: the border alone, for a sprite whose type and key are set already.
     void selectSprite(SpriteControl& control);
     /// Does nothing unless something is selected.
     void clearSelection();
-    /// Puts the frame around the control again after it has moved.
+    /// Puts the border around the control again after it has moved.
     void follow();
-    /// Puts the frame, if there is one, around a rectangle of the map.
+    /// Puts the border, if there is one, around a rectangle of the map.
     void surround(const QRect& sprite);
-    /// Takes the frame off; the sprite stays selected.
-    void hideFrame();
+    /// Drags a handle of the border to a position of the map; the border must be there.
+    void dragHandle(ShpSelector::Handle handle, QPoint position);
+    /// Takes the border off; the sprite stays selected.
+    void hideBorder();
 
     bool isEmpty() const;
     /// The selected control, or nothing.
     SpriteControl* control() const;
-    /// The frame; absent during a drag and while nothing is selected.
+    /// The border; absent during a drag and while nothing is selected.
     ShpSelector* shpSelector() { return selector_ ? &*selector_ : nullptr; }
     const ShpSelector* shpSelector() const { return selector_ ? &*selector_ : nullptr; }
+
+  Q_SIGNALS:
+    void changed(const QRect& area);  ///< of the map, to be painted again
+    void commandsChanged();           ///< commands that depend on the selection
 
   private:
     Workspace& workspace_;

@@ -9,10 +9,10 @@ class QPainter;
 
 namespace nubivane {
 
-/// The frame with eight handles around the selected sprite. Pixels of the map.
+/// The border with eight handles around the selected sprite. Pixels of the map.
 class ShpSelector {
   public:
-    /// How far the frame lies outside the sprite on each side.
+    /// How far the border lies outside the sprite on each side.
     static constexpr int Distance = 8;
 
     /// Handles by the sides they move.
@@ -27,14 +27,14 @@ class ShpSelector {
         surround(sprite);
     }
 
-    /// Puts the frame around a sprite.
+    /// Puts the border around a sprite.
     void surround(const QRect& sprite) {
         rect_ = sprite.adjusted(-Distance, -Distance, Distance, Distance);
     }
     const QRect& rect() const { return rect_; }
-    /// The sprite's rectangle that belongs to the frame.
+    /// The sprite's rectangle that belongs to the border.
     QRect spriteRect() const { return rect_.adjusted(Distance, Distance, -Distance, -Distance); }
-    /// What painting the frame touches.
+    /// What painting the border touches.
     QRect paintedRect() const;
 
     /// The handle at a position, or nothing.

@@ -28,7 +28,7 @@ class SpriteControl {
     bool visible = false;
 
     virtual void paint(QPainter& painter) const = 0;
-    /// Whether the frame around it has handles: a Label's size follows its text.
+    /// Whether the border around it has handles: a Label's size follows its text.
     virtual bool isResizable() const = 0;
 };
 

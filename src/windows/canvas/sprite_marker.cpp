@@ -3,6 +3,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr QChar First(4);
@@ -12,7 +14,7 @@ constexpr QChar Cut(6);
 }  // namespace
 
 QString SpriteMarker::text() const {
-    QString text = kind == SpriteKind::Symbol ? "S" : "T";
+    QString text = kind == SpriteKind::Symbol ? u"S"_s : u"T"_s;
     text += First;
     text += Second;
     if (cut) {

@@ -7,6 +7,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 SpriteMouse::SpriteMouse(Workspace& workspace, SpriteStack& sprites, Selection& selection,
                          Shell& shell)
     : workspace_(workspace), sprites_(sprites), selection_(selection), shell_(shell) {}
@@ -25,7 +27,7 @@ bool SpriteMouse::press(QPoint position, Qt::MouseButton button) {
     if (button == Qt::RightButton) {
         selection_.clearSelection();
         selection_.select(*control);
-        showMenu(*control);
+        Q_EMIT menuAsked();
     } else if (button == Qt::LeftButton) {
         pressSprite(*control, position);
     }
@@ -50,22 +52,23 @@ void SpriteMouse::pressSprite(SpriteControl& control, QPoint position) {
         const bool symbol = control.id.kind == SpriteKind::Symbol;
         shell_.messageBox(
             {symbol
-                 ? "Operation not allowed in draw mode. Select cursor from toolbar and try again."
-                 : "This operation is not allowed in draw mode. Select cursor from toolbar and "
-                   "try again.",
+                 ? tr("Operation not allowed in draw mode. Select cursor from toolbar and try "
+                      "again.")
+                 : tr("This operation is not allowed in draw mode. Select cursor from toolbar and "
+                      "try again."),
              Icon::Exclamation,
              Buttons::Ok,
              {}});
         return;
     }
     selection_.clearSelection();
-    if (Locked()) {
+    if (locked_) {
         selection_.select(control);
         return;
     }
     drag_ = Drag{control.id, control.rect, position.x() - control.rect.x(),
                  position.y() - control.rect.y()};
-    setPlaying(control, false);
+    sprites_.setPlaying(control, false);
 }
 
 bool SpriteMouse::move(QPoint position, Qt::MouseButtons buttons) {
@@ -88,12 +91,10 @@ void SpriteMouse::moveDragged(QPoint position) {
 }
 
 void SpriteMouse::moveHandle(QPoint position) {
-    ShpSelector* selector = selection_.shpSelector();
+    const ShpSelector* selector = selection_.shpSelector();
     SpriteControl* control = selection_.control();
     if (selector && control) {
-        selection_.changed(selector->paintedRect());
-        selector->drag(resize_->handle, position - resize_->grip);
-        selection_.changed(selector->paintedRect());
+        selection_.dragHandle(resize_->handle, position - resize_->grip);
         sprites_.Move(*control, selector->spriteRect());
     }
 }
@@ -120,7 +121,7 @@ void SpriteMouse::endDrag() {
     const QPoint position = insideMap(control->rect, workspace_.pctMap);
     moveSprite(workspace_, drag.id, position, Marks::Project);
     sprites_.Move(*control, QRect(position, control->rect.size()));
-    setPlaying(*control, true);
+    sprites_.setPlaying(*control, true);
     if (!selection_.shpSelector()) {
         selection_.select(*control);
     }
@@ -144,7 +145,7 @@ void SpriteMouse::cancel() {
     if (const auto drag = std::exchange(drag_, std::nullopt)) {
         if (SpriteControl* control = sprites_.find(drag->id)) {
             sprites_.Move(*control, drag->from);
-            setPlaying(*control, true);
+            sprites_.setPlaying(*control, true);
         }
     }
     const auto resize = std::exchange(resize_, std::nullopt);
@@ -152,17 +153,6 @@ void SpriteMouse::cancel() {
     if (resize && control) {
         sprites_.Move(*control, resize->from);
         selection_.follow();
-    }
-}
-
-void SpriteMouse::setPlaying(SpriteControl& control, bool playing) {
-    if (auto* symbol = dynamic_cast<GifSymbol*>(&control)) {
-        if (playing) {
-            symbol->StartAnimation(sprites_.now());
-        } else {
-            symbol->StopAnimation();
-        }
-        sprites_.playingChanged();
     }
 }
 

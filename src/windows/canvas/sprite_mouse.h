@@ -3,9 +3,9 @@
 
 #include "windows/canvas/selection.h"
 
+#include <QObject>
 #include <QPoint>
 
-#include <functional>
 #include <optional>
 
 namespace nubivane {
@@ -14,24 +14,28 @@ class Shell;
 
 /// What the mouse does with sprites: select, drag, resize. A gesture lives from press to release
 /// and ends in one place; a change of Frame drops it. Positions are pixels of the map.
-class SpriteMouse {
+class SpriteMouse : public QObject {
+    Q_OBJECT
+
   public:
     SpriteMouse(Workspace& workspace, SpriteStack& sprites, Selection& selection, Shell& shell);
 
-    std::function<bool()> Locked;                  ///< the lock of the whole map
-    std::function<void(SpriteControl&)> showMenu;  ///< the popup menu of a sprite
+    /// The lock of the whole map: sprites can be selected, not moved.
+    void setLocked(bool locked) { locked_ = locked; }
 
-    /// Each returns whether the event was for a sprite or its frame.
+    /// Each returns whether the event was for a sprite or its border.
     bool press(QPoint position, Qt::MouseButton button);
     bool move(QPoint position, Qt::MouseButtons buttons);
     bool release(Qt::MouseButton button);
     /// Takes back a gesture under way, as when the Frame changes.
     void cancel();
 
-    bool dragging() const { return drag_.has_value(); }
-    bool resizing() const { return resize_.has_value(); }
+    bool isUnderWay() const { return drag_ || resize_; }
     /// The pointer for a position over a handle, or nothing.
     std::optional<Qt::CursorShape> cursorAt(QPoint position) const;
+
+  Q_SIGNALS:
+    void menuAsked();  ///< the popup menu of the sprite just selected
 
   private:
     struct Drag {
@@ -43,7 +47,7 @@ class SpriteMouse {
     struct Resize {
         ShpSelector::Handle handle;
         QRect from;   ///< where the control stood
-        QPoint grip;  ///< from the frame's side to the pointer at the press
+        QPoint grip;  ///< from the border's side to the pointer at the press
     };
 
     bool pressHandle(QPoint position);
@@ -52,12 +56,12 @@ class SpriteMouse {
     void moveHandle(QPoint position);
     void endDrag();
     void endResize();
-    void setPlaying(SpriteControl& control, bool playing);
 
     Workspace& workspace_;
     SpriteStack& sprites_;
     Selection& selection_;
     Shell& shell_;
+    bool locked_ = false;
     std::optional<Drag> drag_;
     std::optional<Resize> resize_;
 };

@@ -45,7 +45,11 @@ void SpritePlacement::drop(const QString& payload, QPoint position) {
 
 void SpritePlacement::dropSymbol(const QString& file, QPoint position) {
     if (!host_files::fileExists(file)) {
-        shell_.messageBox({u"Symbol not found."_s, Icon::Critical, Buttons::Ok, {}});
+        shell_.messageBox(
+            {QCoreApplication::translate("nubivane::SpritePlacement", "Symbol not found."),
+             Icon::Critical,
+             Buttons::Ok,
+             {}});
         return;
     }
     const auto size = sprites_.sizeOf(file);

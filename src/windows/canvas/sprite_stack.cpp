@@ -6,11 +6,13 @@
 #include "windows/canvas/map_bounds.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace nubivane {
 
-SpriteStack::SpriteStack(Workspace& workspace, AnimationCache& animations)
-    : workspace_(workspace), animations_(animations) {}
+SpriteStack::SpriteStack(Workspace& workspace, AnimationCache& animations,
+                         std::function<qint64()> now)
+    : workspace_(workspace), animations_(animations), now_(std::move(now)) {}
 
 void SpriteStack::loadFrameSprites(qint32 frame) {
     if (frame < 1 || frame > workspace_.Frames().Count()) {
@@ -27,7 +29,7 @@ void SpriteStack::loadFrameSprites(qint32 frame) {
         control.setBackColor(label.BackColor);
         show(control);
     }
-    playingChanged();
+    Q_EMIT playingChanged();
 }
 
 GifSymbol& SpriteStack::loadSymbol(const cSymbol& symbol) {
@@ -35,7 +37,7 @@ GifSymbol& SpriteStack::loadSymbol(const cSymbol& symbol) {
     symbol.Index = control.Index;
     control.id = {SpriteKind::Symbol, symbol.Key_};
     control.rect = QRect(symbol.PosX, symbol.PosY, symbol.Width, symbol.Height);
-    control.StartAnimation(now());
+    control.StartAnimation(now_());
     return control;
 }
 
@@ -74,7 +76,7 @@ void SpriteStack::loadSprite(qint32 frame, const SpriteId& id, Arrival arrival,
                       control);
     }
     show(*control);
-    playingChanged();
+    Q_EMIT playingChanged();
 }
 
 /// Above the nearest sprite below it in its list that is shown; Labels lie above all Symbols.
@@ -141,8 +143,8 @@ QRect movedRect(QRect rect, const Record& before, const Record& after) {
 void SpriteStack::refreshSymbol(GifSymbol& control, const cSymbol& before, const cSymbol& after) {
     if (before.PathFileGif != after.PathFileGif) {
         setFileName(control, after.PathFileGif);
-        control.StartAnimation(now());
-        playingChanged();
+        control.StartAnimation(now_());
+        Q_EMIT playingChanged();
     }
     if (before.Tooltip != after.Tooltip) {
         control.ToolTipText = after.Tooltip;
@@ -173,7 +175,7 @@ void SpriteStack::unloadAllSprites() {
     while (!order_.empty()) {
         unload(order_.back());
     }
-    playingChanged();
+    Q_EMIT playingChanged();
 }
 
 GifSymbol& SpriteStack::makeSymbol(const QString& file) {
@@ -191,7 +193,7 @@ LblTesto& SpriteStack::makeLabel() {
 
 void SpriteStack::discard(SpriteControl& control) {
     unload(&control);
-    playingChanged();
+    Q_EMIT playingChanged();
 }
 
 void SpriteStack::unload(SpriteControl* control) {
@@ -202,7 +204,7 @@ void SpriteStack::unload(SpriteControl* control) {
     } else {
         lblTesto_.unload(control->Index);
     }
-    changed(area);
+    Q_EMIT changed(area);
 }
 
 SpriteControl* SpriteStack::find(const SpriteId& id) const {
@@ -221,26 +223,39 @@ SpriteControl* SpriteStack::at(QPoint position) const {
 void SpriteStack::Move(SpriteControl& control, const QRect& rect) {
     const QRect before = std::exchange(control.rect, rect);
     if (control.visible && before != rect) {
-        changed(before);
-        changed(rect);
+        Q_EMIT changed(before);
+        Q_EMIT changed(rect);
     }
 }
 
 void SpriteStack::show(SpriteControl& control) {
     control.visible = true;
-    changed(control.rect);
+    Q_EMIT changed(control.rect);
+}
+
+void SpriteStack::setPlaying(SpriteControl& control, bool playing) {
+    auto* symbol = dynamic_cast<GifSymbol*>(&control);
+    if (!symbol) {
+        return;
+    }
+    if (playing) {
+        symbol->StartAnimation(now_());
+    } else {
+        symbol->StopAnimation();
+    }
+    Q_EMIT playingChanged();
 }
 
 void SpriteStack::setFileName(GifSymbol& control, const QString& file) {
     control.setAnimation(animations_.get(file));
-    changed(control.rect);
-    playingChanged();
+    Q_EMIT changed(control.rect);
+    Q_EMIT playingChanged();
 }
 
 void SpriteStack::showLabel(LblTesto& control, const cLabel& label) {
-    changed(control.rect);
+    Q_EMIT changed(control.rect);
     control.show(label);
-    changed(control.rect);
+    Q_EMIT changed(control.rect);
 }
 
 }  // namespace nubivane

@@ -5,6 +5,7 @@
 #include "engine/model/workspace.h"
 #include "windows/canvas/sprite_control.h"
 
+#include <QObject>
 #include <QPoint>
 
 #include <functional>
@@ -43,16 +44,12 @@ class ControlArray {
 };
 
 /// The on-screen sprites of the current Frame, bottom to top in the order in which they were made.
-class SpriteStack {
-  public:
-    SpriteStack(Workspace& workspace, AnimationCache& animations);
+class SpriteStack : public QObject {
+    Q_OBJECT
 
-    /// Called with the area of the map that has to be painted again.
-    std::function<void(const QRect&)> changed;
-    /// Called when a control has begun or ceased to exist or to play.
-    std::function<void()> playingChanged;
-    /// The time that animations run on, in milliseconds.
-    std::function<qint64()> now;
+  public:
+    /// `now` is the time that animations run on, in milliseconds.
+    SpriteStack(Workspace& workspace, AnimationCache& animations, std::function<qint64()> now);
 
     /// Makes the controls of a Frame, Symbols first. A Symbol whose file is missing is passed over.
     void loadFrameSprites(qint32 frame);
@@ -87,10 +84,18 @@ class SpriteStack {
     /// Moves a control and has both places painted.
     void Move(SpriteControl& control, const QRect& rect);
     void show(SpriteControl& control);
+    /// Has a control painted again whose looks have changed.
+    void repaint(const SpriteControl& control) { Q_EMIT changed(control.rect); }
+    /// Starts a Symbol's animation from its first image, or stops it. Nothing else plays.
+    void setPlaying(SpriteControl& control, bool playing);
     /// A Symbol's control shows another file, standing still.
     void setFileName(GifSymbol& control, const QString& file);
     /// A Label's control takes over the looks of a Label.
     void showLabel(LblTesto& control, const cLabel& label);
+
+  Q_SIGNALS:
+    void changed(const QRect& area);  ///< of the map, to be painted again
+    void playingChanged();            ///< a control has begun or ceased to exist or to play
 
   private:
     void unload(SpriteControl* control);
@@ -102,6 +107,7 @@ class SpriteStack {
 
     Workspace& workspace_;
     AnimationCache& animations_;
+    std::function<qint64()> now_;
     ControlArray<GifSymbol> gifSymbol_;
     ControlArray<LblTesto> lblTesto_;
     std::vector<SpriteControl*> order_;

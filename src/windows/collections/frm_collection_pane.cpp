@@ -38,11 +38,9 @@ CollectionPane::CollectionPane(Workspace& workspace, AnimationCache& animations,
     buildLayout();
     connect(lvwCollection_, &QListWidget::currentItemChanged, this, [this] {
         showCollection();
-        if (collectionSelected) {
-            collectionSelected();
-        }
+        Q_EMIT collectionSelected();
     });
-    listImageSymbols_->selectionChanged = [this] { showFile(); };
+    connect(listImageSymbols_, &ListImage::fileSelected, this, &CollectionPane::showFile);
     connect(&listImageSymbols_->symbols(), &SymbolListModel::dataChanged, this,
             [this](const QModelIndex& arrived) {
                 if (arrived.row() == listImageSymbols_->currentIndex().row()) {
@@ -109,9 +107,7 @@ void CollectionPane::fillCollectionList(const QString& selectName) {
         lvwCollection_->setCurrentItem(selected ? selected : lvwCollection_->item(0));
     }
     showCollection();
-    if (collectionSelected) {
-        collectionSelected();
-    }
+    Q_EMIT collectionSelected();
 }
 
 void CollectionPane::replaceRow(const QString& key, const cSymbolsCollection& collection) {

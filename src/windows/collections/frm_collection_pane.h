@@ -43,7 +43,8 @@ class CollectionPane : public QWidget {
     NameList* lvwCollection() const { return lvwCollection_; }
     ListImage* listImageSymbols() const { return listImageSymbols_; }
 
-    std::function<void()> collectionSelected;
+  Q_SIGNALS:
+    void collectionSelected();
 
   private:
     void buildLayout();

@@ -13,6 +13,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 frmCopy::frmCopy(const Workspace& workspace, Shell& shell, QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
       workspace_(workspace),
@@ -43,8 +45,8 @@ void frmCopy::Init(const QString& source, const QString& target) {
     source_ = source;
     target_ = target;
     setWindowTitle(tr("Importing map"));
-    lblFile_->setText("Copying file " + getFileName(source) + " to maps folder");
-    gifCopy_->playFile(workspace_.folder.entry("Media\\fileCopy.gif"));
+    lblFile_->setText(tr("Copying file %1 to maps folder").arg(getFileName(source)));
+    gifCopy_->playFile(workspace_.folder.entry(u"Media\\fileCopy.gif"_s));
     Timer1_.start(0);
     exec();
 }

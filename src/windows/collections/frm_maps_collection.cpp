@@ -21,6 +21,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void setBold(QListWidgetItem& row, bool bold) {
@@ -52,9 +54,7 @@ frmMapsCollection::frmMapsCollection(Workspace& workspace, Shell& shell, QWidget
     buildLayout();
     connect(lvwCollection_, &QListWidget::currentItemChanged, this, [this] { showMap(); });
     connect(lvwCollection_, &QListWidget::itemDoubleClicked, this, [this] { accept(); });
-    lvwCollection_->nameTyped = [this](const QString& name, const QString& newStem) {
-        renameMapTo(name, newStem);
-    };
+    connect(lvwCollection_, &NameList::nameTyped, this, &frmMapsCollection::renameMapTo);
     fillMapList();
     lvwCollection_->setFocus();
 }
@@ -73,13 +73,13 @@ void frmMapsCollection::buildTools() {
     needMap_ << tlbMap_->add({"btnRenameMap", "map-rename", tr("Rename"), tr("rename map"), {}},
                              [this] { lvwCollection_->startRenaming(); });
     tlbMap_->addSeparator();
-    tool("btnImportMap", "map-import", tr("Import map"), tr("import map"), QKeySequence("Ctrl+I"),
-         &Self::importMap);
+    tool("btnImportMap", "map-import", tr("Import map"), tr("import map"),
+         QKeySequence(u"Ctrl+I"_s), &Self::importMap);
     tool("btnSetDefaultMap", "map-default", tr("Set as default"), tr("set as default map"), {},
          &Self::setSelectedAsDefault);
     tlbMap_->addSeparator();
     tlbMap_->add({"cmdHelp", "help", tr("Help"), tr("Help"), QKeySequence(Qt::Key_F1)}, [this] {
-        openHelpTopic(workspace_, shell_, "MapSelection.htm", "Help file not found");
+        openHelpTopic(workspace_, shell_, u"MapSelection.htm"_s, tr("Help file not found"));
     });
 }
 
@@ -168,7 +168,7 @@ void frmMapsCollection::refuse(const QString& text) {
 }
 
 void frmMapsCollection::importMap() {
-    const QString source = trimBlanks(shell_.openFileName({"Select map", {}, ImportFilter}));
+    const QString source = trimBlanks(shell_.openFileName({tr("Select map"), {}, ImportFilter}));
     if (source.isEmpty()) {
         return;
     }
@@ -207,7 +207,8 @@ void frmMapsCollection::deleteMapAsked() {
         refuse(refusal);
         return;
     }
-    if (shell_.messageBox({"Delete selected map ?", Icon::Question, Buttons::YesNo, {}, true}) !=
+    if (shell_.messageBox(
+            {tr("Delete selected map ?"), Icon::Question, Buttons::YesNo, {}, true}) !=
         Answer::Yes) {
         return;
     }
@@ -246,12 +247,13 @@ void frmMapsCollection::accept() {
                 refuse(refusal);
                 return;
             }
-            if (shell_.messageBox({"Selecting a new map all symbols will be deleted. Do you want "
-                                   "to continue ?",
-                                   Icon::Question,
-                                   Buttons::YesNo,
-                                   {},
-                                   true}) != Answer::Yes) {
+            if (shell_.messageBox(
+                    {tr("Selecting a new map all symbols will be deleted. Do you want "
+                        "to continue ?"),
+                     Icon::Question,
+                     Buttons::YesNo,
+                     {},
+                     true}) != Answer::Yes) {
                 return;
             }
         }

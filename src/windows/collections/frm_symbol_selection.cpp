@@ -9,6 +9,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 frmSymbolSelection::frmSymbolSelection(Workspace& workspace, AnimationCache& animations,
                                        Shell& shell, QWidget* parent)
     : QDialog(parent),
@@ -31,7 +33,8 @@ frmSymbolSelection::frmSymbolSelection(Workspace& workspace, AnimationCache& ani
     column->addWidget(pane_, 1);
     column->addWidget(buttons);
 
-    pane_->listImageSymbols()->activatedFile = [this](const QString&) { accept(); };
+    connect(pane_->listImageSymbols(), &ListImage::fileActivated, this,
+            &frmSymbolSelection::accept);
     pane_->fillCollectionList();
     pane_->listImageSymbols()->setFocus();
     resize(sizeHint().expandedTo({100 * fontMetrics().averageCharWidth(), 0}));
@@ -39,7 +42,8 @@ frmSymbolSelection::frmSymbolSelection(Workspace& workspace, AnimationCache& ani
 
 void frmSymbolSelection::accept() {
     if (pane_->selectedFile().isEmpty()) {
-        shell_.messageBox({"Select a symbol from the list", Icon::Exclamation, Buttons::Ok, {}});
+        shell_.messageBox(
+            {tr("Select a symbol from the list"), Icon::Exclamation, Buttons::Ok, {}});
         return;
     }
     FileName_ = pane_->selectedFile();

@@ -18,6 +18,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 frmSymbolsCollection::frmSymbolsCollection(Workspace& workspace, AnimationCache& animations,
                                            Shell& shell, QWidget* parent)
     : QDialog(parent),
@@ -47,10 +49,9 @@ frmSymbolsCollection::frmSymbolsCollection(Workspace& workspace, AnimationCache&
     column->addWidget(lblNotice_);
     column->addWidget(buttons);
 
-    pane_->lvwCollection()->nameTyped = [this](const QString& key, const QString& name) {
-        renameCollectionTo(key, name);
-    };
-    pane_->collectionSelected = [this] { refreshTools(); };
+    connect(pane_->lvwCollection(), &NameList::nameTyped, this,
+            &frmSymbolsCollection::renameCollectionTo);
+    connect(pane_, &CollectionPane::collectionSelected, this, &frmSymbolsCollection::refreshTools);
     pane_->fillCollectionList();
     pane_->lvwCollection()->setFocus();
     resize(sizeHint().expandedTo({100 * fontMetrics().averageCharWidth(), 0}));
@@ -67,7 +68,7 @@ void frmSymbolsCollection::buildTools() {
     };
     using Self = frmSymbolsCollection;
     tool("btnNewCollection", "collection-new", tr("New"), tr("New collection"),
-         QKeySequence("Ctrl+N"), &Self::newCollection);
+         QKeySequence(u"Ctrl+N"_s), &Self::newCollection);
     needCollection_ << tool("btnDeleteCollection", "collection-delete", tr("Delete"),
                             tr("Delete the collection"), {}, &Self::deleteCollectionAsked);
     QAction* rename = tlbSymbols_->add(
@@ -76,13 +77,13 @@ void frmSymbolsCollection::buildTools() {
     tlbSymbols_->addSeparator();
     needCollection_ << rename
                     << tool("btnImportSymbol", "symbol-import", tr("Import symbol"),
-                            tr("Import a symbol into the collection"), QKeySequence("Ctrl+I"),
+                            tr("Import a symbol into the collection"), QKeySequence(u"Ctrl+I"_s),
                             &Self::importSymbol);
     tool("btnDeleteSymbol", "symbol-delete", tr("Delete symbol"), tr("Delete the selected symbol"),
          {}, &Self::deleteSymbolAsked);
     tlbSymbols_->addSeparator();
     tlbSymbols_->add({"cmdHelp", "help", tr("Help"), tr("Help"), QKeySequence(Qt::Key_F1)},
-                     [this] { openHelpTopic(workspace_, shell_, "SymbolCollections.htm"); });
+                     [this] { openHelpTopic(workspace_, shell_, u"SymbolCollections.htm"_s); });
 }
 
 void frmSymbolsCollection::refreshTools() {
@@ -119,7 +120,7 @@ void frmSymbolsCollection::renameCollectionTo(const QString& key, const QString&
 }
 
 void frmSymbolsCollection::deleteCollectionAsked() {
-    if (shell_.messageBox({"Are you sure you want to delete the collection ?",
+    if (shell_.messageBox({tr("Are you sure you want to delete the collection ?"),
                            Icon::Question,
                            Buttons::YesNo,
                            {},
@@ -145,8 +146,8 @@ void frmSymbolsCollection::deleteCollectionAsked() {
 }
 
 void frmSymbolsCollection::importSymbol() {
-    const QString source =
-        trimBlanks(shell_.openFileName({"Select file", workspace_.folder.symbols(), ImportFilter}));
+    const QString source = trimBlanks(
+        shell_.openFileName({tr("Select file"), workspace_.folder.symbols(), ImportFilter}));
     if (source.isEmpty()) {
         return;
     }
@@ -168,10 +169,10 @@ void frmSymbolsCollection::importSymbol() {
 void frmSymbolsCollection::deleteSymbolAsked() {
     const QString file = pane_->selectedFile();
     if (trimBlanks(file).isEmpty()) {
-        shell_.messageBox({"No symbol selected", Icon::Exclamation, Buttons::Ok, {}});
+        shell_.messageBox({tr("No symbol selected"), Icon::Exclamation, Buttons::Ok, {}});
         return;
     }
-    if (shell_.messageBox({"Are you sure you want to delete the selected symbol ?",
+    if (shell_.messageBox({tr("Are you sure you want to delete the selected symbol ?"),
                            Icon::Question,
                            Buttons::YesNo,
                            {},

@@ -16,21 +16,24 @@ namespace nubivane {
 
 namespace {
 
-bool confirmed(Shell& shell, const char* question) {
+bool confirmed(Shell& shell, const QString& question) {
     return shell.messageBox({question, Icon::Question, Buttons::YesNo, {}, true}) == Answer::Yes;
 }
 
 }  // namespace
 
-ClearCommands::ClearCommands(Workspace& workspace, Shell& shell, FrameCanvas& canvas,
-                             MapViewport& viewport, Commands& commands)
-    : workspace_(workspace), shell_(shell), canvas_(canvas), viewport_(viewport) {
-    commands.handle(Command::mnuDelAllSymbols, [this] { deleteAllSprites(); });
-    commands.handle(Command::mnuPulisci, [this] { clearMap(); });
+ClearCommands::ClearCommands(const CanvasContext& context)
+    : QObject(&context.window),
+      workspace_(context.workspace),
+      shell_(context.shell),
+      canvas_(context.canvas),
+      viewport_(context.viewport) {
+    context.commands.handle(Command::mnuDelAllSymbols, [this] { deleteAllSprites(); });
+    context.commands.handle(Command::mnuPulisci, [this] { clearMap(); });
 }
 
 void ClearCommands::deleteAllSprites() {
-    if (!confirmed(shell_, "Are you sure you want to delete all symbols in the map ?")) {
+    if (!confirmed(shell_, tr("Are you sure you want to delete all symbols in the map ?"))) {
         return;
     }
     canvas_.selection().clearSelection();
@@ -40,7 +43,7 @@ void ClearCommands::deleteAllSprites() {
 }
 
 void ClearCommands::clearMap() {
-    if (!confirmed(shell_, "Are you sure you want to clear map ?")) {
+    if (!confirmed(shell_, tr("Are you sure you want to clear map ?"))) {
         return;
     }
     Picture map;

@@ -1,19 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "windows/commands/canvas_context.h"
+
+#include <QObject>
+
 namespace nubivane {
 
-class Commands;
-class FrameCanvas;
-class MapViewport;
-class Shell;
-class Workspace;
-
 /// What empties the Frame on the canvas, after a question: of its sprites, or of its drawings.
-class ClearCommands {
+class ClearCommands : public QObject {
+    Q_OBJECT
+
   public:
-    ClearCommands(Workspace& workspace, Shell& shell, FrameCanvas& canvas, MapViewport& viewport,
-                  Commands& commands);
+    explicit ClearCommands(const CanvasContext& context);
 
   private:
     /// `mnuDelAllSymbols`: takes away Symbols and Labels alike.

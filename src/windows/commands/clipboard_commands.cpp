@@ -28,8 +28,11 @@ const char* named(SpriteKind kind, const char* symbol, const char* label) {
 
 }  // namespace
 
-ClipboardCommands::ClipboardCommands(Workspace& workspace, FrameCanvas& canvas, Commands& commands)
-    : workspace_(workspace), canvas_(canvas), commands_(commands) {
+ClipboardCommands::ClipboardCommands(const CanvasContext& context)
+    : QObject(&context.window),
+      workspace_(context.workspace),
+      canvas_(context.canvas),
+      commands_(context.commands) {
     commands_.handle(Command::mnuCut, [this] { cutSprite(); });
     commands_.handle(Command::mnuCopy, [this] { copySprite(); });
     commands_.handle(Command::mnuPaste, [this] { pasteSprite(); });

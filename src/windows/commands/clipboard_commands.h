@@ -3,6 +3,7 @@
 
 #include "engine/model/edits/edit.h"
 #include "windows/canvas/sprite_marker.h"
+#include "windows/commands/canvas_context.h"
 
 #include <QObject>
 
@@ -12,18 +13,16 @@
 
 namespace nubivane {
 
-class Commands;
-class FrameCanvas;
-class Workspace;
-
 /// A copy of a sprite that is in no list, or nothing.
 using ClipSprite = std::variant<std::monostate, cSymbol, cLabel>;
 
 /// Cut, copy, paste, delete and restore of the selected sprite. The system clipboard holds a
 /// marker, this class the copy (`clipSprite`), which outlives changes of Frame and project.
 class ClipboardCommands : public QObject {
+    Q_OBJECT
+
   public:
-    ClipboardCommands(Workspace& workspace, FrameCanvas& canvas, Commands& commands);
+    explicit ClipboardCommands(const CanvasContext& context);
 
     /// Whether the clipboard holds a sprite's marker: what paste is enabled by.
     bool clipboardHasSprite() const;

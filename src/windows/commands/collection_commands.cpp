@@ -15,21 +15,21 @@
 
 namespace nubivane {
 
-CollectionCommands::CollectionCommands(Workspace& workspace, AnimationCache& animations,
-                                       Shell& shell, Palette& palette, FrameCommands& frameCommands,
-                                       Commands& commands, QWidget* window)
-    : workspace_(workspace),
+CollectionCommands::CollectionCommands(const CanvasContext& context, AnimationCache& animations,
+                                       Palette& palette, FrameCommands& frameCommands)
+    : QObject(&context.window),
+      workspace_(context.workspace),
       animations_(animations),
-      shell_(shell),
+      shell_(context.shell),
       palette_(palette),
       frameCommands_(frameCommands),
-      window_(window) {
-    commands.handle(Command::mnuCollection, [this] { mnuCollection(); });
-    commands.handle(Command::mnuOpenMap, [this] { mnuOpenMap(); });
+      window_(context.window) {
+    context.commands.handle(Command::mnuCollection, [this] { mnuCollection(); });
+    context.commands.handle(Command::mnuOpenMap, [this] { mnuOpenMap(); });
 }
 
 void CollectionCommands::mnuCollection() {
-    frmSymbolsCollection(workspace_, animations_, shell_, window_).exec();
+    frmSymbolsCollection(workspace_, animations_, shell_, &window_).exec();
     cSymbolsCollections& collections = workspace_.Status.SymbolsCollection();
     if (std::exchange(collections.IsChanged, false)) {
         palette_.loadSymbolsCollections();
@@ -44,7 +44,7 @@ std::optional<QString> CollectionCommands::chooseSymbol(QWidget* over) {
 
 /// Empty where none was chosen.
 QString CollectionCommands::chooseMap() {
-    frmMapsCollection window(workspace_, shell_, window_);
+    frmMapsCollection window(workspace_, shell_, &window_);
     window.exec();
     return window.chosenMap();
 }

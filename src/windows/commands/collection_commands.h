@@ -2,26 +2,26 @@
 #pragma once
 
 #include "engine/model/workspace.h"
+#include "windows/commands/canvas_context.h"
+
+#include <QObject>
 
 #include <functional>
 #include <optional>
 
-class QWidget;
-
 namespace nubivane {
 
 class AnimationCache;
-class Commands;
 class FrameCommands;
 class Palette;
-class Shell;
 
 /// The commands that open the windows of symbols and maps, and what follows from them.
-class CollectionCommands {
+class CollectionCommands : public QObject {
+    Q_OBJECT
+
   public:
-    CollectionCommands(Workspace& workspace, AnimationCache& animations, Shell& shell,
-                       Palette& palette, FrameCommands& frameCommands, Commands& commands,
-                       QWidget* window);
+    CollectionCommands(const CanvasContext& context, AnimationCache& animations, Palette& palette,
+                       FrameCommands& frameCommands);
 
     /// Shows the picker of a symbol over a window; the path chosen, an empty text where the person
     /// wants none, nothing after Escape.
@@ -37,7 +37,7 @@ class CollectionCommands {
     Shell& shell_;
     Palette& palette_;
     FrameCommands& frameCommands_;
-    QWidget* window_;
+    QWidget& window_;
 };
 
 }  // namespace nubivane

@@ -14,15 +14,18 @@
 
 namespace nubivane {
 
-CopySpecial::CopySpecial(Workspace& workspace, Shell& shell, FrameCanvas& canvas,
-                         Commands& commands, QWidget* window)
-    : workspace_(workspace), shell_(shell), canvas_(canvas), window_(window) {
-    commands.handle(Command::mnuCopySymbols, [this] { mnuCopySymbols(); });
+CopySpecial::CopySpecial(const CanvasContext& context)
+    : QObject(&context.window),
+      workspace_(context.workspace),
+      shell_(context.shell),
+      canvas_(context.canvas),
+      window_(context.window) {
+    context.commands.handle(Command::mnuCopySymbols, [this] { mnuCopySymbols(); });
 }
 
 void CopySpecial::mnuCopySymbols() {
     {
-        frmUtility window(workspace_, shell_, CopyInfo, window_);
+        frmUtility window(workspace_, shell_, CopyInfo, &window_);
         window.exec();
     }
     if (!trimBlanks(CopyInfo).isEmpty()) {

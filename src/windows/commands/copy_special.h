@@ -3,22 +3,19 @@
 
 #include "engine/model/edits/sprite_edits.h"
 #include "engine/model/workspace.h"
+#include "windows/commands/canvas_context.h"
 
+#include <QObject>
 #include <QString>
-
-class QWidget;
 
 namespace nubivane {
 
-class Commands;
-class FrameCanvas;
-class Shell;
-
 /// "Copy special...": all sprites of one Frame replace those of another.
-class CopySpecial {
+class CopySpecial : public QObject {
+    Q_OBJECT
+
   public:
-    CopySpecial(Workspace& workspace, Shell& shell, FrameCanvas& canvas, Commands& commands,
-                QWidget* window);
+    explicit CopySpecial(const CanvasContext& context);
 
     /// The request that `frmUtility` leaves: source and destination Frame and whether to cut (0 or
     /// 1), parted by "|". Empty means nothing to do.
@@ -35,7 +32,7 @@ class CopySpecial {
     Workspace& workspace_;
     Shell& shell_;
     FrameCanvas& canvas_;
-    QWidget* window_;
+    QWidget& window_;
 };
 
 }  // namespace nubivane

@@ -15,6 +15,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A file beside the one that Qt proposes, which may be a folder alone, and refused then.
@@ -84,7 +86,7 @@ void DesktopPrinter::setUp(QWidget* over) {
     dialog.setObjectName("printSetup");
     dialog.setWindowTitle(QPrintDialog::tr("Print setup"));
     dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
-    auto* file = dialog.findChild<QLineEdit*>("filename");
+    auto* file = dialog.findChild<QLineEdit*>(u"filename"_s);
     if (file && printer->outputFileName().isEmpty()) {
         file->setText(proposedFile(file->text()));
     }
@@ -108,8 +110,8 @@ void DesktopPrinter::print(const QImage& picture) {
         throw;
     }
     if (printer->printerState() == QPrinter::Error) {
-        throw Error(error_number::FileAccess, "printing", "Cannot print.",
-                    printer->printerName() + ": the printer tells of an error");
+        throw Error(error_number::FileAccess, u"printing"_s, u"Cannot print."_s,
+                    printer->printerName() + u": the printer tells of an error"_s);
     }
 }
 

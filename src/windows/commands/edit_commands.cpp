@@ -10,15 +10,15 @@
 
 namespace nubivane {
 
-EditCommands::EditCommands(Workspace& workspace, Shell& shell, FrameCanvas& canvas,
-                           MapViewport& viewport, Commands& commands, QWidget* window)
-    : workspace_(workspace),
-      shell_(shell),
-      canvas_(canvas),
-      viewport_(viewport),
-      commands_(commands),
-      window_(window),
-      pictures_(workspace.edits(),
+EditCommands::EditCommands(const CanvasContext& context)
+    : QObject(&context.window),
+      workspace_(context.workspace),
+      shell_(context.shell),
+      canvas_(context.canvas),
+      viewport_(context.viewport),
+      commands_(context.commands),
+      window_(context.window),
+      pictures_(context.workspace.edits(),
                 [this](QSize bounds) { return canvas_.widget().thumbnail(bounds); }) {
     commands_.handle(Command::mnuUndo, [this] { undo(); });
     commands_.handle(Command::mnuRedo, [this] { redo(); });
@@ -54,8 +54,7 @@ void EditCommands::goTo(int index) {
 }
 
 bool EditCommands::isUnfinished() const {
-    return canvas_.mouse().dragging() || canvas_.mouse().resizing() ||
-           canvas_.drawing().isUnfinished();
+    return canvas_.mouse().isUnderWay() || canvas_.drawing().isUnfinished();
 }
 
 bool EditCommands::takeBackUnfinished() {
@@ -72,7 +71,7 @@ bool EditCommands::takeBackUnfinished() {
 
 void EditCommands::showHistory() {
     if (!history_) {
-        history_ = new frmHistory(workspace_.edits(), pictures_, window_);
+        history_ = new frmHistory(workspace_.edits(), pictures_, &window_);
         history_->setAttribute(Qt::WA_DeleteOnClose);
         QObject::connect(history_, &frmHistory::chosen, history_,
                          [this](int index) { goTo(index); });
@@ -104,9 +103,8 @@ void EditCommands::refresh() {
         const QString key = action->shortcut().toString(QKeySequence::NativeText);
         action->setToolTip(QStringLiteral("%1 (%2)").arg(action->text(), key));
     };
-    name(commands_[Command::mnuUndo], QObject::tr("Undo"),
-         isUnfinished() ? QString() : edits.undoText());
-    name(commands_[Command::mnuRedo], QObject::tr("Redo"), edits.redoText());
+    name(commands_[Command::mnuUndo], tr("Undo"), isUnfinished() ? QString() : edits.undoText());
+    name(commands_[Command::mnuRedo], tr("Redo"), edits.redoText());
     commands_.setEnabled({Command::mnuUndo}, edits.canUndo() || isUnfinished());
     commands_.setEnabled({Command::mnuRedo}, edits.canRedo());
 }

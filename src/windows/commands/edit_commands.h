@@ -2,29 +2,24 @@
 #pragma once
 
 #include "engine/model/edits/edit_watcher.h"
+#include "windows/commands/canvas_context.h"
 #include "windows/commands/edit_pictures.h"
 #include "windows/commands/frm_history.h"
 
+#include <QObject>
 #include <QPointer>
 
-class QWidget;
-
 namespace nubivane {
-
-class Commands;
-class FrameCanvas;
-class MapViewport;
-class Shell;
-class Workspace;
 
 /// Undo, redo and the window that lists the edits.
 ///
 /// While a stroke is being drawn or a sprite is being dragged, undo takes that back and nothing
 /// else; of a figure that is being edited it takes back the last point.
-class EditCommands : private EditWatcher {
+class EditCommands : public QObject, private EditWatcher {
+    Q_OBJECT
+
   public:
-    EditCommands(Workspace& workspace, Shell& shell, FrameCanvas& canvas, MapViewport& viewport,
-                 Commands& commands, QWidget* window);
+    explicit EditCommands(const CanvasContext& context);
     ~EditCommands() override;
 
     void undo();
@@ -50,7 +45,7 @@ class EditCommands : private EditWatcher {
     FrameCanvas& canvas_;
     MapViewport& viewport_;
     Commands& commands_;
-    QWidget* window_;
+    QWidget& window_;
     EditPictures pictures_;
     QPointer<frmHistory> history_;
 };

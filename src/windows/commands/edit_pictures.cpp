@@ -34,9 +34,7 @@ void EditPictures::take() {
         pictures_.remove(order_.front());
         order_.pop_front();
     }
-    if (taken) {
-        taken(index);
-    }
+    Q_EMIT taken(index);
 }
 
 QPixmap EditPictures::picture(int index) const {

@@ -15,22 +15,23 @@ class ProjectEdits;
 
 /// Small pictures of the map after each edit, for the list of edits. One is taken when the program
 /// has nothing else to do, so that no edit waits for it; the oldest go.
-class EditPictures {
+class EditPictures : public QObject {
+    Q_OBJECT
+
   public:
     static constexpr QSize Bounds{112, 84};
     static constexpr std::size_t Most = 300;
 
     EditPictures(const ProjectEdits& edits, std::function<QImage(QSize)> take);
-    EditPictures(const EditPictures&) = delete;
-    EditPictures& operator=(const EditPictures&) = delete;
 
     /// Takes the picture of the state that stands as soon as events have been worked off.
     void takeSoon();
     /// The picture of the state after the first `index` edits; null where none was taken.
     QPixmap picture(int index) const;
 
+  Q_SIGNALS:
     /// A picture was taken of the state after that many edits.
-    std::function<void(int)> taken;
+    void taken(int index);
 
   private:
     void take();

@@ -18,6 +18,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct StillRow {
@@ -26,28 +28,36 @@ struct StillRow {
 };
 
 constexpr std::array stills = {
-    StillRow{Command::subEsportaBmp, "bitmaps (*.bmp)|*.bmp|"},
-    StillRow{Command::subEsportaGif, "gif (*.gif)|*.gif"},
-    StillRow{Command::subEsportaJpg, "jpg (*.jpg)|*.jpg|"},
-    StillRow{Command::subEsportaPng, "png (*.png)|*.png|"},
-    StillRow{Command::subEsportaTif, "tif (*.tif)|*.tif|"},
+    StillRow{Command::subEsportaBmp,
+             QT_TRANSLATE_NOOP("nubivane::ExportCommands", "bitmaps (*.bmp)|*.bmp|")},
+    StillRow{Command::subEsportaGif,
+             QT_TRANSLATE_NOOP("nubivane::ExportCommands", "gif (*.gif)|*.gif")},
+    StillRow{Command::subEsportaJpg,
+             QT_TRANSLATE_NOOP("nubivane::ExportCommands", "jpg (*.jpg)|*.jpg|")},
+    StillRow{Command::subEsportaPng,
+             QT_TRANSLATE_NOOP("nubivane::ExportCommands", "png (*.png)|*.png|")},
+    StillRow{Command::subEsportaTif,
+             QT_TRANSLATE_NOOP("nubivane::ExportCommands", "tif (*.tif)|*.tif|")},
 };
 
 }  // namespace
 
-ExportCommands::ExportCommands(Workspace& workspace, Shell& shell, FrameCanvas& canvas,
-                               Commands& commands, QWidget* window)
-    : workspace_(workspace), shell_(shell), canvas_(canvas), window_(window) {
+ExportCommands::ExportCommands(const CanvasContext& context)
+    : QObject(&context.window),
+      workspace_(context.workspace),
+      shell_(context.shell),
+      canvas_(context.canvas),
+      window_(context.window) {
     for (const StillRow& row : stills) {
-        commands.handle(row.command, [this, &row] { exportMap(row.filter); });
+        context.commands.handle(row.command, [this, &row] { exportMap(tr(row.filter)); });
     }
-    commands.handle(Command::subEsportaGifAni, [this] { subEsportaGifAni(); });
-    commands.handle(Command::subEsportaFilm, [this] { subEsportaFilm(); });
-    commands.handle(Command::subEsportaAvi, [this] { subEsportaAvi(); });
+    context.commands.handle(Command::subEsportaGifAni, [this] { subEsportaGifAni(); });
+    context.commands.handle(Command::subEsportaFilm, [this] { subEsportaFilm(); });
+    context.commands.handle(Command::subEsportaAvi, [this] { subEsportaAvi(); });
 }
 
 void ExportCommands::exportMap(const QString& filter) {
-    const QString path = trimBlanks(shell_.saveFileName({.title = "Export map",
+    const QString path = trimBlanks(shell_.saveFileName({.title = tr("Export map"),
                                                          .folder = workspace_.folder.path(),
                                                          .filter = filter,
                                                          .confirmOverwrite = true,
@@ -60,7 +70,7 @@ void ExportCommands::exportMap(const QString& filter) {
         const qint32 frame = workspace_.Status.CurrentFrame;
         const Picture drawn = workspace_.pctPanel.picture(frame);
         const Picture map = drawn.isEmpty() ? workspace_.loadCurrentMap() : drawn;
-        frmSave(workspace_, shell_, {{{frame, path, map}}}, window_).Init();
+        frmSave(workspace_, shell_, {{{frame, path, map}}}, &window_).Init();
     } catch (const Error& error) {
         shell_.messageBox({error.description(), Icon::Critical, Buttons::Ok, error.cause()});
     }
@@ -78,7 +88,7 @@ void ExportCommands::restoreMapPicture() {
 }
 
 void ExportCommands::subEsportaGifAni() {
-    frmSetAniGif dialog(workspace_, shell_, window_);
+    frmSetAniGif dialog(workspace_, shell_, &window_);
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }
@@ -86,11 +96,11 @@ void ExportCommands::subEsportaGifAni() {
     const AniGifRequest request{.frame = workspace_.Status.CurrentFrame,
                                 .GifFileName = dialog.FileName(),
                                 .compression = dialog.GifCompression()};
-    frmSaveAniGif(workspace_, shell_, request, window_).Init();
+    frmSaveAniGif(workspace_, shell_, request, &window_).Init();
 }
 
 void ExportCommands::subEsportaFilm() {
-    frmSetFilm dialog(workspace_, shell_, window_);
+    frmSetFilm dialog(workspace_, shell_, &window_);
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }
@@ -98,11 +108,11 @@ void ExportCommands::subEsportaFilm() {
     const FilmRequest request{.path = dialog.FileName(),
                               .current = workspace_.Status.CurrentFrame,
                               .FrameInterval = dialog.FrameInterval()};
-    frmSaveFilm(workspace_, shell_, request, window_).Init();
+    frmSaveFilm(workspace_, shell_, request, &window_).Init();
 }
 
 void ExportCommands::subEsportaAvi() {
-    frmSetAvi dialog(workspace_, shell_, window_);
+    frmSetAvi dialog(workspace_, shell_, &window_);
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }
@@ -111,7 +121,7 @@ void ExportCommands::subEsportaAvi() {
                                .path = dialog.FileName(),
                                .size = dialog.aviSize(),
                                .compression = dialog.AviCompression()};
-    frmSaveAvi(workspace_, shell_, request, window_).Init();
+    frmSaveAvi(workspace_, shell_, request, &window_).Init();
 }
 
 }  // namespace nubivane

@@ -2,22 +2,19 @@
 #pragma once
 
 #include "engine/model/workspace.h"
+#include "windows/commands/canvas_context.h"
 
+#include <QObject>
 #include <QString>
-
-class QWidget;
 
 namespace nubivane {
 
-class Commands;
-class FrameCanvas;
-class Shell;
-
 /// The commands that make pictures, animations and videos, with the windows they go through.
-class ExportCommands {
+class ExportCommands : public QObject {
+    Q_OBJECT
+
   public:
-    ExportCommands(Workspace& workspace, Shell& shell, FrameCanvas& canvas, Commands& commands,
-                   QWidget* window);
+    explicit ExportCommands(const CanvasContext& context);
 
   private:
     void exportMap(const QString& filter);
@@ -29,7 +26,7 @@ class ExportCommands {
     Workspace& workspace_;
     Shell& shell_;
     FrameCanvas& canvas_;
-    QWidget* window_;
+    QWidget& window_;
 };
 
 }  // namespace nubivane

@@ -11,14 +11,18 @@
 
 namespace nubivane {
 
-FrameCommands::FrameCommands(Workspace& workspace, Shell& shell, MapViewport& viewport,
-                             FrameTabs& tabs, Commands& commands)
-    : workspace_(workspace), shell_(shell), viewport_(viewport), tabs_(tabs), commands_(commands) {
+FrameCommands::FrameCommands(const CanvasContext& context, FrameTabs& tabs)
+    : QObject(&context.window),
+      workspace_(context.workspace),
+      shell_(context.shell),
+      viewport_(context.viewport),
+      tabs_(tabs),
+      commands_(context.commands) {
     commands_.handle(Command::mnuFrameInsert, [this] { insertFrame(); });
     commands_.handle(Command::mnuFrameRemove, [this] { removeFrame(); });
     commands_.handle(Command::mnuMapRename, [this] { tabs_.startRenaming(); });
-    tabs_.frameSelected = [this] { changeFrame(); };
-    tabs_.frameMoved = [this](int from, int to) { moveFrame(from, to); };
+    connect(&tabs_, &FrameTabs::frameSelected, this, &FrameCommands::changeFrame);
+    connect(&tabs_, &FrameTabs::frameMoved, this, &FrameCommands::moveFrame);
     workspace_.edits().watch(*this);
 }
 
@@ -57,7 +61,7 @@ void FrameCommands::changeMap(const QString& path) {
 
 void FrameCommands::refresh() {
     commands_.setEnabled({Command::mnuFrameRemove}, workspace_.Frames().Count() > 1);
-    framesCounted();
+    Q_EMIT framesCounted();
 }
 
 void FrameCommands::framesChanged() {

@@ -3,22 +3,21 @@
 
 #include "engine/model/edits/edit_watcher.h"
 #include "engine/model/workspace.h"
+#include "windows/commands/canvas_context.h"
 
-#include <functional>
+#include <QObject>
 
 namespace nubivane {
 
-class Commands;
 class FrameTabs;
-class MapViewport;
-class Shell;
 
 /// The commands on Frames: showing, inserting, removing, moving, renaming them, and changing the
 /// map under all of them.
-class FrameCommands : private EditWatcher {
+class FrameCommands : public QObject, private EditWatcher {
+    Q_OBJECT
+
   public:
-    FrameCommands(Workspace& workspace, Shell& shell, MapViewport& viewport, FrameTabs& tabs,
-                  Commands& commands);
+    FrameCommands(const CanvasContext& context, FrameTabs& tabs);
     ~FrameCommands() override;
 
     /// Leaves the Frame on the canvas, its picture kept in its panel, and shows the selected tab's.
@@ -28,7 +27,8 @@ class FrameCommands : private EditWatcher {
     /// Enables the commands that need more than one Frame.
     void refresh();
 
-    std::function<void()> framesCounted;  ///< Frames may have come or gone
+  Q_SIGNALS:
+    void framesCounted();  ///< Frames may have come or gone
 
   private:
     void insertFrame();

@@ -42,13 +42,9 @@ frmHistory::frmHistory(const ProjectEdits& edits, EditPictures& pictures, QWidge
     column->addWidget(list_);
     connect(list_, &QListWidget::itemClicked, this, &frmHistory::choose);
     connect(list_, &QListWidget::itemActivated, this, &frmHistory::choose);
-    pictures_.taken = [this](int index) { showPicture(index); };
+    connect(&pictures, &EditPictures::taken, this, &frmHistory::showPicture);
     resize(300, 420);
     refresh();
-}
-
-frmHistory::~frmHistory() {
-    pictures_.taken = nullptr;
 }
 
 /// Only rows that show another state than before are written anew: the list may be long, and it is

@@ -19,7 +19,6 @@ class frmHistory : public QDialog {
 
   public:
     frmHistory(const ProjectEdits& edits, EditPictures& pictures, QWidget* parent);
-    ~frmHistory() override;
 
     /// Shows the edits as they are now.
     void refresh();

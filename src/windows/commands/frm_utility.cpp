@@ -13,6 +13,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 frmUtility::frmUtility(const Workspace& workspace, Shell& shell, QString& CopyInfo, QWidget* parent)
     : QDialog(parent),
       shell_(shell),
@@ -73,11 +75,11 @@ void frmUtility::refuse(const QString& text, QComboBox* list) {
 
 void frmUtility::accept() {
     if (cboSourceMap_->currentIndex() < 0) {
-        refuse("Select the source map.", cboSourceMap_);
+        refuse(tr("Select the source map."), cboSourceMap_);
     } else if (cboDestMap_->currentIndex() < 0) {
-        refuse("Select the destination map.", cboDestMap_);
+        refuse(tr("Select the destination map."), cboDestMap_);
     } else if (cboSourceMap_->currentIndex() == cboDestMap_->currentIndex()) {
-        refuse("Source and destination map cannot be the same.", cboDestMap_);
+        refuse(tr("Source and destination map cannot be the same."), cboDestMap_);
     } else {
         CopyInfo_ = cboSourceMap_->currentData().toString() + u'|' +
                     cboDestMap_->currentData().toString() + u'|' +

@@ -29,7 +29,7 @@ struct MenuRow {
 const MenuRow& exportMenu() {
     static const MenuRow row = {
         "mnuEsporta",
-        "Export to",
+        QT_TRANSLATE_NOOP("nubivane::Commands", "Export to"),
         0,
         {Command::subEsportaAvi, Command::subEsportaFilm, Command::subEsportaGifAni, Separator(),
          Command::subEsportaBmp, Command::subEsportaGif, Command::subEsportaJpg,
@@ -40,45 +40,45 @@ const MenuRow& exportMenu() {
 const std::array<MenuRow, 8>& menuTree() {
     static const std::array<MenuRow, 8> tree = {{
         {"mnuFile",
-         "&File",
+         QT_TRANSLATE_NOOP("nubivane::Commands", "&File"),
          0,
          {Command::mnuNewProject, Command::mnuOpenProject, Separator(), Command::mnuSaveProject,
           Command::mnuSaveProjectAs, Separator(), Command::mnuSetPrinter, Command::mnuPrint,
           Separator(), Command::mnuEsci}},
         {"mnuEdit",
-         "Edit",
+         QT_TRANSLATE_NOOP("nubivane::Commands", "Edit"),
          'e',
          {Command::mnuUndo, Command::mnuRedo, Separator(), Command::mnuCut, Command::mnuCopy,
           Command::mnuPaste, Command::mnuDelSymbol}},
         {"mnuView",
-         "View",
+         QT_TRANSLATE_NOOP("nubivane::Commands", "View"),
          'v',
          {Command::mnuViewMainToolbar, Command::mnuViewMapToolbar, Separator(),
           Command::mnuViewLargeIcons, Command::mnuViewSmallIcons, Separator(),
           Command::mnuHistory}},
         {"mnuSimboli",
-         "Symbols",
+         QT_TRANSLATE_NOOP("nubivane::Commands", "Symbols"),
          's',
          {Command::mnuCut, Command::mnuCopy, Command::mnuCopySymbols, Command::mnuPaste,
           Separator(), Command::mnuLock, Command::mnuDelSymbol, Command::mnuDelAllSymbols,
           Command::mnuRestore, Separator(), Command::mnuProperty, Separator(),
           Command::mnuCollection, Command::mnuPack, Separator(), Command::mnuRefreshSymbols}},
         {"mnuFile2",
-         "Map",
+         QT_TRANSLATE_NOOP("nubivane::Commands", "Map"),
          'm',
          {Command::mnuPulisci, Command::mnuOpenMap, Separator(), Command::mnuFrameInsert,
           Command::mnuFrameRemove, Separator(), ExportMenu()}},
         {"mnuPagina",
-         "Html page",
+         QT_TRANSLATE_NOOP("nubivane::Commands", "Html page"),
          'p',
          {Command::mnuPreview, Command::mnuCrea, Command::mnuSaveSite, Separator(),
           Command::mnuImpostazioni}},
         {"mnuFtp",
-         "Ftp",
+         QT_TRANSLATE_NOOP("nubivane::Commands", "Ftp"),
          't',
          {Command::mnuInitialize, Command::mnuInvia, Separator(), Command::mnuFtpSetting}},
         {"mnuGuida",
-         "Help",
+         QT_TRANSLATE_NOOP("nubivane::Commands", "Help"),
          'h',
          {Command::mnuSommario, Command::mnuWeb, Command::mnuBugReport, Separator(),
           Command::mnuLastVersion, Separator(), Command::mnuInfo}},
@@ -99,7 +99,7 @@ void fill(QMenu& menu, const MenuRow& row, const Commands& commands) {
         if (const Command* command = std::get_if<Command>(&entry)) {
             menu.addAction(commands[*command]);
         } else if (std::holds_alternative<ExportMenu>(entry)) {
-            fill(*menu.addMenu(QObject::tr(exportMenu().caption)), exportMenu(), commands);
+            fill(*menu.addMenu(Commands::tr(exportMenu().caption)), exportMenu(), commands);
         } else {
             menu.addSeparator();
         }
@@ -118,15 +118,18 @@ void addProxy(QMenu& menu, const char* name, QAction* command) {
     QObject::connect(entry, &QAction::triggered, command, &QAction::trigger);
 }
 
-}  // namespace
-
-void buildMenuBar(QMenuBar& bar, const Commands& commands) {
+/// The menu tree in the bar; its first menu.
+QMenu& fillBar(QMenuBar& bar, const Commands& commands) {
+    QMenu* first = nullptr;
     for (const MenuRow& row : menuTree()) {
-        fill(*bar.addMenu(withKey(QObject::tr(row.caption), row.key)), row, commands);
+        QMenu* menu = bar.addMenu(withKey(Commands::tr(row.caption), row.key));
+        fill(*menu, row, commands);
+        first = first ? first : menu;
     }
+    return *first;
 }
 
-QMenu* buildSpriteMenu(const Commands& commands, QWidget* parent) {
+QMenu& buildSpriteMenu(const Commands& commands, QWidget* parent) {
     auto* menu = new QMenu(parent);
     menu->setObjectName("MenuPopup");
     addProxy(*menu, "subRestore", commands[Command::mnuRestore]);
@@ -140,10 +143,10 @@ QMenu* buildSpriteMenu(const Commands& commands, QWidget* parent) {
     menu->addSeparator();
     addProxy(*menu, "subUndo", commands[Command::mnuUndo]);
     addProxy(*menu, "subRedo", commands[Command::mnuRedo]);
-    return menu;
+    return *menu;
 }
 
-QMenu* buildFrameMenu(const Commands& commands, QWidget* parent) {
+QMenu& buildFrameMenu(const Commands& commands, QWidget* parent) {
     auto* menu = new QMenu(parent);
     menu->setObjectName("MenuMap");
     addProxy(*menu, "mnuMapInsert", commands[Command::mnuFrameInsert]);
@@ -153,7 +156,14 @@ QMenu* buildFrameMenu(const Commands& commands, QWidget* parent) {
     menu->addSeparator();
     addProxy(*menu, "mnuMapUndo", commands[Command::mnuUndo]);
     addProxy(*menu, "mnuMapRedo", commands[Command::mnuRedo]);
-    return menu;
+    return *menu;
+}
+
+}  // namespace
+
+Menus buildMenus(QMenuBar& bar, const Commands& commands) {
+    return {fillBar(bar, commands), buildSpriteMenu(commands, bar.parentWidget()),
+            buildFrameMenu(commands, bar.parentWidget())};
 }
 
 }  // namespace nubivane

@@ -3,20 +3,20 @@
 
 class QMenu;
 class QMenuBar;
-class QWidget;
 
 namespace nubivane {
 
 class Commands;
 
-/// Fills the menu bar with the menu tree. The recent files come into the menu `mnuFile` before
-/// `mnuEsci`.
-void buildMenuBar(QMenuBar& bar, const Commands& commands);
+/// The menus that somebody has still to do with when they are built.
+struct Menus {
+    QMenu& file;    ///< `mnuFile` of the bar: the recent files come in before `mnuEsci`
+    QMenu& sprite;  ///< `MenuPopup`: the menu of a sprite and of the bare map
+    QMenu& frame;   ///< `MenuMap`: the menu of a Frame's tab
+};
 
-/// `MenuPopup`: the menu of a sprite and of the bare map.
-QMenu* buildSpriteMenu(const Commands& commands, QWidget* parent);
-
-/// `MenuMap`: the menu of a Frame's tab.
-QMenu* buildFrameMenu(const Commands& commands, QWidget* parent);
+/// Fills the menu bar with the menu tree and makes the popup menus, which belong to the window of
+/// the bar.
+Menus buildMenus(QMenuBar& bar, const Commands& commands);
 
 }  // namespace nubivane

@@ -10,10 +10,16 @@
 
 namespace nubivane {
 
-PrintCommands::PrintCommands(Shell& shell, FrameCanvas& canvas, Commands& commands, QWidget* window)
-    : printer(std::make_unique<DesktopPrinter>()), shell_(shell), canvas_(canvas), window_(window) {
-    commands.handle(Command::mnuSetPrinter, [this] { printer->setUp(window_); });
-    commands.handle(Command::mnuPrint, [this] { printMap(); });
+using namespace Qt::StringLiterals;
+
+PrintCommands::PrintCommands(const CanvasContext& context)
+    : QObject(&context.window),
+      printer(std::make_unique<DesktopPrinter>()),
+      shell_(context.shell),
+      canvas_(context.canvas),
+      window_(context.window) {
+    context.commands.handle(Command::mnuSetPrinter, [this] { printer->setUp(&window_); });
+    context.commands.handle(Command::mnuPrint, [this] { printMap(); });
 }
 
 void PrintCommands::printMap() {
@@ -21,15 +27,15 @@ void PrintCommands::printMap() {
     try {
         const HourglassGuard hourglass(shell_);
         const bool framed = selection.shpSelector() != nullptr;
-        selection.hideFrame();
+        selection.hideBorder();
         printer->print(partToPrint(canvasPicture()));
         SpriteControl* control = selection.control();
         if (framed && control) {
             selection.selectSprite(*control);
         }
     } catch (const Error& error) {
-        // The frame of the selection stays hidden.
-        shell_.messageBox({"An error occurred while printing.", Icon::Critical, Buttons::Ok,
+        // The border of the selection stays hidden.
+        shell_.messageBox({tr("An error occurred while printing."), Icon::Critical, Buttons::Ok,
                            QString::fromUtf8(error.what())});
     }
 }

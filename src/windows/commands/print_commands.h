@@ -1,22 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "windows/commands/canvas_context.h"
 #include "windows/commands/page_printer.h"
 
 #include <QImage>
+#include <QObject>
 
 #include <memory>
 
 namespace nubivane {
 
-class Commands;
-class FrameCanvas;
-class Shell;
-
 /// Prints the canvas as it stands.
-class PrintCommands {
+class PrintCommands : public QObject {
+    Q_OBJECT
+
   public:
-    PrintCommands(Shell& shell, FrameCanvas& canvas, Commands& commands, QWidget* window);
+    explicit PrintCommands(const CanvasContext& context);
 
     /// Where it goes; at first the desktop's printers.
     std::unique_ptr<PagePrinter> printer;
@@ -28,7 +28,7 @@ class PrintCommands {
 
     Shell& shell_;
     FrameCanvas& canvas_;
-    QWidget* window_;
+    QWidget& window_;
 };
 
 }  // namespace nubivane

@@ -14,6 +14,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 ProjectCommands::ProjectCommands(Editor editor, Commands& commands) : editor_(editor) {
     commands.handle(Command::mnuNewProject, [this] { createNew(); });
     commands.handle(Command::mnuOpenProject, [this] { open({}); });
@@ -37,16 +39,15 @@ void ProjectCommands::createNew() {
         newProject(editor_);
     } catch (const Error& error) {
         editor_.shell.messageBox(
-            {"An error occurred while initializing. The application will be terminated.",
+            {tr("An error occurred while initializing. The application will be terminated."),
              Icon::Critical, Buttons::Ok, QString::fromUtf8(error.what())});
-        terminate();
+        Q_EMIT terminate();
     }
 }
 
 void ProjectCommands::create() {
-    const auto files = createPage(editor_);
-    if (files && pageMade) {
-        pageMade(pageAmong(*files));
+    if (const auto files = createPage(editor_)) {
+        Q_EMIT pageMade(pageAmong(*files));
     }
 }
 
@@ -54,7 +55,7 @@ void ProjectCommands::create() {
 void ProjectCommands::saveSite() {
     Shell& shell = editor_.shell;
     const QString folder = shell.chooseFolder(
-        {"Save site as",
+        {tr("Save site as"),
          siteFolder_.isEmpty() ? getFolder(editor_.workspace.Status.CurrentProject) : siteFolder_,
          {}});
     if (folder.isEmpty()) {

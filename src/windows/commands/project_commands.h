@@ -3,26 +3,28 @@
 
 #include "engine/model/editor.h"
 
+#include <QObject>
 #include <QString>
-
-#include <functional>
 
 namespace nubivane {
 
 class Commands;
 
 /// New, open, save and save as, and the page commands, with what their windows show of failures.
-class ProjectCommands {
+class ProjectCommands : public QObject {
+    Q_OBJECT
+
   public:
     ProjectCommands(Editor editor, Commands& commands);
 
     /// Opens a file (path with backslashes), or asks for one when the path is empty.
     void open(const QString& file);
 
-    /// Ends the program after a failure from which there is no way on.
-    std::function<void()> terminate;
+  Q_SIGNALS:
+    /// After a failure there is no way on: the program has to end.
+    void terminate();
     /// A page (host path) was made.
-    std::function<void(const QString&)> pageMade;
+    void pageMade(const QString& page);
 
   private:
     void createNew();

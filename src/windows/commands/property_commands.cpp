@@ -8,17 +8,23 @@
 
 #include <QShortcut>
 
+#include <utility>
+
 namespace nubivane {
 
-PropertyCommands::PropertyCommands(Workspace& workspace, Shell& shell, FrameCanvas& canvas,
-                                   Commands& commands, QWidget& window)
-    : workspace_(workspace), shell_(shell), canvas_(canvas), window_(window) {
+PropertyCommands::PropertyCommands(const CanvasContext& context, SymbolChooser chooser)
+    : QObject(&context.window),
+      workspace_(context.workspace),
+      shell_(context.shell),
+      canvas_(context.canvas),
+      window_(context.window),
+      chooser_(std::move(chooser)) {
     for (const Command id : {Command::mnuProperty, Command::btnProperty}) {
-        commands.handle(id, [this] { showSpriteProperties(); });
+        context.commands.handle(id, [this] { showSpriteProperties(); });
     }
     // The menu's own key rests while the entry is disabled; this one stands in for it.
-    const QAction* entry = commands[Command::mnuProperty];
-    auto* key = new QShortcut(entry->shortcut(), &window);
+    const QAction* entry = context.commands[Command::mnuProperty];
+    auto* key = new QShortcut(entry->shortcut(), &context.window);
     key->setEnabled(!entry->isEnabled());
     QObject::connect(entry, &QAction::enabledChanged, key,
                      [key](bool enabled) { key->setEnabled(!enabled); });
@@ -32,9 +38,7 @@ void PropertyCommands::showSpriteProperties() {
     } else if (!sprite.exists()) {
         return;
     } else if (workspace_.Status.CurrentShapeControlType == sprite_type::Symbol) {
-        frmSymbolProperty properties(workspace_, shell_, sprite, &window_);
-        properties.openSymbolSelection = openSymbolSelection;
-        properties.Init();
+        frmSymbolProperty(workspace_, shell_, sprite, chooser_, &window_).Init();
     } else {
         frmLabelProperty(workspace_, shell_, sprite, &window_).Init();
     }

@@ -22,16 +22,17 @@ PublishCommands::PublishCommands(Editor editor, Commands& commands, QWidget* win
 
 void PublishCommands::openFtpSettings(FtpTab tab) {
     frmFtp dialog(editor_.workspace.settings, editor_.shell, window_);
-    dialog.openHelp = [this](const QString& topic) {
+    QObject::connect(&dialog, &frmFtp::helpAsked, &dialog, [this](const QString& topic) {
         openHelpTopic(editor_.workspace, editor_.shell, topic);
-    };
+    });
     dialog.Init(tab);
 }
 
 /// The window of the run before goes only now: its Cancel button may have been at work to the end.
 void PublishCommands::Init(const QString& caption) {
     frmWait_ = std::make_unique<frmWait>(editor_.workspace, window_);
-    frmWait_->cancelled = [this] { upload_.run().cancel(); };
+    QObject::connect(frmWait_.get(), &frmWait::cancelled, frmWait_.get(),
+                     [this] { upload_.run().cancel(); });
     frmWait_->Init(caption);
 }
 

@@ -9,6 +9,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QAction* find(const QMenu& menu, const QString& name) {
@@ -27,22 +29,22 @@ void RecentFilesMenu::refresh() {
     if (files.isEmpty()) {
         return;
     }
-    QAction* below = find(menu_, "mnuWindowSep");
+    QAction* below = find(menu_, u"mnuWindowSep"_s);
     if (!below) {
-        below = menu_.insertSeparator(find(menu_, "mnuEsci"));
+        below = menu_.insertSeparator(find(menu_, u"mnuEsci"_s));
         below->setObjectName("mnuWindowSep");
     }
     for (int i = 4; i >= 1; --i) {
-        const QString name = "mnuWindow" + QString::number(i);
+        const QString name = u"mnuWindow"_s + QString::number(i);
         if (QAction* known = find(menu_, name)) {
             below = known;
         } else if (i <= files.size()) {
             const QString file = files[i - 1];
             auto* entry = new QAction(
-                '&' + QString::number(i) + ' ' + host_files::toHost(file).replace('&', "&&"),
+                u'&' + QString::number(i) + u' ' + host_files::toHost(file).replace(u'&', "&&"_L1),
                 &menu_);
             entry->setObjectName(name);
-            QObject::connect(entry, &QAction::triggered, &menu_, [this, file] { chosen(file); });
+            connect(entry, &QAction::triggered, this, [this, file] { Q_EMIT chosen(file); });
             menu_.insertAction(below, entry);
             below = entry;
         }

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QObject>
 #include <QString>
-
-#include <functional>
 
 class QMenu;
 
@@ -13,7 +12,9 @@ class SettingsStore;
 
 /// The recent files in the menu `mnuFile`, above `mnuEsci`. An entry is made once and keeps its
 /// path until the next start, while the list in the settings moves on.
-class RecentFilesMenu {
+class RecentFilesMenu : public QObject {
+    Q_OBJECT
+
   public:
     RecentFilesMenu(QMenu& menu, const SettingsStore& settings)
         : menu_(menu), settings_(settings) {}
@@ -21,7 +22,8 @@ class RecentFilesMenu {
     /// Adds the entries that the settings hold and the menu lacks.
     void refresh();
 
-    std::function<void(const QString& file)> chosen;
+  Q_SIGNALS:
+    void chosen(const QString& file);
 
   private:
     QMenu& menu_;

@@ -54,10 +54,8 @@ void ServiceCommands::mnuInfo() {
 
 void ServiceCommands::mnuWeb() {
     if (publisher_.webAddress.isEmpty()) {
-        editor_.shell.messageBox({QObject::tr("The publisher's web address is not known."),
-                                  Icon::Exclamation,
-                                  Buttons::Ok,
-                                  {}});
+        editor_.shell.messageBox(
+            {tr("The publisher's web address is not known."), Icon::Exclamation, Buttons::Ok, {}});
         return;
     }
     editor_.shell.openAddress(publisher_.webAddress);

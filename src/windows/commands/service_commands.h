@@ -4,6 +4,8 @@
 #include "engine/model/editor.h"
 #include "engine/services/publisher.h"
 
+#include <QObject>
+
 class QWidget;
 
 namespace nubivane {
@@ -11,7 +13,9 @@ namespace nubivane {
 class Commands;
 
 /// The commands that talk to the publisher or of it, with their windows.
-class ServiceCommands {
+class ServiceCommands : public QObject {
+    Q_OBJECT
+
   public:
     ServiceCommands(Editor editor, Commands& commands, QWidget* window,
                     Publisher publisher = Publisher::ofThisBuild(), FtpOptions options = {});

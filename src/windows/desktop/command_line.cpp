@@ -5,7 +5,11 @@
 #include "engine/core/path_text.h"
 #include "engine/project/project_paths.h"
 
+#include <QCoreApplication>
+
 namespace nubivane {
+
+using namespace Qt::StringLiterals;
 
 QString projectArgument(const QStringList& arguments) {
     QString path = arguments.join(u' ');
@@ -21,12 +25,15 @@ QString projectArgument(const QStringList& arguments) {
 bool isStartableProject(const QString& hostFile) {
     const QString path = host_files::toModel(hostFile);
     return projectStands(hostFile) && getExtension(hostFile).toLower() == u"nvpf" &&
-           host_files::fileExists(stripExtension(path) + ".nvpx");
+           host_files::fileExists(stripExtension(path) + u".nvpx"_s);
 }
 
 QString notStartableText(const QString& hostFile) {
-    return hostFile +
-           ".\rThis is not a valid Nubivane file, or its format is not currently supported.";
+    return QCoreApplication::translate(
+               "nubivane::CommandLine",
+               "%1.\rThis is not a valid Nubivane file, or its format is not "
+               "currently supported.")
+        .arg(hostFile);
 }
 
 }  // namespace nubivane

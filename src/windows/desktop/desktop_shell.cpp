@@ -26,6 +26,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Wide enough for names, sizes and dates side by side.
@@ -112,7 +114,7 @@ QStringList qtFilters(const QString& filter) {
     QStringList filters;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         const QString caption = parts[i].section(u'(', 0, 0).trimmed();
-        filters << caption + " (" + QString(parts[i + 1]).replace(u';', u' ').trimmed() + ')';
+        filters << caption + u" ("_s + QString(parts[i + 1]).replace(u';', u' ').trimmed() + u')';
     }
     return filters;
 }
@@ -156,7 +158,7 @@ QWidget* DesktopShell::dialogParent() const {
 
 Answer DesktopShell::messageBox(const Message& message) {
     QString text = message.text;
-    text.replace("\r\n", "\n").replace('\r', '\n');
+    text.replace("\r\n"_L1, "\n"_L1).replace(u'\r', u'\n');
     QMessageBox box(iconOf(message.icon), ProgramTitle, breakable(text), buttonsOf(message.buttons),
                     dialogParent());
     box.setTextFormat(Qt::PlainText);
@@ -255,7 +257,8 @@ void DesktopShell::openInBrowser(const QString& hostFile) {
 bool DesktopShell::openHelp(const QString& hostFile, const QString& topic) {
     if (!help_) {
         help_ = std::make_unique<frmHelp>();
-        help_->openAddress = [this](const QString& url) { openAddress(url); };
+        QObject::connect(help_.get(), &frmHelp::addressFollowed, help_.get(),
+                         [this](const QString& url) { openAddress(url); });
     }
     return help_->openTopic(hostFile, topic);
 }

@@ -11,6 +11,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr QSize SplashSize(520, 300);
@@ -19,12 +21,12 @@ constexpr QSize SplashSize(520, 300);
 
 frmSplash::frmSplash(int shownMs)
     : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint),
-      lblTitle_(QString(ProgramTitle) + ' ' + Version + " Beta") {
+      lblTitle_(QString(ProgramTitle) + u' ' + Version + u" Beta"_s) {
     setObjectName("frmSplash");
     setWindowTitle(ProgramTitle);
     setFixedSize(SplashSize);
     move(screen()->availableGeometry().center() - rect().center());
-    picture_ = programIcon("splash").pixmap(SplashSize, devicePixelRatioF());
+    picture_ = programIcon(u"splash"_s).pixmap(SplashSize, devicePixelRatioF());
     Timer1_.setSingleShot(true);
     Timer1_.setInterval(shownMs);
     connect(&Timer1_, &QTimer::timeout, this, &frmSplash::Timer1_Timer);
@@ -35,10 +37,10 @@ void frmSplash::showEvent(QShowEvent*) {
 }
 
 void frmSplash::Timer1_Timer() {
-    init();
+    Q_EMIT init();
     close();
     QApplication::processEvents();
-    done();
+    Q_EMIT done();
 }
 
 void frmSplash::paintEvent(QPaintEvent*) {

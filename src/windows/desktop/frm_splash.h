@@ -4,12 +4,10 @@
 #include <QTimer>
 #include <QWidget>
 
-#include <functional>
-
 namespace nubivane {
 
-/// The window shown while the editor is being built: for 1.5 seconds, then its timer runs `init`,
-/// the splash goes, and `done` shows the main window.
+/// The window shown while the editor is being built: for 1.5 seconds, then its timer tells `init`,
+/// the splash goes, and it tells `done`.
 class frmSplash : public QWidget {
     Q_OBJECT
 
@@ -18,8 +16,9 @@ class frmSplash : public QWidget {
 
     explicit frmSplash(int shownMs = ShownMs);
 
-    std::function<void()> init;
-    std::function<void()> done;
+  Q_SIGNALS:
+    void init();
+    void done();
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -3,6 +3,8 @@
 
 #include "engine/core/shell.h"
 
+#include <QCoreApplication>
+
 namespace nubivane {
 
 namespace {
@@ -16,7 +18,8 @@ bool screenSuffices(Shell& shell, QSize screen) {
         return true;
     }
     const QString text =
-        QStringLiteral(
+        QCoreApplication::translate(
+            "nubivane::ScreenSize",
             "Nubivane requires a minimum resolution of 1024 x 768 pixels.\rThe current resolution "
             "is %1 x %2, do you want to continue anyway ?")
             .arg(screen.width())

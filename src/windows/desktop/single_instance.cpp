@@ -48,9 +48,7 @@ SingleInstance::SingleInstance(const QString& programFolder) {
     server_.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&server_, &QLocalServer::newConnection, this, [this] {
         delete server_.nextPendingConnection();
-        if (raised) {
-            raised();
-        }
+        Q_EMIT raised();
     });
 }
 

@@ -4,14 +4,14 @@
 #include <QLocalServer>
 #include <QObject>
 
-#include <functional>
-
 namespace nubivane {
 
 /// Sees to it that a user runs one editor on a program folder: a second one raises the first one's
 /// window and ends. They meet at a socket in a folder that only this user can write, so that no
 /// other user's program is ever taken for the editor.
 class SingleInstance : public QObject {
+    Q_OBJECT
+
   public:
     explicit SingleInstance(const QString& programFolder);
 
@@ -19,7 +19,8 @@ class SingleInstance : public QObject {
     /// has been asked to come to the front.
     bool isFirst();
 
-    std::function<void()> raised;  ///< another instance has been started
+  Q_SIGNALS:
+    void raised();  ///< another instance has been started
 
   private:
     bool raiseOther();

@@ -6,7 +6,7 @@ namespace nubivane {
 void CursorTool::press(QPoint, Qt::MouseButton button) {
     selection_.clearSelection();
     if (button == Qt::RightButton) {
-        showMenu();
+        showMenu_();
     }
 }
 

@@ -12,10 +12,10 @@ namespace nubivane {
 /// "cursor": leaves the map to the sprites. On the bare map a press ends the selection.
 class CursorTool : public DrawingTool {
   public:
-    CursorTool(Selection& selection, const SpriteStack& sprites, const SpriteMouse& mouse)
-        : selection_(selection), sprites_(sprites), mouse_(mouse) {}
-
-    std::function<void()> showMenu;  ///< the popup menu of the bare map
+    /// `showMenu` opens the popup menu of the bare map.
+    CursorTool(Selection& selection, const SpriteStack& sprites, const SpriteMouse& mouse,
+               std::function<void()> showMenu)
+        : selection_(selection), sprites_(sprites), mouse_(mouse), showMenu_(std::move(showMenu)) {}
 
     void press(QPoint position, Qt::MouseButton button) override;
     void move(QPoint) override {}
@@ -27,6 +27,7 @@ class CursorTool : public DrawingTool {
     Selection& selection_;
     const SpriteStack& sprites_;
     const SpriteMouse& mouse_;
+    std::function<void()> showMenu_;
 };
 
 }  // namespace nubivane

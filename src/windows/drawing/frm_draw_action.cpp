@@ -13,6 +13,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A place that shows all of a window, or as much as there is room for.
@@ -31,20 +33,21 @@ frmDrawAction::frmDrawAction(SettingsStore& settings, QWidget* owner)
     setObjectName("frmDrawAction");
     setWindowTitle(tr("Drawing"));
     setAttribute(Qt::WA_ShowWithoutActivating);
-    auto* apply = new QPushButton(programIcon("apply"), tr("&Apply"), this);
+    auto* apply = new QPushButton(programIcon(u"apply"_s), tr("&Apply"), this);
     apply->setObjectName("cmdDrawApply");
     apply->setDefault(true);
-    connect(apply, &QPushButton::clicked, this, [this] { DrawApply(); });
-    auto* cancel = new QPushButton(programIcon("cancel"), tr("&Cancel"), this);
+    connect(apply, &QPushButton::clicked, this, &frmDrawAction::applied);
+    auto* cancel = new QPushButton(programIcon(u"cancel"_s), tr("&Cancel"), this);
     cancel->setObjectName("cmdDrawCancel");
-    connect(cancel, &QPushButton::clicked, this, [this] { DrawCancel(); });
+    connect(cancel, &QPushButton::clicked, this, &frmDrawAction::cancelled);
     auto* row = new QHBoxLayout(this);
     row->addWidget(apply);
     row->addWidget(cancel);
     row->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-/// Only now is the size known, but for the frame, which will be much like the main window's.
+/// Only now is the size known, but for the title bar and borders, which will be much like the main
+/// window's.
 void frmDrawAction::showEvent(QShowEvent* event) {
     if (!placed_) {
         placed_ = true;

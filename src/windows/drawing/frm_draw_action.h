@@ -5,8 +5,6 @@
 
 #include <QDialog>
 
-#include <functional>
-
 namespace nubivane {
 
 class SettingsStore;
@@ -19,14 +17,15 @@ class frmDrawAction : public QDialog {
   public:
     frmDrawAction(SettingsStore& settings, QWidget* owner);
 
-    std::function<void()> DrawApply;
-    std::function<void()> DrawCancel;
-
     /// Keeps its place, vanishes and goes as soon as no event of its own is being worked on.
     void unload();
 
+  Q_SIGNALS:
+    void applied();
+    void cancelled();
+
   protected:
-    void reject() override { DrawCancel(); }
+    void reject() override { Q_EMIT cancelled(); }
     void showEvent(QShowEvent* event) override;
 
   private:

@@ -23,29 +23,26 @@ MapDrawing::MapDrawing(Workspace& workspace, SpriteStack& sprites, Selection& se
       selection_(selection),
       shell_(shell),
       pen_(workspace.pctMap) {
-    auto cursor = std::make_unique<CursorTool>(selection, sprites, mouse);
-    cursor->showMenu = [this] { showMenu(); };
     // In the order of the table.
-    tools_ = {std::move(cursor),
-              std::make_unique<DrawTool>(*this),
-              std::make_unique<EraseTool>(*this),
-              std::make_unique<ColorTool>(*this),
-              std::make_unique<LineTool>(*this),
-              std::make_unique<CurveTool>(*this),
-              std::make_unique<CircleTool>(*this),
-              std::make_unique<PolygonTool>(*this)};
+    tools_ = {
+        std::make_unique<CursorTool>(selection, sprites, mouse, [this] { Q_EMIT menuAsked(); }),
+        std::make_unique<DrawTool>(*this),
+        std::make_unique<EraseTool>(*this),
+        std::make_unique<ColorTool>(*this),
+        std::make_unique<LineTool>(*this),
+        std::make_unique<CurveTool>(*this),
+        std::make_unique<CircleTool>(*this),
+        std::make_unique<PolygonTool>(*this)};
 }
 
 MapDrawing::~MapDrawing() = default;
 
 void MapDrawing::attach(MapCanvas& canvas) {
     canvas_ = &canvas;
-    pen_.changed = [this](const QRect& area) { canvas_->updateMap(area); };
-    canvas.mapPressed = [this](QPoint position, Qt::MouseButton button) {
-        press(position, button);
-    };
-    canvas.mapMoved = [this](QPoint position) { move(position); };
-    canvas.mapReleased = [this](Qt::MouseButton button) { release(button); };
+    connect(&pen_, &MapPen::changed, canvas_, &MapCanvas::updateMap);
+    connect(canvas_, &MapCanvas::mapPressed, this, &MapDrawing::press);
+    connect(canvas_, &MapCanvas::mapMoved, this, &MapDrawing::move);
+    connect(canvas_, &MapCanvas::mapReleased, this, &MapDrawing::release);
 }
 
 void MapDrawing::Init() {
@@ -53,7 +50,7 @@ void MapDrawing::Init() {
     pen_.DrawColor = color && *color >= 0 && *color <= White ? *color : White;
     pen_.takeWidth();
     workspace_.Status.CurrentTool = Tool::cursor;
-    changed();
+    Q_EMIT changed();
 }
 
 DrawingTool& MapDrawing::tool() const {
@@ -68,7 +65,7 @@ void MapDrawing::chooseTool(std::size_t index) {
     }
     canvas_->setCursor(tool().pointer());
     tool().chosen();
-    changed();
+    Q_EMIT changed();
 }
 
 void MapDrawing::chooseColor() {
@@ -80,7 +77,7 @@ void MapDrawing::chooseColor() {
 void MapDrawing::setDrawColor(qint32 color) {
     pen_.DrawColor = color;
     workspace_.settings.set(Setting::DrawColor, QString::number(color));
-    changed();
+    Q_EMIT changed();
     refreshFigure();
 }
 
@@ -189,22 +186,18 @@ void MapDrawing::loadDrawAction() {
         return;
     }
     drawAction_ = new frmDrawAction(workspace_.settings, canvas_->window());
-    drawAction_->DrawApply = [this] { DrawApply(); };
-    drawAction_->DrawCancel = [this] { DrawCancel(); };
+    connect(drawAction_, &frmDrawAction::applied, this, &MapDrawing::DrawApply);
+    connect(drawAction_, &frmDrawAction::cancelled, this, &MapDrawing::DrawCancel);
     drawAction_->show();
 }
 
 void MapDrawing::setAnimation(bool on) {
     animationStopped_ = !on;
     for (int i = 1; i <= sprites_.gifSymbol().upperBound(); ++i) {
-        GifSymbol* symbol = sprites_.gifSymbol().find(i);
-        if (symbol && on) {
-            symbol->StartAnimation(sprites_.now());
-        } else if (symbol) {
-            symbol->StopAnimation();
+        if (GifSymbol* symbol = sprites_.gifSymbol().find(i)) {
+            sprites_.setPlaying(*symbol, on);
         }
     }
-    sprites_.playingChanged();
 }
 
 /// Symbols that play already are not sent back to their first image.

@@ -9,10 +9,10 @@
 #include "windows/drawing/map_pen.h"
 #include "windows/drawing/tool_table.h"
 
+#include <QObject>
 #include <QPointer>
 
 #include <array>
-#include <functional>
 #include <memory>
 
 namespace nubivane {
@@ -22,15 +22,13 @@ class Shell;
 
 /// Drawing on the map: passes the mouse on to the current tool and holds what the tools share, the
 /// control points and the pen. Which tool is current stands in `Status`.
-class MapDrawing {
+class MapDrawing : public QObject {
+    Q_OBJECT
+
   public:
     MapDrawing(Workspace& workspace, SpriteStack& sprites, Selection& selection, SpriteMouse& mouse,
                Shell& shell);
-    ~MapDrawing();
-
-    std::function<void()> projectChanged;
-    std::function<void()> showMenu;  ///< the popup menu of the bare map
-    std::function<void()> changed;   ///< current tool or colour is another one
+    ~MapDrawing() override;
 
     /// Ties the canvas to the tools.
     void attach(MapCanvas& canvas);
@@ -63,6 +61,8 @@ class MapDrawing {
     void setEnabled(bool enabled);
 
     // What the tools need.
+    /// A stroke or a point begins: from here on there is something to save.
+    void tellBegin() { Q_EMIT projectChanged(); }
     Workspace& workspace() { return workspace_; }
     ControlPoints& points() { return points_; }
     MapPen& pen() { return pen_; }
@@ -75,6 +75,11 @@ class MapDrawing {
     void setAnimation(bool on);
     /// Makes what was drawn part of the map and of the Frame's snapshot.
     void commitStroke(const char* name);
+
+  Q_SIGNALS:
+    void projectChanged();
+    void menuAsked();  ///< the popup menu of the bare map
+    void changed();    ///< current tool or colour is another one
 
   private:
     DrawingTool& tool() const;

@@ -11,6 +11,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int HandleReach = 5;  // from the middle of a handle to its outline
@@ -29,16 +31,16 @@ std::optional<int> MapPen::widthOf(const QString& text) {
 }
 
 void MapPen::takeWidth() {
-    const auto width = widthOf(txtValue());
+    const auto width = widthOf(widthText_);
     if (!width) {
-        throw Error(error_number::TypeMismatch, "takeWidth", "Type mismatch.",
-                    "the pen's width is no number of at least 1");
+        throw Error(error_number::TypeMismatch, u"takeWidth"_s, u"Type mismatch."_s,
+                    u"the pen's width is no number of at least 1"_s);
     }
     drawWidth_ = *width;
 }
 
 void MapPen::followWidth() {
-    drawWidth_ = widthOf(txtValue()).value_or(drawWidth_);
+    drawWidth_ = widthOf(widthText_).value_or(drawWidth_);
 }
 
 QPen MapPen::pen() const {
@@ -65,13 +67,13 @@ void MapPen::paint(const QRect& area, const std::function<void(QPainter&)>& draw
     QPainter painter(&surface_.scratchLayer(inside));
     painter.setClipRect(inside);
     draw(painter);
-    changed(inside);
+    Q_EMIT changed(inside);
 }
 
 void MapPen::wipe() {
     const QRect wiped = surface_.wipeScratchLayer();
     if (!wiped.isEmpty()) {
-        changed(wiped);
+        Q_EMIT changed(wiped);
     }
 }
 

@@ -5,6 +5,9 @@
 #include "engine/model/map_surface.h"
 
 #include <QColor>
+#include <QObject>
+#include <QPoint>
+#include <QRect>
 #include <QString>
 
 #include <functional>
@@ -21,19 +24,20 @@ namespace nubivane {
 /// Lines of one pixel are crisp: every pixel has the drawing colour or none of it. Wider ones have
 /// smooth edges around a core of that colour. So a drawn colour can always be picked up again
 /// exactly as it was. Each operation has only its own rectangle painted again.
-class MapPen {
+class MapPen : public QObject {
+    Q_OBJECT
+
   public:
     explicit MapPen(MapSurface& surface) : surface_(surface) {}
-
-    std::function<void(const QRect&)> changed;  ///< area of the map to be painted again
-    std::function<QString()> txtValue;          ///< the text of the field for the pen's width
 
     qint32 DrawColor = White;  ///< red in the low byte
 
     int DrawWidth() const { return drawWidth_; }
     /// The width that a text stands for, or nothing.
     static std::optional<int> widthOf(const QString& text);
-    /// Takes the width from its field. Raises `Error` (TypeMismatch) when there stands no number of
+    /// The text that stands in the field for the pen's width.
+    void setWidthText(const QString& text) { widthText_ = text; }
+    /// Takes the width from that text. Raises `Error` (TypeMismatch) when there stands no number of
     /// at least 1.
     void takeWidth();
     /// The same, but a text that is no number leaves the width as it is.
@@ -55,6 +59,9 @@ class MapPen {
     /// Copies a part of a picture to the same place on the map.
     void copyBlock(const QImage& source, const QRect& block);
 
+  Q_SIGNALS:
+    void changed(const QRect& area);  ///< of the map, to be painted again
+
   private:
     void paint(const QRect& area, const std::function<void(QPainter&)>& draw);
     QPen pen() const;
@@ -63,6 +70,7 @@ class MapPen {
 
     MapSurface& surface_;
     QPoint position_;
+    QString widthText_;
     int drawWidth_ = 1;
 };
 

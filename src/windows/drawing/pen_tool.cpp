@@ -14,7 +14,7 @@ void PenTool::press(QPoint position, Qt::MouseButton button) {
     if (button != Qt::LeftButton) {
         return;
     }
-    drawing_.projectChanged();
+    drawing_.tellBegin();
     ControlPoints& points = drawing_.points();
     const int hit = points.findPoint(position);
     if (hit > -1) {

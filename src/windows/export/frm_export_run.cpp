@@ -19,6 +19,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 /// Hands what the working thread tells to the window's own.
 class ExportRunWindow::Watcher : public ExportWatcher {
   public:
@@ -50,7 +52,8 @@ class ExportRunWindow::Watcher : public ExportWatcher {
 
     void working() override {
         if (stopped_) {
-            throw Error(error_number::FileAccess, "export", "The export was stopped.");
+            throw Error(error_number::FileAccess, u"export"_s,
+                        ExportRunWindow::tr("The export was stopped."));
         }
     }
 

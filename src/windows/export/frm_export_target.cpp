@@ -22,6 +22,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 ExportTargetDialog::ExportTargetDialog(const ExportTarget& target, Workspace& workspace,
                                        Shell& shell, QWidget* parent)
     : QDialog(parent),
@@ -29,7 +31,7 @@ ExportTargetDialog::ExportTargetDialog(const ExportTarget& target, Workspace& wo
       workspace_(workspace),
       shell_(shell),
       Explorer1_(new Explorer(this)),
-      File1_(new FileList('*' + target.extension, this)) {
+      File1_(new FileList(u'*' + target.extension, this)) {
     setObjectName(target.name);
     setWindowTitle(target.caption);
     Explorer1_->setObjectName("Explorer1");
@@ -128,7 +130,7 @@ void ExportTargetDialog::cmdSave_Click() {
     }
     path += name;
     if (host_files::fileExists(path) &&
-        shell_.messageBox({name + " already exist.\rDo you want to replace it ?",
+        shell_.messageBox({tr("%1 already exist.\rDo you want to replace it ?").arg(name),
                            Icon::Question,
                            Buttons::YesNo,
                            {}}) != Answer::Yes) {

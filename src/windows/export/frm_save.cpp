@@ -25,8 +25,8 @@ void frmSave::beforeSaving() {
 
 void frmSave::savingFailed(const Error& error) {
     progressBar().hide();
-    shell().messageBox(
-        {"An error occurred while saving the file.", Icon::Critical, Buttons::Ok, error.cause()});
+    shell().messageBox({tr("An error occurred while saving the file."), Icon::Critical, Buttons::Ok,
+                        error.cause()});
 }
 
 }  // namespace nubivane

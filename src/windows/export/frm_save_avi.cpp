@@ -12,8 +12,8 @@ frmSaveAvi::frmSaveAvi(Workspace& workspace, Shell& shell, const VideoRequest& r
 }
 
 void frmSaveAvi::savingFailed(const Error& error) {
-    shell().messageBox({"An error occurred while saving the file.", Icon::Exclamation, Buttons::Ok,
-                        error.cause()});
+    shell().messageBox({tr("An error occurred while saving the file."), Icon::Exclamation,
+                        Buttons::Ok, error.cause()});
 }
 
 }  // namespace nubivane

@@ -7,14 +7,16 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 frmSetAniGif::frmSetAniGif(Workspace& workspace, Shell& shell, QWidget* parent)
     : ExportTargetDialog({.name = "frmSetAniGif",
-                          .caption = "Export gif animated ",
+                          .caption = tr("Export gif animated "),
                           .folder = workspace.folder.path(),
-                          .fileName = "FileGif.gif",
-                          .extension = ".gif",
-                          .type = "Gif animated (*.gif)",
-                          .helpTopic = "exportAniGif.htm"},
+                          .fileName = u"FileGif.gif"_s,
+                          .extension = u".gif"_s,
+                          .type = tr("Gif animated (*.gif)"),
+                          .helpTopic = u"exportAniGif.htm"_s},
                          workspace, shell, parent),
       cboCompression_(makeCompression()) {
     addOption(tr("&Compression:"), cboCompression_);

@@ -9,6 +9,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QComboBox* makeSizes(const char* name, std::initializer_list<int> sizes, int selected) {
@@ -26,12 +28,12 @@ QComboBox* makeSizes(const char* name, std::initializer_list<int> sizes, int sel
 
 frmSetAvi::frmSetAvi(Workspace& workspace, Shell& shell, QWidget* parent)
     : ExportTargetDialog({.name = "frmSetAvi",
-                          .caption = "Export avi",
-                          .folder = "c:\\dell",
-                          .fileName = "FileAvi.avi",
-                          .extension = ".avi",
-                          .type = "Avi files (*.avi)",
-                          .helpTopic = "exportAvi.htm"},
+                          .caption = tr("Export avi"),
+                          .folder = u"c:\\dell"_s,
+                          .fileName = u"FileAvi.avi"_s,
+                          .extension = u".avi"_s,
+                          .type = tr("Avi files (*.avi)"),
+                          .helpTopic = u"exportAvi.htm"_s},
                          workspace, shell, parent),
       cboAviWidth_(makeSizes(
           "cboAviWidth",

@@ -14,14 +14,16 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 frmSetFilm::frmSetFilm(Workspace& workspace, Shell& shell, QWidget* parent)
     : ExportTargetDialog({.name = "frmSetFilm",
-                          .caption = "Export frames animation",
+                          .caption = tr("Export frames animation"),
                           .folder = workspace.folder.path(),
-                          .fileName = "Animation.gif",
-                          .extension = ".gif",
-                          .type = "Gif files (*.gif)",
-                          .helpTopic = "exportAnimation.htm"},
+                          .fileName = u"Animation.gif"_s,
+                          .extension = u".gif"_s,
+                          .type = tr("Gif files (*.gif)"),
+                          .helpTopic = u"exportAnimation.htm"_s},
                          workspace, shell, parent),
       txtInterval_(new QLineEdit),
       scrlInterval_(new ScrSpn(this)) {
@@ -48,7 +50,7 @@ qint16 frmSetFilm::FrameInterval() const {
 bool frmSetFilm::optionsAreValid() {
     const auto interval = integerPart(txtInterval_->text());
     if (!interval || *interval < scrlInterval_->min() || *interval > scrlInterval_->max()) {
-        shell().messageBox({"Insert a valid frames interval", Icon::Critical, Buttons::Ok, {}});
+        shell().messageBox({tr("Insert a valid frames interval"), Icon::Critical, Buttons::Ok, {}});
         txtInterval_->setFocus();
         return false;
     }

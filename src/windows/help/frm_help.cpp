@@ -27,13 +27,15 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr QSize UsualSize(1080, 740);
 constexpr int ListWidth = 270;
 constexpr double MostSmaller = 4;  // than the usual letters; points
 constexpr double MostLarger = 16;
-constexpr char HomePage[] = "index.htm";
+constexpr QLatin1String HomePage("index.htm");
 constexpr int PageRole = Qt::UserRole;
 
 QListWidget* makeList(const char* name, const QString& title, QWidget* parent) {
@@ -94,7 +96,7 @@ frmHelp::frmHelp()
       usualSize_(pointsOf(page_->font())) {
     setObjectName("frmHelp");
     setWindowTitle(tr("Nubivane Help"));
-    setWindowIcon(programIcon("help"));
+    setWindowIcon(programIcon(u"help"_s));
     setAttribute(Qt::WA_QuitOnClose, false);  // the program ends with its main window
     tabs_->setObjectName("tabs");
     tabs_->setDocumentMode(true);
@@ -111,11 +113,7 @@ frmHelp::frmHelp()
     buildTools();
     buildKeys();
     connect(page_, &QTextBrowser::sourceChanged, this, [this] { pageChanged(); });
-    page_->openAddress = [this](const QString& url) {
-        if (openAddress) {
-            openAddress(url);
-        }
-    };
+    connect(page_, &HelpPage::addressFollowed, this, &frmHelp::addressFollowed);
     following_.setSingleShot(true);
     connect(&following_, &QTimer::timeout, this, &frmHelp::followModal);
     resize(UsualSize.boundedTo(screen()->availableSize()));
@@ -129,13 +127,14 @@ void frmHelp::buildTools() {
     auto* tools = new DialogTools("tools", tr("Help"), this);
     tools->setMovable(false);
     QAction* back = tools->add(
-        {"btnBack", "help-back", tr("Back"), tr("The page before"), QKeySequence("Alt+Left")},
+        {"btnBack", "help-back", tr("Back"), tr("The page before"), QKeySequence(u"Alt+Left"_s)},
         [this] { page_->backward(); });
     QAction* forward = tools->add({"btnForward", "help-forward", tr("Forward"),
-                                   tr("The page after"), QKeySequence("Alt+Right")},
+                                   tr("The page after"), QKeySequence(u"Alt+Right"_s)},
                                   [this] { page_->forward(); });
-    tools->add({"btnHome", "help-home", tr("Home"), tr("The first page"), QKeySequence("Alt+Home")},
-               [this] { page_->open(HomePage); });
+    tools->add(
+        {"btnHome", "help-home", tr("Home"), tr("The first page"), QKeySequence(u"Alt+Home"_s)},
+        [this] { page_->open(HomePage); });
     tools->addSeparator();
     tools->add({"btnZoomIn", "zoom-in", tr("Larger"), tr("Larger text"), QKeySequence::ZoomIn},
                [this] { zoom(1); });
@@ -192,8 +191,8 @@ void frmHelp::buildKeys() {
         searchWords_->setFocus();
         searchWords_->selectAll();
     });
-    key(QKeySequence("Ctrl+0"), [this] { setLetterSize(usualSize_); });
-    key(QKeySequence("Ctrl+="), [this] { zoom(1); });  // plus without Shift
+    key(QKeySequence(u"Ctrl+0"_s), [this] { setLetterSize(usualSize_); });
+    key(QKeySequence(u"Ctrl+="_s), [this] { zoom(1); });  // plus without Shift
     key(QKeySequence::Close, [this] { close(); });
     key(QKeySequence(Qt::Key_Escape), [this] { close(); });
 }

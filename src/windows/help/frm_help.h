@@ -7,7 +7,6 @@
 #include <QTimer>
 #include <QWindow>
 
-#include <functional>
 #include <memory>
 
 class QLabel;
@@ -35,8 +34,9 @@ class frmHelp : public QMainWindow {
     /// False, with nothing shown, when the file cannot be read or has no such topic.
     bool openTopic(const QString& hostFile, const QString& topic);
 
-    /// A link that leads out of the help.
-    std::function<void(const QString& url)> openAddress;
+  Q_SIGNALS:
+    /// A link that leads out of the help was clicked.
+    void addressFollowed(const QString& url);
 
   protected:
     bool event(QEvent* event) override;

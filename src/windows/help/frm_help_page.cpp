@@ -63,9 +63,9 @@ void HelpPage::follow(const QUrl& link) {
         if (book_ && book_->hasPage(target.path().mid(1))) {
             setSource(target);
         }
-    } else if (openAddress && (target.scheme() == u"https" || target.scheme() == u"http" ||
-                               target.scheme() == u"mailto")) {
-        openAddress(target.toString());
+    } else if (target.scheme() == u"https" || target.scheme() == u"http" ||
+               target.scheme() == u"mailto") {
+        Q_EMIT addressFollowed(target.toString());
     }
 }
 

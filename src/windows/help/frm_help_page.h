@@ -4,8 +4,6 @@
 #include <QTextBrowser>
 #include <QUrl>
 
-#include <functional>
-
 namespace nubivane {
 
 class HelpBook;
@@ -30,8 +28,9 @@ class HelpPage : public QTextBrowser {
 
     QVariant loadResource(int type, const QUrl& name) override;
 
-    /// A link that leads out of the help.
-    std::function<void(const QString& url)> openAddress;
+  Q_SIGNALS:
+    /// A link that leads out of the help was clicked.
+    void addressFollowed(const QString& url);
 
   protected:
     void changeEvent(QEvent* event) override;

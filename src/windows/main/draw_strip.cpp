@@ -11,6 +11,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int IconSize = 24;    // pixels
@@ -34,6 +36,8 @@ DrawStrip::DrawStrip(MapDrawing& drawing, const Commands& commands, QWidget* par
       btnClear_(new QToolButton(this)) {
     setObjectName("pctTlbDraw");
     setAccessibleName(tr("Drawing tools"));
+    // Before all who ask the pen for its width when the text changes.
+    connect(txtValue_, &QLineEdit::textChanged, &drawing_.pen(), &MapPen::setWidthText);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(3, 4, 3, 4);
     column->setSpacing(6);
@@ -46,8 +50,7 @@ DrawStrip::DrawStrip(MapDrawing& drawing, const Commands& commands, QWidget* par
     makeClearButton(commands);
     column->addWidget(btnClear_, 0, Qt::AlignHCenter);
     column->addStretch();
-    drawing_.changed = [this] { refresh(); };
-    drawing_.pen().txtValue = [this] { return txtValue_->text(); };
+    connect(&drawing_, &MapDrawing::changed, this, &DrawStrip::refresh);
 }
 
 QWidget* DrawStrip::makeTools() {
@@ -58,7 +61,7 @@ QWidget* DrawStrip::makeTools() {
     int index = 0;
     for (const ToolRow& row : toolTable) {
         auto* button = new QToolButton(box);
-        button->setObjectName("btnDraw" + QString::number(index));
+        button->setObjectName(u"btnDraw"_s + QString::number(index));
         button->setIcon(programIcon(QLatin1String(row.name)));
         button->setIconSize({IconSize, IconSize});
         button->setAutoRaise(true);
@@ -82,12 +85,12 @@ QWidget* DrawStrip::makeWidthField() {
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(2);
     auto* picture = new QLabel(box);
-    picture->setPixmap(programIcon("pen-width").pixmap(QSize(16, 16), devicePixelRatioF()));
+    picture->setPixmap(programIcon(u"pen-width"_s).pixmap(QSize(16, 16), devicePixelRatioF()));
     picture->setToolTip(tr("Width of the pen"));
     txtValue_->setObjectName("txtValue");
     txtValue_->setAccessibleName(tr("Width of the pen in pixels"));
     txtValue_->setToolTip(tr("Width of the pen in pixels"));
-    txtValue_->setFixedWidth(txtValue_->fontMetrics().horizontalAdvance("0000") + 10);
+    txtValue_->setFixedWidth(txtValue_->fontMetrics().horizontalAdvance(u"0000"_s) + 10);
     scrspn1_->setObjectName("scrspn1");
     scrspn1_->setRange(1, WidestPen);
     scrspn1_->attach(*txtValue_);

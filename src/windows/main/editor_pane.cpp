@@ -42,7 +42,7 @@ EditorPane::EditorPane(ToolStrip& strip, Palette& palette, MapViewport& viewport
     pctSplitter_->setCursor(Qt::SplitHCursor);
     pctSplitter_->setFocusPolicy(Qt::TabFocus);
     pctSplitter_->installEventFilter(this);
-    strip_.heightChanged = [this] { layoutMap(); };
+    connect(&strip_, &ToolStrip::heightChanged, this, &EditorPane::layoutMap);
 }
 
 void EditorPane::layoutMap() {

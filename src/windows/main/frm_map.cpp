@@ -9,7 +9,6 @@
 #include "engine/project/save_project.h"
 #include "windows/canvas/edge_scroll.h"
 #include "windows/canvas/sprite_keys.h"
-#include "windows/commands/menus.h"
 #include "windows/main/editor_pane.h"
 #include "windows/main/startup.h"
 #include "windows/main/status_line.h"
@@ -33,12 +32,20 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 frmMap::frmMap(Workspace& workspace, Shell& shell)
     : workspace_(workspace),
       shell_(shell),
       commands_(this),
       viewport_(new MapViewport(this)),
-      canvas_(workspace, animations_, shell, viewport_),
+      canvas_(
+          workspace, animations_, shell,
+          [this] {
+              return workspace_.Status.CurrentTool == Tool::cursor && palette_->dropAllowed();
+          },
+          viewport_),
+      context_{workspace, shell, canvas_, *viewport_, commands_, *this},
       strip_(new ToolStrip(commands_, workspace.settings, this)),
       palette_(new Palette(workspace, animations_, shell, this)),
       tabs_(new FrameTabs(workspace, shell, this)),
@@ -46,26 +53,24 @@ frmMap::frmMap(Workspace& workspace, Shell& shell)
       pane_(new EditorPane(*strip_, *palette_, *viewport_, *pctTlbDraw_, *tabs_)),
       statusLine_(new StatusLine(this)),
       pBarMain_(new QProgressBar(this)),
-      menuPopup_(buildSpriteMenu(commands_, this)),
-      menuMap_(buildFrameMenu(commands_, this)),
-      recentFiles_((buildMenuBar(*menuBar(), commands_), *menuBar()->findChild<QMenu*>("mnuFile")),
-                   workspace.settings),
-      frameCommands_(workspace, shell, *viewport_, *tabs_, commands_),
-      editCommands_(workspace, shell, canvas_, *viewport_, commands_, this),
+      menus_(buildMenus(*menuBar(), commands_)),
+      recentFiles_(menus_.file, workspace.settings),
+      frameCommands_(context_, *tabs_),
+      editCommands_(context_),
       projectCommands_({workspace, shell, *this}, commands_),
       inputBlock_(*this),
-      collectionCommands_(workspace, animations_, shell, *palette_, frameCommands_, commands_,
-                          this),
-      copySpecial_(workspace, shell, canvas_, commands_, this),
-      clipboardCommands_(workspace, canvas_, commands_),
-      clearCommands_(workspace, shell, canvas_, *viewport_, commands_),
-      propertyCommands_(workspace, shell, canvas_, commands_, *this),
-      exportCommands_(workspace, shell, canvas_, commands_, this),
-      printCommands_(shell, canvas_, commands_, this),
+      collectionCommands_(context_, animations_, *palette_, frameCommands_),
+      copySpecial_(context_),
+      clipboardCommands_(context_),
+      clearCommands_(context_),
+      propertyCommands_(context_,
+                        [this](QWidget* over) { return collectionCommands_.chooseSymbol(over); }),
+      exportCommands_(context_),
+      printCommands_(context_),
       publishCommands_({workspace, shell, *this}, commands_, this),
       serviceCommands_({workspace, shell, *this}, commands_, this) {
     setObjectName("frmMap");
-    setWindowIcon(programIcon("nubivane"));
+    setWindowIcon(programIcon(u"nubivane"_s));
     setAcceptDrops(true);
     setCentralWidget(pane_);
     setStatusBar(statusLine_);
@@ -92,27 +97,22 @@ frmMap::~frmMap() {
 }
 
 void frmMap::connectCanvas() {
-    canvas_.selection().commandsChanged = [this] { refreshSelectionCommands(); };
+    connect(&canvas_.selection(), &Selection::commandsChanged, this,
+            &frmMap::refreshSelectionCommands);
     connect(viewport_, &MapViewport::groundPressed, this, &frmMap::clearSelection);
-    canvas_.mouse().Locked = [this] { return locked(); };
-    canvas_.mouse().showMenu = [this](SpriteControl&) { menuPopup_->popup(QCursor::pos()); };
-    canvas_.drawing().projectChanged = [this] { markChanged(); };
-    canvas_.drawing().showMenu = [this] { menuPopup_->popup(QCursor::pos()); };
-    canvas_.widget().dropAllowed = [this] {
-        return workspace_.Status.CurrentTool == Tool::cursor && palette_->dropAllowed();
-    };
-    palette_->place = [this](const QString& payload) {
+    const auto showMenu = [this] { menus_.sprite.popup(QCursor::pos()); };
+    connect(&canvas_.mouse(), &SpriteMouse::menuAsked, this, showMenu);
+    connect(&canvas_.drawing(), &MapDrawing::menuAsked, this, showMenu);
+    connect(&canvas_.drawing(), &MapDrawing::projectChanged, this, &frmMap::markChanged);
+    connect(palette_, &Palette::placeAsked, this, [this](const QString& payload) {
         const QRect seen = viewport_->visibleMapRect();
         canvas_.placement().drop(payload, canvas_.widget().toMap(seen.center()));
         canvas_.widget().setFocus();
-    };
-    palette_->listsChanged = [this] { orderFocus(); };
-    frameCommands_.framesCounted = [this] { refreshHint(); };
-    tabs_->projectChanged = [this] { markChanged(); };
-    tabs_->menuRequested = [this](QPoint position) {
-        frameCommands_.refresh();
-        menuMap_->popup(position);
-    };
+    });
+    connect(palette_, &Palette::listsChanged, this, &frmMap::orderFocus);
+    connect(&frameCommands_, &FrameCommands::framesCounted, this, &frmMap::refreshHint);
+    connect(tabs_, &FrameTabs::projectChanged, this, &frmMap::markChanged);
+    connect(tabs_, &FrameTabs::menuRequested, this, &frmMap::showFrameMenu);
 }
 
 void frmMap::connectCommands() {
@@ -125,31 +125,25 @@ void frmMap::connectCommands() {
     refreshLock();
     commands_.handle(Command::mnuRefreshSymbols, [this] { palette_->refreshCurrentList(); });
     commands_.handle(Command::mnuSommario,
-                     [this] { openHelpTopic(workspace_, shell_, "index.htm"); });
+                     [this] { openHelpTopic(workspace_, shell_, u"index.htm"_s); });
     commands_.handle(Command::mnuImpostazioni, [this] {
         frmPageSetting dialog(workspace_, shell_, this);
-        dialog.openHelp = [this](const QString& topic) {
-            openHelpTopic(workspace_, shell_, topic);
-        };
+        connect(&dialog, &frmPageSetting::helpAsked, this,
+                [this](const QString& topic) { openHelpTopic(workspace_, shell_, topic); });
         dialog.Init();
     });
     addAction(
         commands_[Command::mnuMapRename]);  // no menu of the bar holds it, and its key must work
-    recentFiles_.chosen = [this](const QString& file) { projectCommands_.open(file); };
-    propertyCommands_.openSymbolSelection = [this](frmSymbolProperty& properties) {
-        if (const auto chosen = collectionCommands_.chooseSymbol(&properties)) {
-            properties.setSelectedSymbol(*chosen);
-        }
-    };
-    projectCommands_.terminate = [] { QApplication::exit(1); };
+    connect(&recentFiles_, &RecentFilesMenu::chosen, &projectCommands_, &ProjectCommands::open);
+    connect(&projectCommands_, &ProjectCommands::terminate, qApp, [] { QApplication::exit(1); });
 }
 
 void frmMap::connectStatus() {
     connect(pctTlbDraw_, &DrawStrip::toolShown, this,
             [this](const QString& hint) { statusLine_->setTool(hint); });
-    projectCommands_.pageMade = [this](const QString& page) {
+    connect(&projectCommands_, &ProjectCommands::pageMade, this, [this](const QString& page) {
         statusLine_->tellFile(tr("The page is %1.").arg(QDir::toNativeSeparators(page)), page);
-    };
+    });
     connect(statusLine_, &StatusLine::folderAsked, this,
             [this](const QString& folder) { shell_.openInBrowser(folder); });
 }
@@ -188,7 +182,7 @@ void frmMap::Init(const QString& projectFile) {
     refreshHint();
     workspace_.ProjectChanged = false;
     // Even after opening a project: the caption takes its name with the first save.
-    setCaption(QStringLiteral("New project - ") + ProgramTitle);
+    setCaption(tr("New project - %1").arg(ProgramTitle));
     initialized_ = true;
 }
 
@@ -212,7 +206,8 @@ void frmMap::refreshSelectionCommands() {
 /// The button shows how things stand, not what it would do.
 void frmMap::refreshLock() {
     QAction* lock = commands_[Command::mnuLock];
-    lock->setIcon(programIcon(locked() ? "lock" : "unlock"));
+    lock->setIcon(programIcon(locked() ? u"lock"_s : u"unlock"_s));
+    canvas_.mouse().setLocked(locked());
     lock->setToolTip(locked() ? tr("Symbols are locked in their places")
                               : tr("Lock the symbols in their places"));
 }
@@ -295,18 +290,23 @@ bool frmMap::eventFilter(QObject* watched, QEvent* event) {
     return QMainWindow::eventFilter(watched, event);
 }
 
+void frmMap::showFrameMenu(QPoint globalPosition) {
+    frameCommands_.refresh();
+    menus_.frame.popup(globalPosition);
+}
+
 /// The mouse has its own way to the same menus.
 bool frmMap::showMenuByKey(const QObject* watched, const QContextMenuEvent& event) {
     if (event.reason() != QContextMenuEvent::Keyboard) {
         return false;
     }
     if (watched == &canvas_.widget()) {
-        menuPopup_->popup(canvas_.widget().mapToGlobal(event.pos()));
+        menus_.sprite.popup(canvas_.widget().mapToGlobal(event.pos()));
         return true;
     }
     if (watched == tabs_->tabDay()) {
         const QTabBar& tabs = *tabs_->tabDay();
-        tabs_->menuRequested(tabs.mapToGlobal(tabs.tabRect(tabs.currentIndex()).center()));
+        showFrameMenu(tabs.mapToGlobal(tabs.tabRect(tabs.currentIndex()).center()));
         return true;
     }
     return false;
@@ -347,7 +347,7 @@ bool frmMap::queryUnload() {
 void frmMap::storeState() {
     storeGeometry(*this, normalGeometry_, workspace_.settings);
     workspace_.settings.set(Setting::WindowSplitter, QString::number(pane_->splitterLeft()));
-    workspace_.settings.set(Setting::Locked, locked() ? "1" : "0");
+    workspace_.settings.set(Setting::Locked, locked() ? u"1"_s : u"0"_s);
 }
 
 void frmMap::resizeEvent(QResizeEvent* event) {
@@ -366,7 +366,7 @@ void frmMap::moveEvent(QMoveEvent* event) {
 
 void frmMap::dragEnterEvent(QDragEnterEvent* event) {
     const QList<QUrl> urls = event->mimeData()->urls();
-    if (urls.size() == 1 && urls.first().toLocalFile().endsWith(".nvpf", Qt::CaseInsensitive)) {
+    if (urls.size() == 1 && urls.first().toLocalFile().endsWith(u".nvpf"_s, Qt::CaseInsensitive)) {
         event->acceptProposedAction();
     }
 }

@@ -4,6 +4,7 @@
 #include "engine/model/editor_view.h"
 #include "engine/picture/animation_cache.h"
 #include "windows/canvas/map_viewport.h"
+#include "windows/commands/canvas_context.h"
 #include "windows/commands/clear_commands.h"
 #include "windows/commands/clipboard_commands.h"
 #include "windows/commands/collection_commands.h"
@@ -12,6 +13,7 @@
 #include "windows/commands/edit_commands.h"
 #include "windows/commands/export_commands.h"
 #include "windows/commands/frame_commands.h"
+#include "windows/commands/menus.h"
 #include "windows/commands/print_commands.h"
 #include "windows/commands/project_commands.h"
 #include "windows/commands/property_commands.h"
@@ -56,16 +58,8 @@ class frmMap : public QMainWindow, public EditorView, private EditWatcher {
     DrawStrip& pctTlbDraw() { return *pctTlbDraw_; }
     FrameTabs& tabs() { return *tabs_; }
     Palette& palette() { return *palette_; }
-    ToolStrip& toolStrip() { return *strip_; }
     EditorPane& pane() { return *pane_; }
-    StatusLine& statusLine() { return *statusLine_; }
-    FrameCommands& frameCommands() { return frameCommands_; }
     ProjectCommands& projectCommands() { return projectCommands_; }
-    CopySpecial& copySpecial() { return copySpecial_; }
-    ClipboardCommands& clipboardCommands() { return clipboardCommands_; }
-    PropertyCommands& propertyCommands() { return propertyCommands_; }
-    PrintCommands& printCommands() { return printCommands_; }
-    EditCommands& editCommands() { return editCommands_; }
     bool locked() const;
     bool acceptsInput() const { return !inputBlock_.isActive(); }
 
@@ -96,6 +90,7 @@ class frmMap : public QMainWindow, public EditorView, private EditWatcher {
     void edited(const ProjectChange&) override { refreshHint(); }
 
     bool showMenuByKey(const QObject* watched, const QContextMenuEvent& event);
+    void showFrameMenu(QPoint globalPosition);
     void connectCanvas();
     void connectCommands();
     void connectStatus();
@@ -113,6 +108,7 @@ class frmMap : public QMainWindow, public EditorView, private EditWatcher {
     Commands commands_;
     MapViewport* viewport_;
     FrameCanvas canvas_;
+    CanvasContext context_;
     ToolStrip* strip_;
     Palette* palette_;
     FrameTabs* tabs_;
@@ -120,8 +116,7 @@ class frmMap : public QMainWindow, public EditorView, private EditWatcher {
     EditorPane* pane_;
     StatusLine* statusLine_;
     QProgressBar* pBarMain_;
-    QMenu* menuPopup_;
-    QMenu* menuMap_;
+    Menus menus_;
     RecentFilesMenu recentFiles_;
     FrameCommands frameCommands_;
     EditCommands editCommands_;

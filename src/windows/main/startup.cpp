@@ -12,6 +12,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 void prepareFolders(const ProgramFolder& folder) {
     if (!host_files::folderExists(folder.maps())) {
         host_files::makeFolder(folder.maps());
@@ -21,7 +23,7 @@ void prepareFolders(const ProgramFolder& folder) {
 }
 
 void removeTemporaryFolder(const ProgramFolder& folder) {
-    const QString temporary = folder.entry("~temp");
+    const QString temporary = folder.entry(u"~temp"_s);
     if (host_files::folderExists(temporary)) {
         host_files::removeFiles(temporary);
         QDir().rmdir(host_files::toHost(temporary));
@@ -41,10 +43,11 @@ QStringList restoreCheckedCollections(Workspace& workspace) {
             check(name);
         }
     }
-    constexpr char standard[] = "set-1";
+    const QString standard = u"set-1"_s;
     if (paths.isEmpty() && collections.contains(standard)) {
         const SettingListRow& row = rowOf(SettingList::CheckedCollections);
-        workspace.settings.SaveSetting(row.section, row.group, "1", standard);
+        workspace.settings.SaveSetting(QLatin1String(row.section), QLatin1String(row.group), u"1"_s,
+                                       standard);
         check(standard);
     }
     return paths;
@@ -61,7 +64,7 @@ void loadStartMap(Workspace& workspace) {
             // A map that is no picture any more: the default takes over.
         }
     }
-    workspace.Status.CurrentMap = workspace.folder.path() + "\\maps\\europe.jpg";
+    workspace.Status.CurrentMap = workspace.folder.path() + u"\\maps\\europe.jpg"_s;
     workspace.pctMap.setPicture(workspace.loadCurrentMap());
     workspace.settings.set(Setting::CurrentMap, workspace.Status.CurrentMap);
 }

@@ -14,6 +14,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int GripWidth = 10;
@@ -71,14 +73,14 @@ void ToolBar::mousePressEvent(QMouseEvent* event) {
 
 void ToolBar::mouseMoveEvent(QMouseEvent* event) {
     if (grabbed_) {
-        moved(mapToParent(event->position().toPoint()) - *grabbed_);
+        Q_EMIT moved(mapToParent(event->position().toPoint()) - *grabbed_);
     }
 }
 
 void ToolBar::mouseReleaseEvent(QMouseEvent*) {
     if (grabbed_) {
         grabbed_.reset();
-        moveFinished();
+        Q_EMIT moveFinished();
     }
 }
 
@@ -104,8 +106,8 @@ ToolStrip::ToolStrip(Commands& commands, SettingsStore& settings, QWidget* paren
                            {"btnProperty", Command::btnProperty}},
                           commands, this)) {
     for (ToolBar* bar : {standardBar_, mapBar_}) {
-        bar->moved = [this, bar](QPoint wanted) { moveBar(*bar, wanted); };
-        bar->moveFinished = [this] { savePlaces(); };
+        connect(bar, &ToolBar::moved, this, [this, bar](QPoint wanted) { moveBar(*bar, wanted); });
+        connect(bar, &ToolBar::moveFinished, this, &ToolStrip::savePlaces);
     }
     handleCommands();
 }
@@ -160,7 +162,7 @@ void ToolStrip::toggle(ToolBar& bar, Command command, Setting setting) {
     const bool shown = bar.isHidden();
     bar.setVisible(shown);
     commands_[command]->setChecked(shown);
-    settings_.set(setting, shown ? "1" : "0");
+    settings_.set(setting, shown ? u"1"_s : u"0"_s);
     if (shown) {
         moveBar(bar, bar.pos());  // its place may have been taken meanwhile
     }
@@ -174,7 +176,7 @@ void ToolStrip::useLargeIcons(bool large) {
     if (isLarge == large) {
         return;
     }
-    settings_.set(Setting::LargeIcons, large ? "1" : "0");
+    settings_.set(Setting::LargeIcons, large ? u"1"_s : u"0"_s);
     resizeBars(large ? LargeIcon : SmallIcon);
     savePlaces();
 }
@@ -213,9 +215,7 @@ void ToolStrip::arrangeToolbars() {
         }
     }
     setFixedHeight(bottom);
-    if (heightChanged) {
-        heightChanged();
-    }
+    Q_EMIT heightChanged();
 }
 
 /// Bars stay inside the strip's width and do not lie on each other: a bar dropped on the other one

@@ -35,8 +35,9 @@ class ToolBar : public QFrame {
     /// Edge length of the icons in pixels: 16 or 32.
     void setIconSize(int size);
 
-    std::function<void(QPoint)> moved;  ///< while dragged: where its corner wants to be
-    std::function<void()> moveFinished;
+  Q_SIGNALS:
+    void moved(QPoint wanted);  ///< while dragged: where its corner wants to be
+    void moveFinished();
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -63,7 +64,8 @@ class ToolStrip : public QWidget {
     ToolBar* standardBar() const { return standardBar_; }
     ToolBar* mapBar() const { return mapBar_; }
 
-    std::function<void()> heightChanged;
+  Q_SIGNALS:
+    void heightChanged();
 
   protected:
     void resizeEvent(QResizeEvent* event) override;

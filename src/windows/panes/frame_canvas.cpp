@@ -6,22 +6,22 @@
 namespace nubivane {
 
 FrameCanvas::FrameCanvas(Workspace& workspace, AnimationCache& animations, Shell& shell,
-                         QWidget* parent)
+                         std::function<bool()> dropAllowed, QWidget* parent)
     : workspace_(workspace),
-      sprites_(workspace, animations),
+      sprites_(workspace, animations, [this] { return clock_.now(); }),
       selection_(workspace, sprites_),
       clock_(sprites_),
       mouse_(workspace, sprites_, selection_, shell),
       placement_(workspace, sprites_, selection_, shell),
       drawing_(workspace, sprites_, selection_, mouse_, shell),
-      widget_(new MapCanvas(workspace, sprites_, selection_, mouse_, clock_, parent)) {
-    sprites_.now = [this] { return clock_.now(); };
-    sprites_.playingChanged = [this] { clock_.schedule(); };
-    sprites_.changed = [this](const QRect& area) { widget_->updateMap(area); };
-    selection_.changed = sprites_.changed;
-    widget_->dropped = [this](const QString& payload, QPoint position) {
-        placement_.drop(payload, position);
-    };
+      widget_(new MapCanvas(workspace, sprites_, selection_, mouse_, clock_, std::move(dropAllowed),
+                            parent)) {
+    QObject::connect(&sprites_, &SpriteStack::playingChanged, &clock_, &CanvasClock::schedule);
+    QObject::connect(&sprites_, &SpriteStack::changed, widget_, &MapCanvas::updateMap);
+    QObject::connect(&selection_, &Selection::changed, widget_, &MapCanvas::updateMap);
+    QObject::connect(
+        widget_, &MapCanvas::dropped, &clock_,
+        [this](const QString& payload, QPoint position) { placement_.drop(payload, position); });
     drawing_.attach(*widget_);
     workspace_.edits().watch(*this);
 }

@@ -18,7 +18,9 @@ class Shell;
 /// drawing and the clock.
 class FrameCanvas : private EditWatcher {
   public:
-    FrameCanvas(Workspace& workspace, AnimationCache& animations, Shell& shell, QWidget* parent);
+    /// `dropAllowed` tells whether a drop on the map would be taken now.
+    FrameCanvas(Workspace& workspace, AnimationCache& animations, Shell& shell,
+                std::function<bool()> dropAllowed, QWidget* parent);
     ~FrameCanvas() override;
 
     MapCanvas& widget() { return *widget_; }

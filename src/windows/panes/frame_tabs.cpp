@@ -17,6 +17,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char16_t Forbidden[] = u"?*:/\\<>!\" ";
@@ -92,8 +94,8 @@ FrameTabs::FrameTabs(Workspace& workspace, Shell& shell, QWidget* parent)
     connect(allFrames_->menu(), &QMenu::aboutToShow, this, &FrameTabs::listFrames);
     connect(tabDay_, &QTabBar::currentChanged, this, [this] {
         txtDay_->hide();
-        if (workspace_.TabEventsEnabled && frameSelected) {
-            frameSelected();
+        if (workspace_.TabEventsEnabled) {
+            Q_EMIT frameSelected();
         }
     });
     workspace_.TabEventsEnabled = true;
@@ -180,7 +182,7 @@ void FrameTabs::setCaption(int index, const QString& caption) {
 
 QString FrameTabs::freeFrameName() const {
     for (int i = 1;; ++i) {
-        QString name = "Map" + QString::number(i);
+        QString name = u"Map"_s + QString::number(i);
         if (!captions_.contains(name, Qt::CaseInsensitive)) {
             return name;
         }
@@ -241,8 +243,8 @@ bool FrameTabs::pressTab(const QPoint& position, Qt::MouseButton button, const Q
     if (index >= 0 && index != tabDay_->currentIndex()) {
         tabDay_->setCurrentIndex(index);
     }
-    if (button == Qt::RightButton && menuRequested) {
-        menuRequested(global);
+    if (button == Qt::RightButton) {
+        Q_EMIT menuRequested(global);
     }
     pressed_ = index >= 0 && button == Qt::LeftButton ? std::optional(position) : std::nullopt;
     draggedFrom_ = -1;
@@ -278,8 +280,8 @@ void FrameTabs::dropTab() {
     pressed_.reset();
     const int from = std::exchange(draggedFrom_, -1);
     const int to = tabDay_->currentIndex();
-    if (from >= 0 && from != to && frameMoved) {
-        frameMoved(from + 1, to + 1);
+    if (from >= 0 && from != to) {
+        Q_EMIT frameMoved(from + 1, to + 1);
     }
 }
 
@@ -288,15 +290,15 @@ bool FrameTabs::moveTabByKey(const QKeyEvent& key) {
     const int step = key.key() == Qt::Key_Left ? -1 : key.key() == Qt::Key_Right ? 1 : 0;
     const int to = selected() + step;
     if (step == 0 || key.modifiers() != (Qt::ControlModifier | Qt::ShiftModifier) || to < 1 ||
-        to > count() || !frameMoved) {
+        to > count()) {
         return false;
     }
-    frameMoved(selected(), to);
+    Q_EMIT frameMoved(selected(), to);
     return true;
 }
 
 bool FrameTabs::renameKey(int key) {
-    projectChanged();
+    Q_EMIT projectChanged();
     if (key == Qt::Key_Escape) {
         txtDay_->hide();
         tabDay_->setFocus();
@@ -316,12 +318,11 @@ void FrameTabs::commitName() {
     if (hasForbidden(name)) {
         // The box takes the focus; the field stays with its text for correcting.
         refusing_ = true;
-        shell_.messageBox(
-            {"Map name cannot contain any of the following characters:    \r\n"
-             "                     \\ /  : *  ? \" < > {Space} !",
-             Icon::Exclamation,
-             Buttons::Ok,
-             {}});
+        shell_.messageBox({tr("Map name cannot contain any of the following characters:    \r\n"
+                              "                     \\ /  : *  ? \" < > {Space} !"),
+                           Icon::Exclamation,
+                           Buttons::Ok,
+                           {}});
         refusing_ = false;
         txtDay_->setFocus();
         return;

@@ -45,11 +45,12 @@ class FrameTabs : public QWidget, private EditWatcher {
     QLineEdit* txtDay() const { return txtDay_; }
     QToolButton* allFrames() const { return allFrames_; }
 
-    std::function<void()> frameSelected;  ///< another tab was chosen by the person
+  Q_SIGNALS:
+    void frameSelected();  ///< another tab was chosen by the person
     /// A tab was dragged, or moved by the keyboard, to another place; both numbers from 1.
-    std::function<void(int from, int to)> frameMoved;
-    std::function<void(QPoint)> menuRequested;  ///< right press, global position
-    std::function<void()> projectChanged;
+    void frameMoved(int from, int to);
+    void menuRequested(QPoint globalPosition);  ///< right press
+    void projectChanged();
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -19,6 +19,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int Gap = 6;
@@ -32,8 +34,8 @@ QColor stripColor(const QPalette& palette) {
 /// A new label as it will look, for under the pointer.
 QPixmap newLabelPicture() {
     cLabel label;
-    label.Text = "Label";
-    label.Font.Name = "Arial";
+    label.Text = u"Label"_s;
+    label.Font.Name = u"Arial"_s;
     label.Font.Size = 12;
     label.BackColor = NoColor;
     QPixmap pixmap(labelSize(label));
@@ -64,7 +66,7 @@ Palette::Palette(Workspace& workspace, AnimationCache& animations, Shell& shell,
     imgText_->setAccessibleName(tr("New label"));
     imgText_->setText(tr("Label"));
     imgText_->setToolTip(tr("Drag onto the map to place a label"));
-    imgText_->setIcon(programIcon("text-tool"));
+    imgText_->setIcon(programIcon(u"text-tool"_s));
     imgText_->setIconSize({24, 24});
     imgText_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     imgText_->setAutoRaise(true);
@@ -106,23 +108,21 @@ void Palette::loadTabs(const QStringList& paths) {
         tabSymbols_->setCurrentIndex(0);
     }
     showCollectionTab();
-    if (listsChanged) {
-        listsChanged();
-    }
+    Q_EMIT listsChanged();
 }
 
 void Palette::addCollectionTab(const QString& path) {
     auto* list = new ListImage(animations_, this);
-    list->setObjectName("listImageSymbols" + QString::number(listImageSymbols_.size() + 1));
+    list->setObjectName(u"listImageSymbols"_s + QString::number(listImageSymbols_.size() + 1));
     list->hide();
-    list->dragStarting = [this](const QString& file) {
+    connect(list, &ListImage::dragStarting, this, [this](const QString& file) {
         startDrag(SpritePayload{sprite_type::Symbol, file}.text(), pictureOf(file));
-    };
-    list->activatedFile = [this](const QString& file) {
+    });
+    connect(list, &ListImage::fileActivated, this, [this](const QString& file) {
         if (mayPlace()) {
-            place(SpritePayload{sprite_type::Symbol, file}.text());
+            Q_EMIT placeAsked(SpritePayload{sprite_type::Symbol, file}.text());
         }
-    };
+    });
     listImageSymbols_.push_back({path, list});
     tabSymbols_->addTab(getFileName(path).replace(u'&', QLatin1String("&&")));
     tabSymbols_->setCurrentIndex(tabSymbols_->count() - 1);
@@ -170,8 +170,8 @@ bool Palette::mayPlace() {
         return true;
     }
     shell_.messageBox(
-        {"This operation is not allowed in draw mode. Select cursor from toolbar and "
-         "try again.",
+        {tr("This operation is not allowed in draw mode. Select cursor from toolbar and "
+            "try again."),
          Icon::Exclamation,
          Buttons::Ok,
          {}});
@@ -227,7 +227,7 @@ bool Palette::eventFilter(QObject* watched, QEvent* event) {
                  static_cast<QKeyEvent*>(event)->key() == Qt::Key_Enter ||
                  static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space))) {
         if (mayPlace()) {
-            place(SpritePayload{sprite_type::Label, {}}.text());
+            Q_EMIT placeAsked(SpritePayload{sprite_type::Label, {}}.text());
         }
         return true;
     }

@@ -47,10 +47,11 @@ class Palette : public QWidget {
 
     /// What takes the keyboard, in order.
     QList<QWidget*> focusOrder() const;
-    std::function<void()> listsChanged;  ///< tabs and lists were made anew
 
-    /// Places a sprite without a drag; the text is a drag's payload.
-    std::function<void(const QString& payload)> place;
+  Q_SIGNALS:
+    void listsChanged();  ///< tabs and lists were made anew
+    /// A sprite is to be placed without a drag; the text is a drag's payload.
+    void placeAsked(const QString& payload);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -14,12 +14,12 @@ void SelectedSprite::Move(const QRect& rect) {
     }
 }
 
-QRect SelectedSprite::framedRect() const {
+QRect SelectedSprite::borderedRect() const {
     const ShpSelector* selector = canvas_.selection().shpSelector();
     return selector ? selector->spriteRect() : rect();
 }
 
-void SelectedSprite::setFramedRect(const QRect& rect) {
+void SelectedSprite::setBorderedRect(const QRect& rect) {
     canvas_.selection().surround(rect);
 }
 
@@ -32,28 +32,26 @@ void SelectedSprite::show(const cLabel& look) {
 void SelectedSprite::setBackColor(qint32 color) {
     if (LblTesto* selected = label()) {
         selected->setBackColor(color);
-        canvas_.sprites().changed(selected->rect);
+        canvas_.sprites().repaint(*selected);
     }
 }
 
 void SelectedSprite::setFontStrikethru(bool strikethru) {
     if (LblTesto* selected = label()) {
         selected->FontStrikethru = strikethru;
-        canvas_.sprites().changed(selected->rect);
+        canvas_.sprites().repaint(*selected);
     }
 }
 
 void SelectedSprite::StopAnimation() {
     if (GifSymbol* selected = symbol()) {
-        selected->StopAnimation();
-        canvas_.sprites().playingChanged();
+        canvas_.sprites().setPlaying(*selected, false);
     }
 }
 
 void SelectedSprite::StartAnimation() {
     if (GifSymbol* selected = symbol()) {
-        selected->StartAnimation(canvas_.sprites().now());
-        canvas_.sprites().playingChanged();
+        canvas_.sprites().setPlaying(*selected, true);
     }
 }
 

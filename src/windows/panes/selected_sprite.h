@@ -16,8 +16,8 @@ class SelectedSprite : public SpriteOnMap {
 
     QRect rect() const override;
     void Move(const QRect& rect) override;
-    QRect framedRect() const override;
-    void setFramedRect(const QRect& rect) override;
+    QRect borderedRect() const override;
+    void setBorderedRect(const QRect& rect) override;
     void show(const cLabel& label) override;
     void setBackColor(qint32 color) override;
     void setFontStrikethru(bool strikethru) override;

@@ -7,11 +7,16 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-constexpr PropertyRow FontRow{"Font", "Font", "Sets font"};
-constexpr PropertyRow SizeRow{"Size", "Size", "Sets font size"};
-constexpr PropertyRow ColorRow{"Color", "Color", "Sets font color"};
+constexpr PropertyRow FontRow{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Font"),
+                              QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets font")};
+constexpr PropertyRow SizeRow{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Size"),
+                              QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets font size")};
+constexpr PropertyRow ColorRow{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Color"),
+                               QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets font color")};
 
 struct FlagRow {
     PropertyRow row;
@@ -20,13 +25,24 @@ struct FlagRow {
 };
 
 constexpr std::array flagRows = {
-    FlagRow{{"Bold", "Bold", "Sets font bold attribute"}, "Fontbold", &FontStyle::Bold},
-    FlagRow{{"Italic", "Italic", "Sets font italic attribute"}, "FontItalic", &FontStyle::Italic},
-    FlagRow{{"Underline", "Underline", "Sets underline effect"},
+    FlagRow{{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Bold"),
+             QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets font bold attribute")},
+            "Fontbold",
+            &FontStyle::Bold},
+    FlagRow{{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Italic"),
+             QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets font italic attribute")},
+            "FontItalic",
+            &FontStyle::Italic},
+    FlagRow{{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Underline"),
+             QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets underline effect")},
             "FontUnderline",
             &FontStyle::Underline},
-    FlagRow{{"Overline", "Overline", "Sets overline effect"}, "FontOverline", &FontStyle::Overline},
-    FlagRow{{"Strikeout", "Strikeout", "Sets strikeout effect"},
+    FlagRow{{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Overline"),
+             QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets overline effect")},
+            "FontOverline",
+            &FontStyle::Overline},
+    FlagRow{{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Strikeout"),
+             QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets strikeout effect")},
             "FontStrikethourht",
             &FontStyle::Strikeout},
 };
@@ -34,20 +50,20 @@ constexpr std::array flagRows = {
 }  // namespace
 
 FontRows::FontRows(PropertyGrid& grid, const QString& part, const QString& buttonPart)
-    : txtFont_(grid.addReadOnly(FontRow, "txt" + part + "Font")),
-      cmdFont_(grid.addButton(txtFont_, "cmd" + buttonPart + "Font")),
-      txtFontSize_(grid.addReadOnly(SizeRow, "txt" + part + "FontSize")),
+    : txtFont_(grid.addReadOnly(FontRow, u"txt"_s + part + u"Font"_s)),
+      cmdFont_(grid.addButton(txtFont_, u"cmd"_s + buttonPart + u"Font"_s)),
+      txtFontSize_(grid.addReadOnly(SizeRow, u"txt"_s + part + u"FontSize"_s)),
       pctForecolor_(new ColorSwatch) {
     for (std::size_t i = 0; i < flagRows.size(); ++i) {
         flags_[i] =
-            grid.addReadOnly(flagRows[i].row, "txt" + part + QLatin1String(flagRows[i].name));
+            grid.addReadOnly(flagRows[i].row, u"txt"_s + part + QLatin1String(flagRows[i].name));
     }
-    txtForeColor_ = grid.addReadOnly(ColorRow, "txt" + part + "ForeColor");
-    grid.putBefore(txtForeColor_, pctForecolor_, "pct" + part + "Forecolor");
+    txtForeColor_ = grid.addReadOnly(ColorRow, u"txt"_s + part + u"ForeColor"_s);
+    grid.putBefore(txtForeColor_, pctForecolor_, u"pct"_s + part + u"Forecolor"_s);
     QObject::connect(cmdFont_, &QToolButton::clicked, cmdFont_, [this] { openFontDialog(); });
 }
 
-void FontRows::show(const FontStyle* font, const char* yes) {
+void FontRows::show(const FontStyle* font, const QString& yes) {
     style_ = font ? std::optional(*font) : std::nullopt;
     cmdFont_->setEnabled(style_.has_value());
     pctForecolor_->setVisible(style_.has_value());
@@ -63,12 +79,12 @@ void FontRows::show(const FontStyle* font, const char* yes) {
     }
 }
 
-void FontRows::fill(const char* yes) {
+void FontRows::fill(const QString& yes) {
     txtFont_->setText(style_->Name);
     txtFont_->setCursorPosition(0);
     txtFontSize_->setText(QString::number(style_->Size));
     for (std::size_t i = 0; i < flagRows.size(); ++i) {
-        flags_[i]->setText((*style_).*flagRows[i].flag ? yes : "No");
+        flags_[i]->setText((*style_).*flagRows[i].flag ? yes : tr("No"));
     }
     txtForeColor_->setText(colorName(style_->Color));
     pctForecolor_->setBackColor(style_->Color);
@@ -87,9 +103,9 @@ void FontRows::openFontDialog() {
     dialog.oFont = &chosen;
     dialog.Init();
     if (chosen != *style_) {
-        fontChosen(chosen);
+        Q_EMIT fontChosen(chosen);
     }
-    fontDialogClosed();
+    Q_EMIT fontDialogClosed();
 }
 
 }  // namespace nubivane

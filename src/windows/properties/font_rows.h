@@ -3,10 +3,11 @@
 
 #include "engine/model/font_style.h"
 
+#include <QObject>
 #include <QString>
 
 #include <array>
-#include <functional>
+#include <optional>
 
 class QLineEdit;
 class QToolButton;
@@ -18,28 +19,28 @@ class PropertyGrid;
 
 /// The rows of a grid that show a font and its colour. They are read-only: a button opens the font
 /// dialog.
-class FontRows {
+class FontRows : public QObject {
+    Q_OBJECT
+
   public:
     /// `part` stands in the fields' names ("Title" in "txtTitleFont"), `buttonPart` in the
     /// button's.
     FontRows(PropertyGrid& grid, const QString& part, const QString& buttonPart);
 
-    FontRows(const FontRows&) = delete;
-    FontRows& operator=(const FontRows&) = delete;
-
     /// Shows a font from now on; nullptr empties the rows. `yes` is the word for a flag that is
     /// set.
-    void show(const FontStyle* font, const char* yes);
+    void show(const FontStyle* font, const QString& yes);
     /// Shows another colour in the swatch than the font's.
     void setSwatch(qint32 color);
 
-    /// Called with the font that OK was given for.
-    std::function<void(const FontStyle&)> fontChosen;
-    /// Called when the font dialog has closed, however it was closed.
-    std::function<void()> fontDialogClosed;
+  Q_SIGNALS:
+    /// OK was given for a font.
+    void fontChosen(const FontStyle& font);
+    /// The font dialog has closed, however it was closed.
+    void fontDialogClosed();
 
   private:
-    void fill(const char* yes);
+    void fill(const QString& yes);
     void openFontDialog();
 
     std::optional<FontStyle> style_;

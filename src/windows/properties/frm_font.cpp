@@ -21,6 +21,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int DataRole = Qt::UserRole;
@@ -35,10 +37,10 @@ struct Style {
 
 // In the order of their item data, 0 to 3.
 constexpr std::array styles = {
-    Style{"Normal", false, false},
-    Style{"Italic", false, true},
-    Style{"Bold", true, false},
-    Style{"Bold italic", true, true},
+    Style{QT_TRANSLATE_NOOP("nubivane::frmFont", "Normal"), false, false},
+    Style{QT_TRANSLATE_NOOP("nubivane::frmFont", "Italic"), false, true},
+    Style{QT_TRANSLATE_NOOP("nubivane::frmFont", "Bold"), true, false},
+    Style{QT_TRANSLATE_NOOP("nubivane::frmFont", "Bold italic"), true, true},
 };
 
 constexpr std::array sizes = {8, 10, 12, 14, 18, 24, 36};
@@ -187,7 +189,7 @@ void frmFont::buildEffects(QBoxLayout& row) {
     auto* fraSample = new QGroupBox(tr("Sample"));
     fraSample->setObjectName("fraSample");
     auto* sample = new QVBoxLayout(fraSample);
-    lblSample_ = new QLabel("AaBbYyZz");
+    lblSample_ = new QLabel(u"AaBbYyZz"_s);
     lblSample_->setObjectName("lblSample");
     lblSample_->setAlignment(Qt::AlignCenter);
     lblSample_->setFrameShape(QFrame::StyledPanel);

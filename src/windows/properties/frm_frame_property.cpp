@@ -11,11 +11,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr PropertyRow BackColorRow{"Back Color", "Back Color",
-                                   "Sets background color used to display text"};
-constexpr PropertyRow BorderRow{"Border", "Border", "Sets border style"};
-constexpr PropertyRow BorderColorRow{"Border color", "Border color", "Sets border color"};
-constexpr PropertyRow TextRow{"Text", "Text", "Sets forecast text"};
+constexpr PropertyRow BackColorRow{
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Back Color"),
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets background color used to display text")};
+constexpr PropertyRow BorderRow{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Border"),
+                                QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets border style")};
+constexpr PropertyRow BorderColorRow{
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Border color"),
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets border color")};
+constexpr PropertyRow TextRow{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Text"),
+                              QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets forecast text")};
 
 // In the order of the values that the model stores.
 constexpr std::array borderStyles = {"none",  "solid", "double", "groove",
@@ -27,23 +32,30 @@ frmFrameProperty::frmFrameProperty(Workspace& workspace, Shell& shell, QWidget* 
     : PropertyDialog("frmFrameProperty", tr("Map"), workspace, shell, parent) {
     const auto commits = [this] { return committing(); };
     grid_->addSection(tr("Title"));
-    title_.emplace(*grid_, TextLineRows::Names{"Title", "Title", "Sets title text"}, commits);
+    title_.emplace(
+        *grid_,
+        TextLineRows::Names{u"Title"_s, u"Title"_s,
+                            QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets title text")},
+        commits);
     grid_->addSection(tr("Subtitle"));
-    subtitle_.emplace(*grid_, TextLineRows::Names{"subTitle", "Subtitle", "Sets subtitle text"},
-                      commits);
+    subtitle_.emplace(
+        *grid_,
+        TextLineRows::Names{u"subTitle"_s, u"Subtitle"_s,
+                            QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets subtitle text")},
+        commits);
     grid_->addSection(tr("Forecast"));
     addForecastRows();
     connectForecast();
 }
 
 void frmFrameProperty::addForecastRows() {
-    cboForecastBackcolor_ = grid_->addColor(BackColorRow, "cboForecastBackcolor");
-    cboForecastBorder_ = grid_->addChoice(BorderRow, "cboForecastBorder");
+    cboForecastBackcolor_ = grid_->addColor(BackColorRow, u"cboForecastBackcolor"_s);
+    cboForecastBorder_ = grid_->addChoice(BorderRow, u"cboForecastBorder"_s);
     for (const char* style : borderStyles) {
-        cboForecastBorder_->addItem(style);
+        cboForecastBorder_->addItem(QLatin1String(style));
     }
-    cboForecastBorderColor_ = grid_->addColor(BorderColorRow, "cboForecastBorderColor");
-    cmdForecastText_ = grid_->addWideButton(TextRow, "cmdForecastText");
+    cboForecastBorderColor_ = grid_->addColor(BorderColorRow, u"cboForecastBorderColor"_s);
+    cmdForecastText_ = grid_->addWideButton(TextRow, u"cmdForecastText"_s);
 }
 
 void frmFrameProperty::Init() {

@@ -18,6 +18,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int ColumnWidth = 153;
@@ -60,11 +62,12 @@ frmFramePropertyDetail::frmFramePropertyDetail(Workspace& workspace, QWidget* pa
 }
 
 void frmFramePropertyDetail::build() {
-    grid_->leaveKeys("aer");  // Add, Elements, Remove
+    grid_->leaveKeys(u"aer"_s);  // Add, Elements, Remove
     grid_->addSection(tr("Header"));
-    header_.emplace(*grid_, "Header", "Sets header text");
+    header_.emplace(*grid_, u"Header"_s,
+                    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets header text"));
     grid_->addSection(tr("Body"));
-    body_.emplace(*grid_, "Body", "Sets body text");
+    body_.emplace(*grid_, u"Body"_s, QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets body text"));
     grid_->setMinimumWidth(PanelWidth);
     auto* row = new QHBoxLayout(this);
     row->addWidget(buildList());
@@ -84,10 +87,10 @@ QWidget* frmFramePropertyDetail::buildList() {
     const int buttonWidth = fontMetrics().horizontalAdvance(tr("Remove")) + 2 * ButtonMargin;
     // Large letters need more.
     columnWidth_ =
-        std::max({ColumnWidth, fontMetrics().horizontalAdvance("Element 000") + 2 * BarWidth,
+        std::max({ColumnWidth, fontMetrics().horizontalAdvance(u"Element 000"_s) + 2 * BarWidth,
                   2 * buttonWidth + ButtonGap - frame});
     lstItems_->setFixedWidth(columnWidth_ + frame);
-    lstItems_->addTopLevelItem(new QTreeWidgetItem({"Element 1"}));
+    lstItems_->addTopLevelItem(new QTreeWidgetItem({tr("Element %1").arg(1)}));
     const int rowHeight = std::max(1, lstItems_->sizeHintForRow(0));
     lstItems_->clear();
     lstItems_->setMinimumHeight(RowsWithoutBar * rowHeight + frame);
@@ -135,7 +138,7 @@ void frmFramePropertyDetail::refreshRows(int selected) {
         const QSignalBlocker quiet(lstItems_);
         lstItems_->clear();
         for (int i = 1; i <= count(); ++i) {
-            lstItems_->addTopLevelItem(new QTreeWidgetItem({"Element " + QString::number(i)}));
+            lstItems_->addTopLevelItem(new QTreeWidgetItem({tr("Element %1").arg(i)}));
         }
         lstItems_->setColumnWidth(
             0, count() > RowsWithoutBar ? columnWidth_ - BarWidth : columnWidth_);

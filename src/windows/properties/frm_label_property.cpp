@@ -12,18 +12,31 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr PropertyRow BackColorRow{"Back color", "Back Color",
-                                   "Sets background color used to display text"};
-constexpr PropertyRow BorderRow{"Border", "Border", "Sets border style"};
-constexpr PropertyRow BorderColorRow{"Border color", "Border color", "Sets border color"};
-constexpr PropertyRow TextRow{"Text", "Text", "Sets label text"};
+constexpr PropertyRow BackColorRow{
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Back color"),
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets background color used to display text"),
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Back Color")};
+constexpr PropertyRow BorderRow{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Border"),
+                                QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets border style")};
+constexpr PropertyRow BorderColorRow{
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Border color"),
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets border color")};
+constexpr PropertyRow TextRow{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Text"),
+                              QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets label text")};
 constexpr PropertyRow XRow{
-    "X", "X", "Sets the position of the left corner of the label with respect to the map"};
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "X"),
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid",
+                      "Sets the position of the left corner of the label with respect to the map")};
 constexpr PropertyRow YRow{
-    "Y", "Y", "Sets the position of the top corner of the label with respect to the map"};
-constexpr PropertyRow NoteRow{"Notes", "Notes", "Stores notes for internal use"};
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Y"),
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid",
+                      "Sets the position of the top corner of the label with respect to the map")};
+constexpr PropertyRow NoteRow{
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Notes"),
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Stores notes for internal use")};
 
 constexpr qint16 WithBorder = 1;
+constexpr int YesIndex = 0;
 
 constexpr auto FontEdit = QT_TRANSLATE_NOOP("Edits", "Change label font");
 constexpr QLatin1String FontSeries("font");
@@ -35,13 +48,13 @@ frmLabelProperty::frmLabelProperty(Workspace& workspace, Shell& shell, SpriteOnM
     : PropertyDialog("frmLabelProperty", tr("Label"), workspace, shell, parent),
       control_(control),
       font_(*grid_, {}, {}),
-      cboBackcolor_(grid_->addColor(BackColorRow, "cboBackcolor")),
-      cboBorder_(grid_->addChoice(BorderRow, "cboBorder")),
-      cboBorderColor_(grid_->addColor(BorderColorRow, "cboBorderColor")),
-      txtText_(grid_->addChecked(TextRow, "txtText", shell, "Label text cannot be empty.")),
+      cboBackcolor_(grid_->addColor(BackColorRow, u"cboBackcolor"_s)),
+      cboBorder_(grid_->addChoice(BorderRow, u"cboBorder"_s)),
+      cboBorderColor_(grid_->addColor(BorderColorRow, u"cboBorderColor"_s)),
+      txtText_(grid_->addChecked(TextRow, u"txtText"_s, shell, tr("Label text cannot be empty."))),
       position_(*grid_, XRow, YRow, shell, control, workspace.pctMap),
-      txtNote_(grid_->addText(NoteRow, "txtNote")) {
-    cboBorder_->addItems({"Yes", "No"});
+      txtNote_(grid_->addText(NoteRow, u"txtNote"_s)) {
+    cboBorder_->addItems({tr("Yes"), tr("No")});
     connectCommits();
 }
 
@@ -65,21 +78,21 @@ void frmLabelProperty::change(const char* name, const QString& series, Mutate mu
     changeSprite<cLabel>(workspace_, id_, name, series, mutate);
 }
 
-/// The Label gets its control's size, and the selection frame too.
+/// The Label gets its control's size, and the selection's border too.
 void frmLabelProperty::refreshSize(const char* name, const QString& series) {
     const QSize size = control_.rect().size();
     change(name, series, [size](cLabel& label) {
         label.Width = size.width();
         label.Height = size.height();
     });
-    control_.setFramedRect(QRect(control_.framedRect().topLeft(), size));
+    control_.setBorderedRect(QRect(control_.borderedRect().topLeft(), size));
 }
 
 void frmLabelProperty::fill() {
     const cLabel shown = label();
-    font_.show(&shown.Font, "Yes");
+    font_.show(&shown.Font, tr("Yes"));
     cboBackcolor_->setColor(shown.BackColor);
-    cboBorder_->setCurrentText(shown.Border == WithBorder ? "Yes" : "No");
+    cboBorder_->setCurrentIndex(shown.Border == WithBorder ? YesIndex : YesIndex + 1);
     cboBorderColor_->setColor(shown.BorderColor);
     cboBorderColor_->setEnabled(shown.Border == WithBorder);
     txtText_->setText(shown.Text);
@@ -93,12 +106,12 @@ void frmLabelProperty::fill() {
 }
 
 void frmLabelProperty::connectCommits() {
-    font_.fontChosen = [this](const FontStyle& font) {
+    connect(&font_, &FontRows::fontChosen, this, [this](const FontStyle& font) {
         change(FontEdit, FontSeries, [&font](cLabel& record) { record.Font = font; });
-    };
-    font_.fontDialogClosed = [this] { fontChanged(); };
-    txtText_->value = [this] { return label().Text; };
-    txtText_->apply = [this](const QString& text) { return !committing() || commitText(text); };
+    });
+    connect(&font_, &FontRows::fontDialogClosed, this, &frmLabelProperty::fontChanged);
+    txtText_->bind([this] { return label().Text; },
+                   [this](const QString& text) { return !committing() || commitText(text); });
     connect(cboBackcolor_, &QComboBox::currentIndexChanged, this, [this] {
         if (committing() && cboBackcolor_->currentIndex() >= 0) {
             commitBackColor();
@@ -131,7 +144,7 @@ void frmLabelProperty::commitBackColor() {
 }
 
 void frmLabelProperty::commitBorder() {
-    const bool bordered = cboBorder_->currentText() == u"Yes";
+    const bool bordered = cboBorder_->currentIndex() == YesIndex;
     change(QT_TRANSLATE_NOOP("Edits", "Change label border"), u"border"_s,
            [bordered](cLabel& label) { label.Border = bordered ? WithBorder : qint16{0}; });
     cboBorderColor_->setEnabled(bordered);
@@ -151,7 +164,7 @@ bool frmLabelProperty::commitText(const QString& text) {
 
 void frmLabelProperty::fontChanged() {
     const cLabel shown = label();
-    font_.show(&shown.Font, "Yes");
+    font_.show(&shown.Font, tr("Yes"));
     control_.setFontStrikethru(shown.Font.Strikeout);
     control_.show(shown);
     refreshSize(FontEdit, FontSeries);

@@ -14,17 +14,34 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr PropertyRow SymbolRow{"Symbol", "Symbol", "Sets the displayed symbol"};
-constexpr PropertyRow HeightRow{"Height", "Height", "Sets the height of the symbol"};
-constexpr PropertyRow WidthRow{"Width", "Width", "Sets the width of the symbol"};
+constexpr PropertyRow SymbolRow{
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Symbol"),
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets the displayed symbol")};
+constexpr PropertyRow HeightRow{
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Height"),
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets the height of the symbol")};
+constexpr PropertyRow WidthRow{
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Width"),
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets the width of the symbol")};
 constexpr PropertyRow XRow{
-    "X", "X", "Sets the position of the left corner of the symbol with respect to the map"};
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "X"),
+    QT_TRANSLATE_NOOP(
+        "nubivane::PropertyGrid",
+        "Sets the position of the left corner of the symbol with respect to the map")};
 constexpr PropertyRow YRow{
-    "Y", "Y", "Sets the position of the top corner of the symbol with respect to the map"};
-constexpr PropertyRow LinkRow{"Link", "Link", "Sets the url to navigate to"};
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Y"),
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid",
+                      "Sets the position of the top corner of the symbol with respect to the map")};
+constexpr PropertyRow LinkRow{
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Link"),
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets the url to navigate to")};
 constexpr PropertyRow TooltipRow{
-    "Tooltip", "Tooltip", "Sets the text displayed when the mouse is paused over the symbol"};
-constexpr PropertyRow NoteRow{"Notes", "Notes", "Stores notes for internal use"};
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Tooltip"),
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid",
+                      "Sets the text displayed when the mouse is paused over the symbol")};
+constexpr PropertyRow NoteRow{
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Notes"),
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Stores notes for internal use")};
 
 constexpr int LeastExtent = 16;
 
@@ -38,18 +55,19 @@ std::optional<qint32> extent(const QString& text, int position, int map) {
 }  // namespace
 
 frmSymbolProperty::frmSymbolProperty(Workspace& workspace, Shell& shell, SpriteOnMap& control,
-                                     QWidget* parent)
+                                     SymbolChooser chooser, QWidget* parent)
     : PropertyDialog("frmSymbolProperty", tr("Symbol"), workspace, shell, parent),
       control_(control),
-      txtFilename_(grid_->addReadOnly(SymbolRow, "txtFilename")),
-      cmdSymbol_(grid_->addButton(txtFilename_, "cmdSymbol")),
-      txtHeight_(grid_->addChecked(HeightRow, "txtHeight", shell, InvalidValue)),
-      txtWidth_(grid_->addChecked(WidthRow, "txtWidth", shell, InvalidValue)),
+      chooser_(std::move(chooser)),
+      txtFilename_(grid_->addReadOnly(SymbolRow, u"txtFilename"_s)),
+      cmdSymbol_(grid_->addButton(txtFilename_, u"cmdSymbol"_s)),
+      txtHeight_(grid_->addChecked(HeightRow, u"txtHeight"_s, shell, invalidValue())),
+      txtWidth_(grid_->addChecked(WidthRow, u"txtWidth"_s, shell, invalidValue())),
       position_(*grid_, XRow, YRow, shell, control, workspace.pctMap),
-      txtLink_(grid_->addText(LinkRow, "txtLink")),
-      txtTooltip_(grid_->addText(TooltipRow, "txtTooltip")),
-      txtNote_(grid_->addText(NoteRow, "txtNote")) {
-    grid_->putBefore(txtLink_, new QLabel("http://"), "txtHttp");
+      txtLink_(grid_->addText(LinkRow, u"txtLink"_s)),
+      txtTooltip_(grid_->addText(TooltipRow, u"txtTooltip"_s)),
+      txtNote_(grid_->addText(NoteRow, u"txtNote"_s)) {
+    grid_->putBefore(txtLink_, new QLabel(u"http://"_s), u"txtHttp"_s);
     connectCommits();
 }
 
@@ -58,7 +76,6 @@ void frmSymbolProperty::Init() {
     if (selected && selected->kind == SpriteKind::Symbol &&
         workspace_.Frames().Item(workspace_.Status.CurrentFrame).Sprites().contains(*selected)) {
         id_ = *selected;
-        cmdSymbol_->setEnabled(openSymbolSelection != nullptr);
         run([this] { fill(); }, txtFilename_);
     }
 }
@@ -91,10 +108,10 @@ void frmSymbolProperty::fill() {
 
 void frmSymbolProperty::connectCommits() {
     connect(cmdSymbol_, &QToolButton::clicked, this, [this] { chooseSymbol(); });
-    txtHeight_->value = [this] { return QString::number(symbol().Height); };
-    txtHeight_->apply = [this](const QString& text) { return !committing() || commitHeight(text); };
-    txtWidth_->value = [this] { return QString::number(symbol().Width); };
-    txtWidth_->apply = [this](const QString& text) { return !committing() || commitWidth(text); };
+    txtHeight_->bind([this] { return QString::number(symbol().Height); },
+                     [this](const QString& text) { return !committing() || commitHeight(text); });
+    txtWidth_->bind([this] { return QString::number(symbol().Width); },
+                    [this](const QString& text) { return !committing() || commitWidth(text); });
     connect(txtLink_, &QLineEdit::textChanged, this, [this](const QString& text) {
         if (committing()) {
             change(QT_TRANSLATE_NOOP("Edits", "Change symbol link"), u"link"_s,
@@ -117,7 +134,9 @@ void frmSymbolProperty::connectCommits() {
 }
 
 void frmSymbolProperty::chooseSymbol() {
-    openSymbolSelection(*this);
+    if (const auto chosen = chooser_(this)) {
+        SelectedSymbol_ = *chosen;
+    }
     if (SelectedSymbol_.isEmpty()) {
         return;
     }
@@ -137,9 +156,9 @@ void frmSymbolProperty::chooseSymbol() {
         record.Width = size.width();
         record.Height = size.height();
     });
-    control_.setFramedRect(QRect(control_.framedRect().topLeft(), size));
-    txtHeight_->setText(txtHeight_->value());
-    txtWidth_->setText(txtWidth_->value());
+    control_.setBorderedRect(QRect(control_.borderedRect().topLeft(), size));
+    txtHeight_->showValue();
+    txtWidth_->showValue();
     control_.StartAnimation();
     shell_.processEvents();
 }
@@ -153,8 +172,8 @@ bool frmSymbolProperty::commitWidth(const QString& text) {
     change(QT_TRANSLATE_NOOP("Edits", "Resize symbol"), u"width"_s,
            [width](cSymbol& record) { record.Width = *width; });
     control_.Move({rect.topLeft(), QSize(*width, rect.height())});
-    const QRect framed = control_.framedRect();
-    control_.setFramedRect({QPoint(symbol().PosX, framed.y()), QSize(*width, framed.height())});
+    const QRect framed = control_.borderedRect();
+    control_.setBorderedRect({QPoint(symbol().PosX, framed.y()), QSize(*width, framed.height())});
     return true;
 }
 
@@ -167,8 +186,8 @@ bool frmSymbolProperty::commitHeight(const QString& text) {
     change(QT_TRANSLATE_NOOP("Edits", "Resize symbol"), u"height"_s,
            [height](cSymbol& record) { record.Height = *height; });
     control_.Move({rect.topLeft(), QSize(rect.width(), *height)});
-    const QRect framed = control_.framedRect();
-    control_.setFramedRect({QPoint(framed.x(), symbol().PosY), QSize(framed.width(), *height)});
+    const QRect framed = control_.borderedRect();
+    control_.setBorderedRect({QPoint(framed.x(), symbol().PosY), QSize(framed.width(), *height)});
     return true;
 }
 

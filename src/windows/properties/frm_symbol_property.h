@@ -3,6 +3,7 @@
 
 #include "windows/properties/position_rows.h"
 #include "windows/properties/property_dialog.h"
+#include "windows/properties/symbol_chooser.h"
 
 namespace nubivane {
 
@@ -11,16 +12,11 @@ class frmSymbolProperty : public PropertyDialog {
     Q_OBJECT
 
   public:
-    frmSymbolProperty(Workspace& workspace, Shell& shell, SpriteOnMap& control, QWidget* parent);
+    frmSymbolProperty(Workspace& workspace, Shell& shell, SpriteOnMap& control,
+                      SymbolChooser chooser, QWidget* parent);
 
     /// Shows the selected Symbol and waits until the dialog closes; nothing without one.
     void Init();
-
-    /// The file (path with backslashes) chosen by `openSymbolSelection`; empty for none.
-    void setSelectedSymbol(const QString& path) { SelectedSymbol_ = path; }
-
-    /// Lets the person choose a symbol and hands it to `setSelectedSymbol`.
-    std::function<void(frmSymbolProperty&)> openSymbolSelection;
 
   protected:
     void closing(QWidget* active) override { position_.closing(active); }
@@ -36,8 +32,9 @@ class frmSymbolProperty : public PropertyDialog {
     bool commitHeight(const QString& text);
 
     SpriteOnMap& control_;
+    SymbolChooser chooser_;
     SpriteId id_;
-    QString SelectedSymbol_;
+    QString SelectedSymbol_;  ///< the last one chosen; a picker that is shut leaves it
     QLineEdit* txtFilename_;
     QToolButton* cmdSymbol_;
     CheckedField* txtHeight_;

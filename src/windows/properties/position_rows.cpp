@@ -3,9 +3,13 @@
 
 #include "engine/core/number_text.h"
 
+#include <QCoreApplication>
+
 #include <utility>
 
 namespace nubivane {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -19,27 +23,27 @@ std::optional<qint16> position(const QString& text, int sprite, int map) {
 
 }  // namespace
 
+QString invalidValue() {
+    return QCoreApplication::translate("nubivane::PositionRows", "Invalid value.");
+}
+
 PositionRows::PositionRows(PropertyGrid& grid, const PropertyRow& x, const PropertyRow& y,
                            Shell& shell, SpriteOnMap& control, const MapSurface& map)
     : control_(control),
       map_(map),
-      txtPosX_(grid.addChecked(x, "txtPosX", shell, InvalidValue)),
-      txtPosY_(grid.addChecked(y, "txtPosY", shell, InvalidValue)) {}
+      txtPosX_(grid.addChecked(x, u"txtPosX"_s, shell, invalidValue())),
+      txtPosY_(grid.addChecked(y, u"txtPosY"_s, shell, invalidValue())) {}
 
 void PositionRows::show(std::function<QPoint()> shown, std::function<void(QPoint)> moveTo,
                         const std::function<bool()>& committing) {
     position_ = std::move(shown);
     moveTo_ = std::move(moveTo);
-    txtPosX_->value = [this] { return QString::number(position_().x()); };
-    txtPosY_->value = [this] { return QString::number(position_().y()); };
-    txtPosX_->apply = [this, committing](const QString& text) {
-        return !committing() || setX(text);
-    };
-    txtPosY_->apply = [this, committing](const QString& text) {
-        return !committing() || setY(text);
-    };
-    txtPosX_->setText(txtPosX_->value());
-    txtPosY_->setText(txtPosY_->value());
+    txtPosX_->bind([this] { return QString::number(position_().x()); },
+                   [this, committing](const QString& text) { return !committing() || setX(text); });
+    txtPosY_->bind([this] { return QString::number(position_().y()); },
+                   [this, committing](const QString& text) { return !committing() || setY(text); });
+    txtPosX_->showValue();
+    txtPosY_->showValue();
 }
 
 bool PositionRows::setX(const QString& text) {
@@ -50,8 +54,8 @@ bool PositionRows::setX(const QString& text) {
     }
     moveTo_({*x, position_().y()});
     control_.Move({QPoint(*x, rect.y()), rect.size()});
-    const QRect framed = control_.framedRect();
-    control_.setFramedRect({QPoint(*x, framed.y()), framed.size()});
+    const QRect framed = control_.borderedRect();
+    control_.setBorderedRect({QPoint(*x, framed.y()), framed.size()});
     return true;
 }
 
@@ -63,8 +67,8 @@ bool PositionRows::setY(const QString& text) {
     }
     moveTo_({position_().x(), *y});
     control_.Move({QPoint(rect.x(), *y), rect.size()});
-    const QRect framed = control_.framedRect();
-    control_.setFramedRect({QPoint(framed.x(), *y), framed.size()});
+    const QRect framed = control_.borderedRect();
+    control_.setBorderedRect({QPoint(framed.x(), *y), framed.size()});
     return true;
 }
 

@@ -11,7 +11,7 @@
 namespace nubivane {
 
 /// What every refusal of a number says.
-inline constexpr char InvalidValue[] = "Invalid value.";
+QString invalidValue();
 
 /// The rows X and Y of a sprite. It may lie half outside the map on each side.
 class PositionRows {

@@ -14,6 +14,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int Gap = 5;  // between the caption column and the fields
@@ -107,7 +109,7 @@ WrappedField* PropertyGrid::addWrapped(const PropertyRow& row, const QString& na
 }
 
 CheckedField* PropertyGrid::addChecked(const PropertyRow& row, const QString& name, Shell& shell,
-                                       const char* refusal) {
+                                       const QString& refusal) {
     auto* field = new CheckedField(shell, refusal);
     addRow(row, name, field);
     return field;
@@ -127,7 +129,7 @@ comboColor* PropertyGrid::addColor(const PropertyRow& row, const QString& name) 
 
 QToolButton* PropertyGrid::addWideButton(const PropertyRow& row, const QString& name) {
     auto* button = new QToolButton;
-    button->setText("...");
+    button->setText(u"..."_s);
     button->setFocusPolicy(Qt::StrongFocus);
     addRow(row, name, button);
     return button;
@@ -142,7 +144,7 @@ void PropertyGrid::putBefore(QWidget* field, QWidget* widget, const QString& nam
 QToolButton* PropertyGrid::addButton(QWidget* field, const QString& name) {
     auto* button = new QToolButton;
     button->setObjectName(name);
-    button->setText("...");
+    button->setText(u"..."_s);
     button->setFocusPolicy(Qt::StrongFocus);
     button->setAccessibleName(field->accessibleName());
     lines_.value(field)->addWidget(button);
@@ -152,7 +154,7 @@ QToolButton* PropertyGrid::addButton(QWidget* field, const QString& name) {
 
 void PropertyGrid::addRow(const PropertyRow& row, const QString& name, QWidget* field) {
     field->setObjectName(name);
-    field->setAccessibleName((section_ + ' ' + tr(row.caption)).trimmed());
+    field->setAccessibleName((section_ + u' ' + tr(row.caption)).trimmed());
     field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     field->setMinimumWidth(fontMetrics().averageCharWidth() * 8);
     auto* line = new QHBoxLayout;
@@ -190,7 +192,7 @@ QString PropertyGrid::withAccessKey(const QString& caption) {
 /// Rules off the row just added and leaves what the panel has too much of below it.
 void PropertyGrid::finishRow() {
     auto* sepLine = new QWidget;
-    sepLine->setObjectName("sepLine" + QString::number(++separators_));
+    sepLine->setObjectName(u"sepLine"_s + QString::number(++separators_));
     sepLine->setFixedHeight(1);
     sepLine->setAutoFillBackground(true);
     sepLine->setBackgroundRole(QPalette::Mid);

@@ -17,11 +17,11 @@ namespace nubivane {
 
 class ScrollPanel;
 
-/// What is fixed of a row: its caption and its help.
+/// What is fixed of a row: its caption and its help, to be translated in the grid's context.
 struct PropertyRow {
     const char* caption;
-    const char* helpTitle;
     const char* help;
+    const char* helpTitle = caption;
 };
 
 /// A form of rows, each a caption, a field and a separator line, on a panel that scrolls when it is
@@ -47,7 +47,7 @@ class PropertyGrid : public QWidget {
     TextField* addText(const PropertyRow& row, const QString& name);
     WrappedField* addWrapped(const PropertyRow& row, const QString& name);
     CheckedField* addChecked(const PropertyRow& row, const QString& name, Shell& shell,
-                             const char* refusal);
+                             const QString& refusal);
     comboEx* addChoice(const PropertyRow& row, const QString& name);
     comboColor* addColor(const PropertyRow& row, const QString& name);
     /// A button in place of a field, for what has a window of its own.

@@ -8,7 +8,7 @@
 
 namespace nubivane {
 
-/// The control on the map of the sprite that a property window edits, and the selection frame
+/// The control on the map of the sprite that a property window edits, and the selection's border
 /// around it. The window writes the model itself. Rectangles are pixels of the map.
 class SpriteOnMap {
   public:
@@ -18,9 +18,9 @@ class SpriteOnMap {
     virtual QRect rect() const = 0;
     virtual void Move(const QRect& rect) = 0;
 
-    /// The rectangle that the selection frame surrounds.
-    virtual QRect framedRect() const = 0;
-    virtual void setFramedRect(const QRect& rect) = 0;
+    /// The rectangle that the selection's border surrounds.
+    virtual QRect borderedRect() const = 0;
+    virtual void setBorderedRect(const QRect& rect) = 0;
 
     /// A Label's control takes over text, font, text colour and border, and its size from them.
     virtual void show(const cLabel& label) = 0;

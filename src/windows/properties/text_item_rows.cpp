@@ -11,20 +11,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr PropertyRow BackColorRow{"Back color", "Back color",
-                                   "Sets background color used to display text"};
+constexpr PropertyRow BackColorRow{
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Back color"),
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets background color used to display text")};
 
 }  // namespace
 
 TextItemRows::TextItemRows(PropertyGrid& grid, const QString& part, const char* textHelp)
     : font_(grid, part, part),
-      cboBackcolor_(grid.addColor(BackColorRow, "cbo" + part + "Backcolor")),
-      txtText_(grid.addWrapped({"Text", "Text", textHelp}, "txt" + part + "Text")) {
+      cboBackcolor_(grid.addColor(BackColorRow, u"cbo"_s + part + u"Backcolor"_s)),
+      txtText_(grid.addWrapped({QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Text"), textHelp},
+                               u"txt"_s + part + u"Text"_s)) {
     // After the font dialog flags are told with this other word until the item is shown again.
-    font_.fontChosen = [this](const FontStyle& font) {
+    QObject::connect(&font_, &FontRows::fontChosen, &font_, [this](const FontStyle& font) {
         item_->change({}, [&font](TextItem& item) { item.Font = font; });
-    };
-    font_.fontDialogClosed = [this] { fill("Si"); };
+    });
+    QObject::connect(&font_, &FontRows::fontDialogClosed, &font_, [this] { fill(tr("Si")); });
     commitColor(
         *cboBackcolor_, [this] { return committing(); },
         [this](qint32 color) {
@@ -39,10 +41,10 @@ TextItemRows::TextItemRows(PropertyGrid& grid, const QString& part, const char* 
 
 void TextItemRows::show(std::optional<RecordDoor<TextItem>> item) {
     item_ = std::move(item);
-    fill("Yes");
+    fill(tr("Yes"));
 }
 
-void TextItemRows::fill(const char* yes) {
+void TextItemRows::fill(const QString& yes) {
     const QScopedValueRollback<bool> filling(filling_, true);
     if (item_) {
         const TextItem item = item_->read();

@@ -6,12 +6,16 @@
 #include "windows/properties/property_grid.h"
 #include "windows/properties/record_door.h"
 
+#include <QCoreApplication>
+
 #include <optional>
 
 namespace nubivane {
 
 /// The rows of a header or body item of a forecast text.
 class TextItemRows {
+    Q_DECLARE_TR_FUNCTIONS(nubivane::TextItemRows)
+
   public:
     /// `part` stands in the fields' names, "Header" or "Body".
     TextItemRows(PropertyGrid& grid, const QString& part, const char* textHelp);
@@ -22,7 +26,7 @@ class TextItemRows {
     void show(std::optional<RecordDoor<TextItem>> item);
 
   private:
-    void fill(const char* yes);
+    void fill(const QString& yes);
     bool committing() const { return item_ && !filling_; }
 
     std::optional<RecordDoor<TextItem>> item_;

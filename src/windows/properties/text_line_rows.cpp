@@ -7,13 +7,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr PropertyRow BackColorRow{"Back color", "Back color",
-                                   "Sets background color used to display text"};
-constexpr PropertyRow BorderRow{"Border", "Border", "Sets border style"};
-constexpr PropertyRow BorderColorRow{"Border color", "Border color", "Sets border color"};
-constexpr PropertyRow AlignRow{"Alignment", "Alignment", "Sets alignment of text"};
+constexpr PropertyRow BackColorRow{
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Back color"),
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets background color used to display text")};
+constexpr PropertyRow BorderRow{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Border"),
+                                QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets border style")};
+constexpr PropertyRow BorderColorRow{
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Border color"),
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets border color")};
+constexpr PropertyRow AlignRow{
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Alignment"),
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets alignment of text")};
 
 constexpr qint16 WithBorder = 1;
+constexpr int YesIndex = 0;
 
 }  // namespace
 
@@ -30,28 +37,29 @@ void commitColor(comboColor& combo, std::function<bool()> committing,
 TextLineRows::TextLineRows(PropertyGrid& grid, const Names& names, std::function<bool()> committing)
     : committing_(std::move(committing)),
       font_(grid, names.part, names.buttonPart),
-      cboBackcolor_(grid.addColor(BackColorRow, "cbo" + names.part + "Backcolor")),
-      cboBorder_(grid.addChoice(BorderRow, "cbo" + names.part + "Border")),
-      cboBorderColor_(grid.addColor(BorderColorRow, "cbo" + names.part + "BorderColor")),
-      cboAlign_(grid.addChoice(AlignRow, "cbo" + names.part + "Align")),
-      txtText_(grid.addText({"Text", "Text", names.textHelp}, "txt" + names.part + "Text")) {
-    cboBorder_->addItems({"Yes", "No"});
-    cboAlign_->addItem("left", 0);
-    cboAlign_->addItem("right", 1);
-    cboAlign_->addItem("center", 2);
+      cboBackcolor_(grid.addColor(BackColorRow, u"cbo"_s + names.part + u"Backcolor"_s)),
+      cboBorder_(grid.addChoice(BorderRow, u"cbo"_s + names.part + u"Border"_s)),
+      cboBorderColor_(grid.addColor(BorderColorRow, u"cbo"_s + names.part + u"BorderColor"_s)),
+      cboAlign_(grid.addChoice(AlignRow, u"cbo"_s + names.part + u"Align"_s)),
+      txtText_(grid.addText({QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Text"), names.textHelp},
+                            u"txt"_s + names.part + u"Text"_s)) {
+    cboBorder_->addItems({tr("Yes"), tr("No")});
+    cboAlign_->addItem(tr("left"), 0);
+    cboAlign_->addItem(tr("right"), 1);
+    cboAlign_->addItem(tr("center"), 2);
     connectCommits();
 }
 
 void TextLineRows::show(RecordDoor<TextLine> line) {
     line_ = std::move(line);
-    fill("Yes");
+    fill(tr("Yes"));
 }
 
-void TextLineRows::fill(const char* yes) {
+void TextLineRows::fill(const QString& yes) {
     const TextLine line = line_.read();
     font_.show(&line.Font, yes);
     cboBackcolor_->setColor(line.BackColor);
-    cboBorder_->setCurrentText(line.Border == WithBorder ? "Yes" : "No");
+    cboBorder_->setCurrentIndex(line.Border == WithBorder ? YesIndex : YesIndex + 1);
     cboBorderColor_->setColor(line.BorderColor);
     cboBorderColor_->setEnabled(line.Border == WithBorder);
     cboAlign_->setCurrentIndex(cboAlign_->findData(line.Align));
@@ -61,10 +69,10 @@ void TextLineRows::fill(const char* yes) {
 
 void TextLineRows::connectCommits() {
     // After the font dialog flags are told with this other word until the window opens again.
-    font_.fontChosen = [this](const FontStyle& font) {
+    QObject::connect(&font_, &FontRows::fontChosen, &font_, [this](const FontStyle& font) {
         line_.change({}, [&font](TextLine& line) { line.Font = font; });
-    };
-    font_.fontDialogClosed = [this] { fill("Si"); };
+    });
+    QObject::connect(&font_, &FontRows::fontDialogClosed, &font_, [this] { fill(tr("Si")); });
     commitColor(*cboBackcolor_, committing_, [this](qint32 color) {
         line_.change(u"background"_s, [color](TextLine& line) { line.BackColor = color; });
     });
@@ -73,7 +81,7 @@ void TextLineRows::connectCommits() {
     });
     QObject::connect(cboBorder_, &QComboBox::currentIndexChanged, cboBorder_, [this] {
         if (committing_()) {
-            const bool bordered = cboBorder_->currentText() == u"Yes";
+            const bool bordered = cboBorder_->currentIndex() == YesIndex;
             line_.change(u"border"_s, [bordered](TextLine& line) {
                 line.Border = bordered ? WithBorder : qint16{0};
             });

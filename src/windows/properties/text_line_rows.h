@@ -6,10 +6,14 @@
 #include "windows/properties/property_grid.h"
 #include "windows/properties/record_door.h"
 
+#include <QCoreApplication>
+
 namespace nubivane {
 
 /// The rows of a title or a subtitle.
 class TextLineRows {
+    Q_DECLARE_TR_FUNCTIONS(nubivane::TextLineRows)
+
   public:
     struct Names {
         QString part;        ///< in the fields' names
@@ -29,7 +33,7 @@ class TextLineRows {
     TextField* txtText() const { return txtText_; }
 
   private:
-    void fill(const char* yes);
+    void fill(const QString& yes);
     void connectCommits();
 
     std::function<bool()> committing_;

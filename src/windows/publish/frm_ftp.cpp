@@ -22,6 +22,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int TextBoxCharacters = 40;
@@ -111,7 +113,7 @@ QBoxLayout* frmFtp::makeEncryption() {
     }
     imgLock_ = new QLabel;
     imgLock_->setObjectName("imgLock");
-    imgLock_->setPixmap(programIcon("unlock").pixmap(LockSize));
+    imgLock_->setPixmap(programIcon(u"unlock"_s).pixmap(LockSize));
     lblInClear_ = makeLabel("lblInClear", tr("the password travels in clear"));
     auto* row = new QHBoxLayout;
     row->addWidget(cboEncryption_);
@@ -136,7 +138,7 @@ QBoxLayout* frmFtp::makeLogins() {
                                          std::pair(FtpLogin::Anonymous, tr("Anon&ymous"))}) {
         const int number = static_cast<int>(login);
         auto* button = new QRadioButton(caption);
-        button->setObjectName("optLogin" + QString::number(number));
+        button->setObjectName(u"optLogin"_s + QString::number(number));
         // The Tab key stops at the checked button alone; arrows go on to the other.
         button->setFocusPolicy(Qt::ClickFocus);
         connect(button, &QRadioButton::toggled, button, [button](bool checked) {
@@ -172,7 +174,7 @@ QWidget* frmFtp::makeUploadList() {
          {std::pair(Symbols, tr("S&ymbols")), std::pair(Maps, tr("&Maps")),
           std::pair(HtmlPage, tr("Html &page"))}) {
         auto* box = new QCheckBox(caption);
-        box->setObjectName("chkUpload" + QString::number(number));
+        box->setObjectName(u"chkUpload"_s + QString::number(number));
         chkUpload_.at(number) = box;
         column->addWidget(box);
     }
@@ -313,7 +315,7 @@ void frmFtp::cmdApply_Click() {
 }
 
 void frmFtp::cmdHelp_Click() {
-    openHelp(QStringLiteral("ftpSettings.htm"));
+    Q_EMIT helpAsked(QStringLiteral("ftpSettings.htm"));
 }
 
 }  // namespace nubivane

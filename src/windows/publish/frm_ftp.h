@@ -6,7 +6,6 @@
 #include <QDialog>
 
 #include <array>
-#include <functional>
 
 class QBoxLayout;
 class QButtonGroup;
@@ -32,7 +31,8 @@ class frmFtp : public QDialog {
     /// Shows the settings at a tab and waits until the dialog is closed.
     void Init(FtpTab tab);
 
-    std::function<void(const QString& topic)> openHelp;
+  Q_SIGNALS:
+    void helpAsked(const QString& topic);
 
   private:
     QWidget* makeServerFrame();

@@ -32,6 +32,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int DefaultTimer = 4;
@@ -155,7 +157,7 @@ void frmPageSetting::addTypes(QGridLayout& grid) {
                                           std::pair(ExtendedView, tr("E&xtended view")),
                                           std::pair(Responsive, tr("&Responsive page"))}) {
         auto* button = new QRadioButton(caption);
-        button->setObjectName("optHtmlType" + QString::number(number));
+        button->setObjectName(u"optHtmlType"_s + QString::number(number));
         // The Tab key stops at the checked button alone; arrows go on to the others.
         button->setFocusPolicy(Qt::ClickFocus);
         connect(button, &QRadioButton::toggled, button, [button](bool checked) {
@@ -337,7 +339,7 @@ void frmPageSetting::savePageSettings() {
     settings.set(Setting::PageEffects, QString::number(cboEffects_->currentIndex()));
     scrollTimer_->interpretText();
     settings.set(Setting::PageTimer, QString::number(scrollTimer_->value()));
-    settings.set(Setting::PageShowForecastText, chkShowText_->isChecked() ? "1" : "0");
+    settings.set(Setting::PageShowForecastText, chkShowText_->isChecked() ? u"1"_s : u"0"_s);
     settings.set(Setting::PageLanguage, cboLanguage_->currentData().toString());
     settings.set(Setting::PageTheme, QString::number(cboTheme_->currentIndex()));
     settings.set(Setting::PagePlay, QString::number(cboPlay_->currentIndex()));
@@ -349,7 +351,7 @@ bool frmPageSetting::fileNameIsValid() {
         return true;
     }
     shell_.messageBox(
-        {"Insert a file name without htm/html extension", Icon::Exclamation, Buttons::Ok, {}});
+        {tr("Insert a file name without htm/html extension"), Icon::Exclamation, Buttons::Ok, {}});
     txtHTMLfilename_->setFocus();
     txtHTMLfilename_->selectAll();
     return false;
@@ -370,11 +372,11 @@ void frmPageSetting::cmdApply_Click() {
 }
 
 void frmPageSetting::cmdBrowse_Click() {
-    const QString file = shell_.openFileName({"Select picture", workspace_.folder.path(),
-                                              "All picture files |*.gif;*.jpg;*.jpeg;|"
-                                              "gif (*.gif)|*.gif|"
-                                              "jpg (*.jpg)|*.jpg|"
-                                              "jpeg (*.jpeg)|*.jpeg|"});
+    const QString file = shell_.openFileName({tr("Select picture"), workspace_.folder.path(),
+                                              tr("All picture files |*.gif;*.jpg;*.jpeg;|"
+                                                 "gif (*.gif)|*.gif|"
+                                                 "jpg (*.jpg)|*.jpg|"
+                                                 "jpeg (*.jpeg)|*.jpeg|")});
     if (file.isEmpty() || !host_files::fileExists(file)) {
         return;
     }
@@ -389,7 +391,7 @@ void frmPageSetting::cmdClear_Click() {
 }
 
 void frmPageSetting::cmdHelp_Click() {
-    openHelp(QStringLiteral("PageSettings.htm"));
+    Q_EMIT helpAsked(QStringLiteral("PageSettings.htm"));
 }
 
 }  // namespace nubivane

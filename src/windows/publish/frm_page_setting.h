@@ -3,8 +3,6 @@
 
 #include <QDialog>
 
-#include <functional>
-
 class QButtonGroup;
 class QCheckBox;
 class QComboBox;
@@ -37,7 +35,8 @@ class frmPageSetting : public QDialog {
     void loadPageSettings();
     void savePageSettings();
 
-    std::function<void(const QString& topic)> openHelp;
+  Q_SIGNALS:
+    void helpAsked(const QString& topic);
 
   private:
     QWidget* makeGeneralFrame();

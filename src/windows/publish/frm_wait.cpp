@@ -16,6 +16,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int InfoLines = 3;
@@ -43,7 +45,7 @@ frmWait::frmWait(const Workspace& workspace, QWidget* owner)
     lblInClear_->hide();
     cmdCancel_->setObjectName("cmdCancel");
     cmdCancel_->setAutoDefault(false);  // a Return too many must not stop the upload
-    connect(cmdCancel_, &QPushButton::clicked, this, [this] { cancelled(); });
+    connect(cmdCancel_, &QPushButton::clicked, this, &frmWait::cancelled);
     auto* column = new QVBoxLayout(this);
     column->addWidget(pctUpload_, 0, Qt::AlignHCenter);
     column->addWidget(lblInfo_);
@@ -56,7 +58,7 @@ frmWait::frmWait(const Workspace& workspace, QWidget* owner)
 
 void frmWait::Init(const QString& caption) {
     setWindowTitle(caption);
-    pctUpload_->playFile(workspace_.folder.entry("Media\\fileUpload.gif"));
+    pctUpload_->playFile(workspace_.folder.entry(u"Media\\fileUpload.gif"_s));
     ProgressBar_->setValue(0);
     clock_.start();
     show();

@@ -4,8 +4,6 @@
 #include <QDialog>
 #include <QElapsedTimer>
 
-#include <functional>
-
 class QLabel;
 class QProgressBar;
 class QPushButton;
@@ -34,10 +32,11 @@ class frmWait : public QDialog {
     void showOpenLock();
     void disableCancel();
 
-    /// The Cancel button was pressed.
-    std::function<void()> cancelled;
-
     void reject() override {}  // an upload under way is left by its button alone
+
+  Q_SIGNALS:
+    /// The Cancel button was pressed.
+    void cancelled();
 
   protected:
     void closeEvent(QCloseEvent* event) override;

@@ -14,6 +14,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int LogoSize = 128;
@@ -81,7 +83,8 @@ frmAbout::frmAbout(const Publisher& publisher, Shell& shell, QWidget* parent)
     onGround.setColor(QPalette::WindowText, colors.text);
     gradientAbout->setPalette(onGround);
     auto* imgLogo = makeLabel("imgLogo", {});
-    imgLogo->setPixmap(programIcon("logo").pixmap(QSize(LogoSize, LogoSize), devicePixelRatioF()));
+    imgLogo->setPixmap(
+        programIcon(u"logo"_s).pixmap(QSize(LogoSize, LogoSize), devicePixelRatioF()));
     auto* ground = new QHBoxLayout(gradientAbout);
     ground->setContentsMargins(Margin, Margin, Margin, Margin);
     ground->setSpacing(Margin);
@@ -111,7 +114,7 @@ QWidget* frmAbout::makeTexts(const Publisher& publisher) {
     column->setContentsMargins(0, 0, 0, 0);
     QLabel* lblSoftware = makeLabel("lblSoftware", ProgramTitle);
     setPoints(*lblSoftware, 2, true);
-    QLabel* lblVersion = makeLabel("lblVersion", QString(Version) + " Beta");
+    QLabel* lblVersion = makeLabel("lblVersion", QString(Version) + u" Beta"_s);
     setPoints(*lblVersion, 1.2, false);
     QLabel* lblLegal =
         makeLabel("lblLegal", tr("Nubivane is free software under the GNU General Public License, "
@@ -127,7 +130,7 @@ QWidget* frmAbout::makeTexts(const Publisher& publisher) {
                                "lblWebLink", publisher.webAddress, publisher.webAddress));
     column->addWidget(makeLink("lblTechnicalSupport", tr("For technical support question:"),
                                "lblEMail", publisher.supportAddress,
-                               "mailto:" + publisher.supportAddress));
+                               u"mailto:"_s + publisher.supportAddress));
     column->addStretch();
     return texts;
 }
@@ -142,7 +145,7 @@ QWidget* frmAbout::makeLink(const char* captionName, const QString& caption, con
     column->addWidget(makeLabel(captionName, caption));
     auto* link = new LinkLabel(text, colorsFor(palette()).link);
     link->setObjectName(linkName);
-    link->activated = [this, address] { shell_.openAddress(address); };
+    connect(link, &LinkLabel::activated, this, [this, address] { shell_.openAddress(address); });
     column->addWidget(link, 0, Qt::AlignLeft);
     pair->setVisible(!text.isEmpty());
     return pair;

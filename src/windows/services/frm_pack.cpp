@@ -14,6 +14,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int ImageSize = 48;
@@ -56,7 +58,8 @@ QWidget* frmPack::makePack() {
     fraPack->setFrameShape(QFrame::StyledPanel);
     auto* Image1 = new QLabel;
     Image1->setObjectName("Image1");
-    Image1->setPixmap(programIcon("pack").pixmap(QSize(ImageSize, ImageSize), devicePixelRatioF()));
+    Image1->setPixmap(
+        programIcon(u"pack"_s).pixmap(QSize(ImageSize, ImageSize), devicePixelRatioF()));
     lblInfo_->setObjectName("lblInfo");
     lblInfo_->setTextFormat(Qt::PlainText);
     lblInfo_->setWordWrap(true);

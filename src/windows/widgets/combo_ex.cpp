@@ -7,11 +7,13 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 comboEx::comboEx(QWidget* parent) : QComboBox(parent) {
     setFocusPolicy(Qt::StrongFocus);
     setMaxVisibleItems(14);
     // Some styles would otherwise cover the whole screen with a long list.
-    setStyleSheet("QComboBox { combobox-popup: 0; }");
+    setStyleSheet(u"QComboBox { combobox-popup: 0; }"_s);
 }
 
 void comboEx::showPopup() {

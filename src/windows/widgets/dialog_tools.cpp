@@ -9,6 +9,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 DialogTools::DialogTools(const char* name, const QString& title, QWidget* parent)
     : QToolBar(title, parent) {
     setObjectName(name);
@@ -25,7 +27,7 @@ QAction* DialogTools::add(const DialogTool& tool, std::function<void()> handler)
     action->setShortcut(tool.shortcut);
     QString hint = tool.hint;
     if (!tool.shortcut.isEmpty()) {
-        hint += " (" + tool.shortcut.toString(QKeySequence::NativeText) + ')';
+        hint += u" ("_s + tool.shortcut.toString(QKeySequence::NativeText) + u')';
     }
     action->setToolTip(hint);
     connect(action, &QAction::triggered, this, std::move(handler));

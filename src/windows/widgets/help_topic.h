@@ -11,7 +11,7 @@ class Workspace;
 /// Shows a topic of the help file, such as "index.htm". Where there is no help file, or no such
 /// topic in it, a box says `notFound`.
 void openHelpTopic(const Workspace& workspace, Shell& shell, const QString& topic,
-                   const QString& notFound = QStringLiteral("Help not found."));
+                   const QString& notFound = {});
 
 /// The topic that tells about a window, by the window's object name; empty for one without any.
 QString helpTopicOf(const QString& window);

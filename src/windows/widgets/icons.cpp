@@ -17,6 +17,8 @@ static void loadIcons() {
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int SmallSize = 20;  // up to here the small drawing serves, logical pixels
@@ -56,8 +58,9 @@ class SvgIcon : public QIconEngine {
   private:
     QPixmap draw(const QSize& size, QIcon::Mode mode, qreal scale) const {
         const bool isSmall = std::max(size.width(), size.height()) <= SmallSize * scale;
-        const QString small = ":/icons/" + name_ + "-16.svg";
-        QImageReader reader(isSmall && QFile::exists(small) ? small : ":/icons/" + name_ + ".svg");
+        const QString small = u":/icons/"_s + name_ + u"-16.svg"_s;
+        QImageReader reader(isSmall && QFile::exists(small) ? small
+                                                            : u":/icons/"_s + name_ + u".svg"_s);
         reader.setScaledSize(reader.size().scaled(size, Qt::KeepAspectRatio));
         QPixmap pixmap = QPixmap::fromImage(reader.read());
         if (mode == QIcon::Disabled) {

@@ -27,7 +27,7 @@ void LinkLabel::mousePressEvent(QMouseEvent* event) {
 
 void LinkLabel::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
-        activated();
+        Q_EMIT activated();
     }
 }
 
@@ -36,7 +36,7 @@ void LinkLabel::keyPressEvent(QKeyEvent* event) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
         case Qt::Key_Space:
-            activated();
+            Q_EMIT activated();
             break;
         default:
             QLabel::keyPressEvent(event);

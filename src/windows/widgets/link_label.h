@@ -14,7 +14,8 @@ class LinkLabel : public QLabel {
   public:
     LinkLabel(const QString& text, const QColor& color, QWidget* parent = nullptr);
 
-    std::function<void()> activated;
+  Q_SIGNALS:
+    void activated();
 
   protected:
     void mousePressEvent(QMouseEvent* event) override;

@@ -230,16 +230,9 @@ ListImage::ListImage(AnimationCache& animations, QWidget* parent)
             timer_.start(Pause);
         }
     });
-    connect(selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
-        if (selectionChanged) {
-            selectionChanged();
-        }
-    });
-    connect(this, &QListView::doubleClicked, this, [this](const QModelIndex& index) {
-        if (activatedFile) {
-            activatedFile(model_->path(index.row()));
-        }
-    });
+    connect(selectionModel(), &QItemSelectionModel::currentChanged, this, &ListImage::fileSelected);
+    connect(this, &QListView::doubleClicked, this,
+            [this](const QModelIndex& index) { Q_EMIT fileActivated(model_->path(index.row())); });
 }
 
 void ListImage::load(const QString& folder) {
@@ -281,15 +274,15 @@ void ListImage::play() {
 }
 
 void ListImage::startDrag(Qt::DropActions) {
-    if (currentIndex().isValid() && dragStarting) {
-        dragStarting(model_->path(currentIndex().row()));
+    if (currentIndex().isValid()) {
+        Q_EMIT dragStarting(model_->path(currentIndex().row()));
     }
 }
 
 void ListImage::keyPressEvent(QKeyEvent* event) {
     if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
-        currentIndex().isValid() && activatedFile) {
-        activatedFile(selectedFile());
+        currentIndex().isValid()) {
+        Q_EMIT fileActivated(selectedFile());
         return;
     }
     QListView::keyPressEvent(event);

@@ -79,9 +79,10 @@ class ListImage : public QListView {
     /// Selects the thumbnail of a file if it is there.
     void selectFile(const QString& file);
 
-    std::function<void()> selectionChanged;  ///< not called when a folder is listed anew
-    std::function<void(const QString& file)> dragStarting;
-    std::function<void(const QString& file)> activatedFile;  ///< Enter or a double click
+  Q_SIGNALS:
+    void fileSelected();  ///< not told when a folder is listed anew
+    void dragStarting(const QString& file);
+    void fileActivated(const QString& file);  ///< Enter or a double click
 
   protected:
     void startDrag(Qt::DropActions actions) override;

@@ -56,9 +56,7 @@ class NameList::Field : public QStyledItemDelegate {
             QMetaObject::invokeMethod(
                 &list_,
                 [list = &list_, key = index.data(KeyRole).toString(), name] {
-                    if (list->nameTyped) {
-                        list->nameTyped(key, name);
-                    }
+                    Q_EMIT list->nameTyped(key, name);
                 },
                 Qt::QueuedConnection);
         }

@@ -28,11 +28,12 @@ class NameList : public QListWidget {
 
     /// Lets the person type a name for the selected row.
     void startRenaming();
-    /// Takes what is being typed as it stands; `nameTyped` has been called when it returns.
+    /// Takes what is being typed as it stands; `nameTyped` has been told when it returns.
     void finishRenaming();
 
-    /// A name was typed for the row of a key. Called when the field has closed.
-    std::function<void(const QString& key, const QString& name)> nameTyped;
+  Q_SIGNALS:
+    /// A name was typed for the row of a key. Told when the field has closed.
+    void nameTyped(const QString& key, const QString& name);
 
   private:
     class Field;

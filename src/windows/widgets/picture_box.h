@@ -21,7 +21,7 @@ class PictureBox : public QWidget {
     /// What stands in the empty box.
     void setEmptyText(const QString& text);
     QString emptyText() const { return emptyText_; }
-    /// Whether it has ground and frame of its own, as fields have. It has at first.
+    /// Whether it has ground and border of its own, as fields have. It has at first.
     void setFramed(bool framed);
 
   protected:

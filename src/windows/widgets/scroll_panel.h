@@ -37,7 +37,7 @@ class ScrollPanel : public QFrame {
     void arrange();
     void place();
 
-    QWidget* view_;  ///< keeps the panel off the frame's edge
+    QWidget* view_;  ///< keeps the panel off the border
     QWidget* fraText_;
     QScrollBar* VScroll_;
 };

@@ -40,30 +40,35 @@ void TextField::focusOutEvent(QFocusEvent* event) {
     }
 }
 
-CheckedField::CheckedField(Shell& shell, const char* refusal, QWidget* parent)
+CheckedField::CheckedField(Shell& shell, const QString& refusal, QWidget* parent)
     : TextField(parent), shell_(shell), refusal_(refusal) {}
 
+void CheckedField::bind(std::function<QString()> value, std::function<bool(const QString&)> apply) {
+    value_ = std::move(value);
+    apply_ = std::move(apply);
+}
+
 bool CheckedField::take() {
-    const bool good = apply(text());
-    setText(value());
+    const bool good = apply_(text());
+    showValue();
     return good;
 }
 
 void CheckedField::commit() {
-    if (apply && !take()) {
+    if (apply_ && !take()) {
         refuse();
     }
 }
 
 void CheckedField::refuse() {
-    setText(value());
+    showValue();
     shell_.messageBox({refusal_, Icon::Critical, Buttons::Ok, {}});
     selectAll();
 }
 
 /// What nobody has changed was good enough before and is no reason to complain now.
 void CheckedField::left() {
-    if (apply && isModified() && text() != value() && !take()) {
+    if (apply_ && isModified() && text() != value_() && !take()) {
         // A box in the middle of a change of focus would swallow the click that caused it.
         QTimer::singleShot(0, this, &CheckedField::refuse);
     }

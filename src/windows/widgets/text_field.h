@@ -32,13 +32,14 @@ class CheckedField : public TextField {
     Q_OBJECT
 
   public:
-    CheckedField(Shell& shell, const char* refusal, QWidget* parent = nullptr);
+    CheckedField(Shell& shell, const QString& refusal, QWidget* parent = nullptr);
 
-    /// Applies a text if it is good and tells whether it was. Without one the field is at rest.
-    std::function<bool(const QString&)> apply;
-    /// The value that stands, as text.
-    std::function<QString()> value;
+    /// From now on `apply` takes a text if it is good and tells whether it was, and `value` is what
+    /// stands, as text. Until then the field is at rest.
+    void bind(std::function<QString()> value, std::function<bool(const QString&)> apply);
 
+    /// Shows the value that stands.
+    void showValue() { setText(value_()); }
     /// Checks and applies the text now, with the box if it is bad.
     void commit();
     /// Shows the value that stands and says that the text was refused.
@@ -51,8 +52,11 @@ class CheckedField : public TextField {
   private:
     bool take();
 
+    std::function<QString()> value_;
+    std::function<bool(const QString&)> apply_;
+
     Shell& shell_;
-    const char* refusal_;
+    QString refusal_;
 };
 
 }  // namespace nubivane

@@ -146,7 +146,8 @@ TEST_F(Playing, OneTimerMovesSymbolsOfDifferentDelays) {
     const QRect quickArea = symbolControl(quick)->rect;
     const QRect slowArea = symbolControl(slow)->rect;
     QList<QRect> painted;
-    sprites().changed = [&](const QRect& area) { painted << area; };
+    QObject::connect(&sprites(), &SpriteStack::changed, &sprites(),
+                     [&](const QRect& area) { painted << area; });
     EXPECT_TRUE(QTest::qWaitFor([&] { return painted.count(slowArea) >= 2; }, Patience));
     EXPECT_GT(painted.count(quickArea), painted.count(slowArea));
     // Nothing but the two symbols is painted again.

@@ -109,7 +109,7 @@ TEST_F(Selecting, OfSpritesOnTopOfEachOtherTheUppermostIsSelected) {
 TEST_F(Selecting, ClearingANonexistentSelectionChangesNothing) {
     startWithSprites();
     int refreshed = 0;
-    selection().commandsChanged = [&] { ++refreshed; };
+    QObject::connect(&selection(), &Selection::commandsChanged, &selection(), [&] { ++refreshed; });
     window().clearSelection();
     EXPECT_EQ(refreshed, 0);
     click({100, 100});

@@ -21,7 +21,7 @@ class ChangingTheMap : public testing::EditorFixture {
     }
     void TearDown() override { workspace.ProjectChanged = false; }
 
-    void change() { window().frameCommands().changeMap(model("Maps/italy.png")); }
+    void change() { window().findChild<FrameCommands*>()->changeMap(model("Maps/italy.png")); }
 };
 
 TEST_F(ChangingTheMap, ShowsTheMapAndKeepsItForTheNextStart) {
@@ -48,7 +48,7 @@ TEST_F(ChangingTheMap, DiscardsTheDrawingsOfEveryFrame) {
     EXPECT_TRUE(workspace.pctPanel.picture(2).isEmpty());
     // And the Frame that was left unseen shows the new map too.
     window().tabs().select(2);
-    window().frameCommands().changeFrame();
+    window().findChild<FrameCommands*>()->changeFrame();
     EXPECT_EQ(workspace.pctMap.image().image().pixelColor(9, 9), QColor(Qt::green));
 }
 
@@ -70,7 +70,7 @@ TEST_F(ChangingTheMap, EveryTabStillHasItsFrame) {
 
 TEST_F(ChangingTheMap, AMapThatCannotBeReadLeavesTheProjectAlone) {
     testing::writeFile(host("Maps/broken.jpg"), "no picture");
-    EXPECT_THROW(window().frameCommands().changeMap(model("Maps/broken.jpg")), Error);
+    EXPECT_THROW(window().findChild<FrameCommands*>()->changeMap(model("Maps/broken.jpg")), Error);
     EXPECT_TRUE(workspace.Status.CurrentMap.endsWith("europe.jpg"));
     EXPECT_EQ(frame(1).Sprites().Symbols().Count(), 1);
     EXPECT_EQ(shell.pointer, Pointer::Default);

@@ -77,7 +77,7 @@ TEST_F(ClipboardDelete, DeleteWithoutASelectionDoesNothing) {
     start();
     placeSymbol({100, 100});
     window().clearSelection();
-    window().clipboardCommands().deleteSprite();
+    window().findChild<ClipboardCommands*>()->deleteSprite();
     EXPECT_EQ(symbols().Count(), 1);
 }
 
@@ -241,7 +241,7 @@ TEST_F(ClipboardDelete, RestoreOfALabelDoesNothing) {
     start();
     const QString key = placeLabel({100, 100});
     const QRect before = labelControl(key)->rect;
-    window().clipboardCommands().restoreSprite();
+    window().findChild<ClipboardCommands*>()->restoreSprite();
     EXPECT_EQ(labelControl(key)->rect, before);
     EXPECT_EQ(selection().control(), labelControl(key));
 }

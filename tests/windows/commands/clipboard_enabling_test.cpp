@@ -76,9 +76,9 @@ TEST_F(ClipboardEnabling, AnotherProgramsTextEndsThePaste) {
     trigger("mnuCopy");
     clipboard().setText("Sunny intervals");
     expectPaste(false);
-    EXPECT_FALSE(window().clipboardCommands().clipboardHasSprite());
+    EXPECT_FALSE(window().findChild<ClipboardCommands*>()->clipboardHasSprite());
     // The copy is kept, but the road to it is closed.
-    window().clipboardCommands().pasteSprite();
+    window().findChild<ClipboardCommands*>()->pasteSprite();
     EXPECT_EQ(symbols().Count(), 1);
 }
 

@@ -327,7 +327,7 @@ TEST_F(ClipboardPaste, CopyingWithoutASelectionForgetsTheCopyAndLeavesTheClipboa
     placeSymbol({100, 100});
     trigger("mnuCopy");
     window().clearSelection();
-    window().clipboardCommands().copySprite();
+    window().findChild<ClipboardCommands*>()->copySprite();
     EXPECT_EQ(marker(), "S<4><5>");
     trigger("mnuPaste");
     EXPECT_EQ(keys(), QStringList({"S K-1"}));
@@ -374,7 +374,7 @@ TEST_F(ClipboardPaste, AMovingSymbolPlaysAfterThePaste) {
     trigger("mnuPaste");
     auto* control = dynamic_cast<GifSymbol*>(symbolControl("K-2"));
     ASSERT_NE(control, nullptr);
-    EXPECT_TRUE(control->nextChange(sprites().now()).has_value());
+    EXPECT_TRUE(control->nextChange(window().canvas().clock().now()).has_value());
 }
 
 TEST_F(ClipboardPaste, ALockedMapTakesAPaste) {

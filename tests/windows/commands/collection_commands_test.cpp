@@ -116,7 +116,7 @@ TEST_F(CollectionCommandsOfTheMenu, CancelLeavesTheProjectAsItIs) {
 TEST_F(CollectionCommandsOfTheMenu, TheBarsButtonsAreTheSameCommands) {
     for (const auto& [button, command] :
          {std::pair("btnSymbols", "mnuCollection"), std::pair("btnMap", "mnuOpenMap")}) {
-        const auto* shown = window().toolStrip().findChild<QToolButton*>(button);
+        const auto* shown = window().findChild<ToolStrip*>()->findChild<QToolButton*>(button);
         ASSERT_TRUE(shown);
         EXPECT_EQ(shown->defaultAction(), window().commands().action(command));
         EXPECT_TRUE(shown->isEnabled());

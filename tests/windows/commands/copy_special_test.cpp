@@ -24,10 +24,12 @@ class CopyingSpecially : public testing::EditorFixture {
     }
     void TearDown() override { workspace.ProjectChanged = false; }
 
-    void copy(const QString& request) { window().copySpecial().copyBetweenFrames(request); }
+    void copy(const QString& request) {
+        window().findChild<CopySpecial*>()->copyBetweenFrames(request);
+    }
     void showFrame(int number) {
         window().tabs().select(number);
-        window().frameCommands().changeFrame();
+        window().findChild<FrameCommands*>()->changeFrame();
     }
     int symbols(int number) { return frame(number).Sprites().Symbols().Count(); }
     int labels(int number) { return frame(number).Sprites().Labels().Count(); }
@@ -213,7 +215,7 @@ TEST_F(CopyingSpecially, TheWindowOffersEveryFrameAndStartsWithTheFirstTwo) {
         }
         EXPECT_EQ(testing::part<QComboBox>(dialog, "cboSourceMap")->currentIndex(), 0);
         EXPECT_EQ(testing::part<QComboBox>(dialog, "cboDestMap")->currentIndex(), 1);
-        EXPECT_EQ(window().copySpecial().CopyInfo, "");
+        EXPECT_EQ(window().findChild<CopySpecial*>()->CopyInfo, "");
     });
 }
 
@@ -224,7 +226,7 @@ TEST_F(CopyingSpecially, OKCopiesAsTheWindowSays) {
         testing::clickPart(dialog, "cmdOk");
         EXPECT_FALSE(dialog.isVisible());
     });
-    EXPECT_EQ(window().copySpecial().CopyInfo, "1|3|1");
+    EXPECT_EQ(window().findChild<CopySpecial*>()->CopyInfo, "1|3|1");
     EXPECT_EQ(symbols(1) + labels(1), 0);
     EXPECT_EQ(symbols(3) + labels(3), 2);
     expectCanvasShowsItsFrame();
@@ -232,9 +234,9 @@ TEST_F(CopyingSpecially, OKCopiesAsTheWindowSays) {
 }
 
 TEST_F(CopyingSpecially, CancelAndEscapeCopyNothing) {
-    window().copySpecial().CopyInfo = "1|2|1";
+    window().findChild<CopySpecial*>()->CopyInfo = "1|2|1";
     inWindow([](frmUtility& dialog) { testing::clickPart(dialog, "cmdCancel"); });
-    EXPECT_EQ(window().copySpecial().CopyInfo, "");
+    EXPECT_EQ(window().findChild<CopySpecial*>()->CopyInfo, "");
     inWindow([](frmUtility& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
     EXPECT_EQ(symbols(1) + labels(1), 2);
     EXPECT_EQ(labels(2), 0);
@@ -260,7 +262,7 @@ TEST_F(CopyingSpecially, EachMissingChoiceGetsItsBoxAndTheKeyboardGoesThere) {
         testing::clickPart(dialog, "cmdOk");
         EXPECT_EQ(dialog.focusWidget(), destination);
         EXPECT_TRUE(dialog.isVisible());
-        EXPECT_EQ(window().copySpecial().CopyInfo, "");
+        EXPECT_EQ(window().findChild<CopySpecial*>()->CopyInfo, "");
     });
 }
 

@@ -127,20 +127,20 @@ const QStringList SpriteMenu = {"subRestore|Restore",
 
 }  // namespace
 
-using Menus = testing::EditorFixture;
+using MenusOfTheEditor = testing::EditorFixture;
 
-TEST_F(Menus, TheTreeHasEveryEntryInItsPlace) {
+TEST_F(MenusOfTheEditor, TheTreeHasEveryEntryInItsPlace) {
     start();
     EXPECT_THAT(rowsOf(window().menuBar()->actions()), ::testing::ElementsAreArray(MenuTree));
 }
 
-TEST_F(Menus, TheMenuOfASpriteHasItsEntriesInOrder) {
+TEST_F(MenusOfTheEditor, TheMenuOfASpriteHasItsEntriesInOrder) {
     start();
     EXPECT_THAT(rowsOf(window().findChild<QMenu*>("MenuPopup")->actions()),
                 ::testing::ElementsAreArray(SpriteMenu));
 }
 
-TEST_F(Menus, TheMenuOfASpriteIsEnabledAsTheCommandsAre) {
+TEST_F(MenusOfTheEditor, TheMenuOfASpriteIsEnabledAsTheCommandsAre) {
     start();
     const QList<std::pair<const char*, const char*>> pairs = {
         {"subRestore", "mnuRestore"},  {"subCut", "mnuCut"},
@@ -162,7 +162,7 @@ TEST_F(Menus, TheMenuOfASpriteIsEnabledAsTheCommandsAre) {
     workspace.ProjectChanged = false;
 }
 
-TEST_F(Menus, ARightClickOnASpriteShowsItsMenu) {
+TEST_F(MenusOfTheEditor, ARightClickOnASpriteShowsItsMenu) {
     start();
     placeSymbol({200, 150});
     click({200, 150}, Qt::RightButton);
@@ -170,7 +170,7 @@ TEST_F(Menus, ARightClickOnASpriteShowsItsMenu) {
     workspace.ProjectChanged = false;
 }
 
-TEST_F(Menus, NoTwoCommandsShareAKey) {
+TEST_F(MenusOfTheEditor, NoTwoCommandsShareAKey) {
     start();
     QHash<QString, QString> keys;
     for (const CommandRow& row : commandTable()) {
@@ -184,7 +184,7 @@ TEST_F(Menus, NoTwoCommandsShareAKey) {
     EXPECT_TRUE(keys.contains("Ctrl+S"));
 }
 
-TEST_F(Menus, RefreshListReadsTheFolderAgain) {
+TEST_F(MenusOfTheEditor, RefreshListReadsTheFolderAgain) {
     start();
     const ListImage* list = window().palette().currentList();
     ASSERT_TRUE(list);
@@ -196,13 +196,13 @@ TEST_F(Menus, RefreshListReadsTheFolderAgain) {
     EXPECT_EQ(shell.pointer, Pointer::Default);
 }
 
-TEST_F(Menus, WithoutAHelpFileABoxSaysSo) {
+TEST_F(MenusOfTheEditor, WithoutAHelpFileABoxSaysSo) {
     start();
     shell.expectMessage("Help not found.", Icon::Critical);
     trigger("mnuSommario");
 }
 
-TEST_F(Menus, TheKeyF1AsksForTheHelp) {
+TEST_F(MenusOfTheEditor, TheKeyF1AsksForTheHelp) {
     start();
     window().activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
@@ -224,7 +224,7 @@ TEST(CommandTable, ACommandThatNobodyHandlesStaysDisabled) {
     EXPECT_FALSE(commands[Command::mnuCut]->isEnabled());
 }
 
-TEST_F(Menus, EachTopMenuHasAnAccessKeyOfItsOwn) {
+TEST_F(MenusOfTheEditor, EachTopMenuHasAnAccessKeyOfItsOwn) {
     start();
     QSet<QString> keys;
     for (const QAction* head : window().menuBar()->actions()) {
@@ -235,7 +235,7 @@ TEST_F(Menus, EachTopMenuHasAnAccessKeyOfItsOwn) {
     }
 }
 
-TEST_F(Menus, TheEntryOfTheLockShowsItsCheckMarkAndNoIconInItsPlace) {
+TEST_F(MenusOfTheEditor, TheEntryOfTheLockShowsItsCheckMarkAndNoIconInItsPlace) {
     start();
     QAction* lock = window().commands()[Command::mnuLock];
     EXPECT_TRUE(lock->isCheckable());

@@ -42,7 +42,7 @@ class Printing : public CanvasFixture {
     void TearDown() override { workspace.ProjectChanged = false; }
     void startPrinting() {
         start();
-        window().printCommands().printer = std::make_unique<PaperPrinter>(log);
+        window().findChild<PrintCommands*>()->printer = std::make_unique<PaperPrinter>(log);
     }
     const QImage& page() { return log.pages.at(0); }
 

@@ -108,7 +108,7 @@ TEST_F(ProjectMenu, OpenShowsTheFirstFrameWithItsSprites) {
     EXPECT_TRUE(window().acceptsInput());
     EXPECT_TRUE(window().commands()[Command::mnuFrameRemove]->isEnabled());
     window().tabs().select(2);
-    window().frameCommands().changeFrame();
+    window().findChild<FrameCommands*>()->changeFrame();
     EXPECT_EQ(window().canvas().sprites().lblTesto().upperBound(), 1);
 }
 
@@ -116,7 +116,7 @@ TEST_F(ProjectMenu, OpenDoesNotKeepTheMapForTheNextStart) {
     start();
     const QString kept = settings.text(Setting::CurrentMap);
     testing::writeFile(host("Maps/italy.jpg"), testing::readFile(host("Maps/europe.jpg")));
-    window().frameCommands().changeMap(model("Maps/italy.jpg"));
+    window().findChild<FrameCommands*>()->changeMap(model("Maps/italy.jpg"));
     save("week.nvpf");
     settings.set(Setting::CurrentMap, kept);
     openFromMenu("week.nvpf");
@@ -224,7 +224,9 @@ TEST_F(ProjectMenu, OpenAsksBeforeItsDialog) {
 TEST_F(ProjectMenu, NewWithoutItsMapEndsTheProgram) {
     start();
     bool ended = false;
-    window().projectCommands().terminate = [&ended] { ended = true; };
+    QObject::disconnect(&window().projectCommands(), &ProjectCommands::terminate, qApp, nullptr);
+    QObject::connect(&window().projectCommands(), &ProjectCommands::terminate, &window(),
+                     [&ended] { ended = true; });
     QFile::remove(host("Maps/europe.jpg"));
     shell.expectMessage("An error occurred while initializing. The application will be terminated.",
                         Icon::Critical);

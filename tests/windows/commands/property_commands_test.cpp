@@ -94,19 +94,11 @@ TEST_F(PropertyWindows, TheSelectionStaysWhenTheWindowCloses) {
     EXPECT_EQ(selection().control(), symbolControl(key));
 }
 
-TEST_F(PropertyWindows, ASymbolCannotBeExchangedWithoutAPicker) {
-    startActive();
-    placeSymbol({100, 100});
-    window().propertyCommands().openSymbolSelection = nullptr;
-    withProperties(
-        [](QWidget& modal) { EXPECT_FALSE(part<QWidget>(modal, "cmdSymbol").isEnabled()); });
-}
-
 TEST_F(PropertyWindows, ASpriteThatIsGoneOpensNothing) {
     startActive();
     workspace.Status.CurrentShapeControlType = sprite_type::Label;
     workspace.Status.CurrentShapeControlKey = "K-7";
-    window().propertyCommands().showSpriteProperties();
+    window().findChild<PropertyCommands*>()->showSpriteProperties();
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     workspace.Status.CurrentShapeControlType = sprite_type::None;
 }

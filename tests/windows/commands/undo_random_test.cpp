@@ -163,7 +163,7 @@ class RandomEdits : public testing::CanvasFixture {
                 break;
             default:
                 if (below(4) == 0) {
-                    window().frameCommands().changeMap(
+                    window().findChild<FrameCommands*>()->changeMap(
                         model(below(2) == 0 ? "Maps/other.png" : "Maps/europe.jpg"));
                 } else {
                     selectTab(1 + below(count));
@@ -234,7 +234,7 @@ class RandomEdits : public testing::CanvasFixture {
     }
     void special() {
         const int count = workspace.Frames().Count();
-        window().copySpecial().copyBetweenFrames(
+        window().findChild<CopySpecial*>()->copyBetweenFrames(
             QString("%1|%2|%3").arg(1 + below(count)).arg(1 + below(count)).arg(below(2)));
     }
     void save() { edits().seal(); }

@@ -61,9 +61,11 @@ TEST_F(Undo, TheKeysTakeBackAndDoAgainAndTheCommandsSayWhat) {
 TEST_F(Undo, TheBarHasButtonsForThem) {
     startActive();
     placeLabel({200, 150});
-    QTest::mouseClick(window().toolStrip().findChild<QToolButton*>("btnUndo"), Qt::LeftButton);
+    QTest::mouseClick(window().findChild<ToolStrip*>()->findChild<QToolButton*>("btnUndo"),
+                      Qt::LeftButton);
     EXPECT_EQ(labels().Count(), 0);
-    QTest::mouseClick(window().toolStrip().findChild<QToolButton*>("btnRedo"), Qt::LeftButton);
+    QTest::mouseClick(window().findChild<ToolStrip*>()->findChild<QToolButton*>("btnRedo"),
+                      Qt::LeftButton);
     EXPECT_EQ(labels().Count(), 1);
 }
 
@@ -195,7 +197,7 @@ TEST_F(Undo, WhileADragRunsItTakesTheDragBackAndNothingElse) {
     move({260, 190});
     undo();
     EXPECT_EQ(symbolControl(key)->rect, before);
-    EXPECT_FALSE(window().canvas().mouse().dragging());
+    EXPECT_FALSE(window().canvas().mouse().isUnderWay());
     release({260, 190});
     EXPECT_EQ(symbolControl(key)->rect, before);
     EXPECT_EQ(edits().count(), 1);
@@ -269,7 +271,7 @@ TEST_F(Undo, AnOpenFieldForANameIsLeftWithoutChangeByUndoFromElsewhere) {
 TEST_F(Undo, WhatIsTypedIntoAPropertyIsOneEdit) {
     startActive();
     const QString key = placeSymbol({200, 150});
-    withModal([this] { window().propertyCommands().showSpriteProperties(); },
+    withModal([this] { window().findChild<PropertyCommands*>()->showSpriteProperties(); },
               [&](QWidget& properties) {
                   auto& note = part<QLineEdit>(properties, "txtNote");
                   note.setFocus();
@@ -291,7 +293,7 @@ TEST_F(Undo, WhatIsTypedIntoAPropertyIsOneEdit) {
 TEST_F(Undo, ASpriteTakenBackUnderAnOpenPropertyWindowHarmsNobody) {
     startActive();
     placeLabel({200, 150});
-    withModal([this] { window().propertyCommands().showSpriteProperties(); },
+    withModal([this] { window().findChild<PropertyCommands*>()->showSpriteProperties(); },
               [&](QWidget& properties) {
                   edits().undo();
                   auto& text = part<QLineEdit>(properties, "txtNote");
@@ -307,7 +309,7 @@ TEST_F(Undo, ALabelsTextAndSizeAreOneEdit) {
     startActive();
     const QString key = placeLabel({200, 150});
     const QRect before = labelControl(key)->rect;
-    withModal([this] { window().propertyCommands().showSpriteProperties(); },
+    withModal([this] { window().findChild<PropertyCommands*>()->showSpriteProperties(); },
               [&](QWidget& properties) {
                   auto& text = part<QLineEdit>(properties, "txtText");
                   testing::type(text, "Heavy rain in the north");
@@ -376,7 +378,7 @@ TEST_F(Undo, CopySpecialIsOneEdit) {
     trigger("mnuFrameInsert");
     placeLabel({300, 150});
     const QString before = testing::snapshotOf(workspace);
-    window().copySpecial().copyBetweenFrames("1|2|1");
+    window().findChild<CopySpecial*>()->copyBetweenFrames("1|2|1");
     EXPECT_EQ(symbols(2).Count(), 1);
     EXPECT_EQ(frame(1).Sprites().Count(), 0);
     undo();
@@ -389,7 +391,7 @@ TEST_F(Undo, TheListShowsTheEditsAndAClickGoesThere) {
     placeLabel({100, 150});
     trigger("mnuFrameInsert");
     trigger("mnuHistory");
-    frmHistory* history = window().editCommands().history();
+    frmHistory* history = window().findChild<EditCommands*>()->history();
     ASSERT_TRUE(history);
     QListWidget* list = history->list();
     const auto rows = [list] {
@@ -419,7 +421,7 @@ TEST_F(Undo, TheListHasAPictureOfEachStateOnceTheProgramIsIdle) {
     startActive();
     placeSymbol({200, 150});
     trigger("mnuHistory");
-    QListWidget* list = window().editCommands().history()->list();
+    QListWidget* list = window().findChild<EditCommands*>()->history()->list();
     const auto red = [list] {
         const QImage picture = list->item(1)->icon().pixmap(EditPictures::Bounds).toImage();
         return picture.pixelColor(picture.width() / 2, 4).alpha() > 0;

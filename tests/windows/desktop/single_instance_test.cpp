@@ -21,7 +21,7 @@ TEST(SingleInstance, TheSecondRaisesTheFirst) {
     const TemporaryFolder folder;
     SingleInstance first(folder.path());
     int raised = 0;
-    first.raised = [&raised] { ++raised; };
+    QObject::connect(&first, &SingleInstance::raised, &first, [&raised] { ++raised; });
     ASSERT_TRUE(first.isFirst());
 
     SingleInstance second(folder.path());
@@ -33,7 +33,7 @@ TEST(SingleInstance, EveryFurtherOneRaisesTheFirstAgain) {
     const TemporaryFolder folder;
     SingleInstance first(folder.path());
     int raised = 0;
-    first.raised = [&raised] { ++raised; };
+    QObject::connect(&first, &SingleInstance::raised, &first, [&raised] { ++raised; });
     ASSERT_TRUE(first.isFirst());
     for (int i = 0; i < 3; ++i) {
         EXPECT_FALSE(SingleInstance(folder.path()).isFirst());
@@ -74,7 +74,7 @@ TEST(SingleInstance, WhatACrashedOneLeftBehindIsNotInTheWay) {
     SingleInstance next(folder.path());
     EXPECT_TRUE(next.isFirst());
     bool raised = false;
-    next.raised = [&raised] { raised = true; };
+    QObject::connect(&next, &SingleInstance::raised, &next, [&raised] { raised = true; });
     EXPECT_FALSE(SingleInstance(folder.path()).isFirst());
     EXPECT_TRUE(QTest::qWaitFor([&raised] { return raised; }));
 }

@@ -10,8 +10,12 @@ namespace nubivane::testing {
 class Splash : public ::testing::Test {
   protected:
     explicit Splash(int shownMs = 1) : splash(shownMs) {
-        splash.init = [this] { steps << (splash.isVisible() ? "init behind it" : "init without"); };
-        splash.done = [this] { steps << (splash.isVisible() ? "done behind it" : "done without"); };
+        QObject::connect(&splash, &frmSplash::init, &splash, [this] {
+            steps << (splash.isVisible() ? "init behind it" : "init without");
+        });
+        QObject::connect(&splash, &frmSplash::done, &splash, [this] {
+            steps << (splash.isVisible() ? "done behind it" : "done without");
+        });
     }
 
     frmSplash splash;

@@ -124,7 +124,7 @@ TEST_F(DrawingErase, AfterAChangeOfMapTheNewMapComesBack) {
     choose("erase");
     const QImage yellow = testing::plainImage({300, 200}, Qt::yellow);
     testing::writeFile(host("Maps/yellow.png"), encodePicture(yellow, PictureFormat::Png));
-    window().frameCommands().changeMap(model("Maps/yellow.png"));
+    window().findChild<FrameCommands*>()->changeMap(model("Maps/yellow.png"));
     workspace.pctMap.persistentLayer().fill(Qt::red);
     canvas().showPicture();
     click({100, 150});

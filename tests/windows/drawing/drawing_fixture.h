@@ -2,7 +2,6 @@
 #pragma once
 
 #include "windows/canvas/canvas_fixture.h"
-#include "windows/main/loaded_forms.h"
 #include "windows/widgets/scrspn.h"
 
 #include <QApplication>
@@ -134,7 +133,12 @@ class DrawingFixture : public CanvasFixture {
         EXPECT_TRUE(same(onScreen(), expected));
     }
 
-    bool actionLoaded() { return isFormLoaded("frmDrawAction"); }
+    bool actionLoaded() {
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        return std::any_of(windows.begin(), windows.end(), [](const QWidget* each) {
+            return each->objectName() == "frmDrawAction";
+        });
+    }
     frmDrawAction* action() { return window().findChild<frmDrawAction*>("frmDrawAction"); }
     void pressActionButton(const char* name) {
         ASSERT_TRUE(action());

@@ -151,7 +151,8 @@ TEST_F(HelpWindow, ALinkIsFollowedInsideTheHelpOnly) {
     clickLink("Symbols.htm");
     EXPECT_EQ(page().page(), "Symbols.htm");
     QStringList addresses;
-    window.openAddress = [&addresses](const QString& url) { addresses << url; };
+    QObject::connect(&window, &frmHelp::addressFollowed, &window,
+                     [&addresses](const QString& url) { addresses << url; });
     for (const char* link : {"file:///etc/passwd", "../../etc/passwd", "missing.htm",
                              "javascript:alert(1)", "help:/../index.html"}) {
         Q_EMIT page().anchorClicked(QUrl(link));

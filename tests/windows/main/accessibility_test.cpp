@@ -87,7 +87,7 @@ TEST_F(Accessibility, TabReachesButtonsPaletteSplitterMapAndTabs) {
 
 TEST_F(Accessibility, TabGoesFromTheButtonsToThePaletteTheMapAndTheTabs) {
     startActive();
-    auto* first = window().toolStrip().findChild<QWidget*>("btnNewProject");
+    auto* first = window().findChild<ToolStrip*>()->findChild<QWidget*>("btnNewProject");
     const QStringList reached = round(*first, Qt::Key_Tab);
     QList<qsizetype> places;
     for (const char* name : {"btnNewProject", "btnHelp", "imgText", "tabSymbols",
@@ -108,7 +108,7 @@ TEST_F(Accessibility, BacktabGoesTheSameWayBack) {
 
 TEST_F(Accessibility, AButtonIsPressedByTheSpaceBar) {
     startActive();
-    auto* lock = window().toolStrip().findChild<QWidget*>("btnLock");
+    auto* lock = window().findChild<ToolStrip*>()->findChild<QWidget*>("btnLock");
     lock->setFocus();
     QTest::keyClick(lock, Qt::Key_Space);
     EXPECT_TRUE(window().locked());

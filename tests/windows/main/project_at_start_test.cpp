@@ -90,7 +90,8 @@ TEST_F(ProjectAtStart, AfterADamagedOneANewProjectDoesNotEndTheProgram) {
                         Icon::Critical);
     begin("bad.nvpf");
     bool ended = false;
-    started->projectCommands().terminate = [&ended] { ended = true; };
+    QObject::connect(&started->projectCommands(), &ProjectCommands::terminate, &*started,
+                     [&ended] { ended = true; });
     started->commands()[Command::mnuNewProject]->trigger();
     EXPECT_FALSE(ended);
 }

@@ -11,7 +11,7 @@ namespace nubivane {
 /// What the line below the editor says.
 class StatusLineText : public testing::EditorFixture {
   protected:
-    StatusLine& line() { return window().statusLine(); }
+    StatusLine& line() { return *window().findChild<StatusLine*>(); }
     void choose(int tool) {
         QTest::mouseClick(window().pctTlbDraw().btnDraw(tool), Qt::LeftButton);
     }

@@ -9,10 +9,12 @@ namespace nubivane {
 /// The bars dragged by their grips inside their strip.
 class ToolBarDrag : public testing::EditorFixture {
   protected:
-    ToolBar& standard() { return *window().toolStrip().standardBar(); }
-    ToolBar& map() { return *window().toolStrip().mapBar(); }
+    ToolBar& standard() { return *window().findChild<ToolStrip*>()->standardBar(); }
+    ToolBar& map() { return *window().findChild<ToolStrip*>()->mapBar(); }
     bool overlap() { return standard().geometry().intersects(map().geometry()); }
-    bool inside(const ToolBar& bar) { return window().toolStrip().rect().contains(bar.geometry()); }
+    bool inside(const ToolBar& bar) {
+        return window().findChild<ToolStrip*>()->rect().contains(bar.geometry());
+    }
 
     /// Takes a bar by its grip, moves its corner to a place of the strip and lets go.
     static void dragTo(ToolBar& bar, QPoint corner, Qt::MouseButton button = Qt::LeftButton) {
@@ -51,23 +53,23 @@ TEST_F(ToolBarDrag, ThePlacesComeBackAtTheNextStart) {
     dragTo(standard(), {40, 100});
     const QPoint mapPlace = map().pos();
     const QPoint standardPlace = standard().pos();
-    const int stripHeight = window().toolStrip().height();
+    const int stripHeight = window().findChild<ToolStrip*>()->height();
     ASSERT_GT(standardPlace.y(), 2);
     testing::NextStart next(workspace, settings);
-    EXPECT_EQ(next.window.toolStrip().mapBar()->pos(), mapPlace);
-    EXPECT_EQ(next.window.toolStrip().standardBar()->pos(), standardPlace);
-    EXPECT_EQ(next.window.toolStrip().height(), stripHeight);
+    EXPECT_EQ(next.window.findChild<ToolStrip*>()->mapBar()->pos(), mapPlace);
+    EXPECT_EQ(next.window.findChild<ToolStrip*>()->standardBar()->pos(), standardPlace);
+    EXPECT_EQ(next.window.findChild<ToolStrip*>()->height(), stripHeight);
 }
 
 TEST_F(ToolBarDrag, ASecondRowMakesTheStripHigher) {
     start();
-    const int before = window().toolStrip().height();
+    const int before = window().findChild<ToolStrip*>()->height();
     dragTo(map(), {2, before + 10});
-    EXPECT_GT(window().toolStrip().height(), before);
+    EXPECT_GT(window().findChild<ToolStrip*>()->height(), before);
     EXPECT_TRUE(inside(map()));
     EXPECT_TRUE(inside(standard()));
     dragTo(map(), {600, 2});
-    EXPECT_EQ(window().toolStrip().height(), before);
+    EXPECT_EQ(window().findChild<ToolStrip*>()->height(), before);
 }
 
 TEST_F(ToolBarDrag, WhereverABarIsDroppedItIsInsideAndNotOnTheOther) {
@@ -128,14 +130,16 @@ TEST_F(ToolBarDrag, StoredPlacesOnEachOtherArePulledApart) {
 TEST_F(ToolBarDrag, APlaceFarRightInAMaximisedWindowComesBack) {
     start();
     window().showMaximized();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return window().toolStrip().width() > 1200; }));
+    ASSERT_TRUE(
+        QTest::qWaitFor([this] { return window().findChild<ToolStrip*>()->width() > 1200; }));
     dragTo(map(), {1050, 2});
     const QPoint place = map().pos();
     ASSERT_GT(place.x(), 1000 - map().width());
     ASSERT_TRUE(window().close());
     testing::NextStart next(workspace, settings);
-    ASSERT_TRUE(QTest::qWaitFor([&next] { return next.window.toolStrip().width() > 1200; }));
-    EXPECT_EQ(next.window.toolStrip().mapBar()->pos(), place);
+    ASSERT_TRUE(
+        QTest::qWaitFor([&next] { return next.window.findChild<ToolStrip*>()->width() > 1200; }));
+    EXPECT_EQ(next.window.findChild<ToolStrip*>()->mapBar()->pos(), place);
 }
 
 }  // namespace nubivane

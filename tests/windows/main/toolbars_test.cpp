@@ -12,10 +12,10 @@ namespace nubivane {
 /// The two bars: buttons, icon sizes, showing and hiding.
 class ToolBars : public testing::EditorFixture {
   protected:
-    ToolBar& standard() { return *window().toolStrip().standardBar(); }
-    ToolBar& map() { return *window().toolStrip().mapBar(); }
+    ToolBar& standard() { return *window().findChild<ToolStrip*>()->standardBar(); }
+    ToolBar& map() { return *window().findChild<ToolStrip*>()->mapBar(); }
     QToolButton& button(const char* name) {
-        auto* found = window().toolStrip().findChild<QToolButton*>(name);
+        auto* found = window().findChild<ToolStrip*>()->findChild<QToolButton*>(name);
         if (!found) {
             throw std::runtime_error(name);
         }
@@ -55,7 +55,7 @@ TEST_F(ToolBars, TheMapBarHasItsButtonsAndTheirCommands) {
 
 TEST_F(ToolBars, EveryButtonHasAPictureAndAHint) {
     start();
-    for (const QToolButton* each : window().toolStrip().findChildren<QToolButton*>()) {
+    for (const QToolButton* each : window().findChild<ToolStrip*>()->findChildren<QToolButton*>()) {
         EXPECT_FALSE(each->icon().pixmap(32, 32).isNull()) << each->objectName().toStdString();
         EXPECT_FALSE(each->icon().pixmap(16, 16).isNull()) << each->objectName().toStdString();
         EXPECT_FALSE(each->toolTip().isEmpty()) << each->objectName().toStdString();
@@ -114,8 +114,8 @@ TEST_F(ToolBars, EachIsToggledByItsCommandAndTheSettingFollows) {
     EXPECT_FALSE(map().isVisible());
     EXPECT_EQ(settings.text(Setting::ShowMapBar), "0");
     testing::NextStart next(workspace, settings);
-    EXPECT_TRUE(next.window.toolStrip().standardBar()->isVisible());
-    EXPECT_FALSE(next.window.toolStrip().mapBar()->isVisible());
+    EXPECT_TRUE(next.window.findChild<ToolStrip*>()->standardBar()->isVisible());
+    EXPECT_FALSE(next.window.findChild<ToolStrip*>()->mapBar()->isVisible());
 }
 
 TEST_F(ToolBars, WithBothHiddenTheIconSizesAreDisabled) {
@@ -146,7 +146,7 @@ TEST_F(ToolBars, TheStripIsAsHighAsTheBarsShown) {
     EXPECT_EQ(window().viewport().height(), before);
     trigger("mnuViewMapToolbar");
     EXPECT_GT(window().viewport().height(), before);
-    EXPECT_EQ(window().toolStrip().height(), 0);
+    EXPECT_EQ(window().findChild<ToolStrip*>()->height(), 0);
 }
 
 TEST_F(ToolBars, TheIconSizesExcludeEachOther) {
@@ -175,7 +175,7 @@ TEST_F(ToolBars, SmallIconsMakeBothBarsSmallerAndTheMapHigher) {
     const QSize large = standard().size();
     const int height = window().viewport().height();
     trigger("mnuViewSmallIcons");
-    for (const QToolButton* each : window().toolStrip().findChildren<QToolButton*>()) {
+    for (const QToolButton* each : window().findChild<ToolStrip*>()->findChildren<QToolButton*>()) {
         EXPECT_EQ(each->iconSize(), QSize(16, 16)) << each->objectName().toStdString();
     }
     EXPECT_LT(standard().width(), large.width());

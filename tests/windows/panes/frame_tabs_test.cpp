@@ -176,7 +176,8 @@ TEST_F(FrameTabsStrip, TheTabsAreRebuiltWithoutShowingFramesOnTheWay) {
     start();
     insert(2);
     int selections = 0;
-    window().tabs().frameSelected = [&selections] { ++selections; };
+    QObject::connect(&window().tabs(), &FrameTabs::frameSelected, &window(),
+                     [&selections] { ++selections; });
     window().tabs().setTabDay(false);
     EXPECT_EQ(selections, 0);
     EXPECT_TRUE(workspace.TabEventsEnabled);

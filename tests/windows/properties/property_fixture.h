@@ -26,7 +26,7 @@ class PropertyFixture : public CanvasFixture {
   protected:
     /// Opens the window of what is selected and uses it.
     void withProperties(const std::function<void(QWidget&)>& use) {
-        withModal([this] { window().propertyCommands().showSpriteProperties(); }, use);
+        withModal([this] { window().findChild<PropertyCommands*>()->showSpriteProperties(); }, use);
     }
 
     static QString text(const QWidget& window, const char* field) {

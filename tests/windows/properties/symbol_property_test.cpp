@@ -23,10 +23,10 @@ class SymbolProperty : public testing::PropertyFixture {
     QRect framed() { return selection().shpSelector()->spriteRect(); }
     /// What the picker answers from now on.
     void answer(const QString& path) {
-        window().propertyCommands().openSymbolSelection = [this, path](frmSymbolProperty& asked) {
+        window().findChild<PropertyCommands*>()->setChooser([this, path](QWidget*) {
             ++asks;
-            asked.setSelectedSymbol(path);
-        };
+            return std::optional(path);
+        });
     }
 
     QString key;

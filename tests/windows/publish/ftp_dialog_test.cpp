@@ -34,7 +34,8 @@ class FtpDialog : public WorkspaceFixture {
     /// Opens the dialog at a tab, takes the steps in it, and closes it if they did not.
     void run(const std::function<void()>& steps, FtpTab tab = FtpTab::Server) {
         frmFtp dialog(settings, shell, nullptr);
-        dialog.openHelp = [this](const QString& topic) { topics << topic; };
+        QObject::connect(&dialog, &frmFtp::helpAsked, &dialog,
+                         [this](const QString& topic) { topics << topic; });
         dialog_ = &dialog;
         withModal([&] { dialog.Init(tab); }, [&](QWidget&) { steps(); });
         dialog_ = nullptr;

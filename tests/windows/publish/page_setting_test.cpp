@@ -30,7 +30,8 @@ class PageSettingDialog : public testing::WorkspaceFixture {
     /// not.
     void run(const Steps& steps) {
         frmPageSetting dialog(workspace, shell, nullptr);
-        dialog.openHelp = [this](const QString& topic) { topics << topic; };
+        QObject::connect(&dialog, &frmPageSetting::helpAsked, &dialog,
+                         [this](const QString& topic) { topics << topic; });
         dialog_ = &dialog;
         QTimer::singleShot(0, &dialog, [this, &dialog, &steps] {
             ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));

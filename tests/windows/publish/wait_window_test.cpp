@@ -17,7 +17,7 @@ namespace {
 class WaitWindow : public WorkspaceFixture {
   protected:
     WaitWindow() {
-        window.cancelled = [this] { ++cancels; };
+        QObject::connect(&window, &frmWait::cancelled, &window, [this] { ++cancels; });
     }
     void init() {
         window.Init("Uploading files...");

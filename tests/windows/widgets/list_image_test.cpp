@@ -61,7 +61,7 @@ TEST_F(ThumbnailList, TellsWhatIsSelectedCountedFromOne) {
     EXPECT_EQ(list.selectedIndex(), 0);
     EXPECT_EQ(list.selectedFile(), "");
     int changes = 0;
-    list.selectionChanged = [&changes] { ++changes; };
+    QObject::connect(&list, &ListImage::fileSelected, &list, [&changes] { ++changes; });
     list.selectFile(folder() + "\\b.gif");
     EXPECT_EQ(list.selectedIndex(), 2);
     EXPECT_EQ(list.selectedFile(), folder() + "\\b.gif");
