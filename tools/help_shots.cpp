@@ -12,6 +12,8 @@
 #include "engine/picture/animation_cache.h"
 #include "windows/main/editor_pane.h"
 #include "windows/main/frm_map.h"
+#include "windows/main/notice_bar.h"
+#include "windows/main/safekeeping.h"
 #include "windows/widgets/explorer.h"
 
 #include <QAbstractButton>
@@ -281,8 +283,49 @@ void takeHistory(frmMap& window, Photographer& photographer) {
     window.findChild<EditCommands*>()->history()->close();
 }
 
+/// The project's versions after two saves with something new on the first map.
+void takeVersions(frmMap& window, const Workspace& workspace, Photographer& photographer) {
+    SpritePlacement& placement = window.canvas().placement();
+    int x = 250;
+    for (const char* name : {"rain.gif", "sun.gif", "cloudy.gif"}) {
+        placement.drop("symbol|" + workspace.folder.symbols() + "\\set-1\\" + QLatin1String(name),
+                       {x += 90, 520});
+        window.commands().action("mnuSaveProject")->trigger();
+        settle(1100);  // so that each has another time
+    }
+    QTimer::singleShot(2 * SettlingMs, &window, [&photographer] {
+        QWidget* versions = QApplication::activeModalWidget();
+        versions->resize(520, 430);
+        versions->findChild<QAbstractButton*>("cmdCompare")->click();
+        settle();
+        photographer.save("versions.png", versions->grab());
+        versions->close();
+    });
+    window.commands().action("mnuVersions")->trigger();
+}
+
+/// The bar that offers what a crash has left.
+void takeRecovery(frmMap& window, Workspace& workspace, const QString& folder,
+                  Photographer& photographer) {
+    {
+        RecoveryCopy copy(folder);
+        WorkSnapshot snapshot = takeSnapshot(workspace);
+        snapshot.project = "C:\\italy.nvpf";
+        snapshot.time = QDateTime(QDate::currentDate(), QTime(14, 32));
+        copy.write(snapshot);
+    }
+    Safekeeping safekeeping(window, workspace, folder);
+    safekeeping.offer();
+    settle();
+    const QPixmap whole = window.grab();
+    photographer.save("recovery.png", whole.copy(0, 0, whole.width(), 260));
+    window.removeToolBar(&safekeeping.bar());
+}
+
 int takeAll(const QString& content, const QString& project, const QString& output) {
     const QTemporaryDir scratch;
+    const QTemporaryDir state;
+    qputenv("XDG_STATE_HOME", QFile::encodeName(state.path()));
     copyProgramFolder(content, scratch.path());
     QDir().mkpath(output);
     SettingsStore settings(scratch.filePath("settings.ini"));
@@ -310,6 +353,10 @@ int takeAll(const QString& content, const QString& project, const QString& outpu
     for (const Shot& shot : shots) {
         photographer.take(shot);
     }
+    workspace.Status.CurrentProject = host_files::toModel(scratch.filePath("week.nvpf"));
+    window.commands().action("mnuSaveProject")->trigger();
+    takeVersions(window, workspace, photographer);
+    takeRecovery(window, workspace, state.filePath("recovery"), photographer);
     workspace.ProjectChanged = false;
     return photographer.failed ? 1 : 0;
 }

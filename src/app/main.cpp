@@ -9,9 +9,8 @@
 #include "windows/desktop/help_key.h"
 #include "windows/desktop/screen_size.h"
 #include "windows/desktop/single_instance.h"
-#include "windows/desktop/termination.h"
 #include "windows/main/frm_map.h"
-#include "windows/main/recovery.h"
+#include "windows/main/safekeeping.h"
 #include "windows/main/startup.h"
 #include "windows/widgets/icons.h"
 
@@ -19,8 +18,6 @@
 #include <QFileInfo>
 #include <QIcon>
 #include <QScreen>
-
-#include <unistd.h>
 
 #include <iostream>
 #include <optional>
@@ -93,17 +90,7 @@ int runEditor() {
         window.activateWindow();
     });
 
-    Recovery recovery(window, workspace, RecoveryCopy::folderOfUser());
-    const Termination termination;
-    QObject::connect(&termination, &Termination::wanted, &recovery, [&recovery](int signal) {
-        constexpr int ByASignal = 128;
-        recovery.writeNow();
-        // At once: a dialog that waits for an answer must not hold the end back.
-        ::_exit(ByASignal + signal);
-    });
-
-    QObject::connect(qApp, &QGuiApplication::commitDataRequest, &recovery,
-                     [&recovery] { recovery.writeNow(); });
+    Safekeeping safekeeping(window, workspace, RecoveryCopy::folderOfUser());
 
     frmSplash splash;
     bool started = false;
@@ -122,12 +109,12 @@ int runEditor() {
         }
         QApplication::setQuitOnLastWindowClosed(true);
         window.show();
-        recovery.offer();
+        safekeeping.offer();
     });
     shell.setPointer(Pointer::ArrowWithHourglass);
     splash.show();
     const int code = QApplication::exec();
-    recovery.close();
+    safekeeping.close();
     return code;
 }
 

@@ -30,6 +30,20 @@ class Recovered : public CliTest {
         return QJsonDocument::fromJson(result.out).array();
     }
 
+    /// The files of the copies, their states not counted.
+    QStringList parts() const {
+        QStringList names;
+        QDirIterator all(folder(), {"text-*", "picture-*"}, QDir::Files,
+                         QDirIterator::Subdirectories);
+        while (all.hasNext()) {
+            names << all.next();
+        }
+        names.sort();
+        return names;
+    }
+
+    QStringList pictures() const { return parts().filter("/picture-"); }
+
     QString project;
     SettingsStore settings{temporary.file("editor.ini")};
     Workspace workspace{ProgramFolder(host_files::toModel(programFolder())), settings};
@@ -113,7 +127,7 @@ TEST_F(Recovered, AProperCloseLeavesNoCopy) {
 
 TEST_F(Recovered, SeveralCopiesAreListedTheNewestFirst) {
     RecoveryCopy older(folder());
-    RecoverySnapshot snapshot = takeSnapshot(workspace);
+    WorkSnapshot snapshot = takeSnapshot(workspace);
     snapshot.time = snapshot.time.addSecs(-100);
     older.write(snapshot);
     workspace.Status.CurrentProject = "C:\\newer.nvpf";
@@ -127,30 +141,67 @@ TEST_F(Recovered, SeveralCopiesAreListedTheNewestFirst) {
 TEST_F(Recovered, OnlyPicturesThatChangedAreWrittenAgain) {
     RecoveryCopy copy(folder());
     copy.write(takeSnapshot(workspace));
-    const auto blocks = [this] {
-        QStringList names;
-        QDirIterator all(folder(), {"block-*"}, QDir::Files, QDirIterator::Subdirectories);
-        while (all.hasNext()) {
-            names << all.next();
-        }
-        names.sort();
-        return names;
-    };
-    const QStringList before = blocks();
+    const QStringList before = pictures();
     edit("texts alone");
     copy.write(takeSnapshot(workspace));
-    EXPECT_EQ(blocks(), before);
+    EXPECT_EQ(pictures(), before);
     workspace.pctMap.persistentLayer().setPixelColor(1, 1, Qt::white);
     copy.write(takeSnapshot(workspace));
-    EXPECT_NE(blocks(), before);
-    EXPECT_LE(blocks().size(), before.size() + 1);
+    EXPECT_NE(pictures(), before);
+    EXPECT_LE(pictures().size(), before.size() + 1);
 }
 
-TEST_F(Recovered, TheSameWorkIsKnownAgain) {
-    const RecoverySnapshot one = takeSnapshot(workspace);
-    EXPECT_TRUE(sameWork(one, takeSnapshot(workspace)));
-    edit("another");
-    EXPECT_FALSE(sameWork(one, takeSnapshot(workspace)));
+TEST_F(Recovered, AnEditOfOneFrameAmongManyWritesThatFrameAlone) {
+    for (int i = 0; i < 100; ++i) {
+        workspace.Frames().Add().Texts().Label = QString("Frame %1").arg(i);
+    }
+    workspace.fillPanels();
+    RecoveryCopy copy(folder());
+    copy.write(takeSnapshot(workspace));
+    const QStringList before = parts();
+    workspace.Frames().Item(50).Texts().Label = "edited";
+    copy.write(takeSnapshot(workspace));
+    QStringList after = parts();
+    EXPECT_EQ(after.size(), before.size()) << "what is not used any more is gone";
+    after.removeIf([&before](const QString& name) { return before.contains(name); });
+    ASSERT_EQ(after.size(), 1);
+    EXPECT_LT(QFileInfo(after[0]).size(), 3000);
+}
+
+TEST_F(Recovered, FramesThatOnlyChangePlacesAreNotWrittenAgain) {
+    for (int i = 0; i < 10; ++i) {
+        workspace.Frames().Add().Texts().Label = QString("Frame %1").arg(i);
+    }
+    workspace.fillPanels();
+    RecoveryCopy copy(folder());
+    copy.write(takeSnapshot(workspace));
+    const QStringList before = parts();
+    workspace.Frames().Insert(2, workspace.Frames().Take(9));
+    copy.write(takeSnapshot(workspace));
+    EXPECT_EQ(parts(), before);
+    ASSERT_EQ(run({"recover", "1", beside("out.nvpf")}).exitCode, 0);
+    EXPECT_EQ(show(beside("out.nvpf"))["Frames"].toArray()[1].toObject()["Label"], "Frame 6");
+}
+
+TEST_F(Recovered, ACopyThatLacksAPartOrHasAnotherLengthIsLeftAsideWithASentence) {
+    {
+        RecoveryCopy copy(folder());
+        copy.write(takeSnapshot(workspace));
+    }
+    const QString part = parts().last();
+    const QByteArray bytes = readFile(part);
+    for (const QByteArray& damaged : {bytes.chopped(1), QByteArray()}) {
+        writeFile(part, damaged);
+        const ProcessResult result = run({"recovered"});
+        EXPECT_EQ(result.exitCode, 0);
+        EXPECT_EQ(result.out, "");
+        EXPECT_FALSE(result.err.isEmpty());
+    }
+    QFile::remove(part);
+    EXPECT_EQ(run({"recover", "1", beside("out.nvpf")}).exitCode, 1);
+    EXPECT_FALSE(QFileInfo::exists(beside("out.nvpf")));
+    writeFile(part, bytes);
+    EXPECT_EQ(list().size(), 1);
 }
 
 TEST_F(Recovered, CopiesOfALaterOrDamagedFormAreLeftAsideWithASentence) {

@@ -8,8 +8,13 @@
 namespace nubivane {
 
 enum class Icon { None, Critical, Question, Exclamation, Information };
-enum class Buttons { Ok, YesNo, YesNoCancel };
-enum class Answer { Ok, Yes, No, Cancel };
+enum class Buttons {
+    Ok,
+    YesNo,
+    YesNoCancel,
+    YesNoSaveAs,  ///< under another name is the third way out
+};
+enum class Answer { Ok, Yes, No, Cancel, SaveAs };
 enum class Pointer { Default, Hourglass, ArrowWithHourglass };
 
 /// What a message box shows. `cause` is for reports and the command line; a window need not show

@@ -202,6 +202,9 @@ std::optional<VersionStore> VersionStore::ofUser(const SettingsStore& settings) 
 
 QString VersionStore::folderOf(const QString& projectFile) const {
     constexpr qsizetype Digits = 32;
+    if (projectFile.isEmpty()) {
+        return folder_ + "/versions/unnamed"_L1;
+    }
     const QFileInfo info(projectFile);
     const QString folder = QFileInfo(info.absolutePath()).canonicalFilePath();
     const QByteArray digest = QCryptographicHash::hash(
@@ -216,23 +219,39 @@ std::optional<KeptVersion> VersionStore::keep(const QString& projectFile, const 
     if (!document.exists() || !data.exists() || document.size + data.size > limits_.bytes) {
         return std::nullopt;
     }
+    const KeptVersion version = next(projectFile, cause);
+    const KeptVersion last = versionsIn(folderOf(projectFile)).value(0);
+    // The document last: with it the version counts.
+    keepFile(dataFile, version.data, replaced.data, last.data);
+    keepFile(projectFile, version.document, replaced.document, last.document);
+    prune();
+    return version;
+}
+
+/// The names of a version that is to be kept now, in a folder that is there.
+KeptVersion VersionStore::next(const QString& projectFile, VersionCause cause) const {
     const QString folder = folderOf(projectFile);
     if (!QDir().mkpath(folder)) {
         throw Error(error_number::FileAccess, u"versions"_s, u"Cannot create the folder."_s,
                     folder);
     }
     ::chmod(QFile::encodeName(folder_).constData(), S_IRWXU);
-    const QList<KeptVersion> before = versionsIn(folder);
-    const QString stem = folder + u'/' + QString::number(momentAfter(before)) + u'-' +
+    const QString stem = folder + u'/' + QString::number(momentAfter(versionsIn(folder))) + u'-' +
                          QLatin1String(rowOf(cause).inNames);
-    const KeptVersion version{QDateTime::currentDateTime(), cause, stem + DocumentEnd,
-                              stem + DataEnd};
-    const KeptVersion last = before.value(0);
-    // The document last: with it the version counts.
-    keepFile(dataFile, version.data, replaced.data, last.data);
-    keepFile(projectFile, version.document, replaced.document, last.document);
+    return {QDateTime::currentDateTime(), cause, stem + DocumentEnd, stem + DataEnd};
+}
+
+void VersionStore::add(const QString& projectFile, VersionCause cause,
+                       const std::function<QByteArray(ReplacedFile& data)>& write) const {
+    const KeptVersion version = next(projectFile, cause);
+    ReplacedFile data(version.data, Durability::Quick, {.secret = true});
+    const QByteArray bytes = write(data);
+    ReplacedFile document(version.document, Durability::Quick, {.secret = true});
+    document.append(bytes);
+    document.finish();
+    data.putInPlace();
+    document.putInPlace();
     prune();
-    return version;
 }
 
 void VersionStore::forget(const KeptVersion& version) {

@@ -5,10 +5,12 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 namespace nubivane {
 
+class ReplacedFile;
 class SettingsStore;
 
 /// Why a state of a project was kept.
@@ -56,6 +58,11 @@ class VersionStore {
     /// not kept, nor is one beyond all limits. Raises `Error` (FileAccess).
     std::optional<KeptVersion> keep(const QString& projectFile, const QString& dataFile,
                                     VersionCause cause, Replaced replaced) const;
+    /// Keeps a pair that stands nowhere yet: `write` is given what to append the data file's bytes
+    /// to, and returns the document. An empty project file is that of projects without a name.
+    /// Raises what `write` raises and `Error` (FileAccess); nothing is kept then.
+    void add(const QString& projectFile, VersionCause cause,
+             const std::function<QByteArray(ReplacedFile& data)>& write) const;
     /// Takes one away again.
     static void forget(const KeptVersion& version);
 
@@ -67,6 +74,7 @@ class VersionStore {
 
   private:
     QString folderOf(const QString& projectFile) const;
+    KeptVersion next(const QString& projectFile, VersionCause cause) const;
 
     QString folder_;
     VersionLimits limits_;

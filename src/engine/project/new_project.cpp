@@ -3,9 +3,11 @@
 
 #include "engine/core/shell.h"
 #include "engine/core/version.h"
+#include "engine/history/version_store.h"
 #include "engine/model/editor_view.h"
 #include "engine/model/workspace.h"
 #include "engine/project/save_project.h"
+#include "engine/project/work_snapshot.h"
 
 namespace nubivane {
 
@@ -17,6 +19,7 @@ bool newProject(Editor editor) {
     }
     Workspace& workspace = editor.workspace;
     const HourglassGuard hourglass(editor.shell);
+    keepUnsavedWork(workspace, VersionCause::ClosedWithoutSaving);
     workspace.Status.CurrentProject.clear();
     editor.view.clearSelection();
     editor.view.unloadFrameSprites();

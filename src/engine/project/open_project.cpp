@@ -6,6 +6,7 @@
 #include "engine/core/path_text.h"
 #include "engine/core/shell.h"
 #include "engine/core/version.h"
+#include "engine/history/version_store.h"
 #include "engine/model/editor_view.h"
 #include "engine/model/edits/project_edits.h"
 #include "engine/model/workspace.h"
@@ -16,6 +17,7 @@
 #include "engine/project/project_paths.h"
 #include "engine/project/recent_files.h"
 #include "engine/project/save_project.h"
+#include "engine/project/work_snapshot.h"
 
 #include <QFile>
 
@@ -72,6 +74,7 @@ bool replaceProject(Editor editor, const QString& name, const QString& mapsFolde
         openProjectPair(host_files::toHost(name), host_files::toHost(dataFileOf(name)));
     ProjectDocument document = readDocument(editor, *pair.document);
 
+    keepUnsavedWork(workspace, VersionCause::BeforeOpening);
     workspace.Status.CurrentMap = mapsFolder + u'\\' + document.map;
     editor.view.unloadFrameSprites();
     workspace.Project = std::move(document.model);
@@ -150,6 +153,7 @@ void OpenProject(Editor editor, const std::optional<QString>& file,
                     : damagedProject(error.cause());
             }
         } else {
+            keepUnsavedWork(editor.workspace, VersionCause::BeforeOpening);
             editor.workspace.clearTempPicture();
             editor.workspace.edits().clear();
         }

@@ -6,17 +6,13 @@
 #include "engine/core/path_text.h"
 #include "engine/core/replaced_file.h"
 #include "engine/core/user_folders.h"
-#include "engine/model/workspace.h"
-#include "engine/project/project_writer.h"
-#include "engine/project/recovery_state.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QRandomGenerator>
 
 #include <sys/stat.h>
-
-#include <numeric>
 
 namespace nubivane {
 
@@ -24,78 +20,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A length that no picture has, and that no text of a person has either.
-qint64 lengthNobodyHas() {
-    constexpr qint64 Large = qint64{1} << 60;
-    return Large + static_cast<qint64>(QRandomGenerator::global()->generate64() >> 8);
-}
-
-/// The document with the blocks' lengths in their places.
-QByteArray withLengths(const RecoverySnapshot& snapshot, const std::vector<qint64>& lengths) {
-    QByteArray document = snapshot.document;
-    qsizetype from = 0;
-    for (std::size_t i = 0; i < lengths.size(); ++i) {
-        const QByteArray placeholder =
-            "Size=\"" + QByteArray::number(snapshot.firstLength + static_cast<qint64>(i)) + '"';
-        const qsizetype at = document.indexOf(placeholder, from);
-        const QByteArray length = "Size=\"" + QByteArray::number(lengths[i]) + '"';
-        document.replace(at, placeholder.size(), length);
-        from = at + length.size();
-    }
-    return document;
-}
-
-/// The canvas without a figure that is still being drawn, which a save would wipe as well.
-Picture persistentPicture(const MapSurface& surface) {
-    return surface.scratchArea().isEmpty() ? surface.image() : Picture(surface.pixels());
-}
-
-/// Equal for pictures of which nothing has changed between two looks.
-PictureKey keyOf(const Picture& picture) {
-    // One that was drawn on is a new object at each look, but of the very same pixels.
-    return picture.originalBytes().isEmpty() && !picture.isEmpty()
-               ? PictureKey{nullptr, picture.image().cacheKey()}
-               : PictureKey{picture.identity(), 0};
+QByteArray checksumOf(const QByteArray& bytes) {
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Blake2b_256);
 }
 
 }  // namespace
-
-RecoverySnapshot takeSnapshot(const Workspace& workspace) {
-    RecoverySnapshot snapshot;
-    snapshot.project = workspace.Status.CurrentProject;
-    snapshot.mapFile = workspace.Status.CurrentMap;
-    snapshot.time = QDateTime::currentDateTime();
-    snapshot.firstLength = lengthNobodyHas();
-    const qint32 frames = workspace.Frames().Count();
-    std::vector<qint64> lengths(static_cast<std::size_t>(frames) + 1);
-    std::iota(lengths.begin(), lengths.end(), snapshot.firstLength);
-    ProjectWriter writer(workspace, lengths);
-    for (qint32 i = 1; i <= frames; ++i) {
-        writer.writeFrame(i);
-        const bool onCanvas = i == workspace.Status.CurrentFrame;
-        const Picture canvas = onCanvas ? persistentPicture(workspace.pctMap) : Picture();
-        const bool hasPanel = i <= workspace.pctPanel.Count();
-        snapshot.pictures.push_back(!canvas.isEmpty() ? canvas
-                                    : hasPanel        ? workspace.pctPanel.picture(i)
-                                                      : Picture());
-    }
-    snapshot.document = writer.finish();
-    return snapshot;
-}
-
-bool sameWork(const RecoverySnapshot& one, const RecoverySnapshot& other) {
-    if (one.project != other.project || one.mapFile != other.mapFile ||
-        one.pictures.size() != other.pictures.size()) {
-        return false;
-    }
-    for (std::size_t i = 0; i < one.pictures.size(); ++i) {
-        if (keyOf(one.pictures[i]) != keyOf(other.pictures[i])) {
-            return false;
-        }
-    }
-    const std::vector<qint64> none(one.pictures.size() + 1, 0);
-    return withLengths(one, none) == withLengths(other, none);
-}
 
 RecoveryCopy::RecoveryCopy(QString recoveryFolder) : folder_(std::move(recoveryFolder)) {
     folder_ += u"/%1-%2"_s.arg(QDateTime::currentMSecsSinceEpoch())
@@ -112,68 +41,119 @@ void RecoveryCopy::makeFolder() {
     if (lock_ && QDir(folder_).exists()) {
         return;
     }
+    forgetAll();
     if (!QDir().mkpath(folder_)) {
         throw Error(error_number::FileAccess, u"recovery"_s, u"Cannot create the folder."_s,
                     folder_);
     }
     ::chmod(QFile::encodeName(folder_).constData(), S_IRWXU);
     lock_ = std::make_unique<FolderLock>(folder_);
-    blocks_.clear();
-    mapBlock_ = {};
 }
 
-void RecoveryCopy::write(const RecoverySnapshot& snapshot) {
+void RecoveryCopy::forgetAll() {
+    pictures_.clear();
+    texts_.clear();
+    textsByContent_.clear();
+    map_ = {};
+}
+
+void RecoveryCopy::write(const WorkSnapshot& snapshot) {
     makeFolder();
-    const QByteArray map = host_files::read(snapshot.mapFile, MaxPictureBytes);
-    if (mapBlock_.name.isEmpty() || map != map_) {
-        mapBlock_ = writeBlock(map);
-        map_ = map;
+    RecoveryState state{.project = snapshot.project,
+                        .opened = snapshot.opened,
+                        .time = snapshot.time,
+                        .head = snapshot.head,
+                        .map = mapPart(snapshot.mapFile),
+                        .frames = {}};
+    for (const WorkSnapshot::Frame& frame : snapshot.frames) {
+        state.frames.push_back(
+            {textPart(frame.records),
+             frame.picture.isEmpty() ? state.map : picturePart(frame.picture, snapshot.mapFile)});
     }
-    QStringList names{mapBlock_.name};
-    std::vector<qint64> lengths{mapBlock_.size};
-    for (const Picture& picture : snapshot.pictures) {
-        const Block block = picture.isEmpty() ? mapBlock_ : blockOf(picture, snapshot.mapFile);
-        names += block.name;
-        lengths.push_back(block.size);
-    }
-    writeRecoveryState(folder_,
-                       {snapshot.project, snapshot.time, names, withLengths(snapshot, lengths)});
-    removeBlocksBut(names);
+    writeRecoveryState(folder_, state);
+    keepOnly(state);
 }
 
 void RecoveryCopy::clear() {
     if (lock_) {
         QDir(folder_).removeRecursively();
         lock_.reset();
+        forgetAll();
     }
 }
 
-RecoveryCopy::Block RecoveryCopy::writeBlock(const QByteArray& bytes) {
-    const QString name = u"block-%1"_s.arg(next_++);
+RecoveryPart RecoveryCopy::writePart(const char* kind, const QByteArray& bytes) {
+    const QString name = u"%1-%2"_s.arg(QLatin1String(kind)).arg(next_++);
     ReplacedFile file(folder_ + u'/' + name, Durability::Flushed, {.secret = true});
     file.append(bytes);
     file.putInPlace();
-    return {{}, name, bytes.size()};
+    return {name, bytes.size()};
 }
 
-RecoveryCopy::Block RecoveryCopy::blockOf(const Picture& picture, const QString& mapFile) {
-    const auto known = blocks_.constFind(keyOf(picture));
-    if (known != blocks_.cend()) {
-        return *known;
+RecoveryPart RecoveryCopy::mapPart(const QString& mapFile) {
+    const QByteArray bytes = host_files::read(mapFile, MaxPictureBytes);
+    const QByteArray checksum = checksumOf(bytes);
+    if (map_.name.isEmpty() || checksum != mapChecksum_) {
+        map_ = writePart("picture", bytes);
+        mapChecksum_ = checksum;
     }
-    Block block = writeBlock(picture.encoded(formatOfExtension(getExtension(mapFile))));
-    block.picture = picture;
-    blocks_.insert(keyOf(picture), block);
-    return block;
+    return map_;
 }
 
-void RecoveryCopy::removeBlocksBut(const QStringList& names) {
-    blocks_.removeIf([&names](const QHash<PictureKey, Block>::iterator& one) {
-        return !names.contains(one->name);
+/// Equal for pictures of which nothing has changed between two looks.
+RecoveryCopy::PictureKey RecoveryCopy::keyOf(const Picture& picture) {
+    // One that was drawn on is a new object at each look, but of the very same pixels.
+    return picture.originalBytes().isEmpty() ? PictureKey{nullptr, picture.image().cacheKey()}
+                                             : PictureKey{picture.identity(), 0};
+}
+
+RecoveryPart RecoveryCopy::picturePart(const Picture& picture, const QString& mapFile) {
+    const PictureKey key = keyOf(picture);
+    const auto known = pictures_.constFind(key);
+    if (known != pictures_.cend()) {
+        return known->part;
+    }
+    // Pixels are known by a number that is never given again. To hold them would have the next
+    // stroke copy the whole picture.
+    const PictureFile file{
+        picture.originalBytes().isEmpty() ? Picture() : picture,
+        writePart("picture", picture.encoded(formatOfExtension(getExtension(mapFile))))};
+    pictures_.insert(key, file);
+    return file.part;
+}
+
+RecoveryPart RecoveryCopy::textPart(const std::shared_ptr<const FrameRecords>& records) {
+    const auto known = texts_.constFind(records.get());
+    if (known != texts_.cend()) {
+        return known->part;
+    }
+    const QByteArray text = frameText(*records);
+    const QByteArray checksum = checksumOf(text);
+    auto same = textsByContent_.constFind(checksum);
+    if (same == textsByContent_.cend()) {
+        same = textsByContent_.insert(checksum, writePart("text", text));
+    }
+    texts_.insert(records.get(), {records, *same});
+    return *same;
+}
+
+/// Takes away the files that the state does not name, and what is known of them.
+void RecoveryCopy::keepOnly(const RecoveryState& state) {
+    QSet<QString> used{state.map.name};
+    for (const RecoveryState::Frame& frame : state.frames) {
+        used << frame.text.name << frame.picture.name;
+    }
+    const auto isUnused = [&used](const auto& one) { return !used.contains(one->part.name); };
+    pictures_.removeIf(
+        [&](const QHash<PictureKey, PictureFile>::iterator& one) { return isUnused(one); });
+    texts_.removeIf(
+        [&](const QHash<const void*, TextFile>::iterator& one) { return isUnused(one); });
+    textsByContent_.removeIf([&](const QHash<QByteArray, RecoveryPart>::iterator& one) {
+        return !used.contains(one->name);
     });
     QDir folder(folder_);
-    for (const QString& name : folder.entryList({u"block-*"_s}, QDir::Files)) {
-        if (!names.contains(name)) {
+    for (const QString& name : folder.entryList({u"text-*"_s, u"picture-*"_s}, QDir::Files)) {
+        if (!used.contains(name)) {
             folder.remove(name);
         }
     }

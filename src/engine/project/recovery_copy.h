@@ -2,44 +2,25 @@
 #pragma once
 
 #include "engine/core/folder_lock.h"
-#include "engine/picture/picture.h"
+#include "engine/project/recovery_state.h"
+#include "engine/project/work_snapshot.h"
 
-#include <QDateTime>
 #include <QHash>
-#include <QList>
-#include <QString>
+#include <QSet>
 
 #include <memory>
 #include <utility>
-#include <vector>
 
 namespace nubivane {
 
 class SettingsStore;
-class Workspace;
 
-/// Everything that is open at one moment, cheap to take and safe to use on another thread.
-struct RecoverySnapshot {
-    QString project;  ///< path text; empty for a project that was never saved
-    QString mapFile;  ///< path text
-    QDateTime time;
-    /// The document, with a number of its own in place of each block's length, since the lengths
-    /// show only when the pictures are encoded.
-    QByteArray document;
-    qint64 firstLength = 0;  ///< stands for the map's; those of the Frames follow
-    std::vector<Picture> pictures;
-};
-RecoverySnapshot takeSnapshot(const Workspace& workspace);
-/// By what a picture is known again.
-using PictureKey = std::pair<const void*, qint64>;
-
-/// True where both would be saved as the same project.
-bool sameWork(const RecoverySnapshot& one, const RecoverySnapshot& other);
-
-/// What is open, kept in a folder of the user's own while an editor runs: the blocks of the data
-/// file one by one, so that a picture that has not changed is not written again, and a file
-/// "state", replaced as a whole, which names them and holds the document. The folder is locked by
-/// its editor; one that nobody holds is what is left of an end that was not a proper close.
+/// What is open, kept in a folder of the user's own while an editor runs. The texts of each Frame
+/// and each picture are a file of their own, which is never written again; the file "state",
+/// replaced as a whole, names those that make up the project. So an edit costs what it changed,
+/// however long the project, and whoever reads finds one state or the next and never a mix. The
+/// folder is locked by its editor; one that nobody holds is what is left of an end that was not a
+/// proper close.
 class RecoveryCopy {
   public:
     /// A copy in a new folder below the user's own, which is made by the first write.
@@ -49,7 +30,7 @@ class RecoveryCopy {
     RecoveryCopy& operator=(const RecoveryCopy&) = delete;
 
     /// Raises `Error` (FileAccess); what was written before stands then.
-    void write(const RecoverySnapshot& snapshot);
+    void write(const WorkSnapshot& snapshot);
     /// There is nothing unsaved any more. Raises nothing.
     void clear();
 
@@ -57,22 +38,33 @@ class RecoveryCopy {
     static QString folderOfUser();
 
   private:
-    struct Block {
-        Picture picture;  ///< keeps the identity by which it is known
-        QString name;
-        qint64 size = 0;
+    /// By what a picture is known again.
+    using PictureKey = std::pair<const void*, qint64>;
+    struct PictureFile {
+        Picture picture;  ///< keeps the identity by which it is known; none for pixels
+        RecoveryPart part;
+    };
+    struct TextFile {
+        std::shared_ptr<const FrameRecords> records;  ///< the same
+        RecoveryPart part;
     };
 
+    static PictureKey keyOf(const Picture& picture);
     void makeFolder();
-    Block writeBlock(const QByteArray& bytes);
-    Block blockOf(const Picture& picture, const QString& mapFile);
-    void removeBlocksBut(const QStringList& names);
+    void forgetAll();
+    RecoveryPart writePart(const char* kind, const QByteArray& bytes);
+    RecoveryPart mapPart(const QString& mapFile);
+    RecoveryPart picturePart(const Picture& picture, const QString& mapFile);
+    RecoveryPart textPart(const std::shared_ptr<const FrameRecords>& records);
+    void keepOnly(const RecoveryState& state);
 
     QString folder_;
     std::unique_ptr<FolderLock> lock_;
-    QHash<PictureKey, Block> blocks_;
-    QByteArray map_;
-    Block mapBlock_;
+    QHash<PictureKey, PictureFile> pictures_;
+    QHash<const void*, TextFile> texts_;
+    QHash<QByteArray, RecoveryPart> textsByContent_;  ///< checksums, for Frames that only moved
+    QByteArray mapChecksum_;
+    RecoveryPart map_;
     int next_ = 1;
 };
 
@@ -80,6 +72,7 @@ class RecoveryCopy {
 struct RecoveryEntry {
     QString folder;  ///< host path
     QString project;
+    std::optional<PairState> opened;
     QDateTime time;
     bool isOpen = false;  ///< its editor lives
 };

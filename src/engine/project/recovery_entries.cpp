@@ -3,6 +3,7 @@
 #include "engine/core/host_files.h"
 #include "engine/history/version_store.h"
 #include "engine/project/project_commit.h"
+#include "engine/project/project_document.h"
 #include "engine/project/project_paths.h"
 #include "engine/project/recovery_copy.h"
 #include "engine/project/recovery_state.h"
@@ -26,7 +27,8 @@ QList<RecoveryEntry> recoveryEntries(const QString& recoveryFolder, QStringList&
         }
         try {
             const RecoveryState state = readRecoveryState(folder);
-            entries += {folder, state.project, state.time, FolderLock::isHeld(folder)};
+            entries +=
+                {folder, state.project, state.opened, state.time, FolderLock::isHeld(folder)};
         } catch (const Error& error) {
             faults += QString::fromUtf8(error.what());
         }
@@ -46,11 +48,18 @@ void writeRecovered(const RecoveryEntry& entry, const QString& target,
     rules.keepsTail = false;
     rules.versions = versions ? &*versions : nullptr;
     ProjectCommit files(host_files::toHost(target), host_files::toHost(dataFile), rules);
-    for (const QString& name : state.blocks) {
-        files.appendData(
-            host_files::read(host_files::toModel(entry.folder + u'/' + name), MaxPictureBytes));
+    const auto partOf = [&entry](const RecoveryPart& part, qint64 limit) {
+        return host_files::read(host_files::toModel(entry.folder + u'/' + part.name), limit);
+    };
+    files.appendData(partOf(state.map, MaxPictureBytes));
+    std::vector<qint64> sizes{state.map.size};
+    std::vector<QByteArray> texts;
+    for (const RecoveryState::Frame& frame : state.frames) {
+        files.appendData(partOf(frame.picture, MaxPictureBytes));
+        sizes.push_back(frame.picture.size);
+        texts.push_back(partOf(frame.text, MaxDocumentBytes));
     }
-    files.commit(state.document);
+    files.commit(joinDocument(state.head, sizes, texts));
 }
 
 void discardRecovered(const RecoveryEntry& entry) {

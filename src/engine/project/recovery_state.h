@@ -1,19 +1,38 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QByteArray>
+#include "engine/core/file_state.h"
+#include "engine/project/project_writer.h"
+
 #include <QDateTime>
 #include <QString>
-#include <QStringList>
+
+#include <optional>
+#include <vector>
 
 namespace nubivane {
 
-/// The file "state" of a recovery copy: a line of JSON, then the document.
+/// A file of a recovery copy, and how long it must be.
+struct RecoveryPart {
+    QString name;  ///< empty for none
+    qint64 size = 0;
+
+    bool operator==(const RecoveryPart&) const = default;
+};
+
+/// The file "state" of a recovery copy, JSON in UTF-8: what a project is made of.
 struct RecoveryState {
-    QString project;  ///< path text; empty for a project that was never saved
+    struct Frame {
+        RecoveryPart text;     ///< its element, as `frameText` writes it
+        RecoveryPart picture;  ///< its block of the data file
+    };
+
+    QString project;                  ///< path text; empty for a project that was never saved
+    std::optional<PairState> opened;  ///< how its files stood when they were read or written last
     QDateTime time;
-    QStringList blocks;  ///< names of the files that make up the data file, in their order
-    QByteArray document;
+    DocumentHead head;
+    RecoveryPart map;
+    std::vector<Frame> frames;
 };
 
 /// Replaces the state of the copy in `folder` (host path). Raises `Error` (FileAccess).

@@ -15,9 +15,12 @@
 #include "engine/picture/picture.h"
 #include "engine/project/project_commit.h"
 #include "engine/project/project_document.h"
+#include "engine/project/project_pair.h"
 #include "engine/project/project_paths.h"
 #include "engine/project/project_writer.h"
 #include "engine/project/recent_files.h"
+
+#include <QFile>
 
 #include <algorithm>
 #include <optional>
@@ -169,6 +172,40 @@ std::optional<Error> tryToSave(Editor editor, const QString& name) {
     return std::nullopt;
 }
 
+/// Whether the pair that would be replaced is another one than was read or written last.
+bool changedOnDisk(Workspace& workspace, const QString& name) {
+    std::optional<OpenedPair>& opened = workspace.opened;
+    if (!opened || opened->project != name) {
+        return false;
+    }
+    const QString document = host_files::toHost(name);
+    const QString data = host_files::toHost(dataFileOf(name));
+    return QFile::exists(document) && !(pairStateOf(document, data) == opened->state);
+}
+
+/// What another program has saved meanwhile is replaced only if the person wants it. Returns the
+/// name under which to go on; nothing for not at all.
+QString askAboutChange(Editor editor, const QString& name) {
+    const Answer answer = editor.shell.messageBox(
+        {getFileName(name) +
+             u" has been changed on the disk since it was opened or saved here. Save over it ? "
+             "What stands there now would be kept among the earlier versions."_s,
+         Icon::Exclamation,
+         Buttons::YesNoSaveAs,
+         {},
+         true});
+    if (answer == Answer::SaveAs) {
+        return askForName(editor, true);
+    }
+    if (answer != Answer::Yes) {
+        return {};
+    }
+    // From here on what stands there is what may be replaced.
+    editor.workspace.opened->state =
+        pairStateOf(host_files::toHost(name), host_files::toHost(dataFileOf(name)));
+    return name;
+}
+
 }  // namespace
 
 bool saveProject(Editor editor, bool saveAs) {
@@ -179,6 +216,9 @@ bool saveProject(Editor editor, bool saveAs) {
         if (!chosen.isEmpty()) {
             name = chosen;
         }
+    }
+    if (!name.isEmpty() && changedOnDisk(editor.workspace, name)) {
+        name = askAboutChange(editor, name);
     }
     if (name.isEmpty()) {
         return false;

@@ -16,6 +16,7 @@ enum class Command {
     mnuOpenProject,
     mnuSaveProject,
     mnuSaveProjectAs,
+    mnuVersions,
     mnuSetPrinter,
     mnuPrint,
     mnuEsci,

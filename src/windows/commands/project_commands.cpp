@@ -4,7 +4,11 @@
 #include "engine/core/error.h"
 #include "engine/core/host_files.h"
 #include "engine/core/path_text.h"
+#include "engine/core/settings_store.h"
 #include "engine/core/shell.h"
+#include "engine/core/version.h"
+#include "engine/model/editor_view.h"
+#include "engine/model/edits/project_edits.h"
 #include "engine/model/workspace.h"
 #include "engine/project/new_project.h"
 #include "engine/project/open_project.h"
@@ -32,6 +36,27 @@ void ProjectCommands::open(const QString& file) {
     } catch (const Error& error) {
         editor_.shell.messageBox({error.description(), Icon::Critical, Buttons::Ok, error.cause()});
     }
+}
+
+bool ProjectCommands::openUnsaved(const QString& copy, const Origin& origin) {
+    Workspace& workspace = editor_.workspace;
+    const QStringList recent = workspace.settings.list(SettingList::RecentFiles);
+    open(copy);
+    workspace.settings.setList(SettingList::RecentFiles, recent);
+    if (!workspace.opened || workspace.opened->project != copy) {
+        return false;
+    }
+    workspace.opened.reset();
+    if (origin.opened && !origin.project.isEmpty()) {
+        workspace.opened = OpenedPair{origin.project, *origin.opened};
+    }
+    workspace.Status.CurrentProject = origin.project;
+    workspace.ProjectChanged = true;
+    workspace.edits().markUnsaved();
+    editor_.view.setCaption(
+        (origin.project.isEmpty() ? QStringLiteral("New project") : getFileName(origin.project)) +
+        QStringLiteral(" - ") + QLatin1String(ProgramTitle));
+    return true;
 }
 
 void ProjectCommands::createNew() {

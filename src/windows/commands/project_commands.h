@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/core/file_state.h"
 #include "engine/model/editor.h"
 
 #include <QObject>
 #include <QString>
+
+#include <optional>
 
 namespace nubivane {
 
@@ -19,6 +22,15 @@ class ProjectCommands : public QObject {
 
     /// Opens a file (path with backslashes), or asks for one when the path is empty.
     void open(const QString& file);
+
+    /// Where unsaved work belongs: nothing for a new project.
+    struct Origin {
+        QString project;                  ///< path text
+        std::optional<PairState> opened;  ///< how its files stood when the work began
+    };
+    /// Opens a copy (path text) as work that nobody has saved. The copy is not needed afterwards.
+    /// False when it was not opened, which the person has been told.
+    bool openUnsaved(const QString& copy, const Origin& origin);
 
   Q_SIGNALS:
     /// After a failure there is no way on: the program has to end.

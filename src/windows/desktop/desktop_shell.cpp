@@ -7,6 +7,7 @@
 #include "engine/gif/color_value.h"
 #include "windows/help/frm_help.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QColorDialog>
 #include <QDesktopServices>
@@ -52,6 +53,7 @@ QMessageBox::Icon iconOf(Icon icon) {
 QMessageBox::StandardButtons buttonsOf(Buttons buttons) {
     switch (buttons) {
         case Buttons::YesNo:
+        case Buttons::YesNoSaveAs:
             return QMessageBox::Yes | QMessageBox::No;
         case Buttons::YesNoCancel:
             return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
@@ -166,6 +168,10 @@ Answer DesktopShell::messageBox(const Message& message) {
     if (message.destroys) {
         box.setDefaultButton(QMessageBox::No);
     }
+    const QAbstractButton* saveAs =
+        message.buttons == Buttons::YesNoSaveAs
+            ? box.addButton(QObject::tr("Save as…"), QMessageBox::ActionRole)
+            : nullptr;
     if (!box.parentWidget()) {
         centreOnScreen(box);
     }
@@ -174,7 +180,9 @@ Answer DesktopShell::messageBox(const Message& message) {
     if (waiting) {
         QApplication::setOverrideCursor(Qt::ArrowCursor);
     }
-    const Answer answer = answerOf(box.exec());
+    const int button = box.exec();
+    const Answer answer =
+        saveAs && box.clickedButton() == saveAs ? Answer::SaveAs : answerOf(button);
     if (waiting) {
         QApplication::restoreOverrideCursor();
     }

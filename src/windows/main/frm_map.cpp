@@ -5,8 +5,10 @@
 #include "engine/core/settings_store.h"
 #include "engine/core/shell.h"
 #include "engine/core/version.h"
+#include "engine/history/version_store.h"
 #include "engine/model/edits/project_edits.h"
 #include "engine/project/save_project.h"
+#include "engine/project/work_snapshot.h"
 #include "windows/canvas/edge_scroll.h"
 #include "windows/canvas/sprite_keys.h"
 #include "windows/main/editor_pane.h"
@@ -58,6 +60,7 @@ frmMap::frmMap(Workspace& workspace, Shell& shell)
       frameCommands_(context_, *tabs_),
       editCommands_(context_),
       projectCommands_({workspace, shell, *this}, commands_),
+      versionCommands_(workspace, shell, projectCommands_, commands_, this),
       inputBlock_(*this),
       collectionCommands_(context_, animations_, *palette_, frameCommands_),
       copySpecial_(context_),
@@ -333,6 +336,7 @@ void frmMap::closeEvent(QCloseEvent* event) {
     }
     shell_.setPointer(Pointer::ArrowWithHourglass);
     shell_.processEvents();
+    keepUnsavedWork(workspace_, VersionCause::ClosedWithoutSaving);
     canvas_.resetDrawing();
     unloadFrameSprites();
     storeState();

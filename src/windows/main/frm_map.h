@@ -20,6 +20,7 @@
 #include "windows/commands/publish_commands.h"
 #include "windows/commands/recent_files_menu.h"
 #include "windows/commands/service_commands.h"
+#include "windows/commands/version_commands.h"
 #include "windows/main/draw_strip.h"
 #include "windows/main/input_block.h"
 #include "windows/main/tool_strip.h"
@@ -121,6 +122,7 @@ class frmMap : public QMainWindow, public EditorView, private EditWatcher {
     FrameCommands frameCommands_;
     EditCommands editCommands_;
     ProjectCommands projectCommands_;
+    VersionCommands versionCommands_;
     InputBlock inputBlock_;
     CollectionCommands collectionCommands_;
     CopySpecial copySpecial_;

@@ -4,73 +4,99 @@
 #include "engine/core/error.h"
 #include "engine/core/host_files.h"
 #include "engine/core/path_text.h"
-#include "engine/core/settings_store.h"
-#include "engine/core/version.h"
+#include "engine/model/workspace.h"
 #include "windows/main/frm_map.h"
-#include "windows/main/recovery_bar.h"
+#include "windows/main/notice_bar.h"
 
-#include <QFile>
+#include <QLocale>
+#include <QPushButton>
 
 namespace nubivane {
 
 using namespace Qt::StringLiterals;
 
-Recovery::Recovery(frmMap& window, Workspace& workspace, const QString& recoveryFolder)
+namespace {
+
+/// The hour of a day that people need not be told, else the day as well.
+QString timeText(const QDateTime& time) {
+    const QDateTime local = time.toLocalTime();
+    const QString hour = local.toString(u"HH:mm"_s);
+    return local.date() == QDate::currentDate()
+               ? hour
+               : QLocale().toString(local.date(), QLocale::ShortFormat) + u' ' + hour;
+}
+
+}  // namespace
+
+Recovery::Recovery(frmMap& window, Workspace& workspace, NoticeBar& bar,
+                   const QString& recoveryFolder, const RecoveryKeeper::Delays& delays)
     : window_(window),
       workspace_(workspace),
-      bar_(new RecoveryBar(recoveryFolder, &window)),
-      keeper_(workspace, recoveryFolder) {
-    window.addToolBar(Qt::TopToolBarArea, bar_);
-    bar_->hide();
-    connect(bar_, &RecoveryBar::restoreWanted, this, &Recovery::restore);
-    connect(bar_, &RecoveryBar::showWanted, this, &Recovery::showCopy);
-    connect(&keeper_, &RecoveryKeeper::failed, this, [this](const QString& reason) {
-        bar_->tell(tr("Unsaved work cannot be kept for the case of a crash: %1").arg(reason));
-    });
+      bar_(bar),
+      folder_(recoveryFolder),
+      keeper_(workspace, recoveryFolder, delays) {
+    connect(&keeper_, &RecoveryKeeper::failed, this, &Recovery::tellFailure);
+    connect(&keeper_, &RecoveryKeeper::succeeded, this, [this] { bar_.remove(failure_); });
+}
+
+void Recovery::tellFailure(const QString& reason) {
+    bar_.remove(failure_);
+    failure_ = bar_.tellClosable(
+        tr("Unsaved work cannot be kept for the case of a crash: %1").arg(reason));
 }
 
 void Recovery::offer() {
-    bar_->refresh();
-}
-
-void Recovery::restore(const RecoveryEntry& entry) {
-    if (open(entry, entry.project)) {
-        keeper_.writeNow();  // before the copy it came from goes
-        discardRecovered(entry);
-        bar_->refresh();
+    QStringList faults;
+    for (const RecoveryEntry& entry : recoveryEntries(folder_, faults)) {
+        if (!entry.isOpen) {
+            addEntry(entry);
+        }
+    }
+    for (const QString& fault : faults) {
+        bar_.tellClosable(fault);
     }
 }
 
-void Recovery::showCopy(const RecoveryEntry& entry) {
-    open(entry, {});
+void Recovery::addEntry(const RecoveryEntry& entry) {
+    const QString name =
+        entry.project.isEmpty() ? tr("a project without a name") : getFileName(entry.project);
+    Notice* notice = bar_.tell(tr("Unsaved work on %1 from %2").arg(name, timeText(entry.time)));
+    connect(notice->addButton(u"recoveryRestore"_s, tr("Restore"),
+                              tr("Open this work as it was, unsaved")),
+            &QPushButton::clicked, this, [this, entry, notice] { restore(entry, notice); });
+    connect(
+        notice->addButton(u"recoveryDiscard"_s, tr("Discard"), tr("Take this work away for good")),
+        &QPushButton::clicked, this, [this, entry, notice] {
+            discardRecovered(entry);
+            bar_.remove(notice);
+        });
+    connect(notice->addButton(u"recoveryShow"_s, tr("Show"),
+                              tr("Open a copy of it as a new project, and keep the entry")),
+            &QPushButton::clicked, this, [this, entry] { open(entry, {}); });
+}
+
+void Recovery::restore(const RecoveryEntry& entry, Notice* notice) {
+    if (open(entry, entry.project)) {
+        keeper_.writeNow();  // before the copy it came from goes
+        discardRecovered(entry);
+        bar_.remove(notice);
+    }
 }
 
 /// Opens a copy under the name of `project`, as work that was not saved.
 bool Recovery::open(const RecoveryEntry& entry, const QString& project) {
     const QString copy = host_files::toModel(entry.folder) + u"\\restored.nvpf"_s;
-    const QStringList recent = workspace_.settings.list(SettingList::RecentFiles);
     try {
         writeRecovered(entry, copy, workspace_.settings);
     } catch (const Error& error) {
-        bar_->tell(tr("This work cannot be opened: %1").arg(error.cause()));
+        bar_.tellClosable(tr("This work cannot be opened: %1").arg(error.cause()));
         return false;
     }
-    window_.projectCommands().open(copy);
-    const bool opened = workspace_.opened && workspace_.opened->project == copy;
-    workspace_.settings.setList(SettingList::RecentFiles, recent);
+    const bool opened = window_.projectCommands().openUnsaved(copy, {project, entry.opened});
     for (const QString& part : {copy, copy.chopped(1) + u'x'}) {
         host_files::removeFile(part);
     }
-    if (!opened) {
-        return false;
-    }
-    workspace_.opened.reset();
-    workspace_.Status.CurrentProject = project;
-    workspace_.ProjectChanged = true;
-    window_.setCaption((project.isEmpty() ? u"New project"_s : getFileName(project)) + u" - "_s +
-                       QLatin1String(ProgramTitle));
-    keeper_.isUnsaved();
-    return true;
+    return opened;
 }
 
 }  // namespace nubivane

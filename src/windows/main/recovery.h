@@ -3,19 +3,23 @@
 
 #include "windows/main/recovery_keeper.h"
 
+#include <QPointer>
+
 namespace nubivane {
 
 class frmMap;
-class RecoveryBar;
+class Notice;
+class NoticeBar;
 
 /// Brings together what keeps unsaved work, the bar that offers it again, and the main window.
 class Recovery : public QObject {
     Q_OBJECT
 
   public:
-    Recovery(frmMap& window, Workspace& workspace, const QString& recoveryFolder);
+    Recovery(frmMap& window, Workspace& workspace, NoticeBar& bar, const QString& recoveryFolder,
+             const RecoveryKeeper::Delays& delays = {});
 
-    /// Shows what an editor that did not end as it should has left.
+    /// Shows what editors that did not end as they should have left.
     void offer();
     /// The process ends in a moment, with the window as it is.
     void writeNow() { keeper_.writeNow(); }
@@ -23,14 +27,17 @@ class Recovery : public QObject {
     void close() { keeper_.close(); }
 
   private:
-    void restore(const RecoveryEntry& entry);
-    void showCopy(const RecoveryEntry& entry);
+    void addEntry(const RecoveryEntry& entry);
+    void restore(const RecoveryEntry& entry, Notice* notice);
     bool open(const RecoveryEntry& entry, const QString& project);
+    void tellFailure(const QString& reason);
 
     frmMap& window_;
     Workspace& workspace_;
-    RecoveryBar* bar_;  ///< the window's
+    NoticeBar& bar_;
+    const QString folder_;
     RecoveryKeeper keeper_;
+    QPointer<Notice> failure_;
 };
 
 }  // namespace nubivane

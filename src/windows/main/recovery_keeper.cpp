@@ -2,108 +2,116 @@
 #include "windows/main/recovery_keeper.h"
 
 #include "engine/core/error.h"
+#include "engine/model/edits/project_edits.h"
+#include "engine/model/workspace.h"
+
+#include <utility>
 
 namespace nubivane {
 
-RecoveryKeeper::RecoveryKeeper(const Workspace& workspace, const QString& recoveryFolder,
-                               QObject* parent)
+namespace {
+
+/// Writes a copy; returns the reason why it could not.
+QString writeCopy(RecoveryCopy& copy, const WorkSnapshot& snapshot) {
+    try {
+        copy.write(snapshot);
+        return {};
+    } catch (const Error& error) {
+        return error.description() + u' ' + error.cause();
+    }
+}
+
+}  // namespace
+
+RecoveryKeeper::RecoveryKeeper(Workspace& workspace, const QString& recoveryFolder,
+                               const Delays& delays, QObject* parent)
     : QObject(parent),
       workspace_(workspace),
+      delays_(delays),
+      snapshots_(workspace),
       copy_(std::make_shared<RecoveryCopy>(recoveryFolder)) {
-    constexpr int IntervalMs = 2000;
-    thread_.setMaxThreadCount(1);
-    connect(&timer_, &QTimer::timeout, this, &RecoveryKeeper::look);
-    timer_.start(IntervalMs);
+    thread_.setMaxThreadCount(1);  // so that copies are written in turn
+    for (QTimer* timer : {&idle_, &longest_}) {
+        timer->setSingleShot(true);
+        connect(timer, &QTimer::timeout, this, &RecoveryKeeper::write);
+    }
+    workspace_.edits().watch(*this);
 }
 
 RecoveryKeeper::~RecoveryKeeper() {
+    workspace_.edits().unwatch(*this);
     thread_.waitForDone();
 }
 
-RecoveryKeeper::Base RecoveryKeeper::baseNow() const {
-    return {workspace_.Project.get(),
-            workspace_.opened ? std::optional(workspace_.opened->state) : std::nullopt};
-}
-
-/// Another map makes a new model of a project that is open already: an edit like others.
-bool RecoveryKeeper::isNewBase() const {
-    const Base now = baseNow();
-    return now.state != base_.state || (!now.state && now.model != base_.model) || !saved_;
-}
-
-void RecoveryKeeper::look() {
-    if (writing_) {
+void RecoveryKeeper::historyChanged() {
+    const ProjectEdits& edits = workspace_.edits();
+    if (edits.count() == 0) {
+        snapshots_.forgetAll();  // the whole project may be another one
+    }
+    if (!edits.isUnsaved()) {
+        discard();
         return;
     }
-    try {
-        RecoverySnapshot snapshot = takeSnapshot(workspace_);
-        if (isNewBase()) {
-            base_ = baseNow();
-            written_.reset();
-            copy_->clear();
-            // An edit may have followed the save or the opening before this look.
-            saved_ = workspace_.ProjectChanged ? RecoverySnapshot() : snapshot;
-        }
-        if (sameWork(snapshot, *saved_)) {
-            if (written_) {
-                written_.reset();
-                copy_->clear();
-            }
-            return;
-        }
-        if (!written_ || !sameWork(snapshot, *written_)) {
-            start(std::move(snapshot));
-        }
-    } catch (const Error& error) {
-        finished(error.cause());
+    idle_.start(delays_.idle);
+    if (!longest_.isActive()) {
+        longest_.start(delays_.longest);
     }
 }
 
-void RecoveryKeeper::start(RecoverySnapshot snapshot) {
+void RecoveryKeeper::write() {
+    if (writing_) {
+        idle_.start(delays_.idle);
+        return;
+    }
+    idle_.stop();
+    longest_.stop();
     writing_ = true;
-    written_ = snapshot;
-    thread_.start([this, copy = copy_, work = std::move(snapshot)] {
-        QString reason;
-        try {
-            copy->write(work);
-        } catch (const Error& error) {
-            reason = error.description() + u' ' + error.cause();
-        }
+    stands_ = true;
+    thread_.start([this, copy = copy_, snapshot = snapshots_.take()]() mutable {
+        const QString reason = writeCopy(*copy, snapshot);
+        // The last strokes' pixels are shared no longer than they must be: the next stroke would
+        // have to copy them.
+        snapshot = {};
         QMetaObject::invokeMethod(
             this, [this, reason] { finished(reason); }, Qt::QueuedConnection);
     });
 }
 
+void RecoveryKeeper::discard() {
+    idle_.stop();
+    longest_.stop();
+    if (std::exchange(stands_, false)) {
+        thread_.start([copy = copy_] { copy->clear(); });
+    }
+}
+
 void RecoveryKeeper::finished(const QString& reason) {
     writing_ = false;
     if (reason.isEmpty()) {
-        told_ = false;
+        if (std::exchange(told_, false)) {
+            Q_EMIT succeeded();
+        }
         return;
     }
-    written_.reset();  // tried again at the next look
-    if (!told_) {
-        told_ = true;
+    if (!idle_.isActive() && workspace_.edits().isUnsaved()) {
+        idle_.start(delays_.retry);
+    }
+    if (!std::exchange(told_, true)) {
         Q_EMIT failed(reason);
     }
 }
 
 void RecoveryKeeper::writeNow() {
     thread_.waitForDone();
-    writing_ = false;
-    look();
-    thread_.waitForDone();
-}
-
-void RecoveryKeeper::isUnsaved() {
-    base_ = baseNow();
-    saved_ = RecoverySnapshot();  // like no project
-    look();
+    if (workspace_.edits().isUnsaved()) {
+        stands_ = true;
+        writeCopy(*copy_, snapshots_.take());
+    }
 }
 
 void RecoveryKeeper::close() {
-    timer_.stop();
+    discard();
     thread_.waitForDone();
-    copy_->clear();
 }
 
 }  // namespace nubivane

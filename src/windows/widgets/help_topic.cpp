@@ -38,6 +38,8 @@ QString helpTopicOf(const QString& window) {
         {u"frmSymbolSelection"_s, u"SymbolSelection.htm"_s},
         {u"frmSymbolsCollection"_s, u"SymbolCollections.htm"_s},
         {u"frmMapsCollection"_s, u"MapSelection.htm"_s},
+        {u"frmVersions"_s, u"Versions.htm"_s},
+        {u"frmHistory"_s, u"Undo.htm"_s},
         {u"frmPageSetting"_s, u"PageSettings.htm"_s},
         {u"frmFtp"_s, u"ftpSettings.htm"_s},
         {u"frmSetAniGif"_s, u"exportAniGif.htm"_s},

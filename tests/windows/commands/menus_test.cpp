@@ -37,6 +37,7 @@ const QStringList MenuTree = {
     "  -",
     "  mnuSaveProject|&Save",
     "  mnuSaveProjectAs|Sav&e As...",
+    "  mnuVersions|Earlier versions…",
     "  -",
     "  mnuSetPrinter|Print setup",
     "  mnuPrint|Print",

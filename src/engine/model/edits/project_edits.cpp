@@ -165,6 +165,14 @@ std::optional<int> ProjectEdits::savedIndex() const {
 void ProjectEdits::markSaved() {
     seal();
     savedState_ = stateAfter(index_);
+    cleanState_ = savedState_;
+    tell([](EditWatcher& watcher) { watcher.historyChanged(); });
+}
+
+void ProjectEdits::markUnsaved() {
+    seal();
+    savedState_.reset();
+    cleanState_.reset();
     tell([](EditWatcher& watcher) { watcher.historyChanged(); });
 }
 
@@ -174,6 +182,7 @@ void ProjectEdits::clear() {
     bytes_ = 0;
     firstState_ = ++lastState_;
     savedState_.reset();
+    cleanState_ = firstState_;
     sealed_ = true;
     forgotten_ = false;
     scene_.takeChange();

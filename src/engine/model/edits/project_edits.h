@@ -62,8 +62,13 @@ class ProjectEdits {
     bool hasForgotten() const { return forgotten_; }
     qsizetype bytes() const { return bytes_; }
 
+    /// True when the project is another than the one that was opened, begun or saved last.
+    bool isUnsaved() const { return cleanState_ != stateAfter(index_); }
+
     /// The project as it stands is the saved one.
     void markSaved();
+    /// No file holds the project as it stands: unsaved work was brought back.
+    void markUnsaved();
     /// Another project is open: nothing can be undone.
     void clear();
     /// A folder of symbols has another name: the edits kept follow it.
@@ -93,6 +98,7 @@ class ProjectEdits {
     quint64 firstState_ = 0;  ///< before the oldest edit
     quint64 lastState_ = 0;   ///< the newest number given
     std::optional<quint64> savedState_;
+    std::optional<quint64> cleanState_{0};  ///< in which nobody would miss anything
     qsizetype bytes_ = 0;
     bool sealed_ = true;
     bool forgotten_ = false;

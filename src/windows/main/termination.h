@@ -9,8 +9,9 @@ class QSocketNotifier;
 
 namespace nubivane {
 
-/// Turns the system's wish that the program ends (SIGTERM, SIGHUP) into a signal in the event loop,
-/// where work can still be kept. One object in a process.
+/// Turns the system's wish that the program ends (SIGTERM, SIGHUP, SIGINT) into a signal in the
+/// event loop, where work can still be kept, and tells of an end from within, as that of a display
+/// that has gone. One object in a process.
 class Termination : public QObject {
     Q_OBJECT
 
@@ -20,6 +21,8 @@ class Termination : public QObject {
 
   Q_SIGNALS:
     void wanted(int signal);
+    /// Somebody has called `exit` while this lives, from whichever depth.
+    void exiting();
 
   private:
     void take();

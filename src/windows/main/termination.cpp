@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "windows/desktop/termination.h"
+#include "windows/main/termination.h"
 
 #include <QSocketNotifier>
 
@@ -7,6 +7,8 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdlib>
+#include <utility>
 
 namespace nubivane {
 
@@ -14,10 +16,20 @@ namespace {
 
 /// A signal's handler can be given nothing else.
 volatile std::sig_atomic_t writeEnd = -1;
+/// Nor can a function that runs at the exit.
+Termination* living = nullptr;
+
+constexpr std::array Signals = {SIGTERM, SIGHUP, SIGINT};
 
 void tell(int number) {
     const auto byte = static_cast<unsigned char>(number);
     [[maybe_unused]] const ssize_t written = ::write(static_cast<int>(writeEnd), &byte, 1);
+}
+
+void tellOfExit() {
+    if (Termination* one = std::exchange(living, nullptr)) {
+        Q_EMIT one->exiting();
+    }
 }
 
 }  // namespace
@@ -29,17 +41,21 @@ Termination::Termination(QObject* parent) : QObject(parent) {
     writeEnd = ends_[1];
     notifier_ = new QSocketNotifier(ends_[0], QSocketNotifier::Read, this);
     connect(notifier_, &QSocketNotifier::activated, this, &Termination::take);
-    for (const int number : {SIGTERM, SIGHUP}) {
+    for (const int number : Signals) {
         struct sigaction action {};
         action.sa_handler = tell;
         action.sa_flags = SA_RESTART;
         ::sigaction(number, &action, nullptr);
     }
+    living = this;
+    std::atexit(tellOfExit);
 }
 
 Termination::~Termination() {
-    std::signal(SIGTERM, SIG_DFL);
-    std::signal(SIGHUP, SIG_DFL);
+    living = nullptr;
+    for (const int number : Signals) {
+        std::signal(number, SIG_DFL);
+    }
     writeEnd = -1;
     delete notifier_;
     for (const int end : ends_) {

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "engine/history/version_store.h"
+
+class QWidget;
+
+namespace nubivane {
+
+class Commands;
+class ProjectCommands;
+class Shell;
+class Workspace;
+class frmVersions;
+
+/// "Earlier versions…": what was kept of the project that is open.
+class VersionCommands {
+  public:
+    VersionCommands(Workspace& workspace, Shell& shell, ProjectCommands& projects,
+                    Commands& commands, QWidget* window);
+
+  private:
+    void show();
+    void compare(frmVersions& window, const KeptVersion& version);
+    bool open(const KeptVersion& version);
+    void save(const KeptVersion& version);
+    void tellFailure(const QString& text, const class Error& error);
+
+    Workspace& workspace_;
+    Shell& shell_;
+    ProjectCommands& projects_;
+    QWidget* window_;
+};
+
+}  // namespace nubivane
