@@ -2,6 +2,8 @@
 #include "engine/net/ftp_reply.h"
 #include "engine/net/transfer_error.h"
 
+#include <QList>
+
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

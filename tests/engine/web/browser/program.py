@@ -79,7 +79,8 @@ class Program:
             base = [self._cli, "--program-folder", page.folder, "--settings", settings]
             self._call(*base, "settings", "set", SETTINGS, "Ftp", "nubivane folder", "nVane")
             self._call(*base, "upload", page.folder / "project.nvpf", "--initialize", "--host", "127.0.0.1",
-                       "--port", str(port), "--user", "user", "--password-file", password)
+                       "--port", str(port), "--user", "user", "--password-file", password,
+                       "--encryption", "none")
 
     def _store(self, folder, settings):
         if not settings:
