@@ -119,8 +119,20 @@ QWidget* frmFramePropertyDetail::buildList() {
 
 void frmFramePropertyDetail::Init() {
     refreshRows(1);
+    showAllRows();
     lstItems_->setFocus();
     exec();
+}
+
+/// As high as its rows, as far as the screen goes: the texts are the last ones of their sections.
+void frmFramePropertyDetail::showAllRows() {
+    constexpr int RoomOfFrame = 48;
+    adjustSize();
+    const ScrollPanel& panel = *grid_->container();
+    const int hidden =
+        panel.fraText()->sizeHint().height() + 2 * panel.frameWidth() - panel.height();
+    const int most = screen()->availableSize().height() - RoomOfFrame;
+    resize(width(), std::max(height(), std::min(height() + hidden, most)));
 }
 
 /// A project from elsewhere may have lists of different lengths: the rows are those of the header.

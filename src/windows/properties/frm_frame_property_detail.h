@@ -31,6 +31,7 @@ class frmFramePropertyDetail : public QDialog {
     void enablePanel(bool enabled);
     void addElement();
     void removeElement();
+    void showAllRows();
     int count() const;
     const cForecast& forecast() const;
 

@@ -4,6 +4,7 @@
 
 #include <QClipboard>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTreeWidget>
 
@@ -94,6 +95,18 @@ TEST_F(FrameDetail, OpensWithTheFirstOfItsElements) {
         expectEnabled(window, true);
         EXPECT_EQ(lineOf(window, "txtHeaderText"), "h1");
         EXPECT_EQ(lineOf(window, "txtBodyText"), "b1");
+    });
+}
+
+TEST_F(FrameDetail, TheTextsAreInSightFromTheStart) {
+    add("h1", "b1");
+    withDetail([](QWidget& window) {
+        ASSERT_GT(QGuiApplication::primaryScreen()->availableSize().height(), 700);
+        for (const char* name : {"txtHeaderText", "txtBodyText"}) {
+            const auto& field = part<WrappedField>(window, name);
+            EXPECT_EQ(field.visibleRegion().boundingRect(), field.rect()) << name;
+        }
+        EXPECT_TRUE(window.screen()->availableGeometry().contains(window.geometry()));
     });
 }
 
