@@ -84,7 +84,7 @@ TEST_F(PackWindow, TellsThatThereAreNone) {
 }
 
 TEST_F(PackWindow, TellsThatTheServerCannotBeReached) {
-    for (const char* fault : {"PASS=530 no", "CWD=550 no", "NLST=drop"}) {
+    for (const char* fault : {"PASS=530 no", "CWD=550 no", "MLSD=drop"}) {
         OwnFtpServer server({"--fault", fault});
         fill(server);
         run(server.address(), [this] {
@@ -185,7 +185,7 @@ TEST_F(PackWindow, OnlyItsButtonAndItsKeyCloseIt) {
 }
 
 TEST_F(PackWindow, CanBeClosedWhileTheServerLetsItWait) {
-    OwnFtpServer server({"--fault", "NLST=silent"});
+    OwnFtpServer server({"--fault", "MLSD=silent"});
     fill(server);
     FtpOptions patient = shortLimits();
     patient.response = 3600;
@@ -193,7 +193,7 @@ TEST_F(PackWindow, CanBeClosedWhileTheServerLetsItWait) {
     frmPack window(workspace.folder, server.address(), shell, nullptr, patient);
     window_ = &window;
     Steps steps([&] { window.reject(); });
-    steps.when([&] { return server.commands().contains("NLST"); },
+    steps.when([&] { return server.commands().contains("MLSD"); },
                [&] {
                    EXPECT_TRUE(isOpen());
                    press(cancelClose());
