@@ -117,7 +117,7 @@ shape=$(ffprobe -v error -show_entries stream=codec_name,width,height -of csv=p=
 [ "$shape" = mjpeg,320,288 ] || fail "the video is $shape"
 echo "ok: a video"
 
-keys alt+f Down Down Down Down Return
+keys alt+f Down Down Down Down Down Return
 dialog '^Print setup$'
 xdotool key alt+f
 typed "$work/night.pdf"

@@ -27,7 +27,7 @@ constexpr std::array table = {
                QT_TRANSLATE_NOOP("nubivane::Commands", "Sav&e As..."), "save-as", "Ctrl+Shift+S",
                ""},
     CommandRow{Command::mnuVersions, "mnuVersions",
-               QT_TRANSLATE_NOOP("nubivane::Commands", "Earlier versions…"), "versions", "", ""},
+               QT_TRANSLATE_NOOP("nubivane::Commands", "Earlier versions..."), "versions", "", ""},
     CommandRow{Command::mnuSetPrinter, "mnuSetPrinter",
                QT_TRANSLATE_NOOP("nubivane::Commands", "Print setup"), "print-setup", "", ""},
     CommandRow{Command::mnuPrint, "mnuPrint", QT_TRANSLATE_NOOP("nubivane::Commands", "Print"),

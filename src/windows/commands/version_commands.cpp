@@ -77,7 +77,7 @@ void VersionCommands::compare(frmVersions& window, const KeptVersion& version) {
         window.showDifferences(
             differencesText(KeptProject(version, workspace_.folder), workspace_.Frames()));
     } catch (const Error& error) {
-        tellFailure(u"This version cannot be read."_s, error);
+        tellFailure(tr("This version cannot be read."), error);
     }
 }
 
@@ -87,7 +87,7 @@ bool VersionCommands::open(const KeptVersion& version) {
     try {
         writeKeptPair(version.document, version.data, copy, workspace_.settings);
     } catch (const Error& error) {
-        tellFailure(u"This version cannot be read."_s, error);
+        tellFailure(tr("This version cannot be read."), error);
         return false;
     }
     return projects_.openUnsaved(copy, {});
@@ -95,7 +95,7 @@ bool VersionCommands::open(const KeptVersion& version) {
 
 void VersionCommands::save(const KeptVersion& version) {
     FileRequest request;
-    request.title = u"Save version as"_s;
+    request.title = tr("Save version as");
     request.folder = getFolder(workspace_.Status.CurrentProject);
     request.peoplesOwn = true;
     request.filter = ProjectFilter;
@@ -107,7 +107,7 @@ void VersionCommands::save(const KeptVersion& version) {
     try {
         writeKeptPair(version.document, version.data, target, workspace_.settings);
     } catch (const Error& error) {
-        tellFailure(u"An error occurred while saving the project."_s, error);
+        tellFailure(tr("An error occurred while saving the project."), error);
     }
 }
 

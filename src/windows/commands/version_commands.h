@@ -3,6 +3,8 @@
 
 #include "engine/history/version_store.h"
 
+#include <QCoreApplication>
+
 class QWidget;
 
 namespace nubivane {
@@ -13,8 +15,10 @@ class Shell;
 class Workspace;
 class frmVersions;
 
-/// "Earlier versions…": what was kept of the project that is open.
+/// "Earlier versions...": what was kept of the project that is open.
 class VersionCommands {
+    Q_DECLARE_TR_FUNCTIONS(nubivane::VersionCommands)
+
   public:
     VersionCommands(Workspace& workspace, Shell& shell, ProjectCommands& projects,
                     Commands& commands, QWidget* window);
