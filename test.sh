@@ -24,6 +24,6 @@ cmake --build --preset asan --target engine_tests
 ctest --test-dir build/asan --output-on-failure -j2 -E "$with_windows|_NOT_BUILT" || failed=1
 
 configure debug -g0
-cmake --build --preset debug --target Nubivane nubivane-cli windows_tests
+cmake --build --preset debug --target Nubivane nubivane-cli packaging_files windows_tests
 ctest --test-dir build/debug --output-on-failure -j2 -R "$with_windows" || failed=1
 exit $failed

@@ -37,7 +37,7 @@ const QStringList MenuTree = {
     "  -",
     "  mnuSaveProject|&Save",
     "  mnuSaveProjectAs|Sav&e As...",
-    "  mnuVersions|Earlier versions…",
+    "  mnuVersions|Earlier versions...",
     "  -",
     "  mnuSetPrinter|Print setup",
     "  mnuPrint|Print",

@@ -18,7 +18,7 @@ namespace nubivane {
 using testing::part;
 using testing::withModal;
 
-/// "Earlier versions…": what was kept of the project that is open.
+/// "Earlier versions...": what was kept of the project that is open.
 class EarlierVersions : public testing::CanvasFixture {
   protected:
     ~EarlierVersions() override { workspace.ProjectChanged = false; }
