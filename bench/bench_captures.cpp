@@ -4,8 +4,8 @@
 
 #include "engine/core/error.h"
 #include "engine/core/host_files.h"
+#include "engine/core/quiet_shell.h"
 #include "engine/core/settings_store.h"
-#include "engine/core/shell.h"
 #include "engine/export/capture_plan.h"
 #include "engine/export/film_stage.h"
 #include "engine/model/editor.h"
@@ -21,25 +21,6 @@
 using namespace nubivane;
 
 namespace {
-
-/// Nobody is there to ask or tell anything.
-class SilentShell : public Shell {
-  public:
-    Answer messageBox(const Message&) override { return Answer::Ok; }
-    QString openFileName(const FileRequest&) override { return {}; }
-    QString saveFileName(const FileRequest&) override { return {}; }
-    QString chooseFolder(const FileRequest&) override { return {}; }
-    std::optional<qint32> chooseColor(qint32) override { return std::nullopt; }
-    void setProgress(int) override {}
-    void hideProgress() override {}
-    void setPointer(Pointer) override {}
-    void processEvents() override {}
-    void wait(int) override {}
-    void openInBrowser(const QString&) override {}
-    bool openHelp(const QString&, const QString&) override { return false; }
-    void openAddress(const QString&) override {}
-    bool networkPresent() override { return false; }
-};
 
 bool write(const QImage& picture, const QString& folder, qint64 number) {
     return picture.save(QStringLiteral("%1/%2.png").arg(folder).arg(number, 4, 10, QChar(u'0')));
@@ -79,7 +60,7 @@ int main(int argc, char* argv[]) {
         SettingsStore settings(temporary.filePath("settings.ini"));
         Workspace workspace(ProgramFolder(host_files::toModel(QString::fromLocal8Bit(argv[1]))),
                             settings);
-        SilentShell shell;
+        QuietShell shell;
         EditorView noWindow;
         OpenProject({workspace, shell, noWindow},
                     host_files::toModel(QString::fromLocal8Bit(argv[2])));

@@ -32,6 +32,7 @@ for target in "$@"; do
     case $target in
         fuzz_saved_document) seeds=(fuzz/corpus/fuzz_project_document) ;;
         fuzz_xml_guard) seeds+=(fuzz/corpus/fuzz_project_document) ;;
+        fuzz_page_guard) seeds+=(help) ;;
     esac
     case $target in
         fuzz_data_blocks) options+=(-max_len=12000) ;;

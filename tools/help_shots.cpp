@@ -5,8 +5,8 @@
 ///
 /// A window that is added to the program gets its picture by a line in `shots`.
 #include "engine/core/host_files.h"
+#include "engine/core/quiet_shell.h"
 #include "engine/core/settings_store.h"
-#include "engine/core/shell.h"
 #include "engine/gif/quantizer.h"
 #include "engine/model/workspace.h"
 #include "engine/picture/animation_cache.h"
@@ -41,24 +41,13 @@ constexpr int SettlingMs = 400;     // for thumbnails, which are decoded on othe
 const QColor frameColor(0x9a, 0xa7, 0xb4);
 
 /// Nobody is there to answer; windows open, boxes do not.
-class SilentShell : public Shell {
+class SilentShell : public QuietShell {
   public:
     Answer messageBox(const Message& message) override {
         std::fprintf(stderr, "help_shots: %s\n", qUtf8Printable(message.text));
         return Answer::Ok;
     }
-    QString openFileName(const FileRequest&) override { return {}; }
-    QString saveFileName(const FileRequest&) override { return {}; }
-    QString chooseFolder(const FileRequest&) override { return {}; }
-    std::optional<qint32> chooseColor(qint32) override { return std::nullopt; }
-    void setProgress(int) override {}
-    void hideProgress() override {}
-    void setPointer(Pointer) override {}
     void processEvents() override { QApplication::processEvents(); }
-    void wait(int) override {}
-    void openInBrowser(const QString&) override {}
-    bool openHelp(const QString&, const QString&) override { return false; }
-    void openAddress(const QString&) override {}
     bool networkPresent() override { return true; }
 };
 

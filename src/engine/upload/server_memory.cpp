@@ -2,7 +2,9 @@
 #include "engine/upload/server_memory.h"
 
 #include "engine/core/error.h"
+#include "engine/core/file_state.h"
 #include "engine/core/replaced_file.h"
+#include "engine/core/user_folders.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -21,26 +23,24 @@ constexpr qint64 MaxBytes = 2 * SiteManifest::MaxBytes;
 }  // namespace
 
 QString ServerMemory::folder() {
-    // Relative paths in the variable are to be ignored (XDG Base Directory Specification).
-    const QString stated = qEnvironmentVariable("XDG_STATE_HOME");
-    const QString base =
-        QDir::isAbsolutePath(stated) ? stated : QDir::homePath() + u"/.local/state"_s;
-    return base + u"/Nubivane"_s;
+    return user_folders::state() + u"/Nubivane"_s;
 }
 
-ServerMemory::ServerMemory(const QString& place)
-    : hostFile_(
-          folder() + u"/uploads/"_s +
-          QString::fromLatin1(QCryptographicHash::hash(place.toUtf8(), QCryptographicHash::Sha256)
-                                  .toHex()
-                                  .first(32))) {
+ServerMemory::ServerMemory(const QString& place) {
+    const QByteArray digest =
+        QCryptographicHash::hash(place.toUtf8(), QCryptographicHash::Sha256).toHex().first(32);
+    try {
+        hostFile_ = folder() + u"/uploads/"_s + QString::fromLatin1(digest);
+    } catch (const Error&) {
+        return;  // a user without a home has no memory
+    }
     load();
 }
 
 void ServerMemory::load() {
-    QFile file(hostFile_);
-    if (!QFileInfo(hostFile_).isFile() || !file.open(QIODevice::ReadOnly) ||
-        file.size() > MaxBytes) {
+    QFile file;
+    QString reason;
+    if (!openOrdinary(file, hostFile_, reason) || file.size() > MaxBytes) {
         return;
     }
     const QByteArray bytes = file.readAll();
@@ -61,7 +61,7 @@ void ServerMemory::load() {
 }
 
 void ServerMemory::save() const {
-    if (!QDir().mkpath(QFileInfo(hostFile_).path())) {
+    if (hostFile_.isEmpty() || !QDir().mkpath(QFileInfo(hostFile_).path())) {
         return;
     }
     QByteArray bytes = Head;

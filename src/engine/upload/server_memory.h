@@ -16,8 +16,8 @@ class ServerMemory {
     /// `place` names the server with its folders, in whatever form.
     explicit ServerMemory(const QString& place);
 
-    /// Where all memories lie (host path): `$XDG_STATE_HOME/Nubivane`, or the same below
-    /// `~/.local/state`.
+    /// Where all memories lie (host path): "Nubivane" in the user's folder for state. Raises
+    /// `Error` for a user who has no home.
     static QString folder();
 
     bool known = false;  ///< something has been sent there
@@ -31,7 +31,7 @@ class ServerMemory {
   private:
     void load();
 
-    QString hostFile_;
+    QString hostFile_;  ///< empty where nothing can be remembered
 };
 
 }  // namespace nubivane

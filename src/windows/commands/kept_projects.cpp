@@ -2,7 +2,7 @@
 #include "windows/commands/kept_projects.h"
 
 #include "engine/core/host_files.h"
-#include "engine/core/shell.h"
+#include "engine/core/quiet_shell.h"
 #include "engine/export/export_stage.h"
 #include "engine/model/editor_view.h"
 #include "engine/project/open_project.h"
@@ -16,25 +16,6 @@ namespace nubivane {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Nobody is asked or told anything.
-class QuietShell : public Shell {
-  public:
-    Answer messageBox(const Message&) override { return Answer::Cancel; }
-    QString openFileName(const FileRequest&) override { return {}; }
-    QString saveFileName(const FileRequest&) override { return {}; }
-    QString chooseFolder(const FileRequest&) override { return {}; }
-    std::optional<qint32> chooseColor(qint32) override { return std::nullopt; }
-    void setProgress(int) override {}
-    void hideProgress() override {}
-    void setPointer(Pointer) override {}
-    void processEvents() override {}
-    void wait(int) override {}
-    void openInBrowser(const QString&) override {}
-    bool openHelp(const QString&, const QString&) override { return false; }
-    void openAddress(const QString&) override {}
-    bool networkPresent() override { return false; }
-};
 
 QString text(const char* source) {
     return QCoreApplication::translate("Versions", source);
