@@ -63,7 +63,7 @@ class Editor {
 
     void showOtherFrame() {
         window_.tabs().select(3 - window_.tabs().selected());
-        window_.frameCommands().changeFrame();
+        window_.findChild<FrameCommands*>()->changeFrame();
         QApplication::processEvents();
     }
 

@@ -41,7 +41,7 @@ class Project {
         workspace_.Status.CurrentMap = workspace_.folder.maps() + "\\bench.jpg";
         workspace_.Project = std::make_unique<cWrapper>();
         for (qint32 i = 1; i <= frames; ++i) {
-            fill(workspace_.Frames().Add(), i);
+            fill(workspace_.Project->Frames().Add(), i);
         }
     }
 

@@ -43,6 +43,11 @@ extern "C" const char* __asan_default_options() {
     return "quarantine_size_mb=8";
 }
 
+/// What the system's own font library keeps until the end is no leak of ours.
+extern "C" const char* __lsan_default_suppressions() {
+    return "leak:libfontconfig";
+}
+
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
     // Qt finds its picture plugins only beside an application object, and fonts for laying out
     // pages only beside one with a screen.

@@ -46,7 +46,7 @@ class Recovered : public CliTest {
 
     QString project;
     SettingsStore settings{temporary.file("editor.ini")};
-    Workspace workspace{ProgramFolder(host_files::toModel(programFolder())), settings};
+    OpenWorkspace workspace{ProgramFolder(host_files::toModel(programFolder())), settings};
     RecordingView view;
 };
 

@@ -66,6 +66,15 @@ class RecordingView : public EditorView {
     void refreshRecentFiles() override { calls << "refreshRecentFiles"; }
 };
 
+/// A workspace whose project a test may write as it likes, without edits.
+class OpenWorkspace : public Workspace {
+  public:
+    using Workspace::Workspace;
+
+    cFrames& Frames() { return Project->Frames(); }
+    const cFrames& Frames() const { return Project->Frames(); }
+};
+
 /// A workspace in a program folder of its own, which holds the symbols set-1/sun.gif,
 /// set-1/rain.gif, set-1/snow.gif and sea/wave.png, and with settings of its own.
 class WorkspaceFixture : public ::testing::Test {
@@ -85,7 +94,7 @@ class WorkspaceFixture : public ::testing::Test {
 
     TemporaryFolder temporary;
     SettingsStore settings;
-    Workspace workspace;
+    OpenWorkspace workspace;
     ScriptedShell shell;
     RecordingView view;
 };

@@ -24,10 +24,6 @@ QString trimBlanks(const QString& text) {
     return text.mid(begin, end - begin);
 }
 
-QString ensureTrailingSlash(const QString& path) {
-    return path.endsWith(u'/') ? path : path + u'\\';
-}
-
 QString getFileName(const QString& path) {
     return path.mid(findLast(path, u'\\') + 1);
 }

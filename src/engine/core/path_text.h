@@ -10,10 +10,6 @@
 /// the position found is applied to the text as given.
 namespace nubivane {
 
-/// The text unchanged when it ends in "/", otherwise the text plus "\". A text that ends in "\"
-/// therefore gets a second one.
-QString ensureTrailingSlash(const QString& path);
-
 /// The part after the last "\"; the text itself when it holds none.
 QString getFileName(const QString& path);
 

@@ -82,15 +82,12 @@ enum class Setting {
 /// Lists kept under the keys "1", "2", … of a group; the first empty value ends a list.
 enum class SettingList { CheckedCollections, RecentFiles };
 
-/// What a setting's text stands for. The stored value is always text.
-enum class SettingType { Text, Number, Flag, Color, Path };
-
+/// The stored value is always text.
 struct SettingRow {
     Setting setting;
     const char* section;
     const char* group;
     const char* key;
-    SettingType type;
     const char* defaultValue;  ///< what readers take when the entry is absent
 };
 

@@ -40,7 +40,6 @@ class GifWriter {
     /// Pictures in their order, worked on side by side. What exceeds the 65535 hundredths that an
     /// image can stay is written as further images that change nothing.
     void addImages(const std::vector<TimedPicture>& images);
-    void addImage(const QImage& picture, qint64 hundredths) { addImages({{picture, hundredths}}); }
     void finish();
 
     /// How many pictures of a size are best given at a time: enough to keep all cores at work, few

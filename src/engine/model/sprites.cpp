@@ -35,26 +35,6 @@ void cSymbols::Insert(qint32 position, const cSymbol& symbol) {
     insertAt(position, symbol.Key_, symbol);
 }
 
-cSprites::List cSprites::evalSprite(const QString& type) {
-    if (type == u"1") {
-        return &symbols_;
-    }
-    if (type == u"2") {
-        return &labels_;
-    }
-    return {};
-}
-
-cSprites::Sprite cSprites::eval(const QString& type, const QString& key) {
-    if (type == u"1") {
-        return &symbols_.Item(key);
-    }
-    if (type == u"2") {
-        return &labels_.Item(key);
-    }
-    return {};
-}
-
 cSprites::Sprite cSprites::find(const SpriteId& id) {
     if (!contains(id)) {
         return {};

@@ -149,15 +149,9 @@ class cSprites {
     cSymbols& Symbols() { return symbols_; }
     const cSymbols& Symbols() const { return symbols_; }
 
-    using List = std::variant<std::monostate, cSymbols*, cLabels*>;
     using Sprite = std::variant<std::monostate, cSymbol*, cLabel*>;
 
-    /// The list of a kind, given as in a sprite's tag: "1" Symbols, "2" Labels, otherwise nothing.
-    List evalSprite(const QString& type);
-    /// The sprite of a kind and key. An unknown key raises `Error` (InvalidArgument).
-    Sprite eval(const QString& type, const QString& key);
-
-    /// The same by the sprite's name; nothing where there is none of it.
+    /// A sprite by its name; nothing where there is none of it.
     Sprite find(const SpriteId& id);
     bool contains(const SpriteId& id) const;
 

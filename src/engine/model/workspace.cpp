@@ -21,7 +21,7 @@ Workspace::~Workspace() = default;
 
 void Workspace::resetProject() {
     Project = std::make_unique<cWrapper>();
-    Frames().Add();
+    Project->Frames().Add();
     edits_->clear();
 }
 

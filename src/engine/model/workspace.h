@@ -43,7 +43,8 @@ class Workspace {
     MapSurface pctMap;
     FramePanels pctPanel;
 
-    cFrames& Frames() { return Project->Frames(); }
+    /// What the project holds, to be looked at. Only edits, and whatever puts a new project here,
+    /// write it.
     const cFrames& Frames() const { return Project->Frames(); }
 
     /// What changes the project that is open goes through here.

@@ -28,7 +28,7 @@ bool newProject(Editor editor) {
     workspace.clearTempPicture();
     workspace.Status.CurrentFrame = 1;
     workspace.pctMap.setPicture(workspace.loadCurrentMap());
-    workspace.Frames().Item(1).Texts().Label = u"Map1"_s;
+    workspace.Project->Frames().Item(1).Texts().Label = u"Map1"_s;
     editor.view.rebuildFrameTabs();
     editor.view.showMap();
     editor.view.selectFirstFrame();

@@ -34,7 +34,6 @@ TEST(PathText, EmptyTextsStayEmpty) {
     EXPECT_EQ(getField("", 1), "");
     EXPECT_EQ(getField("", 2), "");
     EXPECT_EQ(uniqueFileName("", 1), "");
-    EXPECT_EQ(ensureTrailingSlash(""), "\\");
 }
 
 TEST(PathText, ExtensionAndStripExtensionAreNoComplements) {
@@ -53,12 +52,6 @@ TEST(PathText, OnlyTheLastPointCounts) {
     EXPECT_EQ(stripExtension("a.b.gif"), "a.b");
     EXPECT_EQ(getExtension("a."), "");
     EXPECT_EQ(stripExtension(".gif"), "");
-}
-
-TEST(PathText, EnsureTrailingSlashTestsForASlashAndAppendsABackslash) {
-    EXPECT_EQ(ensureTrailingSlash("web/"), "web/");
-    EXPECT_EQ(ensureTrailingSlash("web"), "web\\");
-    EXPECT_EQ(ensureTrailingSlash("web\\"), "web\\\\");
 }
 
 TEST(PathText, LastFolderIsTheFolderOfTheFile) {

@@ -23,7 +23,7 @@ QByteArray written(const std::vector<Shown>& pictures, GifEffort effort,
         pictures.front().picture.size(), [&bytes](const QByteArray& part) { bytes += part; },
         effort, std::move(palette));
     for (const Shown& shown : pictures) {
-        writer.addImage(shown.picture, shown.hundredths);
+        writer.addImages({{shown.picture, shown.hundredths}});
     }
     writer.finish();
     return bytes;

@@ -210,34 +210,16 @@ TEST(Sprites, ASymbolAndALabelOfOneFrameBothGetK1) {
     cLabel* const label = &addLabel(sprites.Labels());
     EXPECT_EQ(symbol->Key_, "K-1");
     EXPECT_EQ(label->Key_, "K-1");
-    EXPECT_EQ(std::get<cSymbol*>(sprites.eval("1", "K-1")), symbol);
-    EXPECT_EQ(std::get<cLabel*>(sprites.eval("2", "K-1")), label);
+    EXPECT_EQ(std::get<cSymbol*>(sprites.find({SpriteKind::Symbol, "K-1"})), symbol);
+    EXPECT_EQ(std::get<cLabel*>(sprites.find({SpriteKind::Label, "K-1"})), label);
 }
 
-TEST(Sprites, EvalOfAnotherKindGivesNothing) {
+TEST(Sprites, ASpriteThatIsNotThereIsNotFound) {
     cSprites sprites;
     addSymbol(sprites.Symbols());
-    for (const char* type : {"3", "", "0", " 1", "01", "12"}) {
-        EXPECT_TRUE(std::holds_alternative<std::monostate>(sprites.eval(type, "K-1"))) << type;
-    }
-}
-
-TEST(Sprites, EvalOfAnUnknownKeyIsAnError) {
-    cSprites sprites;
-    EXPECT_EQ(errorNumberOf([&] { sprites.eval("1", "K-1"); }), error_number::InvalidArgument);
-    EXPECT_EQ(errorNumberOf([&] { sprites.eval("2", "K-1"); }), error_number::InvalidArgument);
-}
-
-TEST(Sprites, EvalSpriteGivesTheListOfAKind) {
-    cSprites sprites;
-    EXPECT_EQ(std::get<cSymbols*>(sprites.evalSprite("1")), &sprites.Symbols());
-    EXPECT_EQ(std::get<cLabels*>(sprites.evalSprite("2")), &sprites.Labels());
-}
-
-TEST(Sprites, EvalSpriteOf3GivesNothingAndNoError) {
-    cSprites sprites;
-    EXPECT_TRUE(std::holds_alternative<std::monostate>(sprites.evalSprite("3")));
-    EXPECT_TRUE(std::holds_alternative<std::monostate>(sprites.evalSprite("")));
+    EXPECT_TRUE(std::holds_alternative<std::monostate>(sprites.find({SpriteKind::Label, "K-1"})));
+    EXPECT_TRUE(std::holds_alternative<std::monostate>(sprites.find({SpriteKind::Symbol, "K-2"})));
+    EXPECT_TRUE(std::holds_alternative<std::monostate>(sprites.find({})));
 }
 
 TEST(Sprites, ItemGivesTheSymbolEvenWhenALabelHasTheKeyToo) {

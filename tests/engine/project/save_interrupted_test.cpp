@@ -207,7 +207,8 @@ class InterruptedSave : public ::testing::Test {
     /// business.
     SettingsStore settings{"/dev/null/settings.ini"};
     SettingsStore otherSettings{"/dev/null/other.ini"};
-    Workspace workspace{ProgramFolder(host_files::toModel(temporary.file("program"))), settings};
+    OpenWorkspace workspace{ProgramFolder(host_files::toModel(temporary.file("program"))),
+                            settings};
     RecordingView view;
     QByteArray oldXml;
     QByteArray oldData;

@@ -21,7 +21,7 @@ class NextStart {
     }
 
     ScriptedShell shell;
-    Workspace workspace;
+    OpenWorkspace workspace;
     frmMap window;
 };
 

@@ -15,7 +15,7 @@ QString Edit::text() const {
 }
 
 cFrame& EditScene::frame(qint32 number) {
-    return workspace.Frames().Item(number);
+    return workspace.Project->Frames().Item(number);
 }
 
 bool EditScene::isShown(qint32 frame) const {

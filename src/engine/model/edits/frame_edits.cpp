@@ -23,7 +23,7 @@ qsizetype sizeOf(const Picture& picture) {
 }  // namespace
 
 void nameNewProject(Workspace& workspace, const QString& label) {
-    workspace.Frames().Item(1).Texts().Label = label;
+    workspace.Project->Frames().Item(1).Texts().Label = label;
 }
 
 InsertFrame::InsertFrame(QString label)
@@ -38,7 +38,7 @@ void InsertFrame::apply(EditScene& scene) {
         frame_ = std::make_unique<cFrame>();
         frame_->Texts().Label = label_;
     }
-    workspace.Frames().Insert(at_, std::move(frame_));
+    workspace.Project->Frames().Insert(at_, std::move(frame_));
     workspace.pctPanel.insert(at_, std::exchange(picture_, Picture()));
     scene.framesChanged(at_);
 }
@@ -46,7 +46,7 @@ void InsertFrame::apply(EditScene& scene) {
 void InsertFrame::revert(EditScene& scene) {
     Workspace& workspace = scene.workspace;
     scene.framesWillChange();
-    frame_ = workspace.Frames().Take(at_);
+    frame_ = workspace.Project->Frames().Take(at_);
     picture_ = workspace.pctPanel.picture(at_);
     workspace.pctPanel.remove(at_);
     scene.framesChanged(shownBefore_);
@@ -58,7 +58,7 @@ RemoveFrame::RemoveFrame(qint32 number)
 void RemoveFrame::apply(EditScene& scene) {
     Workspace& workspace = scene.workspace;
     scene.framesWillChange();
-    frame_ = workspace.Frames().Take(number_);
+    frame_ = workspace.Project->Frames().Take(number_);
     picture_ = workspace.pctPanel.picture(number_);
     workspace.pctPanel.remove(number_);
     scene.framesChanged(1);
@@ -67,7 +67,7 @@ void RemoveFrame::apply(EditScene& scene) {
 void RemoveFrame::revert(EditScene& scene) {
     Workspace& workspace = scene.workspace;
     scene.framesWillChange();
-    workspace.Frames().Insert(number_, std::move(frame_));
+    workspace.Project->Frames().Insert(number_, std::move(frame_));
     workspace.pctPanel.insert(number_, std::exchange(picture_, Picture()));
     scene.framesChanged(number_);
 }
@@ -85,7 +85,7 @@ namespace {
 void move(EditScene& scene, qint32 from, qint32 to) {
     Workspace& workspace = scene.workspace;
     scene.framesWillChange();
-    workspace.Frames().Insert(to, workspace.Frames().Take(from));
+    workspace.Project->Frames().Insert(to, workspace.Project->Frames().Take(from));
     const Picture picture = workspace.pctPanel.picture(from);
     workspace.pctPanel.remove(from);
     workspace.pctPanel.insert(to, picture);
