@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the recovery copy of a long project costs: on the window's thread a snapshot, on the other
-// one what is written for an edit.
+// What it costs that nothing is lost, in a long project: on the window's thread an edit with its
+// undo and a snapshot for the recovery copy, on the other thread what is written for an edit.
 //
 //     bench_recovery [Google Benchmark's options]
 
 #include "engine/core/host_files.h"
 #include "engine/core/settings_store.h"
 #include "engine/model/edits/edit_watcher.h"
+#include "engine/model/edits/project_edits.h"
+#include "engine/model/edits/sprite_changes.h"
 #include "engine/model/workspace.h"
 #include "engine/project/recovery_copy.h"
 
@@ -46,7 +48,7 @@ class LongProject {
         mapFile.close();
         workspace.Status.CurrentMap = host_files::toModel(file);
         while (workspace.Frames().Count() < Frames) {
-            workspace.Frames().Add();
+            workspace.Project->Frames().Add();
         }
         workspace.clearTempPicture();
         for (qint32 i = 1; i <= Frames; ++i) {
@@ -55,7 +57,7 @@ class LongProject {
                 cSymbol symbol;
                 symbol.PathFileGif = QStringLiteral("C:\\Symbols\\set-1\\sun-%1.gif").arg(k);
                 symbol.Note = QStringLiteral("Frame %1").arg(i);
-                workspace.Frames().Item(i).Sprites().Symbols().add(symbol);
+                workspace.Project->Frames().Item(i).Sprites().Symbols().add(symbol);
             }
         }
         workspace.showFrame(1);
@@ -70,6 +72,20 @@ class LongProject {
   public:
     Workspace workspace;
 };
+
+/// An edit of a symbol's note, taken back at once, on a Frame of that many symbols.
+void editAndUndo(benchmark::State& state) {
+    LongProject project(static_cast<int>(state.range(0)));
+    Workspace& workspace = project.workspace;
+    const cSymbol symbol = workspace.Frames().Item(1).Sprites().Symbols().Item(1);
+    int edit = 0;
+    for (auto _ : state) {
+        changeSprite<cSymbol>(workspace, idOf(symbol), "Change symbol notes", "",
+                              [&](cSymbol& changed) { changed.Note = QString::number(++edit); });
+        workspace.edits().undo();
+    }
+}
+BENCHMARK(editAndUndo)->Arg(10)->Arg(1000)->Unit(benchmark::kMillisecond);
 
 /// The window's thread, after an edit of one Frame of that many symbols.
 void snapshotAfterAnEdit(benchmark::State& state) {
@@ -111,7 +127,7 @@ void writeAfterAnEdit(benchmark::State& state) {
     copy.write(snapshots.take());
     int edit = 0;
     for (auto _ : state) {
-        project.workspace.Frames().Item(7).Texts().Label = QString::number(++edit);
+        project.workspace.Project->Frames().Item(7).Texts().Label = QString::number(++edit);
         snapshots.note(ProjectChange{{7}, {}, false, false});
         copy.write(snapshots.take());
     }
