@@ -51,9 +51,31 @@ MapCanvas::MapCanvas(Workspace& workspace, SpriteStack& sprites, Selection& sele
 }
 
 void MapCanvas::showPicture() {
+    const QSize before = picture_.size();
     picture_ = QPixmap::fromImage(workspace_.pctMap.pixels());
-    resize(workspace_.pctMap.Width(), workspace_.pctMap.Height());
+    fitSize();
     update();
+    if (picture_.size() != before) {
+        Q_EMIT mapResized();
+    }
+}
+
+void MapCanvas::fitSize() {
+    resize(zoom_.toScreen(workspace_.pctMap.ScaleWidth()) + 2,
+           zoom_.toScreen(workspace_.pctMap.ScaleHeight()) + 2);
+}
+
+void MapCanvas::setZoom(Zoom zoom) {
+    zoom_ = zoom;
+    selection_.setZoom(zoom);
+    fitSize();
+    update();
+}
+
+/// Beside 100 % the edges of what is painted are mixed with their neighbours.
+void MapCanvas::updateMap(const QRect& mapRect) {
+    const int mixed = zoom_ == Zoom() ? 0 : 1;
+    update(toWidget(mapRect).adjusted(-mixed, -mixed, mixed, mixed));
 }
 
 bool MapCanvas::event(QEvent* event) {
@@ -108,15 +130,35 @@ void MapCanvas::paintEvent(QPaintEvent* event) {
     paintFrame(painter, rect());
     painter.translate(1, 1);
     painter.setClipRect(QRect(0, 0, width() - 2, height() - 2), Qt::IntersectClip);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    // From twice its size on a map is looked at for its pixels.
+    constexpr int ShowsPixels = 200;
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, zoom_.percent() < ShowsPixels);
+    const int mixed = zoom_ == Zoom() ? 0 : 1;
     for (const QRect& part : event->region()) {
-        paintMap(painter, part.translated(-1, -1));
+        const QRect onMap = part.translated(-1, -1);
+        painter.save();
+        painter.setClipRect(onMap, Qt::IntersectClip);
+        painter.scale(zoom_.factor(), zoom_.factor());
+        paintMap(painter, zoom_.toMap(onMap).adjusted(-mixed, -mixed, mixed, mixed) &
+                              QRect(QPoint(), picture_.size()));
+        painter.restore();
+        paintBorder(painter, onMap);
     }
 }
 
-void MapCanvas::paintMap(QPainter& painter, const QRect& mapRect) {
-    painter.save();
-    painter.setClipRect(mapRect, Qt::IntersectClip);
+QImage MapCanvas::image() const {
+    QImage image(picture_.size() + QSize(2, 2), QImage::Format_RGB32);
+    QPainter painter(&image);
+    paintFrame(painter, image.rect());
+    painter.translate(1, 1);
+    painter.setClipRect(picture_.rect());
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    paintMap(painter, picture_.rect());
+    return image;
+}
+
+/// The painter's pixels are those of the map.
+void MapCanvas::paintMap(QPainter& painter, const QRect& mapRect) const {
     painter.drawPixmap(mapRect, picture_, mapRect);
     const QRect drawn = mapRect & workspace_.pctMap.scratchArea();
     if (!drawn.isEmpty()) {
@@ -127,11 +169,16 @@ void MapCanvas::paintMap(QPainter& painter, const QRect& mapRect) {
             control->paint(painter);
         }
     }
+}
+
+void MapCanvas::paintBorder(QPainter& painter, const QRect& onMap) const {
     const ShpSelector* selector = std::as_const(selection_).shpSelector();
-    if (selector && selector->paintedRect().intersects(mapRect)) {
+    if (selector && selector->paintedRect().intersects(zoom_.toMap(onMap))) {
+        painter.save();
+        painter.setClipRect(onMap, Qt::IntersectClip);
         selector->paint(painter);
+        painter.restore();
     }
-    painter.restore();
 }
 
 void MapCanvas::mousePressEvent(QMouseEvent* event) {
@@ -143,8 +190,13 @@ void MapCanvas::mousePressEvent(QMouseEvent* event) {
     Q_EMIT gestureChanged();
 }
 
+void MapCanvas::leaveEvent(QEvent*) {
+    Q_EMIT left();
+}
+
 void MapCanvas::mouseMoveEvent(QMouseEvent* event) {
     const QPoint position = toMap(event->position().toPoint());
+    Q_EMIT pointed(position);
     if (!mouse_.move(position, event->buttons())) {
         Q_EMIT mapMoved(position);
     } else {

@@ -3,6 +3,7 @@
 
 #include "windows/canvas/selection.h"
 #include "windows/canvas/sprite_mouse.h"
+#include "windows/canvas/zoom.h"
 
 #include <QPixmap>
 #include <QWidget>
@@ -16,8 +17,8 @@ namespace nubivane {
 class CanvasClock;
 
 /// The widget `pctMap`: paints the map's layers, the sprites and the selection's border, and
-/// forwards the mouse. It has a border of one pixel; everybody else works in pixels of the map,
-/// which `toMap` and `toWidget` turn to and from.
+/// forwards the mouse. It has a border of one pixel and shows the map larger or smaller; everybody
+/// else works in pixels of the map, which `toMap` and `toWidget` turn to and from.
 class MapCanvas : public QWidget {
     Q_OBJECT
 
@@ -26,17 +27,23 @@ class MapCanvas : public QWidget {
     MapCanvas(Workspace& workspace, SpriteStack& sprites, Selection& selection, SpriteMouse& mouse,
               CanvasClock& clock, std::function<bool()> dropAllowed, QWidget* parent);
 
-    QPoint toMap(QPoint widgetPosition) const { return widgetPosition - QPoint(1, 1); }
-    QRect toWidget(const QRect& mapRect) const { return mapRect.translated(1, 1); }
+    QPoint toMap(QPoint widgetPosition) const { return zoom_.toMap(widgetPosition - QPoint(1, 1)); }
+    QRect toWidget(const QRect& mapRect) const { return zoom_.toScreen(mapRect).translated(1, 1); }
+
+    QSize mapSize() const { return picture_.size(); }
+    Zoom zoom() const { return zoom_; }
+    void setZoom(Zoom zoom);
 
     /// Takes over the picture of the surface anew: its size and all its pixels.
     void showPicture();
     /// Takes over a part of the surface's persistent layer, which was drawn on.
     void takeOver(const QRect& mapRect);
+    /// The canvas as it is at 100 %, with its border.
+    QImage image() const;
     /// The map with its sprites as they stand, made small.
     QImage thumbnail(QSize bounds) const;
     /// Paints a part of the map again.
-    void updateMap(const QRect& mapRect) { update(toWidget(mapRect)); }
+    void updateMap(const QRect& mapRect);
 
     /// A sprite that is being dragged or resized goes on to a position of the widget, under which
     /// the map has moved.
@@ -54,6 +61,11 @@ class MapCanvas : public QWidget {
     /// Something is being dragged over the map, or is no longer. Position of the widget.
     void dragMoved(QPoint widgetPosition);
     void dragEnded();
+    /// A map of another size is shown.
+    void mapResized();
+    /// The pointer is over a pixel of the map.
+    void pointed(QPoint position);
+    void left();
 
   protected:
     bool event(QEvent* event) override;
@@ -65,12 +77,15 @@ class MapCanvas : public QWidget {
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
   private:
     void showToolTip(const QHelpEvent& event);
-    void paintMap(QPainter& painter, const QRect& mapRect);
+    void paintMap(QPainter& painter, const QRect& mapRect) const;
+    void paintBorder(QPainter& painter, const QRect& onMap) const;
+    void fitSize();
 
     Workspace& workspace_;
     SpriteStack& sprites_;
@@ -78,6 +93,7 @@ class MapCanvas : public QWidget {
     SpriteMouse& mouse_;
     CanvasClock& clock_;
     std::function<bool()> dropAllowed_;
+    Zoom zoom_;
     QPixmap picture_;  ///< the surface's persistent layer as it is shown
 };
 

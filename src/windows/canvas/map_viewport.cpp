@@ -179,8 +179,13 @@ void MapViewport::setHint(const QString& text) {
     }
 }
 
+QSize MapViewport::room() const {
+    return size() - QSize(Rest + Margin, Rest + Margin);
+}
+
 void MapViewport::resizeEvent(QResizeEvent*) {
     setScrollBars();
+    Q_EMIT resized();
 }
 
 void MapViewport::mousePressEvent(QMouseEvent* event) {
@@ -189,6 +194,15 @@ void MapViewport::mousePressEvent(QMouseEvent* event) {
 }
 
 void MapViewport::wheelEvent(QWheelEvent* event) {
+    if (event->modifiers() & Qt::ControlModifier) {
+        turned_ += event->angleDelta().y();
+        if (const int notches = turned_ / Notch) {
+            Q_EMIT zoomTurned(notches, event->position().toPoint());
+        }
+        turned_ %= Notch;
+        event->accept();
+        return;
+    }
     const bool sideways = event->modifiers() & Qt::ShiftModifier || vScroll1_->isHidden();
     // Fine wheels and touchpads send parts of a notch.
     wheel_ += (event->angleDelta().y() + event->angleDelta().x()) *

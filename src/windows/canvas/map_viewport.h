@@ -34,6 +34,8 @@ class MapViewport : public QWidget {
     bool scrollBy(QPoint pixels);
     /// How far a wheel or a drag may scroll at once on each axis, in pixels.
     QPoint notch() const;
+    /// The extent that a map may have to be seen whole at its rest position.
+    QSize room() const;
 
     QScrollBar* hScroll1() const { return hScroll1_; }
     QScrollBar* vScroll1() const { return vScroll1_; }
@@ -41,6 +43,9 @@ class MapViewport : public QWidget {
   Q_SIGNALS:
     /// The ground beside the map was pressed.
     void groundPressed();
+    /// Ctrl and the wheel were turned by notches at a position of the viewport.
+    void zoomTurned(int notches, QPoint position);
+    void resized();
 
   protected:
     void mousePressEvent(QMouseEvent* event) override;
@@ -76,7 +81,8 @@ class MapViewport : public QWidget {
     QScrollBar* vScroll1_;
     QWidget* barGround_;  ///< keeps the map from showing beside and between the bars
     QString hint_;
-    int wheel_ = 0;  ///< parts of a pixel that have not yet moved the map
+    int wheel_ = 0;   ///< parts of a pixel that have not yet moved the map
+    int turned_ = 0;  ///< eighths of a degree that have not yet made a notch of zooming
 };
 
 }  // namespace nubivane

@@ -19,7 +19,7 @@ void Selection::selectSprite(SpriteControl& control) {
         Q_EMIT changed(selector_->paintedRect());
     }
     const QRect map(0, 0, workspace_.pctMap.ScaleWidth(), workspace_.pctMap.ScaleHeight());
-    selector_.emplace(control.rect, control.isResizable(), map);
+    selector_.emplace(control.rect, control.isResizable(), map, zoom_);
     Q_EMIT changed(selector_->paintedRect());
     Q_EMIT commandsChanged();
 }
@@ -55,9 +55,18 @@ void Selection::surround(const QRect& sprite) {
     }
 }
 
-void Selection::dragHandle(ShpSelector::Handle handle, QPoint position) {
+void Selection::setZoom(Zoom zoom) {
+    zoom_ = zoom;
+    const SpriteControl* selected = control();
+    if (selector_ && selected) {
+        const QRect map(0, 0, workspace_.pctMap.ScaleWidth(), workspace_.pctMap.ScaleHeight());
+        selector_.emplace(selector_->spriteRect(), selected->isResizable(), map, zoom_);
+    }
+}
+
+void Selection::dragHandle(ShpSelector::Handle handle, QPoint position, QPoint grip) {
     Q_EMIT changed(selector_->paintedRect());
-    selector_->drag(handle, position);
+    selector_->drag(handle, position, grip);
     Q_EMIT changed(selector_->paintedRect());
 }
 

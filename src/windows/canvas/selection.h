@@ -27,8 +27,11 @@ class Selection : public QObject {
     void follow();
     /// Puts the border, if there is one, around a rectangle of the map.
     void surround(const QRect& sprite);
-    /// Drags a handle of the border to a position of the map; the border must be there.
-    void dragHandle(ShpSelector::Handle handle, QPoint position);
+    /// Drags a handle of the border, gripped beside its sides, to a position of the map; the border
+    /// must be there.
+    void dragHandle(ShpSelector::Handle handle, QPoint position, QPoint grip);
+    /// The map is shown larger or smaller.
+    void setZoom(Zoom zoom);
     /// Takes the border off; the sprite stays selected.
     void hideBorder();
 
@@ -46,6 +49,7 @@ class Selection : public QObject {
   private:
     Workspace& workspace_;
     SpriteStack& sprites_;
+    Zoom zoom_;
     std::optional<ShpSelector> selector_;
 };
 

@@ -45,7 +45,7 @@ std::optional<ShpSelector::Handle> ShpSelector::handleAt(QPoint position) const 
         return std::nullopt;
     }
     for (const Handle handle : handles) {
-        if (within(square(rect_, handle, GripSize), room_).contains(position)) {
+        if (within(square(rect_, handle, GripSize), room_).contains(zoom_.toScreen(position))) {
             return handle;
         }
     }
@@ -55,7 +55,7 @@ std::optional<ShpSelector::Handle> ShpSelector::handleAt(QPoint position) const 
 QPoint ShpSelector::gripOffset(Handle handle, QPoint position) const {
     const QPoint side(handle.horizontal < 0 ? rect_.left() : rect_.right(),
                       handle.vertical < 0 ? rect_.top() : rect_.bottom());
-    return position - side;
+    return zoom_.toScreen(position) - side;
 }
 
 Qt::CursorShape ShpSelector::cursorOf(Handle handle) {
@@ -73,11 +73,12 @@ QRect ShpSelector::paintedRect() const {
     for (const Handle handle : handles) {
         painted |= within(square(rect_, handle, HandleSize), room_);
     }
-    return painted;
+    return zoom_.toMap(painted);
 }
 
-void ShpSelector::drag(Handle handle, QPoint position) {
-    const int least = 2 * Distance + MinimumSprite - 1;
+void ShpSelector::drag(Handle handle, QPoint at, QPoint grip) {
+    const QPoint position = zoom_.toScreen(at) - grip;
+    const int least = 2 * Distance + zoom_.toScreen(MinimumSprite) - 1;
     if (handle.horizontal < 0) {
         rect_.setLeft(std::min(position.x(), rect_.right() - least));
     } else if (handle.horizontal > 0) {
@@ -88,6 +89,20 @@ void ShpSelector::drag(Handle handle, QPoint position) {
     } else if (handle.vertical > 0) {
         rect_.setBottom(std::max(position.y(), rect_.top() + least));
     }
+    // On whole pixels of the map, each side on its own, so that the others stay where they are.
+    const QRect wanted = zoom_.nearest(rect_.adjusted(Distance, Distance, -Distance, -Distance));
+    QRect sprite = sprite_;
+    if (handle.horizontal < 0) {
+        sprite.setLeft(wanted.left());
+    } else if (handle.horizontal > 0) {
+        sprite.setRight(wanted.right());
+    }
+    if (handle.vertical < 0) {
+        sprite.setTop(wanted.top());
+    } else if (handle.vertical > 0) {
+        sprite.setBottom(wanted.bottom());
+    }
+    surround(sprite);
 }
 
 void ShpSelector::paint(QPainter& painter) const {

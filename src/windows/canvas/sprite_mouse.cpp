@@ -94,7 +94,7 @@ void SpriteMouse::moveHandle(QPoint position) {
     const ShpSelector* selector = selection_.shpSelector();
     SpriteControl* control = selection_.control();
     if (selector && control) {
-        selection_.dragHandle(resize_->handle, position - resize_->grip);
+        selection_.dragHandle(resize_->handle, position, resize_->grip);
         sprites_.Move(*control, selector->spriteRect());
     }
 }

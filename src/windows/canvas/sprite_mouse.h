@@ -47,7 +47,7 @@ class SpriteMouse : public QObject {
     struct Resize {
         ShpSelector::Handle handle;
         QRect from;   ///< where the control stood
-        QPoint grip;  ///< from the border's side to the pointer at the press
+        QPoint grip;  ///< from the border's side to the pointer at the press, screen
     };
 
     bool pressHandle(QPoint position);

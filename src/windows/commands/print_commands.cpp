@@ -28,7 +28,7 @@ void PrintCommands::printMap() {
         const HourglassGuard hourglass(shell_);
         const bool framed = selection.shpSelector() != nullptr;
         selection.hideBorder();
-        printer->print(partToPrint(canvasPicture()));
+        printer->print(partToPrint(canvas_.widget().image()));
         SpriteControl* control = selection.control();
         if (framed && control) {
             selection.selectSprite(*control);
@@ -38,14 +38,6 @@ void PrintCommands::printMap() {
         shell_.messageBox({tr("An error occurred while printing."), Icon::Critical, Buttons::Ok,
                            QString::fromUtf8(error.what())});
     }
-}
-
-/// In pixels of the map, however dense the screen is.
-QImage PrintCommands::canvasPicture() {
-    MapCanvas& canvas = canvas_.widget();
-    QImage picture(canvas.size(), QImage::Format_RGB32);
-    canvas.render(&picture);
-    return picture;
 }
 
 }  // namespace nubivane

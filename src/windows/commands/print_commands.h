@@ -24,8 +24,6 @@ class PrintCommands : public QObject {
     void printMap();
 
   private:
-    QImage canvasPicture();
-
     Shell& shell_;
     FrameCanvas& canvas_;
     QWidget& window_;

@@ -10,7 +10,9 @@
 #include "engine/project/save_project.h"
 #include "engine/project/work_snapshot.h"
 #include "windows/canvas/edge_scroll.h"
+#include "windows/canvas/map_zoom.h"
 #include "windows/canvas/sprite_keys.h"
+#include "windows/main/canvas_status.h"
 #include "windows/main/editor_pane.h"
 #include "windows/main/startup.h"
 #include "windows/main/status_line.h"
@@ -80,6 +82,12 @@ frmMap::frmMap(Workspace& workspace, Shell& shell)
     setAccessibleRole(canvas_.widget(), QAccessible::Canvas);
     viewport_->setMap(&canvas_.widget());
     new EdgeScroll(*viewport_, canvas_.widget());
+    auto* zoom = new MapZoom(*viewport_, canvas_.widget());
+    new CanvasStatus(workspace_, canvas_, *zoom, *statusLine_);
+    commands_.handle(Command::mnuZoomIn, [zoom] { zoom->zoomIn(); });
+    commands_.handle(Command::mnuZoomOut, [zoom] { zoom->zoomOut(); });
+    commands_.handle(Command::mnuZoomActual, [zoom] { zoom->zoomTo(Zoom()); });
+    commands_.handle(Command::mnuZoomWhole, [zoom] { zoom->showWhole(); });
     pBarMain_->setObjectName("pBarMain");
     pBarMain_->setFixedSize(180, 12);
     pBarMain_->setTextVisible(false);

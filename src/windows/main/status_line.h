@@ -1,15 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QPoint>
 #include <QStatusBar>
 
+#include <optional>
+
+class QComboBox;
 class QLabel;
 class QToolButton;
 
 namespace nubivane {
 
-/// The line below the editor: which tool is in hand, and what came of the last command where that
-/// is not to be seen on the map.
+/// The line below the editor: which tool is in hand, what came of the last command where that is
+/// not to be seen on the map, what is selected, where the pointer is, and how large the map is
+/// shown.
 class StatusLine : public QStatusBar {
     Q_OBJECT
 
@@ -23,11 +28,20 @@ class StatusLine : public QStatusBar {
     /// Says how the drawing tool in hand is used; an empty text for none.
     void setTool(const QString& text);
 
+    /// Says which pixel of the map the pointer is over; nothing beside the map.
+    void setPosition(std::optional<QPoint> position);
+    /// Says what is selected and where; an empty text for nothing.
+    void setSelection(const QString& text);
+    /// Shows how large the map is shown, in percent.
+    void setZoom(int percent);
+
     QString text() const;
     QToolButton* cmdShowInFolder() const { return cmdShowInFolder_; }
 
   Q_SIGNALS:
     void folderAsked(const QString& hostFolder);
+    void zoomAsked(int percent);
+    void wholeMapAsked();
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -35,9 +49,15 @@ class StatusLine : public QStatusBar {
   private:
     void show(const QString& text);
     void elide();
+    void makeZoomField();
+    void takeZoom(const QString& text);
 
     QLabel* lblStatus_;
     QToolButton* cmdShowInFolder_;
+    QLabel* lblSelection_;
+    QLabel* lblPosition_;
+    QComboBox* cboZoom_;
+    int percent_ = 100;
     QString text_;
     QString folder_;
 };
