@@ -60,7 +60,8 @@ void Selection::setZoom(Zoom zoom) {
     const SpriteControl* selected = control();
     if (selector_ && selected) {
         const QRect map(0, 0, workspace_.pctMap.ScaleWidth(), workspace_.pctMap.ScaleHeight());
-        selector_.emplace(selector_->spriteRect(), selected->isResizable(), map, zoom_);
+        const QRect sprite = selector_->spriteRect();
+        selector_.emplace(sprite, selected->isResizable(), map, zoom_);
     }
 }
 

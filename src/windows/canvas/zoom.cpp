@@ -52,11 +52,15 @@ QRect Zoom::toScreen(const QRect& mapRect) const {
 }
 
 QPoint Zoom::toMap(QPoint screenPosition) const {
-    return {whole(screenPosition.x() / factor()), whole(screenPosition.y() / factor())};
+    return {whole((screenPosition.x() + 0.5) / factor()),
+            whole((screenPosition.y() + 0.5) / factor())};
 }
 
 QRect Zoom::toMap(const QRect& screenRect) const {
-    return {toMap(screenRect.topLeft()), toMap(screenRect.bottomRight())};
+    const auto upTo = [this](int edge) { return static_cast<int>(std::ceil(edge / factor())) - 1; };
+    return {QPoint(whole(screenRect.x() / factor()), whole(screenRect.y() / factor())),
+            QPoint(upTo(screenRect.x() + screenRect.width()),
+                   upTo(screenRect.y() + screenRect.height()))};
 }
 
 QRect Zoom::nearest(const QRect& screenRect) const {
