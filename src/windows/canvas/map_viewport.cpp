@@ -12,8 +12,9 @@ namespace nubivane {
 
 namespace {
 
-constexpr int Rest = 70;   // where the map lies when nothing is scrolled, pixels
-constexpr int Margin = 5;  // free ground that must be left beside the map
+constexpr int Rest = 70;       // where the map lies when nothing is scrolled, pixels
+constexpr int TightRest = 16;  // the same for a map that is to be seen whole
+constexpr int Margin = 5;      // free ground that must be left beside the map
 constexpr int ShadowSize = 6;
 constexpr int Notch = 120;  // of a wheel, eighths of a degree
 
@@ -23,7 +24,8 @@ MapViewport::MapViewport(QWidget* parent)
     : QWidget(parent),
       hScroll1_(new QScrollBar(Qt::Horizontal, this)),
       vScroll1_(new QScrollBar(Qt::Vertical, this)),
-      barGround_(new QWidget(this)) {
+      barGround_(new QWidget(this)),
+      rest_(Rest) {
     barGround_->setAutoFillBackground(true);
     setObjectName("pctBackGround");
     hScroll1_->setObjectName("HScroll1");
@@ -43,15 +45,15 @@ void MapViewport::setMap(QWidget* map) {
 }
 
 MapViewport::Axis MapViewport::horizontal() const {
-    return {hScroll1_, map_->width(), width()};
+    return {hScroll1_, map_->width(), width(), rest_};
 }
 
 MapViewport::Axis MapViewport::vertical() const {
-    return {vScroll1_, map_->height(), height()};
+    return {vScroll1_, map_->height(), height(), rest_};
 }
 
 int MapViewport::Axis::distance() const {
-    return bar->isHidden() ? 0 : map + 2 * Rest - viewport;
+    return bar->isHidden() ? 0 : map + 2 * rest - viewport;
 }
 
 int MapViewport::Axis::step() const {
@@ -85,7 +87,7 @@ void MapViewport::setScrollBars() {
 }
 
 void MapViewport::setScrollBar(const Axis& axis) {
-    const bool needed = Rest + axis.map + Margin > axis.viewport;
+    const bool needed = axis.rest + axis.map + Margin > axis.viewport;
     // With a maximum of 1 there would be no step to scroll by; a map that fits has a position
     // between the two that show its margins.
     const int least = axis.map <= axis.viewport ? 3 : 2;
@@ -104,7 +106,7 @@ void MapViewport::barMoved() {
 }
 
 void MapViewport::placeMap(QPoint scrolled) {
-    map_->move(QPoint(Rest, Rest) - scrolled);
+    map_->move(restPosition() - scrolled);
     update();
 }
 
@@ -116,7 +118,7 @@ bool MapViewport::scrollBy(QPoint pixels) {
     if (!map_) {
         return false;
     }
-    const QPoint before = QPoint(Rest, Rest) - map_->pos();
+    const QPoint before = restPosition() - map_->pos();
     const QPoint wanted = before + pixels;
     const QPoint scrolled(std::clamp(wanted.x(), 0, horizontal().distance()),
                           std::clamp(wanted.y(), 0, vertical().distance()));
@@ -180,7 +182,13 @@ void MapViewport::setHint(const QString& text) {
 }
 
 QSize MapViewport::room() const {
-    return size() - QSize(Rest + Margin, Rest + Margin);
+    return size() - QSize(rest_ + Margin, rest_ + Margin);
+}
+
+void MapViewport::setTight(bool tight) {
+    if (std::exchange(rest_, tight ? TightRest : Rest) != rest_) {
+        setScrollBars();
+    }
 }
 
 void MapViewport::resizeEvent(QResizeEvent*) {

@@ -36,6 +36,8 @@ class MapViewport : public QWidget {
     QPoint notch() const;
     /// The extent that a map may have to be seen whole at its rest position.
     QSize room() const;
+    /// A map that is to be seen whole rests close to the corner, so that it can be larger.
+    void setTight(bool tight);
 
     QScrollBar* hScroll1() const { return hScroll1_; }
     QScrollBar* vScroll1() const { return vScroll1_; }
@@ -60,6 +62,7 @@ class MapViewport : public QWidget {
         QScrollBar* bar;
         int map;       ///< extents, pixels
         int viewport;  ///<
+        int rest;      ///< free ground before the map and behind it
 
         /// From the rest position to the last one.
         int distance() const;
@@ -75,12 +78,14 @@ class MapViewport : public QWidget {
     void setScrollBar(const Axis& axis);
     void barMoved();
     void placeMap(QPoint scrolled);
+    QPoint restPosition() const { return {rest_, rest_}; }
 
     QWidget* map_ = nullptr;
     QScrollBar* hScroll1_;
     QScrollBar* vScroll1_;
     QWidget* barGround_;  ///< keeps the map from showing beside and between the bars
     QString hint_;
+    int rest_;
     int wheel_ = 0;   ///< parts of a pixel that have not yet moved the map
     int turned_ = 0;  ///< eighths of a degree that have not yet made a notch of zooming
 };

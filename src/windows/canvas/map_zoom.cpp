@@ -20,24 +20,21 @@ Zoom MapZoom::zoom() const {
 }
 
 void MapZoom::zoomIn() {
-    whole_ = false;
-    apply(zoom().larger(), middle());
+    zoomTo(zoom().larger());
 }
 
 void MapZoom::zoomOut() {
-    whole_ = false;
-    apply(zoom().smaller(), middle());
+    zoomTo(zoom().smaller());
 }
 
 void MapZoom::zoomTo(Zoom zoom) {
-    whole_ = false;
-    apply(zoom, middle());
+    apply(zoom, middle(), false);
 }
 
 void MapZoom::showWhole() {
+    viewport_.setTight(true);
     whole_ = true;
     fit();
-    Q_EMIT changed();
 }
 
 void MapZoom::turn(int notches, QPoint position) {
@@ -45,8 +42,7 @@ void MapZoom::turn(int notches, QPoint position) {
     for (int i = 0; i < std::abs(notches); ++i) {
         wanted = notches > 0 ? wanted.larger() : wanted.smaller();
     }
-    whole_ = false;
-    apply(wanted, position);
+    apply(wanted, position, false);
 }
 
 void MapZoom::fit() {
@@ -57,18 +53,20 @@ void MapZoom::fit() {
     const QSize room = viewport_.room() - QSize(2, 2);
     apply(Zoom(static_cast<int>(
               100 * std::min(room.width() / map.width(), room.height() / map.height()))),
-          middle());
+          middle(), true);
 }
 
 QPoint MapZoom::middle() const {
     return canvas_.mapTo(&viewport_, viewport_.visibleMapRect().center());
 }
 
-void MapZoom::apply(Zoom zoom, QPoint anchor) {
+void MapZoom::apply(Zoom zoom, QPoint anchor, bool whole) {
     const QPointF onMap =
         QPointF(canvas_.mapFrom(&viewport_, anchor) - QPoint(1, 1)) / this->zoom().factor();
-    if (zoom != this->zoom()) {
+    if (zoom != this->zoom() || whole != whole_) {
+        whole_ = whole;
         canvas_.setZoom(zoom);
+        viewport_.setTight(whole);
         viewport_.setScrollBars();
         const QPoint wanted = anchor - (onMap * zoom.factor()).toPoint() - QPoint(1, 1);
         viewport_.scrollBy(canvas_.pos() - wanted);

@@ -33,7 +33,7 @@ class MapZoom : public QObject {
 
   private:
     void turn(int notches, QPoint position);
-    void apply(Zoom zoom, QPoint anchor);
+    void apply(Zoom zoom, QPoint anchor, bool whole);
     void fit();
     QPoint middle() const;
 

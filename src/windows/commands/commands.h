@@ -31,6 +31,8 @@ enum class Command {
     mnuZoomOut,
     mnuZoomActual,
     mnuZoomWhole,
+    mnuFold,
+    mnuFullScreen,
     mnuCut,
     mnuCopy,
     mnuCopySymbols,

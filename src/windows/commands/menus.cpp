@@ -56,7 +56,7 @@ const std::array<MenuRow, 8>& menuTree() {
          {Command::mnuViewMainToolbar, Command::mnuViewMapToolbar, Separator(),
           Command::mnuViewLargeIcons, Command::mnuViewSmallIcons, Separator(), Command::mnuZoomIn,
           Command::mnuZoomOut, Command::mnuZoomActual, Command::mnuZoomWhole, Separator(),
-          Command::mnuHistory}},
+          Command::mnuFold, Command::mnuFullScreen, Separator(), Command::mnuHistory}},
         {"mnuSimboli",
          QT_TRANSLATE_NOOP("nubivane::Commands", "Symbols"),
          's',

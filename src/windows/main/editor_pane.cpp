@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace nubivane {
 
@@ -50,12 +51,17 @@ void EditorPane::layoutMap() {
         return;
     }
     inLayout_ = true;
+    for (QWidget* part :
+         std::initializer_list<QWidget*>{&strip_, lineUp_, pctSplitter_, &pctTlbDraw_}) {
+        part->setVisible(!folded_);
+    }
+    const int stripHeight = folded_ ? 0 : strip_.height();
     strip_.setGeometry(0, 0, width(), strip_.height());
-    lineUp_->setGeometry(0, strip_.height(), width(), 2);
-    const int top = strip_.height() + 4;
+    lineUp_->setGeometry(0, stripHeight, width(), 2);
+    const int top = folded_ ? 0 : stripHeight + 4;
     const int bottom = height();
 
-    const int splitter = withinReach(splitterLeft_);
+    const int splitter = folded_ ? -SplitterWidth : withinReach(splitterLeft_);
     const bool paletteFits = splitter > SmallestPalette;
     palette_.setVisible(paletteFits);
     if (paletteFits) {
@@ -65,7 +71,7 @@ void EditorPane::layoutMap() {
 
     const int left = splitter + SplitterWidth;
     const int tabsHeight = tabs_.tabDay()->sizeHint().height() + 2;
-    const int toolsWidth = pctTlbDraw_.sizeHint().width();
+    const int toolsWidth = folded_ ? 0 : pctTlbDraw_.sizeHint().width();
     const int mapWidth = std::max(0, width() - left - toolsWidth);
     viewport_.setGeometry(left, top, mapWidth, std::max(0, bottom - top - tabsHeight));
     pctTlbDraw_.setGeometry(left + mapWidth, top, toolsWidth, std::max(0, bottom - top));
@@ -77,6 +83,12 @@ void EditorPane::layoutMap() {
 void EditorPane::setSplitterLeft(int left) {
     splitterLeft_ = left;
     layoutMap();
+}
+
+void EditorPane::setFolded(bool folded) {
+    if (std::exchange(folded_, folded) != folded) {
+        layoutMap();
+    }
 }
 
 /// Where a splitter can stand in a window of this width, whatever was stored in a wider one.

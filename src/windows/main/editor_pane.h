@@ -29,6 +29,10 @@ class EditorPane : public QWidget {
     int splitterLeft() const { return splitterLeft_; }
     void setSplitterLeft(int left);
 
+    /// Folds everything away but the map and the tabs of Frames, or brings it back.
+    void setFolded(bool folded);
+    bool isFolded() const { return folded_; }
+
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -46,6 +50,7 @@ class EditorPane : public QWidget {
     QWidget* pctSplitter_;
     int splitterLeft_ = 360;
     bool inLayout_ = false;
+    bool folded_ = false;
 };
 
 }  // namespace nubivane

@@ -9,11 +9,9 @@
 #include "engine/model/edits/project_edits.h"
 #include "engine/project/save_project.h"
 #include "engine/project/work_snapshot.h"
-#include "windows/canvas/edge_scroll.h"
-#include "windows/canvas/map_zoom.h"
 #include "windows/canvas/sprite_keys.h"
-#include "windows/main/canvas_status.h"
 #include "windows/main/editor_pane.h"
+#include "windows/main/map_view.h"
 #include "windows/main/startup.h"
 #include "windows/main/status_line.h"
 #include "windows/main/window_geometry.h"
@@ -37,6 +35,14 @@
 namespace nubivane {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// In which a window has no place and size of its own.
+constexpr Qt::WindowStates NotNormal =
+    Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
+
+}  // namespace
 
 frmMap::frmMap(Workspace& workspace, Shell& shell)
     : workspace_(workspace),
@@ -81,13 +87,7 @@ frmMap::frmMap(Workspace& workspace, Shell& shell)
     setStatusBar(statusLine_);
     setAccessibleRole(canvas_.widget(), QAccessible::Canvas);
     viewport_->setMap(&canvas_.widget());
-    new EdgeScroll(*viewport_, canvas_.widget());
-    auto* zoom = new MapZoom(*viewport_, canvas_.widget());
-    new CanvasStatus(workspace_, canvas_, *zoom, *statusLine_);
-    commands_.handle(Command::mnuZoomIn, [zoom] { zoom->zoomIn(); });
-    commands_.handle(Command::mnuZoomOut, [zoom] { zoom->zoomOut(); });
-    commands_.handle(Command::mnuZoomActual, [zoom] { zoom->zoomTo(Zoom()); });
-    commands_.handle(Command::mnuZoomWhole, [zoom] { zoom->showWhole(); });
+    new MapView(context_, *pane_, *statusLine_);
     pBarMain_->setObjectName("pBarMain");
     pBarMain_->setFixedSize(180, 12);
     pBarMain_->setTextVisible(false);
@@ -364,14 +364,14 @@ void frmMap::storeState() {
 
 void frmMap::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
-    if (initialized_ && !isMinimized() && !isMaximized()) {
+    if (initialized_ && !(windowState() & NotNormal)) {
         normalGeometry_ = geometry();
     }
 }
 
 void frmMap::moveEvent(QMoveEvent* event) {
     QMainWindow::moveEvent(event);
-    if (initialized_ && !isMinimized() && !isMaximized()) {
+    if (initialized_ && !(windowState() & NotNormal)) {
         normalGeometry_.moveTo(geometry().topLeft());
     }
 }

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/main/status_line.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
+#include <QEvent>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
@@ -33,6 +35,7 @@ StatusLine::StatusLine(QWidget* parent)
     lblStatus_->setObjectName("lblStatus");
     lblStatus_->setTextFormat(Qt::PlainText);
     lblStatus_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    lblStatus_->installEventFilter(this);
     cmdShowInFolder_->setObjectName("cmdShowInFolder");
     cmdShowInFolder_->setText(tr("Show in folder"));
     cmdShowInFolder_->setAutoRaise(true);
@@ -58,6 +61,8 @@ void StatusLine::makeZoomField() {
     cboZoom_->setAccessibleName(tr("Size of the map on the screen"));
     cboZoom_->setToolTip(tr("Size of the map on the screen"));
     cboZoom_->setEditable(true);
+    cboZoom_->lineEdit()->setAccessibleName(cboZoom_->accessibleName());
+    cboZoom_->view()->setAccessibleName(cboZoom_->accessibleName());
     cboZoom_->setInsertPolicy(QComboBox::NoInsert);
     // The line stays as low as it is for text alone.
     cboZoom_->setFrame(false);
@@ -136,9 +141,12 @@ void StatusLine::elide() {
     lblStatus_->setText(fontMetrics().elidedText(text_, Qt::ElideMiddle, lblStatus_->width()));
 }
 
-void StatusLine::resizeEvent(QResizeEvent* event) {
-    QStatusBar::resizeEvent(event);
-    elide();
+/// The room for the text also changes when its neighbours say more or less.
+bool StatusLine::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == lblStatus_ && event->type() == QEvent::Resize) {
+        elide();
+    }
+    return QStatusBar::eventFilter(watched, event);
 }
 
 }  // namespace nubivane

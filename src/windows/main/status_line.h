@@ -44,7 +44,7 @@ class StatusLine : public QStatusBar {
     void wholeMapAsked();
 
   protected:
-    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void show(const QString& text);
