@@ -68,6 +68,17 @@ TEST_F(ToolkitHeaders, NothingInTheEngineUsesWidgets) {
     }
 }
 
+/// A plain one changes unseen when the wheel that was to scroll the form passes over it.
+TEST(ComboBoxes, AreOfTheKindThatTheWheelLeavesAlone) {
+    static const QRegularExpression plain(R"re(new QComboBox\b|\bQComboBox \w+[;({])re");
+    int kinds = 0;
+    for (const SourceFile& file : sourceFiles()) {
+        EXPECT_FALSE(file.text.contains(plain)) << file.path.toStdString();
+        kinds += file.text.contains("new comboEx") ? 1 : 0;
+    }
+    EXPECT_GT(kinds, 3);
+}
+
 TEST(CommandLineProgram, NamesNoWidgetsLibrary) {
     const QStringList names = libraries("readelf", {"-d"});
     EXPECT_TRUE(names.contains("libQt6Core"));

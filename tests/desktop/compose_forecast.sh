@@ -111,11 +111,13 @@ echo "ok: the editor leaves without a question"
 
 # What opening and saving make of the project must be what it was.
 before=$(value project)
-start_editor "$project"
+start_editor "$work/home/../tomorrow.nvpf" # the same file by another spelling
 rm "$project" "${project%.nvpf}.nvpx" # a save that changes nothing leaves the files alone
 keys ctrl+s
 wait_for "a project given at the start is saved under its name" test -e "$project"
 keys ctrl+q
 editor_ends
 [ "$(value project)" = "$before" ] || fail "the project changed by being opened and saved"
+[ -z "$("$program/nubivane-cli" settings get 'Nubivane\6.0.0\Settings\General' 'Recent Files' 2)" ] ||
+    fail "the project stands twice among the recent files"
 echo "ok: opened at the start, saved, and the same as before"

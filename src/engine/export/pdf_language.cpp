@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/export/pdf_language.h"
 
+#include <QLocale>
+
 #include <optional>
 
 namespace nubivane {
@@ -74,6 +76,11 @@ QByteArray pdfWithLanguage(const QByteArray& pdf, const QString& language) {
               *trailer + "\n/Prev " + QByteArray::number(table) + "\n>>\nstartxref\n" +
               QByteArray::number(newTable) + "\n%%EOF\n";
     return result;
+}
+
+QString systemLanguage() {
+    const QLocale language = QLocale::system();
+    return language.language() == QLocale::C ? QStringLiteral("en") : language.bcp47Name();
 }
 
 }  // namespace nubivane

@@ -12,4 +12,7 @@ namespace nubivane {
 /// that writer does it comes back as it is.
 QByteArray pdfWithLanguage(const QByteArray& pdf, const QString& language);
 
+/// The system's language as such a tag; English where it has none.
+QString systemLanguage();
+
 }  // namespace nubivane

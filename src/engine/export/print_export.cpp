@@ -11,7 +11,6 @@
 #include "engine/model/workspace.h"
 
 #include <QBuffer>
-#include <QLocale>
 #include <QPainter>
 #include <QPdfWriter>
 
@@ -62,10 +61,7 @@ QByteArray pdfOf(const QImage& picture, const QString& title) {
         pdf.setPageLayout(layoutFor(picture.size()));
         printPicture(pdf, picture);
     }
-    const QLocale language = QLocale::system();
-    const QString tag =
-        language.language() == QLocale::C ? QStringLiteral("en") : language.bcp47Name();
-    return pdfWithLanguage(bytes, tag);
+    return pdfWithLanguage(bytes, systemLanguage());
 }
 
 class PrintJob : public ExportJob {

@@ -2,11 +2,14 @@
 #include "windows/commands/desktop_printer.h"
 
 #include "engine/core/error.h"
+#include "engine/core/host_files.h"
 #include "engine/core/version.h"
+#include "engine/export/pdf_language.h"
 #include "engine/export/print_export.h"
 
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QPrintDialog>
@@ -24,6 +27,21 @@ QString proposedFile(const QString& proposed) {
     const QFileInfo entry(proposed);
     const QDir folder = entry.isDir() ? QDir(proposed) : entry.dir();
     return folder.filePath(QStringLiteral("Nubivane.pdf"));
+}
+
+/// The page is printed by now: where its file cannot be written anew, or is a device, it stays
+/// without a language.
+void tellLanguage(const QString& hostFile) {
+    QFile file(hostFile);
+    if (!QFileInfo(hostFile).isFile() || !file.open(QIODevice::ReadOnly)) {
+        return;
+    }
+    const QByteArray pdf = file.readAll();
+    file.close();
+    try {
+        host_files::writeHostFile(hostFile, pdfWithLanguage(pdf, systemLanguage()));
+    } catch (const Error&) {
+    }
 }
 
 }  // namespace
@@ -100,9 +118,9 @@ void DesktopPrinter::setUp(QWidget* over) {
     }
 }
 
-void DesktopPrinter::print(const QImage& picture) {
+void DesktopPrinter::print(const QImage& picture, const QString& title) {
     const auto printer = newPrinter();
-    printer->setDocName(ProgramTitle);
+    printer->setDocName(title);
     try {
         printPicture(*printer, picture);
     } catch (const Error&) {
@@ -112,6 +130,9 @@ void DesktopPrinter::print(const QImage& picture) {
     if (printer->printerState() == QPrinter::Error) {
         throw Error(error_number::FileAccess, u"printing"_s, u"Cannot print."_s,
                     printer->printerName() + u": the printer tells of an error"_s);
+    }
+    if (printer->outputFormat() == QPrinter::PdfFormat) {
+        tellLanguage(printer->outputFileName());
     }
 }
 

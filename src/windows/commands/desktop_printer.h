@@ -16,7 +16,7 @@ class DesktopPrinter : public PagePrinter {
     ~DesktopPrinter() override;
 
     void setUp(QWidget* over) override;
-    void print(const QImage& picture) override;
+    void print(const QImage& picture, const QString& title) override;
 
   private:
     struct Choice;

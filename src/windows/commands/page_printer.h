@@ -2,6 +2,7 @@
 #pragma once
 
 class QImage;
+class QString;
 class QWidget;
 
 namespace nubivane {
@@ -14,9 +15,9 @@ class PagePrinter {
     /// Lets the person choose printer and paper, in front of a window. What was chosen stays for
     /// the run of the program.
     virtual void setUp(QWidget* over) = 0;
-    /// Prints one page with a picture at its upper left corner. Raises `Error`; then the job is
-    /// dropped.
-    virtual void print(const QImage& picture) = 0;
+    /// Prints one page with a picture at its upper left corner, as a job of that title. Raises
+    /// `Error`; then the job is dropped.
+    virtual void print(const QImage& picture, const QString& title) = 0;
 };
 
 }  // namespace nubivane

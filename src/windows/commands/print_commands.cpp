@@ -15,6 +15,7 @@ using namespace Qt::StringLiterals;
 PrintCommands::PrintCommands(const CanvasContext& context)
     : QObject(&context.window),
       printer(std::make_unique<DesktopPrinter>()),
+      workspace_(context.workspace),
       shell_(context.shell),
       canvas_(context.canvas),
       window_(context.window) {
@@ -28,7 +29,8 @@ void PrintCommands::printMap() {
         const HourglassGuard hourglass(shell_);
         const bool framed = selection.shpSelector() != nullptr;
         selection.hideBorder();
-        printer->print(partToPrint(canvas_.widget().image()));
+        printer->print(partToPrint(canvas_.widget().image()),
+                       titleOfPrint(workspace_, workspace_.Status.CurrentFrame));
         SpriteControl* control = selection.control();
         if (framed && control) {
             selection.selectSprite(*control);

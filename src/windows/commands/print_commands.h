@@ -24,6 +24,7 @@ class PrintCommands : public QObject {
     void printMap();
 
   private:
+    const Workspace& workspace_;
     Shell& shell_;
     FrameCanvas& canvas_;
     QWidget& window_;

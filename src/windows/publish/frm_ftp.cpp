@@ -3,13 +3,13 @@
 
 #include "engine/core/shell.h"
 #include "windows/widgets/at_once.h"
+#include "windows/widgets/combo_ex.h"
 #include "windows/widgets/icons.h"
 #include "windows/widgets/one_line.h"
 #include "windows/widgets/select_on_focus.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
-#include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -104,7 +104,7 @@ QWidget* frmFtp::makeServerFrame() {
 }
 
 QBoxLayout* frmFtp::makeEncryption() {
-    cboEncryption_ = new QComboBox;
+    cboEncryption_ = new comboEx;
     cboEncryption_->setObjectName("cboEncryption");
     for (const auto& [encryption, caption] : {std::pair(Encryption::Required, tr("Required")),
                                               std::pair(Encryption::Offered, tr("When offered")),

@@ -2,6 +2,7 @@
 #include "windows/widgets/scrspn.h"
 
 #include "engine/core/number_text.h"
+#include "windows/widgets/one_line.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -55,6 +56,7 @@ void ScrSpn::setValue(int value) {
 
 void ScrSpn::attach(QLineEdit& field) {
     field_ = &field;
+    keepOneLine(field);
     field.installEventFilter(this);
     connect(&field, &QLineEdit::textChanged, this, &ScrSpn::readField);
     writeField();

@@ -63,38 +63,50 @@ TEST_F(DesktopPrinting, GoesWhereTheSetUpSaysForTheRestOfTheRun) {
     setUp(file);
     EXPECT_TRUE(chosenBefore.endsWith("/Nubivane.pdf")) << chosenBefore.toStdString();
     EXPECT_FALSE(QFile::exists(file));
-    printer.print(shaded({300, 200}));
+    printer.print(shaded({300, 200}), "map");
     EXPECT_EQ(listed(file).value(3), "300");
     EXPECT_EQ(listed(file).value(4), "200");
     EXPECT_EQ(listed(file).value(12), "96");
-    printer.print(shaded({150, 100}));
+    printer.print(shaded({150, 100}), "map");
     EXPECT_EQ(listed(file).value(3), "150");
     setUp({});
     EXPECT_EQ(chosenBefore, file);
-    printer.print(shaded({120, 100}));
+    printer.print(shaded({120, 100}), "map");
     EXPECT_EQ(listed(file).value(3), "120");
+}
+
+TEST_F(DesktopPrinting, TheFileHasTheJobsTitleAndALanguage) {
+    const QString file = temporary.file("map.pdf");
+    setUp(file);
+    printer.print(shaded({30, 20}), "week: Monday");
+    const ProcessResult info = runProgram("pdfinfo", {file});
+    EXPECT_EQ(info.exitCode, 0) << info.err.toStdString();
+    EXPECT_EQ(info.err, "");
+    EXPECT_TRUE(info.out.contains("week: Monday\n")) << info.out.toStdString();
+    EXPECT_TRUE(readFile(file).contains("/Lang ("));
+    EXPECT_EQ(listed(file).value(3), "30");
 }
 
 TEST_F(DesktopPrinting, AFolderThatIsGoneIsTold) {
     QDir().mkpath(temporary.file("there"));
     setUp(temporary.file("there/map.pdf"));
     QDir().rmdir(temporary.file("there"));
-    EXPECT_THROW(printer.print(shaded({30, 20})), Error);
+    EXPECT_THROW(printer.print(shaded({30, 20}), "map"), Error);
 }
 
 TEST_F(DesktopPrinting, AfterAFailureTheSetUpHelpsAtOnce) {
     QDir().mkpath(temporary.file("there"));
     setUp(temporary.file("there/map.pdf"));
     QDir().rmdir(temporary.file("there"));
-    EXPECT_THROW(printer.print(shaded({30, 20})), Error);
-    EXPECT_THROW(printer.print(shaded({30, 20})), Error);
+    EXPECT_THROW(printer.print(shaded({30, 20}), "map"), Error);
+    EXPECT_THROW(printer.print(shaded({30, 20}), "map"), Error);
     const QString file = temporary.file("other.pdf");
     setUp(file);
-    printer.print(shaded({300, 200}));
+    printer.print(shaded({300, 200}), "map");
     EXPECT_EQ(listed(file).value(3), "300");
     QDir().mkpath(temporary.file("there"));
     setUp(temporary.file("there/map.pdf"));
-    printer.print(shaded({120, 100}));
+    printer.print(shaded({120, 100}), "map");
     EXPECT_EQ(listed(temporary.file("there/map.pdf")).value(3), "120");
 }
 

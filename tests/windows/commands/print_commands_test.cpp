@@ -16,6 +16,7 @@ class PaperPrinter : public PagePrinter {
   public:
     struct Log {
         std::vector<QImage> pages;
+        QStringList titles;
         std::vector<QWidget*> setUps;
         bool broken = false;
         std::function<void()> look;
@@ -23,7 +24,7 @@ class PaperPrinter : public PagePrinter {
 
     explicit PaperPrinter(Log& log) : log_(log) {}
     void setUp(QWidget* over) override { log_.setUps.push_back(over); }
-    void print(const QImage& picture) override {
+    void print(const QImage& picture, const QString& title) override {
         if (log_.look) {
             log_.look();
         }
@@ -31,6 +32,7 @@ class PaperPrinter : public PagePrinter {
             throw Error(error_number::FileAccess, "printing", "Cannot print.", "no paper");
         }
         log_.pages.push_back(picture);
+        log_.titles << title;
     }
 
   private:
@@ -98,6 +100,15 @@ TEST_F(Printing, TheFrameOfTheSelectionIsNotPrintedAndIsBackAfterwards) {
     selection().clearSelection();
     trigger("mnuPrint");
     EXPECT_EQ(log.pages.at(1), withFrame);
+}
+
+TEST_F(Printing, TheJobIsCalledAfterTheProjectAndTheFrameThatIsShown) {
+    startPrinting();
+    trigger("mnuFrameInsert");
+    trigger("mnuPrint");
+    workspace.Status.CurrentProject = "C:\\maps\\week.nvpf";
+    trigger("mnuPrint");
+    EXPECT_EQ(log.titles, QStringList({"Map2", "week: Map2"}));
 }
 
 TEST_F(Printing, WithoutASelectionNoneAppears) {

@@ -13,6 +13,7 @@
 #include <QRadioButton>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QWheelEvent>
 
 namespace nubivane::testing {
 
@@ -147,6 +148,18 @@ TEST_F(FtpDialog, TheChosenEncryptionShowsItsLockAndIsStored) {
         press("cmdOK");
     });
     EXPECT_EQ(stored(Setting::FtpEncryption), "0");
+}
+
+TEST_F(FtpDialog, TheWheelLeavesTheEncryptionAsItIs) {
+    run([this] {
+        auto& combo = part<QComboBox>(*dialog_, "cboEncryption");
+        combo.setFocus();
+        QWheelEvent turn({5, 5}, combo.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                         Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&combo, &turn);
+        EXPECT_EQ(combo.currentIndex(), 0);
+        EXPECT_FALSE(canApply());
+    });
 }
 
 TEST_F(FtpDialog, AnAddressWithMoreThanAHostIsRefused) {

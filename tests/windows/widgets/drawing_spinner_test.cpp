@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/widgets/scrspn.h"
 
+#include <QClipboard>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
@@ -86,6 +87,14 @@ TEST_F(DrawingSpinner, AnyOtherTextLeavesTheValue) {
         EXPECT_EQ(spinner.value(), 4) << text;
         EXPECT_EQ(field.text(), text);
     }
+}
+
+TEST_F(DrawingSpinner, ANumberPastedWithItsLineEndIsTakenOver) {
+    QApplication::clipboard()->setText("7\n");
+    field.selectAll();
+    field.paste();
+    EXPECT_EQ(field.text(), "7");
+    EXPECT_EQ(spinner.value(), 7);
 }
 
 TEST_F(DrawingSpinner, AtTheEndAnArrowStillReplacesATextThatIsNoNumber) {
