@@ -329,11 +329,11 @@ def table():
         "high": (letter("H", HIGH), 1, 10, 32), "low": (letter("L", LOW), 1, 10, 32),
         "high-a": (letter("A", HIGH), 1, 10, 32), "low-b": (letter("B", LOW), 1, 10, 32),
         "low-d": (letter("D", LOW), 1, 10, 32), "low-t": (letter("T", LOW), 1, 10, 32),
-        "high-turning": (letter("H", HIGH, 1), 12, 11, 48), "low-turning": (letter("L", LOW, -1), 12, 8, 48),
-        "high-turning-south": (letter("H", HIGH, -1), 12, 11, 48), "low-turning-south": (letter("L", LOW, 1), 12, 8, 48),
-        "high-building": (letter("H", HIGH, trend=1), 12, 11, 40),
-        "high-weakening": (letter("H", HIGH, trend=-1), 12, 11, 40),
-        "low-filling": (letter("L", LOW, trend=1), 12, 11, 40), "low-deepening": (letter("L", LOW, trend=-1), 12, 11, 40),
+        "high-turning": (letter("H", HIGH, 1), 12, 8, 48), "low-turning": (letter("L", LOW, -1), 12, 8, 48),
+        "high-turning-south": (letter("H", HIGH, -1), 12, 8, 48), "low-turning-south": (letter("L", LOW, 1), 12, 8, 48),
+        "high-building": (letter("H", HIGH, trend=1), 12, 8, 40),
+        "high-weakening": (letter("H", HIGH, trend=-1), 12, 8, 40),
+        "low-filling": (letter("L", LOW, trend=1), 12, 8, 40), "low-deepening": (letter("L", LOW, trend=-1), 12, 8, 40),
         "hurricane": (tropical(False, (colour("e8423f"), colour("6c0d14"))), 16, 7, 32),
         "tropical-storm": (tropical(True, (colour("f28a2e"), colour("7c3c05"))), 16, 8, 32),
         "cyclone-cloud": (spiral_cloud, 16, 8, 40),
@@ -341,13 +341,13 @@ def table():
         "jet-stream-falling": (jet_stream(40), 16, 6, 32),
         "squall-line": (squall_line(0), 12, 8, 24), "squall-line-rising": (squall_line(45), 12, 8, 24),
         "squall-line-level": (squall_line(90), 12, 8, 24), "squall-line-falling": (squall_line(-45), 12, 8, 24),
-        "trough": (trough(0), 10, 12, 24), "trough-rising": (trough(45), 10, 12, 24),
-        "trough-level": (trough(90), 10, 12, 24), "trough-falling": (trough(-45), 10, 12, 24),
+        "trough": (trough(0), 10, 8, 24), "trough-rising": (trough(45), 10, 8, 24),
+        "trough-level": (trough(90), 10, 8, 24), "trough-falling": (trough(-45), 10, 8, 24),
     }.items()
     for number, name in enumerate(SIDES):
         for kind in ("cold", "warm", "occluded"):
-            yield f"{kind}-front-to-{name}", (front(kind, number * 45), 12, 12, 32)
-        yield f"stationary-front-to-{name}", (still_front(number * 45), 16, 12, 32)
+            yield f"{kind}-front-to-{name}", (front(kind, number * 45), 12, 8, 32)
+        yield f"stationary-front-to-{name}", (still_front(number * 45), 16, 8, 32)
         yield f"cold-air-from-{name}", (air(number * 45 + 180, COLD_AIR), 10, 8, 40)
         yield f"warm-air-from-{name}", (air(number * 45 + 180, WARM_AIR), 10, 8, 40)
 

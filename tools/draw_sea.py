@@ -385,7 +385,7 @@ HEIGHTS = ("0.5", "1", "2", "3", "4", "5", "6", "8", "10")
 TABLE = {
     "sea-calm": (sea(1.2, 26, 0.0), 12, 16, 32),
     "sea-slight": (sea(2.2, 26, 0.1), 12, 13, 32),
-    "sea-moderate": (sea(3.0, 26, 0.3), 12, 11, 32),
+    "sea-moderate": (sea(3.0, 26, 0.3), 12, 8, 32),
     "sea-rough": (sea(4.6, 26, 0.55, foam=True), 12, 8, 40),
     "sea-very-rough": (sea(5.6, 26, 0.75, foam=True), 12, 8, 40),
     "sea-high": (breaker, 12, 8, 56),
@@ -393,14 +393,14 @@ TABLE = {
     "iceberg": (iceberg, 14, 13, 48),
     "sea-fog": (sea_fog, 16, 12, 48),
     "waterspout": (waterspout, 16, 7, 48),
-    "water-cold": (temperature(0.14, False), 12, 11, 48),
-    "water-mild": (temperature(0.50, False), 12, 11, 48),
-    "water-warm": (temperature(0.82, True), 12, 11, 48),
-    "tide-rising": (tide(1), 14, 11, 48),
-    "tide-falling": (tide(-1), 14, 11, 48),
-    "high-tide": (tide_mark(True), 12, 12, 48),
-    "low-tide": (tide_mark(False), 12, 12, 48),
-    "sailing-boat": (sailing_boat, 14, 11, 64),
+    "water-cold": (temperature(0.14, False), 12, 8, 48),
+    "water-mild": (temperature(0.50, False), 12, 8, 48),
+    "water-warm": (temperature(0.82, True), 12, 8, 48),
+    "tide-rising": (tide(1), 14, 8, 48),
+    "tide-falling": (tide(-1), 14, 8, 48),
+    "high-tide": (tide_mark(True), 12, 8, 48),
+    "low-tide": (tide_mark(False), 12, 8, 48),
+    "sailing-boat": (sailing_boat, 14, 8, 64),
     "buoy": (buoy, 14, 8, 56),
     "lighthouse": (lighthouse, 16, 8, 56),
     "anchorage": (anchor, 1, 10, 24),
@@ -413,5 +413,5 @@ TABLE = {
     "flag-hurricane": (flag(("e0433f",), "6c0d14", square=True, count=2), 12, 8, 40),
 }
 TABLE.update({f"swell-from-{name}": (swell(number * 45 + 180), 12, 8, 32) for number, name in enumerate(SIDES)})
-TABLE.update({"waves-half-m" if metres == "0.5" else f"waves-{metres.zfill(2)}-m": (height(metres), 12, 11, 40)
+TABLE.update({"waves-half-m" if metres == "0.5" else f"waves-{metres.zfill(2)}-m": (height(metres), 12, 8, 40)
               for metres in HEIGHTS})

@@ -292,8 +292,8 @@ def fire(context, t, ink, ground):
 
 
 PICTOGRAMS = {
-    "wind": (wind, 12, 8), "rain": (rain, 14, 8), "thunderstorm": (thunderstorm, 12, 8), "snow": (snow, 14, 12),
-    "ice": (ice, 12, 10), "fog": (fog, 16, 11), "heat": (heat, 14, 9), "cold": (cold, 14, 11),
+    "wind": (wind, 12, 8), "rain": (rain, 14, 8), "thunderstorm": (thunderstorm, 12, 8), "snow": (snow, 14, 8),
+    "ice": (ice, 12, 8), "fog": (fog, 16, 11), "heat": (heat, 14, 8), "cold": (cold, 14, 8),
     "coast": (coast, 14, 8), "avalanche": (avalanche, 16, 7), "flood": (flood, 14, 8), "fire": (fire, 14, 8),
 }
 

@@ -3,6 +3,7 @@
 
 #include "engine/model/edits/project_edits.h"
 #include "windows/commands/edit_pictures.h"
+#include "windows/widgets/screen_room.h"
 
 #include <QIcon>
 #include <QLabel>
@@ -43,7 +44,7 @@ frmHistory::frmHistory(const ProjectEdits& edits, EditPictures& pictures, QWidge
     connect(list_, &QListWidget::itemClicked, this, &frmHistory::choose);
     connect(list_, &QListWidget::itemActivated, this, &frmHistory::choose);
     connect(&pictures, &EditPictures::taken, this, &frmHistory::showPicture);
-    resize(300, 420);
+    resize(withinScreen(*this, {300, 420}));
     refresh();
 }
 

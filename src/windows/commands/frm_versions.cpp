@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/commands/frm_versions.h"
 
+#include "windows/widgets/screen_room.h"
+
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -100,7 +102,7 @@ void frmVersions::buildLayout(const QString& name) {
     column->addWidget(list_, 1);
     column->addWidget(differences_);
     column->addLayout(buttons);
-    resize(560, 560);
+    resize(withinScreen(*this, {560, 560}));
 }
 
 QPushButton* frmVersions::addButton(const char* name, const QString& caption,

@@ -9,13 +9,13 @@
 #include "windows/widgets/icons.h"
 #include "windows/widgets/one_line.h"
 #include "windows/widgets/quiet_color.h"
+#include "windows/widgets/screen_room.h"
 
 #include <QFileInfo>
 #include <QFontInfo>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QListWidget>
-#include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
 #include <QTabWidget>
@@ -116,7 +116,7 @@ frmHelp::frmHelp()
     connect(page_, &HelpPage::addressFollowed, this, &frmHelp::addressFollowed);
     following_.setSingleShot(true);
     connect(&following_, &QTimer::timeout, this, &frmHelp::followModal);
-    resize(UsualSize.boundedTo(screen()->availableSize()));
+    resize(withinScreen(*this, UsualSize));
 }
 
 frmHelp::~frmHelp() {

@@ -3,6 +3,7 @@
 
 #include "engine/model/edits/project_edits.h"
 #include "windows/widgets/at_once.h"
+#include "windows/widgets/screen_room.h"
 #include "windows/widgets/scroll_panel.h"
 
 #include <QApplication>
@@ -126,13 +127,11 @@ void frmFramePropertyDetail::Init() {
 
 /// As high as its rows, as far as the screen goes: the texts are the last ones of their sections.
 void frmFramePropertyDetail::showAllRows() {
-    constexpr int RoomOfFrame = 48;
     adjustSize();
     const ScrollPanel& panel = *grid_->container();
     const int hidden =
         panel.fraText()->sizeHint().height() + 2 * panel.frameWidth() - panel.height();
-    const int most = screen()->availableSize().height() - RoomOfFrame;
-    resize(width(), std::max(height(), std::min(height() + hidden, most)));
+    resize(size().expandedTo(withinScreen(*this, {width(), height() + hidden})));
 }
 
 /// A project from elsewhere may have lists of different lengths: the rows are those of the header.

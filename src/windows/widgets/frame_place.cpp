@@ -98,7 +98,11 @@ void FramePlace::check() {
         return;
     }
     const QPoint now = window_.frameGeometry().topLeft();
-    if (!isFramesDoing(now - sent_, handle->frameMargins())) {
+    const QMargins frame = handle->frameMargins();
+    if (frame.isNull() && now != sent_) {
+        return;  // a frame that is not told of yet: without it Qt would move the window beside it
+    }
+    if (!isFramesDoing(now - sent_, frame)) {
         found_.reset();  // a person has moved it
         watching_.stop();
         return;
