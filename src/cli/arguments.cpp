@@ -218,7 +218,10 @@ Arguments parse(const QStringList& words) {
 QString usageOf(const Command& command) {
     constexpr qsizetype widest = 80;
     QString text;
-    QString line = "  "_L1 + QLatin1String(command.name) + u' ' + QLatin1String(command.arguments);
+    QString line = "  "_L1 + QLatin1String(command.name);
+    if (*command.arguments != '\0') {
+        line += u' ' + QLatin1String(command.arguments);
+    }
     for (const CommandOption& option : command.options) {
         QString words = QLatin1String(option.name);
         if (*option.value != '\0') {

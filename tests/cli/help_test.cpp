@@ -19,8 +19,8 @@ TEST_F(Help, MentionsEveryCommandAndOption) {
           "plan PROJECT [--symbols] [--maps] [--html-page]\n", "upload PROJECT [--initialize]",
           "[--host H]", "[--port P]", "[--user U]", "[--password-file F]\n",
           "settings get SECTION GROUP KEY [DEFAULT]\n", "settings set SECTION GROUP KEY VALUE\n",
-          "settings delete SECTION GROUP KEY\n", "--program-folder DIR", "--settings FILE",
-          "--help", "--version"}) {
+          "settings delete SECTION GROUP KEY\n", "  recovered [--json]\n", "--program-folder DIR",
+          "--settings FILE", "--help", "--version"}) {
         EXPECT_TRUE(result.out.contains(word)) << word;
     }
 }

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/main/status_line.h"
 
+#include "windows/widgets/combo_ex.h"
+
 #include <QAbstractItemView>
-#include <QComboBox>
 #include <QEvent>
 #include <QFileInfo>
 #include <QLabel>
@@ -29,7 +30,7 @@ StatusLine::StatusLine(QWidget* parent)
       cmdShowInFolder_(new QToolButton(this)),
       lblSelection_(new QLabel(this)),
       lblPosition_(new QLabel(this)),
-      cboZoom_(new QComboBox(this)) {
+      cboZoom_(new comboEx(this)) {
     setObjectName("statusLine");
     setSizeGripEnabled(false);
     lblStatus_->setObjectName("lblStatus");
