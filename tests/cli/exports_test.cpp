@@ -202,7 +202,10 @@ TEST_F(Exports, AFullDiskLeavesNoHalfFile) {
     };
     for (const auto& [command, file] : {std::pair("still", "a.bmp"), std::pair("anigif", "a.gif"),
                                         std::pair("avi", "a.avi"), std::pair("mp4", "a.mp4")}) {
-        expectFailed(run({command, project, "1", out(file)}, full), SavingFailed);
+        const ProcessResult result = run({command, project, "1", out(file)}, full);
+        expectFailed(result, SavingFailed);
+        EXPECT_TRUE(result.err.contains(out(file).toUtf8() + ": File too large"))
+            << result.err.toStdString();
     }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/video/video_writer.h"
 
+#include "engine/core/durable_file.h"
 #include "engine/core/error.h"
 #include "engine/core/host_files.h"
 #include "engine/core/replaced_file.h"
@@ -64,15 +65,27 @@ T* checked(T* made) {
     return made;
 }
 
-int writePacket(void* file, std::uint8_t* bytes, int size) {
-    auto& device = *static_cast<QFileDevice*>(file);
+/// Where the libraries write. They pass on that a write has failed, but not why.
+struct Output {
+    QFileDevice& device;
+    QString refusal;  ///< the system's reason for the first write that failed
+};
+
+int writePacket(void* opaque, std::uint8_t* bytes, int size) {
+    auto& output = *static_cast<Output*>(opaque);
     // Flushed at once, since the library may read what it wrote by ways of its own.
-    const bool ok = device.write(reinterpret_cast<const char*>(bytes), size) == size;
-    return ok && device.flush() ? size : AVERROR(EIO);
+    if (output.device.write(reinterpret_cast<const char*>(bytes), size) == size &&
+        output.device.flush()) {
+        return size;
+    }
+    if (output.refusal.isEmpty()) {
+        output.refusal = durable_file::reasonOf(output.device);
+    }
+    return AVERROR(EIO);
 }
 
-std::int64_t seek(void* file, std::int64_t offset, int whence) {
-    auto& device = *static_cast<QFileDevice*>(file);
+std::int64_t seek(void* opaque, std::int64_t offset, int whence) {
+    auto& device = static_cast<Output*>(opaque)->device;
     if (whence == AVSEEK_SIZE) {
         return device.size();
     }
@@ -125,7 +138,21 @@ class VideoWriter::Encoder {
         frame_->height = size.height();
         check(av_frame_get_buffer(frame_.get(), 0));
         packet_.reset(checked(av_packet_alloc()));
-        writeHeader(format);
+        writing([this, format] { writeHeader(format); });
+    }
+
+    /// Does a part of the work; where the file is why that fails, this is told.
+    template <class Part>
+    void writing(Part part) {
+        try {
+            part();
+        } catch (const Error&) {
+            if (output_.refusal.isEmpty()) {
+                throw;
+            }
+            throw Error(error_number::FileAccess, u"video"_s, u"Cannot write the file."_s,
+                        file_.target() + u": "_s + output_.refusal);
+        }
     }
 
     void add(const QImage& picture) {
@@ -168,8 +195,8 @@ class VideoWriter::Encoder {
         check(avformat_alloc_output_context2(&container, nullptr, row_.container, nullptr));
         container_.reset(container);
         auto* buffer = static_cast<unsigned char*>(checked(av_malloc(BufferBytes)));
-        io_.reset(checked(avio_alloc_context(buffer, BufferBytes, 1, &file_.device(), nullptr,
-                                             writePacket, seek)));
+        io_.reset(checked(
+            avio_alloc_context(buffer, BufferBytes, 1, &output_, nullptr, writePacket, seek)));
         container_->pb = io_.get();
         // The same pictures give the same file.
         container_->flags |= AVFMT_FLAG_BITEXACT;
@@ -241,6 +268,7 @@ class VideoWriter::Encoder {
     FormatRow row_;
     QSize size_;
     ReplacedFile file_;
+    Output output_{file_.device(), {}};
     Handle<AVIOContext> io_;
     Handle<AVFormatContext> container_;
     Handle<AVCodecContext> codec_;
@@ -273,11 +301,11 @@ QSize VideoWriter::sizeFor(VideoFormat format, QSize asked) {
 }
 
 void VideoWriter::add(const QImage& picture) {
-    encoder_->add(picture);
+    encoder_->writing([this, &picture] { encoder_->add(picture); });
 }
 
 void VideoWriter::finish() {
-    encoder_->finish();
+    encoder_->writing([this] { encoder_->finish(); });
 }
 
 }  // namespace nubivane
