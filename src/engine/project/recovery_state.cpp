@@ -124,13 +124,14 @@ void writeRecoveryState(const QString& folder, const RecoveryState& state) {
 
 RecoveryState readRecoveryState(const QString& folder) {
     const QJsonObject head = readHead(folder);
-    RecoveryState state{
-        .project = head[u"project"_s].toString(),
-        .opened = pairStateFrom(head[u"opened"_s].toArray()),
-        .time = QDateTime::fromString(head[u"time"_s].toString(), Qt::ISODateWithMs),
-        .head = {head[u"mapName"_s].toString(), {}},
-        .map = partFrom(folder, head[u"map"_s].toArray(), 0),
-        .frames = {}};
+    // Member by member: g++ 12 destroys an inner aggregate twice where what follows it in one
+    // initialiser throws, as a part that is missing does.
+    RecoveryState state;
+    state.project = head[u"project"_s].toString();
+    state.opened = pairStateFrom(head[u"opened"_s].toArray());
+    state.time = QDateTime::fromString(head[u"time"_s].toString(), Qt::ISODateWithMs);
+    state.head.map = head[u"mapName"_s].toString();
+    state.map = partFrom(folder, head[u"map"_s].toArray(), 0);
     for (const auto& name : head[u"collections"_s].toArray()) {
         state.head.collections += name.toString();
     }
