@@ -24,6 +24,24 @@ QByteArray checksumOf(const QByteArray& bytes) {
     return QCryptographicHash::hash(bytes, QCryptographicHash::Blake2b_256);
 }
 
+/// What an editor left that was killed before its first state stood, or while it took a copy away.
+/// One that is just beginning has its time.
+void removeUnfinished(const QString& recoveryFolder) {
+    constexpr qint64 BeginningSeconds = 60;
+    const QDir root(recoveryFolder);
+    for (const QFileInfo& each : root.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        const QString folder = each.filePath();
+        if (hasRecoveryState(folder) ||
+            each.lastModified().secsTo(QDateTime::currentDateTime()) < BeginningSeconds) {
+            continue;
+        }
+        const FolderLock lock(folder, std::chrono::milliseconds(0));
+        if (lock.held() && !hasRecoveryState(folder)) {
+            removeRecoveryCopy(folder);
+        }
+    }
+}
+
 }  // namespace
 
 RecoveryCopy::RecoveryCopy(QString recoveryFolder) : folder_(std::move(recoveryFolder)) {
@@ -48,6 +66,7 @@ void RecoveryCopy::makeFolder() {
     }
     ::chmod(QFile::encodeName(folder_).constData(), S_IRWXU);
     lock_ = std::make_unique<FolderLock>(folder_);
+    removeUnfinished(QFileInfo(folder_).path());
 }
 
 void RecoveryCopy::forgetAll() {
@@ -76,7 +95,7 @@ void RecoveryCopy::write(const WorkSnapshot& snapshot) {
 
 void RecoveryCopy::clear() {
     if (lock_) {
-        QDir(folder_).removeRecursively();
+        removeRecoveryCopy(folder_);
         lock_.reset();
         forgetAll();
     }

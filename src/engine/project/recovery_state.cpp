@@ -5,6 +5,7 @@
 #include "engine/core/host_files.h"
 #include "engine/core/replaced_file.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -147,6 +148,17 @@ RecoveryState readRecoveryState(const QString& folder) {
 
 bool hasRecoveryState(const QString& folder) {
     return QFileInfo::exists(fileIn(folder));
+}
+
+FileState fileOfRecoveryState(const QString& folder) {
+    return fileStateOf(fileIn(folder));
+}
+
+void removeRecoveryCopy(const QString& folder) {
+    QFile::remove(fileIn(folder));
+    if (!hasRecoveryState(folder)) {
+        QDir(folder).removeRecursively();
+    }
 }
 
 }  // namespace nubivane

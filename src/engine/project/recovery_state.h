@@ -43,5 +43,10 @@ RecoveryState readRecoveryState(const QString& folder);
 
 /// True where there is such a file.
 bool hasRecoveryState(const QString& folder);
+/// Its file as it stands, by which two states are told apart.
+FileState fileOfRecoveryState(const QString& folder);
+
+/// Takes a copy away, the state first: one that is cut short is no copy any more. Raises nothing.
+void removeRecoveryCopy(const QString& folder);
 
 }  // namespace nubivane
