@@ -135,21 +135,22 @@ QPainterPath flash(const QPointF& middle, qreal radius) {
     return path;
 }
 
-/// Signs in rows, each row moved by half; those alone that lie inside as a whole.
+/// Signs in rows, each row moved by half; those alone that lie inside as a whole, off the edge.
 QPainterPath signs(const QPolygonF& outline, QPainterPath (*sign)(const QPointF&, qreal),
                    qreal radius, qreal distance) {
-    constexpr std::array heights = {-1.0, -0.5, 0.5, 1.0};  // looked at, in radii
+    constexpr std::array heights = {-1.0, -0.5, 0.5, 1.0};  // looked at, in reaches
+    const qreal reach = 1.4 * radius;
     const QRectF bounds = outline.boundingRect();
     QPainterPath all;
     for (qreal row = std::ceil(bounds.top() / distance); row * distance < bounds.bottom(); ++row) {
         const qreal shift = std::fmod(std::abs(row), 2) * distance / 2;
         std::vector<Span> room = spansAt(outline, row * distance);
         for (const qreal height : heights) {
-            room = common(room, spansAt(outline, row * distance + height * radius));
+            room = common(room, spansAt(outline, row * distance + height * reach));
         }
         for (const Span& span : room) {
-            for (qreal n = std::ceil((span.from + radius - shift) / distance);
-                 n * distance + shift + radius <= span.to; ++n) {
+            for (qreal n = std::ceil((span.from + reach - shift) / distance);
+                 n * distance + shift + reach <= span.to; ++n) {
                 all.addPath(sign({n * distance + shift, row * distance}, radius));
             }
         }

@@ -16,6 +16,8 @@ constexpr qreal JetLine = 1.6;
 constexpr qreal JetPeriod = 60;
 constexpr qreal BarbHeight = 6;
 constexpr qreal BarbLean = 2;  // of a barb's end towards where the wind comes from
+constexpr qreal BarbLine = 0.6;
+constexpr qreal LeastBarbLine = 1;  // pixels
 constexpr qreal BarbStep = 2.2;
 constexpr qreal PennantBase = 2.6;
 constexpr qreal StaffLength = 15;
@@ -66,7 +68,8 @@ Drawing barbsOn(const Curve& staff, qreal from, const Barbs& barbs, const Figure
     for (int i = 0; i < barbs.longs + barbs.half; ++i) {
         QPainterPath barb(staff.at(distance).point);
         barb.lineTo(tip(distance, i < barbs.longs ? 1 : 0.5));
-        drawing.push_back(lineOf(barb, style.color, width, Qt::RoundCap));
+        drawing.push_back(
+            lineOf(barb, style.color, std::max(BarbLine * width, LeastBarbLine), Qt::RoundCap));
         distance += BarbStep * width;
     }
     return drawing;

@@ -133,6 +133,16 @@ Curve::Place Curve::at(qreal distance) const {
             unit(before.direction + part * (next->direction - before.direction))};
 }
 
+Curve Curve::parallel(qreal distance) const {
+    constexpr qreal Step = 4;
+    const int steps = std::clamp(static_cast<int>(length() / Step), 1, MostSamples);
+    std::vector<QPointF> points;
+    for (int i = 0; i <= steps; ++i) {
+        points.push_back(at(length() * i / steps).left(distance));
+    }
+    return {points, closed_ ? Ends::Closed : Ends::Open};
+}
+
 QPainterPath Curve::between(qreal from, qreal to) const {
     QPainterPath part(at(from).point);
     // A part of a closed curve may pass its start.

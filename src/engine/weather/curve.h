@@ -40,6 +40,9 @@ class Curve {
     /// goes on there; a closed curve begins anew. The curve must not be empty.
     Place at(qreal distance) const;
 
+    /// The curve at a distance to the left of this one, open like this one.
+    Curve parallel(qreal distance) const;
+
     /// The whole curve, exactly.
     const QPainterPath& path() const { return path_; }
     /// The part between two distances, `from` below `to`, as a chain of lines shorter than a pixel

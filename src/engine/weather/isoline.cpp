@@ -57,7 +57,9 @@ Drawing textDrawing(const Curve& curve, const FigureStyle& style) {
     const qreal size = letterSize(style.width);
     const Letters letters(style.text, size);
     const qreal raised = style.flipped ? -letters.capHeight() - Gap * size : Gap * size;
-    return {filled(letters.along(curve, raised), style.color)};
+    // Spaced along the line on which they stand: within a bend that one is shorter.
+    const Curve base = curve.parallel(raised);
+    return base.isEmpty() ? Drawing{} : Drawing{filled(letters.along(base), style.color)};
 }
 
 }  // namespace nubivane::weather

@@ -68,7 +68,7 @@ QPainterPath Letters::around(const QPointF& middle, const QPointF& direction) co
     return standing(middle, direction).map(text);
 }
 
-QPainterPath Letters::along(const Curve& curve, qreal raised) const {
+QPainterPath Letters::along(const Curve& curve) const {
     const qreal start = (curve.length() - width_) / 2;
     QPainterPath text;
     text.setFillRule(Qt::WindingFill);
@@ -77,7 +77,7 @@ QPainterPath Letters::along(const Curve& curve, qreal raised) const {
         const qreal half = glyph.path.boundingRect().center().x();
         const Curve::Place place = curve.at(start + glyph.x + half);
         const QTransform turned =
-            QTransform::fromTranslate(-half, 0) * standing(place.left(raised), place.direction);
+            QTransform::fromTranslate(-half, 0) * standing(place.point, place.direction);
         text.addPath(turned.map(glyph.path));
     }
     return text;

@@ -23,9 +23,9 @@ class Letters {
 
     /// The text around a point, its line in a direction of length 1.
     QPainterPath around(const QPointF& middle, const QPointF& direction) const;
-    /// The text in the middle of a curve, each letter turned with it, raised to the left. Letters
+    /// The text in the middle of a curve, each letter standing on it and turned with it. Letters
     /// for which the curve has no room stand on the straight lines that go on at its ends.
-    QPainterPath along(const Curve& curve, qreal raised) const;
+    QPainterPath along(const Curve& curve) const;
 
   private:
     /// A letter that stands on the origin, and where its own origin is on the line.

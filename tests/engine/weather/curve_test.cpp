@@ -117,6 +117,18 @@ TEST(Curve, TellsOnWhichSideItsInsideLies) {
     EXPECT_TRUE(Curve(points, Ends::Closed).turnsLeft());
 }
 
+TEST(Curve, HasAParallelAtADistance) {
+    const Curve curve(ring({100, 100}, 50), Ends::Closed);
+    const Curve outside = curve.parallel(10);
+    EXPECT_TRUE(outside.isClosed());
+    for (qreal s = 0; s < outside.length(); s += 3) {
+        EXPECT_NEAR(apart(outside.at(s).point, {100, 100}), 60, 0.6);
+    }
+    const Curve below = Curve({{0, 0}, {100, 0}}, Ends::Open).parallel(-5);
+    EXPECT_NEAR(below.length(), 100, 1e-6);
+    EXPECT_LT(apart(below.at(0).point, {0, 5}), 1e-6);
+}
+
 TEST(Curve, PartsJoinToTheWhole) {
     const Curve curve(bend(), Ends::Open);
     const qreal length = curve.length();
