@@ -1,29 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The five-day forecast: Europe, one Frame a day."""
 
-from chart import pressure
 from project_file import (ALICE_BLUE, DARK_BLUE, FIRE_BRICK, GAP, LEMON, LIGHT_STEEL, STEEL_BLUE, WHITE, Label, Period,
                           Project, Symbol, city, high, low)
-
-SIZE = (800, 600)
-
-
-def saturday_chart(chart):
-    field = pressure(SIZE, ((168, 178, -32, 105, 1.35, 30), (640, 390, 15, 190, 1.5, 20), (70, 520, 9, 120, 1.6, 0),
-                            (560, 40, -7, 120, 1.5, 0)))
-    chart.isobars(field, range(984, 1040, 4))
-    chart.front("occluded", ((168, 188), (194, 171), (222, 180)), side=1, spacing=24, first=12)
-    chart.front("cold", ((222, 180), (228, 230), (214, 300), (168, 370), (94, 428), (0, 452)), side=1)
-    chart.front("warm", ((222, 180), (270, 202), (306, 250), (322, 310)), side=1)
-
-
-def tuesday_chart(chart):
-    field = pressure(SIZE, ((400, 150, -29, 100, 1.4, 25), (110, 400, 17, 165, 1.4, -20), (700, 470, 7, 170, 1.3, 0)))
-    chart.isobars(field, range(988, 1040, 4))
-    chart.front("occluded", ((408, 162), (432, 148), (462, 158)), side=1, spacing=24, first=12)
-    chart.front("cold", ((462, 158), (466, 230), (446, 310), (398, 376), (322, 424), (240, 450)), side=1)
-    chart.front("warm", ((462, 158), (520, 176), (566, 220), (588, 282)), side=1)
-
 
 PERIODS = [
     Period(
@@ -58,7 +37,7 @@ PERIODS = [
          city("Berlin", 12, (402, 364)), city("Moscow", 6, (600, 254)), city("Athens", 22, (516, 560)),
          Label(f"{GAP}Storm warning{GAP}", (66, 402), 10, FIRE_BRICK, ground=LEMON, border=FIRE_BRICK,
                note="Confirm with the marine desk before 05 UTC.\r\nDrop it when gusts stay < 75 km/h & waves < 4 m.")],
-        saturday_chart),
+        "europe-saturday"),
     Period(
         "Sunday", "Rain spreads to France and the Low Countries",
         "Sunday: showers and thunder behind the front",
@@ -150,7 +129,7 @@ PERIODS = [
          city("Athens", 23, (528, 558)), city("Moscow", 5, (640, 266)),
          Label(f"{GAP}Snow above 1400 m{GAP}", (418, 486), 8, DARK_BLUE, ground=WHITE, border=STEEL_BLUE,
                note='Wording agreed with the avalanche service: "above", not "down to".')],
-        tuesday_chart),
+        "europe-tuesday"),
     Period(
         "Wednesday", "High pressure returns",
         "Wednesday: frosty dawn, then sunshine for most of the continent",

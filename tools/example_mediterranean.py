@@ -1,12 +1,10 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The marine forecast: the Mediterranean today, tonight and tomorrow, with wind, waves and warnings."""
 
-from chart import pressure
 from project_file import (ALICE_BLUE, DARK_BLUE, FIRE_BRICK, GAP, LEMON, LIGHT_STEEL, Label, Period, Project, Symbol, high,
                           low, places)
 
 MAP = "mediterranean.jpg"
-SIZE = (800, 520)
 at = places(MAP)
 
 ALBORAN, BALEARIC, LIONS, SARDINIA = at(-2.8, 36.0), at(3.6, 38.6), at(4.5, 41.6), at(6.9, 39.0)
@@ -31,21 +29,6 @@ def name(text, place, right=5, down=42):
 
 NAMES = [name("Alboran", ALBORAN, 2, 38), name("Lions", LIONS), name("Tyrrhenian", TYRRHENIAN),
          name("Ionian", IONIAN), name("Libyan Sea", LIBYAN), name("Levant", LEVANT), name("Black Sea", BLACK_SEA)]
-
-
-def today_chart(chart):
-    field = pressure(SIZE, ((300, 120, -19, 75, 1.3, 20), (690, 60, 11, 150, 1.4, 0), (40, 330, 8, 170, 1.2, 0)),
-                     base=1015.0)
-    chart.isobars(field, range(988, 1032, 4))
-    chart.front("cold", ((306, 132), (300, 190), (262, 250), (196, 292)), side=1)
-    chart.front("warm", ((306, 132), (350, 150), (384, 190)), side=1)
-
-
-def tomorrow_chart(chart):
-    field = pressure(SIZE, ((470, 190, -17, 85, 1.3, -15), (110, 150, 13, 150, 1.3, 10), (730, 330, 5, 130, 1.2, 0)))
-    chart.isobars(field, range(1000, 1032, 4))
-    chart.front("cold", ((476, 202), (482, 258), (458, 322), (400, 368)), side=1)
-    chart.front("warm", ((476, 202), (530, 214), (572, 246)), side=1)
 
 
 PERIODS = [
@@ -74,7 +57,7 @@ PERIODS = [
         NAMES + low(at(9.0, 44.4, -30, -16), "995") + high(at(28.0, 45.6, 0, 6), "1026") +
         [Label(f"{GAP}Storm: Gulf of Lions{GAP}", at(3.0, 43.9, -110, -10), 10, FIRE_BRICK, ground=LEMON,
                border=FIRE_BRICK)],
-        today_chart),
+        "mediterranean-today"),
     Period(
         "Tonight", "The low crosses Italy",
         "Friday, 18 to 06 UTC: thunderstorms over the Tyrrhenian Sea",
@@ -129,7 +112,7 @@ PERIODS = [
         [Label(f"{GAP}Gale: Ionian Sea{GAP}", at(10.0, 30.2, 0, -4), 10, FIRE_BRICK, ground=LEMON, border=FIRE_BRICK),
          Label(f"{GAP}Sunday: fine in the west{GAP}", (92, 500), 10, DARK_BLUE, bold=False, ground=ALICE_BLUE,
                border=LIGHT_STEEL)],
-        tomorrow_chart),
+        "mediterranean-tomorrow"),
 ]
 
 PROJECT = Project("mediterranean", MAP, PERIODS)

@@ -22,6 +22,7 @@
 #include <QDirIterator>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -311,6 +312,27 @@ void takeRecovery(frmMap& window, Workspace& workspace, const QString& folder,
     window.removeToolBar(&safekeeping.bar());
 }
 
+/// A cold front while it is drawn, and the map around it.
+void takeFront(frmMap& window, Photographer& photographer) {
+    MapDrawing& drawing = window.canvas().drawing();
+    MapCanvas& canvas = window.canvas().widget();
+    drawing.chooseFigure(weather::FigureKind::ColdFront);
+    settle();
+    for (const QPoint& point : {QPoint(330, 120), QPoint(345, 210), QPoint(300, 300),
+                                QPoint(210, 360), QPoint(110, 375)}) {
+        const QPoint place = canvas.toWidget(QRect(point, QSize(1, 1))).center();
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            QMouseEvent event(type, place, canvas.mapToGlobal(place), Qt::LeftButton,
+                              Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(&canvas, &event);
+        }
+    }
+    settle();
+    photographer.save("first-front.png", window.grab());
+    drawing.DrawCancel();
+    drawing.chooseTool(0);
+}
+
 int takeAll(const QString& content, const QString& project, const QString& output) {
     const QTemporaryDir scratch;
     const QTemporaryDir state;
@@ -331,6 +353,7 @@ int takeAll(const QString& content, const QString& project, const QString& outpu
     placeFirstSymbols(window, workspace);
     settle();
     photographer.save("first-symbols.png", window.grab());
+    takeFront(window, photographer);
     photographer.saveUsed("draw-strip.png", window.pctTlbDraw());
     takeHistory(window, photographer);
 

@@ -14,7 +14,7 @@ from PIL import Image
 
 from geo import REPOSITORY
 
-DRAWINGS = os.path.join(REPOSITORY, "src", "editor", "icons")
+DRAWINGS = os.path.join(REPOSITORY, "src", "windows", "icons")
 SIZES = (16, 22, 24, 32, 48, 64, 128, 256, 512)
 SMALL = 24  # up to here the coarse drawing is the clearer one
 ICO_SIZES = (16, 24, 32, 48, 64, 128, 256)

@@ -12,8 +12,8 @@ from dataclasses import dataclass
 import numpy as np
 from PIL import Image
 
+import chart
 import typeface
-from chart import Chart
 from geo import REPOSITORY, MapFrame
 from make_maps import JPEG
 from make_symbols import COLLECTIONS
@@ -80,7 +80,7 @@ class Period:
     texts: tuple            # (header, body) pairs
     symbols: list
     labels: list
-    chart: object = None    # function that draws on a Chart; None leaves the map bare
+    chart: str = ""         # name of a chart in charts/; none leaves the map bare
 
 
 @dataclass
@@ -219,9 +219,7 @@ def write(project, folder):
     for period in project.periods:
         picture = bare
         if period.chart:
-            chart = Chart(project.size())
-            period.chart(chart)
-            picture = chart.over(bare)
+            picture = chart.draw(period.chart, bare)
         blocks.append(jpeg(picture))
 
     used = {symbol.collection() for period in project.periods for symbol in period.symbols}

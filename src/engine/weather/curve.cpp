@@ -133,6 +133,17 @@ Curve::Place Curve::at(qreal distance) const {
             unit(before.direction + part * (next->direction - before.direction))};
 }
 
+qreal Curve::nearest(const QPointF& place, qreal from) const {
+    const Sample* best = &samples_.back();
+    for (const Sample& sample : samples_) {
+        if (sample.distance >= from &&
+            distanceBetween(sample.point, place) < distanceBetween(best->point, place)) {
+            best = &sample;
+        }
+    }
+    return best->distance;
+}
+
 Curve Curve::parallel(qreal distance) const {
     constexpr qreal Step = 4;
     const int steps = std::clamp(static_cast<int>(length() / Step), 1, MostSamples);

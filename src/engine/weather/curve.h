@@ -40,6 +40,10 @@ class Curve {
     /// goes on there; a closed curve begins anew. The curve must not be empty.
     Place at(qreal distance) const;
 
+    /// The distance at which the curve, from a distance on, comes nearest to a place. The curve
+    /// must not be empty.
+    qreal nearest(const QPointF& place, qreal from = 0) const;
+
     /// The curve at a distance to the left of this one, open like this one.
     Curve parallel(qreal distance) const;
 

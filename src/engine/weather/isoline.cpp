@@ -59,7 +59,8 @@ Drawing textDrawing(const Curve& curve, const FigureStyle& style) {
     const qreal raised = style.flipped ? -letters.capHeight() - Gap * size : Gap * size;
     // Spaced along the line on which they stand: within a bend that one is shorter.
     const Curve base = curve.parallel(raised);
-    return base.isEmpty() ? Drawing{} : Drawing{filled(letters.along(base), style.color)};
+    const bool none = base.isEmpty() || letters.width() <= 0;
+    return none ? Drawing{} : Drawing{filled(letters.along(base), style.color)};
 }
 
 }  // namespace nubivane::weather

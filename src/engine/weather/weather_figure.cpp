@@ -40,7 +40,54 @@ std::vector<QPointF> legible(std::vector<QPointF> points) {
     return points;
 }
 
+Curve curveThrough(const std::vector<QPointF>& points, const KindRow& row) {
+    return {points, row.closed ? Curve::Ends::Closed : Curve::Ends::Open};
+}
+
+/// Where the curve passes each of its points; a closed one passes the first also at its end.
+std::vector<qreal> distancesOf(const Curve& curve, const std::vector<QPointF>& points) {
+    std::vector<qreal> distances{0};
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        distances.push_back(curve.nearest(points[i], distances.back()));
+    }
+    return distances;
+}
+
 }  // namespace
+
+std::optional<int> WeatherFigure::pointBehind(const QPointF& place, qreal reach) const {
+    const KindRow& row = rowOf(kind);
+    if (static_cast<int>(points.size()) >= row.mostPoints) {
+        return std::nullopt;
+    }
+    const Curve curve = curveThrough(points, row);
+    if (curve.isEmpty()) {
+        return std::nullopt;
+    }
+    const qreal distance = curve.nearest(place);
+    const QPointF way = curve.at(distance).point - place;
+    if (!(std::hypot(way.x(), way.y()) <= reach)) {
+        return std::nullopt;
+    }
+    const std::vector<qreal> passed = distancesOf(curve, points);
+    const auto next = std::upper_bound(passed.begin() + 1, passed.end(), distance);
+    if (next == passed.end() && !row.closed) {
+        return std::nullopt;  // at the end of the line a point goes on
+    }
+    return static_cast<int>(next - passed.begin());
+}
+
+QPointF WeatherFigure::halfway(int point) const {
+    const KindRow& row = rowOf(kind);
+    const Curve curve = curveThrough(points, row);
+    const auto index = static_cast<std::size_t>(point);
+    if (curve.isEmpty()) {
+        return points[index];
+    }
+    const std::vector<qreal> passed = distancesOf(curve, points);
+    const qreal next = index + 1 < passed.size() ? passed[index + 1] : curve.length();
+    return curve.at((passed[index] + next) / 2).point;
+}
 
 Drawing WeatherFigure::drawing() const {
     const KindRow& row = rowOf(kind);
@@ -52,7 +99,7 @@ Drawing WeatherFigure::drawing() const {
     if (row.family == FigureFamily::Text) {
         used = legible(std::move(used));
     }
-    const Curve curve(used, row.closed ? Curve::Ends::Closed : Curve::Ends::Open);
+    const Curve curve = curveThrough(used, row);
     if (curve.isEmpty() || (row.closed && !curve.isClosed())) {
         return {};
     }

@@ -6,6 +6,7 @@
 #include <QPointF>
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 namespace nubivane::weather {
@@ -56,6 +57,8 @@ struct FigureStyle {
     QString text{};        ///< an isoline's value, or the letters along a curve
     int repeats = 1;       ///< how often the value is set into the line, as far as there is room
     int knots = 0;         ///< speed of the wind
+
+    bool operator==(const FigureStyle&) const = default;
 };
 
 /// A figure on the map, made from the points that somebody clicked.
@@ -71,6 +74,13 @@ struct WeatherFigure {
     void paint(QPainter& painter) const { weather::paint(painter, drawing()); }
     /// The pixels that `paint` may touch, whole ones.
     QRectF boundingRect() const { return boundsOf(drawing()); }
+
+    /// Before which of the points a new one at a place of the curve belongs, from 1 to their
+    /// number; nothing farther from the curve than `reach`, or where the kind takes no more points.
+    std::optional<int> pointBehind(const QPointF& place, qreal reach) const;
+    /// The place on the curve halfway between a point and the next one, which on a closed curve
+    /// follows the last one too.
+    QPointF halfway(int point) const;
 };
 
 }  // namespace nubivane::weather

@@ -128,6 +128,7 @@ QImage MapCanvas::thumbnail(QSize bounds) const {
 void MapCanvas::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     paintFrame(painter, rect());
+    painter.save();
     painter.translate(1, 1);
     painter.setClipRect(QRect(0, 0, width() - 2, height() - 2), Qt::IntersectClip);
     // From twice its size on a map is looked at for its pixels.
@@ -143,6 +144,10 @@ void MapCanvas::paintEvent(QPaintEvent* event) {
                               QRect(QPoint(), picture_.size()));
         painter.restore();
         paintBorder(painter, onMap);
+    }
+    painter.restore();
+    if (overlay_) {
+        overlay_->paint(painter, *this);
     }
 }
 

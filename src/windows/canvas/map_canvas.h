@@ -15,6 +15,16 @@ class QHelpEvent;
 namespace nubivane {
 
 class CanvasClock;
+class MapCanvas;
+
+/// What lies above map and sprites while it is edited, such as handles. It is no part of any
+/// picture, and its sizes are pixels of the screen.
+class CanvasOverlay {
+  public:
+    virtual ~CanvasOverlay() = default;
+    /// The painter's pixels are those of the canvas.
+    virtual void paint(QPainter& painter, const MapCanvas& canvas) const = 0;
+};
 
 /// The widget `pctMap`: paints the map's layers, the sprites and the selection's border, and
 /// forwards the mouse. It has a border of one pixel and shows the map larger or smaller; everybody
@@ -42,6 +52,9 @@ class MapCanvas : public QWidget {
     QImage image() const;
     /// The map with its sprites as they stand, made small.
     QImage thumbnail(QSize bounds) const;
+    /// Shows something above the map from now on; it has to outlive the canvas, or be taken away
+    /// by a null pointer. Whoever changes it has `update` called.
+    void setOverlay(const CanvasOverlay* overlay) { overlay_ = overlay; }
     /// Paints a part of the map again.
     void updateMap(const QRect& mapRect);
 
@@ -94,6 +107,7 @@ class MapCanvas : public QWidget {
     CanvasClock& clock_;
     std::function<bool()> dropAllowed_;
     Zoom zoom_;
+    const CanvasOverlay* overlay_ = nullptr;
     QPixmap picture_;  ///< the surface's persistent layer as it is shown
 };
 

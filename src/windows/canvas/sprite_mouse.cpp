@@ -3,6 +3,7 @@
 
 #include "engine/core/shell.h"
 #include "engine/model/edits/sprite_changes.h"
+#include "engine/model/weather_tool.h"
 #include "windows/canvas/map_bounds.h"
 
 namespace nubivane {
@@ -21,7 +22,8 @@ bool SpriteMouse::press(QPoint position, Qt::MouseButton button) {
         return true;
     }
     SpriteControl* control = sprites_.at(position);
-    if (!control) {
+    // A front passes below its symbols: their places are as good as any for its points.
+    if (!control || isWeatherTool(workspace_.Status.CurrentTool)) {
         return false;
     }
     if (button == Qt::RightButton) {

@@ -20,6 +20,8 @@ class CursorTool : public DrawingTool {
     void press(QPoint position, Qt::MouseButton button) override;
     void move(QPoint) override {}
     void release(Qt::MouseButton) override {}
+    const char* editName() const override { return ""; }
+    QString nextStep() const override { return {}; }
     QCursor pointer() const override { return {Qt::ArrowCursor}; }
     QCursor pointerAt(QPoint position) const override;
 

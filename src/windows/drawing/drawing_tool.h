@@ -3,6 +3,9 @@
 
 #include <QCursor>
 #include <QPoint>
+#include <QString>
+
+class QKeyEvent;
 
 namespace nubivane {
 
@@ -21,11 +24,25 @@ class DrawingTool {
 
     /// Draws the figure that is being edited as it will stay.
     virtual void apply() {}
+    /// False as long as there would be nothing to see of it.
+    virtual bool canApply() const { return true; }
+    /// What that is called in the list of edits; lives as long as the program.
+    virtual const char* editName() const = 0;
     /// Draws it with its handles, as after a change of pen.
     virtual void redraw() {}
     /// Drops what the tool holds of the map.
     virtual void cancel() {}
     virtual void chosen() {}
+
+    /// The tool holds points of its own, the last step of which can be taken back, and all dropped.
+    virtual bool isUnfinished() const { return false; }
+    virtual void takeBack() {}
+    virtual void drop() {}
+
+    /// What to do next, in a sentence.
+    virtual QString nextStep() const = 0;
+    /// A key while the map has the keyboard. True when the tool knew it.
+    virtual bool pressMapKey(const QKeyEvent&) { return false; }
 
     virtual QCursor pointer() const = 0;
     /// The pointer over a position, where that makes a difference.

@@ -9,7 +9,13 @@
 #include "windows/drawing/color_tool.h"
 #include "windows/drawing/draw_tool.h"
 #include "windows/drawing/erase_tool.h"
+#include "windows/drawing/figure_table.h"
 #include "windows/drawing/figures.h"
+#include "windows/drawing/tool_table.h"
+#include "windows/drawing/weather_tools.h"
+
+#include <QKeyEvent>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <utility>
@@ -23,22 +29,31 @@ MapDrawing::MapDrawing(Workspace& workspace, SpriteStack& sprites, Selection& se
       selection_(selection),
       shell_(shell),
       pen_(workspace.pctMap) {
-    // In the order of the table.
-    tools_ = {
-        std::make_unique<CursorTool>(selection, sprites, mouse, [this] { Q_EMIT menuAsked(); }),
-        std::make_unique<DrawTool>(*this),
-        std::make_unique<EraseTool>(*this),
-        std::make_unique<ColorTool>(*this),
-        std::make_unique<LineTool>(*this),
-        std::make_unique<CurveTool>(*this),
-        std::make_unique<CircleTool>(*this),
-        std::make_unique<PolygonTool>(*this)};
+    tools_.push_back(
+        std::make_unique<CursorTool>(selection, sprites, mouse, [this] { Q_EMIT menuAsked(); }));
+    addTools<DrawTool, EraseTool, ColorTool, LineTool, CurveTool, CircleTool, PolygonTool,
+             FrontTool, IsolineTool, AreaTool, ArrowTool, TextTool>();
+    connect(&choice_, &FigureChoice::changed, this, [this](Tool changedTool) {
+        if (changedTool == workspace_.Status.CurrentTool) {
+            refreshFigure();
+            tellStep();
+        }
+    });
+    workspace_.edits().watch(*this);
 }
 
-MapDrawing::~MapDrawing() = default;
+template <class... Tools>
+void MapDrawing::addTools() {
+    (tools_.push_back(std::make_unique<Tools>(*this)), ...);
+}
+
+MapDrawing::~MapDrawing() {
+    workspace_.edits().unwatch(*this);
+}
 
 void MapDrawing::attach(MapCanvas& canvas) {
     canvas_ = &canvas;
+    handles_.attach(canvas);
     connect(&pen_, &MapPen::changed, canvas_, &MapCanvas::updateMap);
     connect(canvas_, &MapCanvas::mapPressed, this, &MapDrawing::press);
     connect(canvas_, &MapCanvas::mapMoved, this, &MapDrawing::move);
@@ -57,6 +72,38 @@ DrawingTool& MapDrawing::tool() const {
     return *tools_[static_cast<std::size_t>(workspace_.Status.CurrentTool)];
 }
 
+/// The tool in hand, if it is one for weather figures.
+WeatherTool* MapDrawing::weatherTool() const {
+    return isWeatherTool(workspace_.Status.CurrentTool) ? static_cast<WeatherTool*>(&tool())
+                                                        : nullptr;
+}
+
+QPoint MapDrawing::middleInSight() const {
+    return canvas_->toMap(canvas_->visibleRegion().boundingRect().center());
+}
+
+QString MapDrawing::nextStep() const {
+    return tool().nextStep();
+}
+
+void MapDrawing::tellStep() {
+    Q_EMIT editAgainChanged();
+    const QString sentence = nextStep();
+    if (sentence != toldStep_) {
+        toldStep_ = sentence;
+        Q_EMIT stepTold(sentence);
+    }
+}
+
+/// An export takes what is being drawn for a part of the picture. Drawn once more, its edges would
+/// be darker.
+void MapDrawing::edited(const ProjectChange&) {
+    const WeatherTool* figure = weatherTool();
+    if (figure && !applying_ && figure->canApply() && workspace_.pctMap.scratchArea().isEmpty()) {
+        dropFigure();
+    }
+}
+
 void MapDrawing::chooseTool(std::size_t index) {
     reset();
     workspace_.Status.CurrentTool = toolTable.at(index).tool;
@@ -66,6 +113,14 @@ void MapDrawing::chooseTool(std::size_t index) {
     canvas_->setCursor(tool().pointer());
     tool().chosen();
     Q_EMIT changed();
+    tellStep();
+}
+
+void MapDrawing::chooseFigure(weather::FigureKind kind) {
+    choice_.setKind(kind);
+    if (workspace_.Status.CurrentTool != toolOf(kind)) {
+        chooseTool(static_cast<std::size_t>(toolOf(kind)));
+    }
 }
 
 void MapDrawing::chooseColor() {
@@ -82,7 +137,8 @@ void MapDrawing::setDrawColor(qint32 color) {
 }
 
 void MapDrawing::refreshFigure() {
-    if (!drawAction_) {
+    const WeatherTool* figure = weatherTool();
+    if (!drawAction_ && !(figure && figure->isUnfinished())) {
         return;
     }
     try {
@@ -124,15 +180,53 @@ void MapDrawing::release(Qt::MouseButton button) {
 }
 
 void MapDrawing::DrawApply() {
+    if (!tool().canApply()) {
+        tellStep();
+        return;
+    }
     points_.penDown = false;
     try {
         tool().apply();
     } catch (const Error&) {
         // A figure that cannot be drawn is lost like a stroke.
     }
-    commit(toolTable[static_cast<std::size_t>(workspace_.Status.CurrentTool)].edit,
-           Snapshot::Later);
+    const quint64 before = workspace_.edits().stateAfter(workspace_.edits().index());
+    {
+        const QScopedValueRollback applying(applying_, true);
+        commit(tool().editName(), Snapshot::Later);
+    }
+    rememberFigure(before);
     dropFigure();
+}
+
+/// A figure that changed no pixel was no edit.
+void MapDrawing::rememberFigure(quint64 before) {
+    const ProjectEdits& edits = workspace_.edits();
+    const WeatherTool* figure = weatherTool();
+    if (figure && edits.stateAfter(edits.index()) != before) {
+        applied_.keep(edits, figure->figure(),
+                      figure->taken() ? std::optional(figure->taken()->state) : std::nullopt);
+        Q_EMIT editAgainChanged();
+    }
+}
+
+bool MapDrawing::canEditAgain() const {
+    return !isUnfinished() && applied_.canTakeUp(workspace_.edits());
+}
+
+void MapDrawing::editAgain() {
+    if (!canEditAgain()) {
+        return;
+    }
+    if (auto taken = applied_.takeUp(workspace_)) {
+        const AppliedFigure& figure = taken->figure;
+        chooseFigure(figure.kind);
+        choice_.setLook(toolOf(figure.kind), figure.look);
+        Q_EMIT widthAsked(figure.width);
+        weatherTool()->take(std::move(*taken));
+        Q_EMIT canvas_->gestureChanged();
+    }
+    Q_EMIT editAgainChanged();
 }
 
 void MapDrawing::DrawCancel() {
@@ -140,17 +234,64 @@ void MapDrawing::DrawCancel() {
     dropFigure();
 }
 
-bool MapDrawing::pressKey(int key) {
+bool MapDrawing::pressKey(const QKeyEvent& event) {
+    const int key = event.key();
     const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
-    if (!drawAction_ || (!enter && key != Qt::Key_Escape)) {
+    const WeatherTool* figure = weatherTool();
+    const bool edits = drawAction_ || (figure && figure->isUnfinished());
+    if (edits && (enter || key == Qt::Key_Escape)) {
+        enter ? DrawApply() : DrawCancel();
+        return true;
+    }
+    return (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && chooseByKey(key);
+}
+
+bool MapDrawing::chooseByKey(int key) {
+    const Tool current = workspace_.Status.CurrentTool;
+    if (isWeatherTool(current)) {
+        const std::vector<weather::FigureKind> kinds = kindsOf(current);
+        const int digit = key - Qt::Key_1;
+        if (digit >= 0 && digit < static_cast<int>(kinds.size())) {
+            chooseFigure(kinds[static_cast<std::size_t>(digit)]);
+            return true;
+        }
+        if (key == Qt::Key_X) {
+            flip();
+            return true;
+        }
+    }
+    if (key == Qt::Key_G) {
+        editAgain();
+        return true;
+    }
+    const auto row = std::find_if(toolTable.begin(), toolTable.end(),
+                                  [key](const ToolRow& each) { return each.key == key; });
+    if (row == toolTable.end()) {
         return false;
     }
-    if (enter) {
-        DrawApply();
-    } else {
-        DrawCancel();
+    if (row->tool != current) {
+        chooseTool(static_cast<std::size_t>(row->tool));
     }
     return true;
+}
+
+void MapDrawing::flip() {
+    const Tool current = workspace_.Status.CurrentTool;
+    FigureLook look = choice_.look(current);
+    look.style.flipped = !look.style.flipped;
+    choice_.setLook(current, look);
+}
+
+bool MapDrawing::pressMapKey(const QKeyEvent& key) {
+    const bool known = tool().pressMapKey(key);
+    if (known) {
+        Q_EMIT canvas_->gestureChanged();
+    }
+    return known;
+}
+
+bool MapDrawing::isUnfinished() const {
+    return points_.penDown || points_.pointCount() > 0 || tool().isUnfinished();
 }
 
 void MapDrawing::reset() {
@@ -218,6 +359,10 @@ void MapDrawing::commitStroke(const char* name) {
 }
 
 void MapDrawing::takeBack() {
+    if (tool().isUnfinished()) {
+        tool().takeBack();
+        return;
+    }
     if (points_.pointCount() <= 1) {
         reset();
         return;
@@ -230,6 +375,7 @@ void MapDrawing::takeBack() {
 /// Points, and the window that would apply them.
 void MapDrawing::dropFigure() {
     points_.clear();
+    tool().drop();
     if (drawAction_) {
         drawAction_->unload();
         drawAction_.clear();
@@ -237,6 +383,8 @@ void MapDrawing::dropFigure() {
     if (canvas_) {
         Q_EMIT canvas_->gestureChanged();
     }
+    Q_EMIT editAgainChanged();
+    tellStep();
 }
 
 }  // namespace nubivane

@@ -2,27 +2,31 @@
 #pragma once
 
 #include "engine/model/edits/picture_edits.h"
+#include "windows/drawing/applied_figures.h"
 #include "windows/drawing/control_points.h"
 #include "windows/drawing/cursor_tool.h"
 #include "windows/drawing/drawing_tool.h"
+#include "windows/drawing/figure_choice.h"
+#include "windows/drawing/figure_handles.h"
 #include "windows/drawing/frm_draw_action.h"
 #include "windows/drawing/map_pen.h"
-#include "windows/drawing/tool_table.h"
 
 #include <QObject>
 #include <QPointer>
 
-#include <array>
 #include <memory>
+#include <vector>
 
 namespace nubivane {
 
 class MapCanvas;
 class Shell;
+class WeatherTool;
 
-/// Drawing on the map: passes the mouse on to the current tool and holds what the tools share, the
-/// control points and the pen. Which tool is current stands in `Status`.
-class MapDrawing : public QObject {
+/// Drawing on the map: passes mouse and keys on to the current tool and holds what the tools share,
+/// the control points, the pen, and the choice of the next weather figure. Which tool is current
+/// stands in `Status`.
+class MapDrawing : public QObject, private EditWatcher {
     Q_OBJECT
 
   public:
@@ -37,6 +41,11 @@ class MapDrawing : public QObject {
 
     /// The click on `btnDraw(index)`.
     void chooseTool(std::size_t index);
+    /// Takes the tool in hand that draws a kind of figure, with that kind. A figure that is being
+    /// edited with the same tool becomes one of that kind.
+    void chooseFigure(weather::FigureKind kind);
+    /// What the weather tools will draw.
+    FigureChoice& choice() { return choice_; }
     /// The click on `pctSelectedColor`.
     void chooseColor();
     void setDrawColor(qint32 color);
@@ -48,12 +57,21 @@ class MapDrawing : public QObject {
 
     void DrawApply();
     void DrawCancel();
-    /// Enter and Esc end the editing of a figure. True when the key did.
-    bool pressKey(int key);
+    /// Enter and Esc end the editing of a figure; letters take tools in hand, digits the kinds of a
+    /// weather tool, X turns its figures over. True when the key did something.
+    bool pressKey(const QKeyEvent& key);
+    /// A key for the points of a weather figure, while the map has the keyboard.
+    bool pressMapKey(const QKeyEvent& key);
     /// A stroke or a figure that is not committed yet.
-    bool isUnfinished() const { return points_.penDown || points_.pointCount() > 0; }
+    bool isUnfinished() const;
     /// Takes back the last point of a figure, or the stroke under way.
     void takeBack();
+    /// The weather figure that was applied last can be taken up again, as long as it can be undone.
+    bool canEditAgain() const;
+    /// Takes it up: its points are there again, and Enter puts the changed figure in its place.
+    void editAgain();
+    /// What to do next with the tool in hand, in a sentence; empty for the cursor.
+    QString nextStep() const;
     /// Drops everything that is not committed: another Frame comes onto the canvas, or the project
     /// is being saved.
     void reset();
@@ -66,6 +84,11 @@ class MapDrawing : public QObject {
     Workspace& workspace() { return workspace_; }
     ControlPoints& points() { return points_; }
     MapPen& pen() { return pen_; }
+    FigureHandles& handles() { return handles_; }
+    /// The pixel in the middle of what is to be seen of the map.
+    QPoint middleInSight() const;
+    /// Says what to do next, if that is something new.
+    void tellStep();
     /// The map's colour with what is drawn on it; an invalid one beside the map.
     QColor colorAt(QPoint position) const;
     /// Where the way from a position on the map to one beside it meets the map's border.
@@ -78,11 +101,24 @@ class MapDrawing : public QObject {
 
   Q_SIGNALS:
     void projectChanged();
-    void menuAsked();  ///< the popup menu of the bare map
-    void changed();    ///< current tool or colour is another one
+    void menuAsked();                        ///< the popup menu of the bare map
+    void changed();                          ///< current tool or colour is another one
+    void stepTold(const QString& sentence);  ///< what to do next
+    void widthAsked(int width);              ///< the pen is to have another width
+    void editAgainChanged();                 ///< `canEditAgain` may give another answer
 
   private:
+    // EditWatcher.
+    void edited(const ProjectChange&) override;
+    void historyChanged() override { Q_EMIT editAgainChanged(); }
+
+    template <class... Tools>
+    void addTools();
     DrawingTool& tool() const;
+    WeatherTool* weatherTool() const;
+    bool chooseByKey(int key);
+    void flip();
+    void rememberFigure(quint64 before);
     void press(QPoint position, Qt::MouseButton button);
     void move(QPoint position);
     void release(Qt::MouseButton button);
@@ -97,9 +133,14 @@ class MapDrawing : public QObject {
     MapCanvas* canvas_ = nullptr;
     ControlPoints points_;
     MapPen pen_;
-    std::array<std::unique_ptr<DrawingTool>, toolTable.size()> tools_;
+    FigureChoice choice_;
+    FigureHandles handles_;
+    AppliedFigures applied_;
+    std::vector<std::unique_ptr<DrawingTool>> tools_;  ///< in the order of the table
     QPointer<frmDrawAction> drawAction_;
     bool animationStopped_ = false;
+    bool applying_ = false;
+    QString toldStep_;
 };
 
 }  // namespace nubivane

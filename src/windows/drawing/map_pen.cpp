@@ -43,9 +43,12 @@ void MapPen::followWidth() {
     drawWidth_ = widthOf(widthText_).value_or(drawWidth_);
 }
 
+QColor MapPen::color() const {
+    return colorOf(DrawColor);
+}
+
 QPen MapPen::pen() const {
-    return {colorOf(DrawColor), static_cast<qreal>(drawWidth_), Qt::SolidLine, Qt::RoundCap,
-            Qt::RoundJoin};
+    return {color(), static_cast<qreal>(drawWidth_), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
 }
 
 /// The middle of a pixel is the middle of an odd line; an even one lies between two pixels. Either
@@ -119,6 +122,16 @@ void MapPen::handle(QPoint centre) {
         painter.fillRect(outline.adjusted(1, 1, -1, -1), Qt::white);
     });
     followWidth();
+}
+
+void MapPen::draw(const weather::Drawing& drawing) {
+    paint(weather::boundsOf(drawing).toAlignedRect(),
+          [&](QPainter& painter) { weather::paint(painter, drawing); });
+}
+
+void MapPen::lay(const QImage& picture, QPoint corner) {
+    paint(QRect(corner, picture.size()),
+          [&](QPainter& painter) { painter.drawImage(corner, picture); });
 }
 
 void MapPen::copyBlock(const QImage& source, const QRect& block) {

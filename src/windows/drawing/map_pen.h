@@ -3,6 +3,7 @@
 
 #include "engine/model/forecast.h"
 #include "engine/model/map_surface.h"
+#include "engine/weather/drawing.h"
 
 #include <QColor>
 #include <QObject>
@@ -32,6 +33,7 @@ class MapPen : public QObject {
 
     qint32 DrawColor = White;  ///< red in the low byte
 
+    QColor color() const;
     int DrawWidth() const { return drawWidth_; }
     /// The width that a text stands for, or nothing.
     static std::optional<int> widthOf(const QString& text);
@@ -56,6 +58,10 @@ class MapPen : public QObject {
     /// The square by which a control point is seen and caught. Takes the width from its field
     /// afterwards, as `followWidth`.
     void handle(QPoint centre);
+    /// A weather figure: in its own colours and always smooth.
+    void draw(const weather::Drawing& drawing);
+    /// Lays a picture with its upper left corner on a pixel.
+    void lay(const QImage& picture, QPoint corner);
     /// Copies a part of a picture to the same place on the map.
     void copyBlock(const QImage& source, const QRect& block);
 

@@ -2,6 +2,9 @@
 #include "windows/drawing/pen_tool.h"
 
 #include "windows/drawing/map_drawing.h"
+#include "windows/drawing/tool_table.h"
+
+#include <QCoreApplication>
 
 #include <utility>
 
@@ -42,6 +45,15 @@ void PenTool::release(Qt::MouseButton button) {
         drawing_.points().penDown = false;
         end();
     }
+}
+
+const char* PenTool::editName() const {
+    return rowOf(drawing_.workspace().Status.CurrentTool).edit;
+}
+
+QString PenTool::nextStep() const {
+    return QCoreApplication::translate("nubivane::DrawStrip",
+                                       rowOf(drawing_.workspace().Status.CurrentTool).use);
 }
 
 QCursor PenTool::pointerAt(QPoint position) const {

@@ -18,6 +18,9 @@ class PenTool : public DrawingTool {
     void leave(QPoint position) final;
     void release(Qt::MouseButton button) final;
 
+    const char* editName() const final;
+    QString nextStep() const final;
+
     QCursor pointer() const final { return pointer_; }
     QCursor pointerAt(QPoint position) const final;
 

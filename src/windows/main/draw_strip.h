@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "engine/model/status.h"
 #include "windows/drawing/swatch_button.h"
+#include "windows/drawing/tool_table.h"
 
 #include <QButtonGroup>
 #include <QFrame>
 #include <QLineEdit>
 #include <QToolButton>
-
-#include <optional>
 
 namespace nubivane {
 
@@ -18,7 +16,8 @@ class MapDrawing;
 class ScrSpn;
 
 /// `pctTlbDraw`: the strip beside the map with the tools, the pen's width and colour, and the
-/// button that clears the map.
+/// button that clears the map. Below it are the tools for the figures of weather maps, a button
+/// for each group, with a fly-out of its kinds.
 class DrawStrip : public QFrame {
     Q_OBJECT
 
@@ -35,12 +34,16 @@ class DrawStrip : public QFrame {
     SwatchButton* pctSelectedColor() const { return pctSelectedColor_; }
     QToolButton* btnClear() const { return btnClear_; }
 
-  Q_SIGNALS:
-    /// How the tool in hand is used; empty for the cursor.
-    void toolShown(const QString& use);
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    QWidget* makeTools();
+    QWidget* makeTools(bool weather);
+    void connectTools();
+    QToolButton* makeToolButton(const ToolRow& row, QWidget* box);
+    void makeFlyOut(const ToolRow& row, QToolButton& button);
+    void refreshGroups();
+    void offerWidth(Tool tool);
     QWidget* makeWidthField();
     void makeSwatch();
     void makeClearButton(const Commands& commands);
@@ -53,7 +56,7 @@ class DrawStrip : public QFrame {
     ScrSpn* scrspn1_;
     SwatchButton* pctSelectedColor_;
     QToolButton* btnClear_;
-    std::optional<Tool> shownTool_;  ///< whose use has been told
+    QString offeredWidth_;  ///< as it stood in the field before anybody asked for another
 };
 
 }  // namespace nubivane

@@ -59,7 +59,12 @@ void EditorPane::layoutMap() {
     strip_.setGeometry(0, 0, width(), strip_.height());
     lineUp_->setGeometry(0, stripHeight, width(), 2);
     const int top = folded_ ? 0 : stripHeight + 4;
-    const int bottom = height();
+    int bottom = height();
+    // At the bottom, so that the map does not move under the pointer when a tool is chosen.
+    if (options_ && !options_->isHidden()) {
+        bottom -= options_->sizeHint().height();
+        options_->setGeometry(0, bottom, width(), options_->sizeHint().height());
+    }
 
     const int splitter = folded_ ? -SplitterWidth : withinReach(splitterLeft_);
     const bool paletteFits = splitter > SmallestPalette;
@@ -78,6 +83,11 @@ void EditorPane::layoutMap() {
     tabs_.setGeometry(left, std::max(0, bottom - tabsHeight), mapWidth, tabsHeight);
     viewport_.setScrollBars();
     inLayout_ = false;
+}
+
+void EditorPane::setOptions(QWidget& row) {
+    options_ = &row;
+    row.setParent(this);
 }
 
 void EditorPane::setSplitterLeft(int left) {

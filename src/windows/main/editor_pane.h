@@ -23,6 +23,8 @@ class EditorPane : public QWidget {
                FrameTabs& tabs);
 
     void layoutMap();
+    /// A row across the window, below all else, while it is not hidden.
+    void setOptions(QWidget& row);
 
     QWidget* splitter() const { return pctSplitter_; }
     /// `pctSplitter.Left`, pixels.
@@ -46,6 +48,7 @@ class EditorPane : public QWidget {
     MapViewport& viewport_;
     DrawStrip& pctTlbDraw_;
     FrameTabs& tabs_;
+    QWidget* options_ = nullptr;
     QFrame* lineUp_;
     QWidget* pctSplitter_;
     int splitterLeft_ = 360;

@@ -10,6 +10,7 @@
 #include "engine/project/save_project.h"
 #include "engine/project/work_snapshot.h"
 #include "windows/canvas/sprite_keys.h"
+#include "windows/drawing/figure_options.h"
 #include "windows/main/editor_pane.h"
 #include "windows/main/map_view.h"
 #include "windows/main/startup.h"
@@ -60,6 +61,7 @@ frmMap::frmMap(Workspace& workspace, Shell& shell)
       palette_(new Palette(workspace, animations_, shell, this)),
       tabs_(new FrameTabs(workspace, shell, this)),
       pctTlbDraw_(new DrawStrip(canvas_.drawing(), commands_, this)),
+      figureOptions_(new FigureOptions(canvas_.drawing(), this)),
       pane_(new EditorPane(*strip_, *palette_, *viewport_, *pctTlbDraw_, *tabs_)),
       statusLine_(new StatusLine(this)),
       pBarMain_(new QProgressBar(this)),
@@ -84,6 +86,8 @@ frmMap::frmMap(Workspace& workspace, Shell& shell)
     setWindowIcon(programIcon(u"nubivane"_s));
     setAcceptDrops(true);
     setCentralWidget(pane_);
+    pane_->setOptions(*figureOptions_);
+    connect(figureOptions_, &FigureOptions::shownChanged, pane_, &EditorPane::layoutMap);
     setStatusBar(statusLine_);
     setAccessibleRole(canvas_.widget(), QAccessible::Canvas);
     viewport_->setMap(&canvas_.widget());
@@ -150,8 +154,7 @@ void frmMap::connectCommands() {
 }
 
 void frmMap::connectStatus() {
-    connect(pctTlbDraw_, &DrawStrip::toolShown, this,
-            [this](const QString& hint) { statusLine_->setTool(hint); });
+    connect(&canvas_.drawing(), &MapDrawing::stepTold, statusLine_, &StatusLine::setTool);
     connect(&projectCommands_, &ProjectCommands::pageMade, this, [this](const QString& page) {
         statusLine_->tellFile(tr("The page is %1.").arg(QDir::toNativeSeparators(page)), page);
     });
@@ -232,7 +235,7 @@ void frmMap::orderFocus() {
         }
     }
     order << palette_->focusOrder() << pane_->splitter() << &canvas_.widget()
-          << pctTlbDraw_->focusOrder() << tabs_->tabDay();
+          << pctTlbDraw_->focusOrder() << tabs_->tabDay() << figureOptions_->focusOrder();
     for (qsizetype i = 1; i < order.size(); ++i) {
         setTabOrder(order[i - 1], order[i]);
     }
@@ -286,6 +289,9 @@ bool frmMap::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress && watched->isWidgetType()) {
         const auto& key = *static_cast<QKeyEvent*>(event);
         const auto* widget = static_cast<QWidget*>(watched);
+        if (widget == &canvas_.widget() && canvas_.drawing().pressMapKey(key)) {
+            return true;
+        }
         if (widget->window() == this && !qobject_cast<const QLineEdit*>(widget) &&
             nudgeSelection(workspace_, canvas_.sprites(), canvas_.selection(), key)) {
             return true;
@@ -325,7 +331,9 @@ bool frmMap::showMenuByKey(const QObject* watched, const QContextMenuEvent& even
 
 /// What no control wanted: the keys for a figure work wherever the keyboard is.
 void frmMap::keyPressEvent(QKeyEvent* event) {
-    if (canvas_.drawing().pressKey(event->key())) {
+    if (canvas_.drawing().pressKey(*event) ||
+        (event->key() == Qt::Key_V && event->modifiers() == Qt::NoModifier &&
+         figureOptions_->takeKeyboard())) {
         return;
     }
     if (event->key() != Qt::Key_Escape) {

@@ -36,6 +36,7 @@
 namespace nubivane {
 
 class EditorPane;
+class FigureOptions;
 class Shell;
 class StatusLine;
 
@@ -57,6 +58,7 @@ class frmMap : public QMainWindow, public EditorView, private EditWatcher {
     FrameCanvas& canvas() { return canvas_; }
     MapViewport& viewport() { return *viewport_; }
     DrawStrip& pctTlbDraw() { return *pctTlbDraw_; }
+    FigureOptions& figureOptions() { return *figureOptions_; }
     FrameTabs& tabs() { return *tabs_; }
     Palette& palette() { return *palette_; }
     EditorPane& pane() { return *pane_; }
@@ -114,6 +116,7 @@ class frmMap : public QMainWindow, public EditorView, private EditWatcher {
     Palette* palette_;
     FrameTabs* tabs_;
     DrawStrip* pctTlbDraw_;
+    FigureOptions* figureOptions_;
     EditorPane* pane_;
     StatusLine* statusLine_;
     QProgressBar* pBarMain_;

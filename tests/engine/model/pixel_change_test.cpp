@@ -69,4 +69,31 @@ TEST(PixelChange, EveryPixelChangedIsKeptToo) {
     EXPECT_TRUE(picture == after);
 }
 
+TEST(PixelChange, IsLiftedOffAPictureAndLeavesWhatWasDrawnOverIt) {
+    const QImage before = noise({60, 40}, 1);
+    QImage after = before;
+    QPainter(&after).fillRect(QRect(7, 5, 20, 11), Qt::red);
+    const PixelChange change(before, after, {0, 0});
+    QImage picture = after;
+    QPainter(&picture).fillRect(QRect(20, 10, 30, 20), Qt::blue);
+    QImage wanted = before;
+    QPainter(&wanted).fillRect(QRect(20, 10, 30, 20), Qt::blue);
+    EXPECT_TRUE(change.lift(picture));
+    EXPECT_TRUE(picture == wanted);
+    EXPECT_FALSE(change.lift(picture));
+    EXPECT_TRUE(picture == wanted);
+}
+
+TEST(PixelChange, IsNotLiftedOffAPictureOfAnotherSize) {
+    const QImage before = noise({60, 40}, 1);
+    QImage after = before;
+    QPainter(&after).fillRect(QRect(50, 30, 10, 10), Qt::red);
+    const PixelChange change(before, after, {0, 0});
+    QImage smaller(20, 20, QImage::Format_ARGB32_Premultiplied);
+    smaller.fill(Qt::red);
+    const QImage same = smaller;
+    EXPECT_FALSE(change.lift(smaller));
+    EXPECT_TRUE(smaller == same);
+}
+
 }  // namespace nubivane

@@ -125,6 +125,12 @@ TEST(LetterOutlines, AreCutAtTwoHundredCharacters) {
     EXPECT_NEAR(Letters(QString(200, u'a'), 20).width(), 2 * most.width(), 1e-6);
 }
 
+TEST(TextsOnACurve, WithoutALetterAreNothing) {
+    for (const char* text : {"", "   ", "\t"}) {
+        EXPECT_TRUE(levelLine(FigureKind::CurvedText, 200, {.text = text}).drawing().empty());
+    }
+}
+
 TEST(Arrows, EndInAHeadWhoseTipIsTheLastPoint) {
     for (const FigureKind kind : {FigureKind::Arrow, FigureKind::CurvedArrow, FigureKind::Jet}) {
         const Drawing drawing = levelLine(kind, 200).drawing();

@@ -76,16 +76,6 @@ QImage sheetOf(const KindRow& row) {
     return sheet;
 }
 
-QString nameOf(FigureKind kind) {
-    static const QStringList names{
-        "cold-front",  "warm-front",     "occluded-front", "stationary-front", "squall-line",
-        "trough",      "isoline",        "closed-isoline", "rain-area",        "fog-area",
-        "snow-area",   "thunder-area",   "ice-area",       "yellow-warning",   "orange-warning",
-        "red-warning", "cloud",          "arrow",          "curved-arrow",     "jet",
-        "wind-barb",   "text-on-a-curve"};
-    return names.at(static_cast<int>(kind));
-}
-
 /// How many pixels differ by more than rounding in another version of the rasterizer makes them.
 int differentPixels(const QImage& a, const QImage& b) {
     constexpr int Rounding = 24;  // of 255
@@ -110,7 +100,7 @@ int differentPixels(const QImage& a, const QImage& b) {
 TEST(WeatherPictures, LookAsTheyWereKept) {
     const QString keepIn = qEnvironmentVariable("NUBIVANE_KEEP_PICTURES");
     for (const KindRow& row : kindTable) {
-        const QString name = nameOf(row.kind) + ".png";
+        const QString name = QString(row.name) + ".png";
         const QImage sheet = sheetOf(row);
         if (!keepIn.isEmpty()) {
             ASSERT_TRUE(sheet.save(QDir(keepIn).filePath(name)));

@@ -22,6 +22,8 @@ class DrawOnFrame : public Edit {
     EditPlace placeAfter() const override { return {frame(), std::nullopt, change_.area()}; }
     bool isNothing() const override { return change_.isEmpty(); }
     qsizetype bytes() const override;
+    /// Which pixels it gave other colours.
+    const PixelChange& change() const { return change_; }
 
   private:
     void draw(EditScene& scene);

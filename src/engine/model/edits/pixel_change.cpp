@@ -63,18 +63,43 @@ PixelChange::PixelChange(const QImage& before, const QImage& picture, QPoint cor
     runs_.squeeze();
 }
 
-void PixelChange::write(QImage& picture, bool after) const {
+/// Calls `visit` with each run and its colours before and after.
+template <class Visit>
+void PixelChange::forEachRun(Visit visit) const {
     const QByteArray runs = packed_ ? qUncompress(runs_) : runs_;
     for (qsizetype at = 0; at < runs.size();) {
         Run run;
         std::memcpy(&run, runs.constData() + at, sizeof(run));
         at += static_cast<qsizetype>(sizeof(run));
         const auto pixels = static_cast<qsizetype>(run.count * sizeof(QRgb));
-        auto* const line = reinterpret_cast<QRgb*>(picture.scanLine(static_cast<int>(run.line)));
-        std::memcpy(line + run.first, runs.constData() + at + (after ? pixels : 0),
-                    static_cast<std::size_t>(pixels));
+        visit(run, runs.constData() + at, runs.constData() + at + pixels);
         at += 2 * pixels;
     }
+}
+
+void PixelChange::write(QImage& picture, bool after) const {
+    forEachRun([&](const Run& run, const char* old, const char* now) {
+        auto* const line = reinterpret_cast<QRgb*>(picture.scanLine(static_cast<int>(run.line)));
+        std::memcpy(line + run.first, after ? now : old, run.count * sizeof(QRgb));
+    });
+}
+
+bool PixelChange::lift(QImage& picture) const {
+    bool seen = false;
+    if (!picture.rect().contains(area_)) {
+        return seen;  // another map lies there now
+    }
+    forEachRun([&](const Run& run, const char* old, const char* now) {
+        auto* const line = reinterpret_cast<QRgb*>(picture.scanLine(static_cast<int>(run.line)));
+        for (quint32 i = 0; i < run.count; ++i) {
+            QRgb* const pixel = line + run.first + i;
+            if (std::memcmp(pixel, now + i * sizeof(QRgb), sizeof(QRgb)) == 0) {
+                std::memcpy(pixel, old + i * sizeof(QRgb), sizeof(QRgb));
+                seen = true;
+            }
+        }
+    });
+    return seen;
 }
 
 }  // namespace nubivane

@@ -25,9 +25,14 @@ class PixelChange {
     /// Gives the pixels of a picture of that format the colours from after or before.
     void apply(QImage& picture) const { write(picture, true); }
     void revert(QImage& picture) const { write(picture, false); }
+    /// Like `revert`, but leaves alone what was drawn over since. False when nothing was left of
+    /// it.
+    bool lift(QImage& picture) const;
 
   private:
     void write(QImage& picture, bool after) const;
+    template <class Visit>
+    void forEachRun(Visit visit) const;
 
     QRect area_;
     QByteArray runs_;  ///< compressed where that takes no time worth mentioning
