@@ -67,6 +67,10 @@ void StatusLine::makeZoomField() {
     cboZoom_->setInsertPolicy(QComboBox::NoInsert);
     // The line stays as low as it is for text alone.
     cboZoom_->setFrame(false);
+    // A ground of its own would end beside the arrow.
+    QPalette flat = cboZoom_->lineEdit()->palette();
+    flat.setColor(QPalette::Base, Qt::transparent);
+    cboZoom_->lineEdit()->setPalette(flat);
     cboZoom_->setFixedHeight(fontMetrics().height() + 2);
     // Keys have commands of their own for it; on the way of the Tab key it would only be one more
     // stop.
