@@ -26,8 +26,9 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
     "qt6-image-formats-plugins, libqt6svg6, qt6-wayland, fonts-liberation2, xdg-utils")
-# Certificates for encrypted uploads.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ca-certificates")
+# Certificates for encrypted uploads, and what leads to the desktop's keyring.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ca-certificates, libsecret-1-0")
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "rclone")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "A forecast is a map and a sheet for each period, on which moving weather
 symbols, labels and drawings lie beside titles and texts. From it come a

@@ -13,10 +13,10 @@ namespace {
 
 FtpOptions shortLimits() {
     FtpOptions options;
-    options.connect = 1;
-    options.response = 1;
-    options.stall = 1;
-    options.farewell = 1;
+    options.connect = Milliseconds(1000);
+    options.response = Milliseconds(1000);
+    options.stall = Milliseconds(1000);
+    options.farewell = Milliseconds(1000);
     return options;
 }
 

@@ -7,7 +7,7 @@ set -euo pipefail
 build_packages=(
     g++ cmake ninja-build ccache mold
     qt6-base-dev qt6-image-formats-plugins libqt6svg6
-    libcurl4-openssl-dev libssl-dev libgif-dev libimagequant-dev libjpeg-dev libmspack-dev rapidjson-dev
+    libcurl4-openssl-dev libssl-dev qtkeychain-qt6-dev libglib2.0-dev libproxy-dev libgif-dev libimagequant-dev libjpeg-dev libmspack-dev rapidjson-dev
     pkg-config libavformat-dev libavcodec-dev libswscale-dev libavutil-dev
     dpkg-dev file fp-utils
     fonts-liberation2 qt6-wayland xdg-utils # to run what was built
@@ -23,8 +23,10 @@ test_packages=(
     ffmpeg gifsicle poppler-utils libchm-bin
     python3-pyftpdlib python3-openssl python3-cryptography vsftpd openssl
     openssh-client openssh-server rclone
+    dbus-bin dbus-daemon gnome-keyring libsecret-1-0
     appstream bash-completion desktop-file-utils fish lintian man-db mmdebstrap shared-mime-info zsh
-    libcap2 libcrypt1 libpam0g libsodium23 libssl3 # of pure-ftpd, below
+    libcap2 libcrypt1 libpam0g libsodium23 libssl3 # of pure-ftpd and proftpd, below
+    libacl1 libhiredis0.14 libmemcachedutil2 libpcre2-8-0 libpcre2-posix3
 )
 
 bench_packages=(
@@ -70,15 +72,21 @@ if [ "${1:-build}" = test ] && ! cmp -s "$checks/package-lock.json" "$checks/nod
     cp "$checks/package-lock.json" "$checks/node_modules/installed"
 fi
 
-# Debian allows one FTP server on a machine. The tests want another beside vsftpd and start it
-# themselves, so its two programs are taken out of their package.
-if [ "${1:-build}" = test ] && ! [ -x /usr/local/sbin/pure-ftpd ]; then
-    echo "Unpacking: pure-ftpd"
+# Debian allows one FTP server on a machine. The tests want others beside vsftpd and start them
+# themselves, so their programs are taken out of their packages.
+take_programs() { # PACKAGE PATH...
+    local package=$1 scratch
+    shift
+    [ -x "/usr/local/sbin/$(basename "$1")" ] && return
+    echo "Unpacking: $package"
     scratch=$(mktemp -d)
-    trap 'rm -rf "$scratch"' EXIT
-    (cd "$scratch" && { apt-get download -q pure-ftpd ||
-        { "${as_root[@]}" apt-get update -q && apt-get download -q pure-ftpd; }; })
-    dpkg-deb -x "$scratch"/pure-ftpd_*.deb "$scratch/unpacked"
-    "${as_root[@]}" install -m 755 -t /usr/local/sbin "$scratch/unpacked/usr/sbin/pure-ftpd" \
-        "$scratch/unpacked/usr/bin/pure-pw"
+    (cd "$scratch" && { apt-get download -q "$package" ||
+        { "${as_root[@]}" apt-get update -q && apt-get download -q "$package"; }; })
+    dpkg-deb -x "$scratch/$package"_*.deb "$scratch/unpacked"
+    "${as_root[@]}" install -m 755 -t /usr/local/sbin "${@/#/$scratch/unpacked/}"
+    rm -rf "$scratch"
+}
+if [ "${1:-build}" = test ]; then
+    take_programs pure-ftpd usr/sbin/pure-ftpd usr/bin/pure-pw
+    take_programs proftpd-core usr/sbin/proftpd
 fi

@@ -47,7 +47,7 @@ _nubivane_cli() {
     case $command in
         page) with_value='--type --into' ;;
         versions | recovered) options='--json' ;;
-        plan) options='--symbols --maps --html-page' ;;
+        plan) options='--symbols --maps --html-page --bytes --all' ;;
         upload)
             options='--initialize --all --delete --dry-run --json --verbose'
             with_value='--host --port --user --password-file --encryption --accept-fingerprint

@@ -91,6 +91,8 @@ complete -c nubivane-cli -n '__nubivane_cli_is page' -l into -x -a '(__fish_comp
 complete -c nubivane-cli -n '__nubivane_cli_is plan' -l symbols -d 'The symbols'
 complete -c nubivane-cli -n '__nubivane_cli_is plan' -l maps -d 'The maps'
 complete -c nubivane-cli -n '__nubivane_cli_is plan' -l html-page -d 'The page'
+complete -c nubivane-cli -n '__nubivane_cli_is plan' -l bytes -d 'The files that would be sent, with their bytes'
+complete -c nubivane-cli -n '__nubivane_cli_is plan' -l all -d 'Each file, changed or not'
 complete -c nubivane-cli -n '__nubivane_cli_is upload' -l initialize -d 'Send all, as for the first time'
 complete -c nubivane-cli -n '__nubivane_cli_is upload' -l all -d 'Also what has not changed'
 complete -c nubivane-cli -n '__nubivane_cli_is upload' -l delete -d 'Remove what is here no more'

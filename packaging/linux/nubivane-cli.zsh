@@ -72,7 +72,9 @@ _nubivane_cli() {
             '--into=[make a site of its own there]:folder:_files -/' ;;
         plan)
             _arguments $help $project '--symbols[the symbols]' '--maps[the maps]' \
-                '--html-page[the page]'
+                '--html-page[the page]' \
+                '--bytes[the files that would be sent, with their bytes]' \
+                '--all[each file, changed or not]'
             ;;
         upload)
             _arguments $help $project '--initialize[send all, as for the first time]' \

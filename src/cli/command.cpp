@@ -21,7 +21,8 @@ constexpr std::array stillOptions = {CommandOption{"--format", "bmp|gif|jpg|png|
 constexpr std::array pageOptions = {CommandOption{"--type", "1|2|3|4|5"},
                                     CommandOption{"--into", "DIR"}};
 constexpr std::array planOptions = {CommandOption{"--symbols", ""}, CommandOption{"--maps", ""},
-                                    CommandOption{"--html-page", ""}};
+                                    CommandOption{"--html-page", ""}, CommandOption{"--bytes", ""},
+                                    CommandOption{"--all", ""}};
 constexpr std::array uploadOptions = {CommandOption{"--initialize", ""},
                                       CommandOption{"--all", ""},
                                       CommandOption{"--delete", ""},
@@ -80,7 +81,9 @@ constexpr std::array table = {
             1, 1, pageOptions, runPage, true},
     Command{"plan", "PROJECT",
             "print the steps that an upload of these groups takes, one a line: command,\n"
-            "      two parameters, and 1 where a failure ends the upload, parted by tabs",
+            "      two parameters, and 1 where a failure ends the upload, parted by tabs;\n"
+            "      with --bytes instead the files that have changed since they were sent,\n"
+            "      or with --all each of them, with their bytes",
             1, 1, planOptions, runPlan},
     Command{"upload", "PROJECT",
             "send what has changed of the groups chosen in the settings, or of all with\n"
@@ -89,7 +92,7 @@ constexpr std::array table = {
             "      step on stdout, --verbose the conversation on stderr; the other options\n"
             "      stand in for the settings, and for port 21. H may be sftp://HOST,\n"
             "      file:FOLDER or rclone:REMOTE:FOLDER. A password is taken from F, from\n"
-            "      NUBIVANE_PASSWORD, or from the settings",
+            "      NUBIVANE_PASSWORD, from the settings, or from the desktop's keyring",
             1, 1, uploadOptions, runUpload},
     Command{"still", "PROJECT FRAME FILE",
             "write a Frame as a bmp, gif, jpg, png or tif file and print its name;\n"

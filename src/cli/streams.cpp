@@ -26,8 +26,19 @@ bool writeResult(const QByteArray& bytes) {
     return false;
 }
 
+QString printable(QString text) {
+    for (QChar& c : text) {
+        const char16_t code = c.unicode();
+        if ((code < 0x20 && code != u'\n' && code != u'\r' && code != u'\t') ||
+            (code >= 0x7F && code < 0xA0)) {
+            c = u' ';
+        }
+    }
+    return text;
+}
+
 void writeError(const QString& text) {
-    const QByteArray bytes = text.toUtf8();
+    const QByteArray bytes = printable(text).toUtf8();
     std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stderr);
 }
 

@@ -10,6 +10,9 @@ namespace nubivane::streams {
 /// Writes to stdout. False when it cannot be written, as on a full disk, which is told on stderr.
 bool writeResult(const QByteArray& bytes);
 
+/// A text without control characters but ends of lines and tabs: a terminal would obey them.
+QString printable(QString text);
+
 void writeError(const QString& text);
 
 /// A message as lines of their own: the text, then what lay behind it, if anything is known.

@@ -8,6 +8,7 @@
 #include "engine/net/server_address.h"
 #include "engine/net/targets.h"
 #include "engine/net/tls.h"
+#include "engine/upload/stored_password.h"
 #include "engine/upload/upload_commands.h"
 
 #include <optional>
@@ -95,6 +96,11 @@ int failed(const QString& text) {
     return exit_code::Failed;
 }
 
+/// Whoever says what the password is means it, be it empty.
+bool givesPassword(const QHash<QString, QString>& options) {
+    return options.contains(u"--password-file"_s) || qEnvironmentVariableIsSet("NUBIVANE_PASSWORD");
+}
+
 /// Puts what the options say in the place of what the settings say. The text of what is wrong with
 /// them, or nothing. Raises `Error`.
 QString applyOptions(const QHash<QString, QString>& options, FtpSettings& settings,
@@ -145,6 +151,10 @@ int runUpload(CommandContext& context) {
     if (const QString wrong = applyOptions(options, settings, server); !wrong.isEmpty()) {
         return wrongUsage(wrong);
     }
+    if (server.password.isEmpty() && !givesPassword(options)) {
+        server.password =
+            storedPassword(context.workspace.settings, server.host, server.user).password;
+    }
     server.fingerprint = trustedFingerprint(context.workspace.settings, server);
     if (options.contains(u"--accept-fingerprint"_s)) {
         const auto fingerprint = plainFingerprint(options.value(u"--accept-fingerprint"_s));
@@ -167,12 +177,10 @@ int runUpload(CommandContext& context) {
     wishes.dryRun = options.contains(u"--dry-run"_s);
     openNamedProject(context, context.arguments[0]);
 
-    if (!isLocalTarget(server.host) && !isReachable(context.shell, server.host)) {
+    if (!isReachable(context.shell, server.host)) {
         return failed(u"No connection to the internet is currently available"_s);
     }
-    const FtpCheck check = checkFtpSettings(settings);
-    if (check != FtpCheck::Complete &&
-        !(check == FtpCheck::NoUserName && isLocalTarget(server.host))) {
+    if (const FtpCheck check = checkFtpSettings(settings); check != FtpCheck::Complete) {
         return failed(textOf(check));
     }
     CliUploadView view(context.shell, options.contains(u"--json"_s), server.encryption);

@@ -20,8 +20,26 @@ CliUploadView::CliUploadView(Shell& shell, bool json, Encryption encryption)
     clock_.start();
 }
 
+namespace {
+
+/// Control characters beyond those that JSON forbids, as what JSON writes for any character.
+QByteArray escaped(const QByteArray& json) {
+    QString text;
+    for (const QChar c : QString::fromUtf8(json)) {
+        const char16_t code = c.unicode();
+        if (code >= 0x7F && code < 0xA0) {
+            text += u"\\u"_s + QString::number(code, 16).rightJustified(4, u'0');
+        } else {
+            text += c;
+        }
+    }
+    return text.toUtf8();
+}
+
+}  // namespace
+
 void CliUploadView::tell(const QJsonObject& event) {
-    streams::writeResult(QJsonDocument(event).toJson(QJsonDocument::Compact) + '\n');
+    streams::writeResult(escaped(QJsonDocument(event).toJson(QJsonDocument::Compact)) + '\n');
 }
 
 void CliUploadView::setInfo(const QString& text) {
@@ -73,6 +91,7 @@ bool CliUploadView::conclude(const UploadReport& report, bool dryRun) {
               {u"bytes"_s, report.bytes},
               {u"removed"_s, QJsonArray::fromStringList(report.removed)},
               {u"refused"_s, QJsonArray::fromStringList(report.refused)},
+              {u"unsendable"_s, QJsonArray::fromStringList(report.unsendable)},
               {u"unchanged"_s, report.unchanged}});
     } else if (dryRun) {
         QString lines;
@@ -85,7 +104,7 @@ bool CliUploadView::conclude(const UploadReport& report, bool dryRun) {
         lines += u"%1 of %2 files, %3 bytes\n"_s.arg(report.sent.size())
                      .arg(report.sent.size() + report.unchanged)
                      .arg(report.bytes);
-        if (!streams::writeResult(lines.toUtf8())) {
+        if (!streams::writeResult(streams::printable(lines).toUtf8())) {
             return false;
         }
     }
@@ -96,7 +115,10 @@ bool CliUploadView::conclude(const UploadReport& report, bool dryRun) {
     for (const QString& refused : report.refused) {
         streams::printError(u"Cannot upload "_s + refused);
     }
-    return report.refused.isEmpty();
+    for (const QString& name : report.unsendable) {
+        streams::printError(u"Cannot send "_s + name);
+    }
+    return report.refused.isEmpty() && report.unsendable.isEmpty();
 }
 
 }  // namespace nubivane

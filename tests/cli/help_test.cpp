@@ -16,11 +16,12 @@ TEST_F(Help, MentionsEveryCommandAndOption) {
     for (const char* word :
          {"show PROJECT\n", "save PROJECT [TARGET.nvpf]\n",
           "page PROJECT [--type 1|2|3|4|5] [--into DIR]\n",
-          "plan PROJECT [--symbols] [--maps] [--html-page]\n", "upload PROJECT [--initialize]",
-          "[--host H]", "[--port P]", "[--user U]", "[--password-file F]\n",
-          "settings get SECTION GROUP KEY [DEFAULT]\n", "settings set SECTION GROUP KEY VALUE\n",
-          "settings delete SECTION GROUP KEY\n", "  recovered [--json]\n", "--program-folder DIR",
-          "--settings FILE", "--help", "--version"}) {
+          "plan PROJECT [--symbols] [--maps] [--html-page] [--bytes] [--all]\n",
+          "upload PROJECT [--initialize]", "[--host H]", "[--port P]", "[--user U]",
+          "[--password-file F]\n", "settings get SECTION GROUP KEY [DEFAULT]\n",
+          "settings set SECTION GROUP KEY VALUE\n", "settings delete SECTION GROUP KEY\n",
+          "  recovered [--json]\n", "--program-folder DIR", "--settings FILE", "--help",
+          "--version"}) {
         EXPECT_TRUE(result.out.contains(word)) << word;
     }
 }

@@ -49,6 +49,41 @@ TEST_F(PlanCommand, PrintsOneStepALineInFourColumns) {
     EXPECT_EQ(result.out, folders() + symbols() + mapsFolder());
 }
 
+TEST_F(PlanCommand, WithBytesItPrintsTheFilesThatHaveChanged) {
+    const auto bytes = [this](const char* name) {
+        return QByteArray::number(QFileInfo(host(QStringLiteral("Symbols/") + name)).size());
+    };
+    QByteArray lines;
+    qint64 sum = 0;
+    for (const char* name : {"sea/wave.png", "set-1/rain.gif", "set-1/snow.gif", "set-1/sun.gif"}) {
+        lines += QByteArray("send\tSymbols/") + name + '\t' + bytes(name) + '\n';
+        sum += bytes(name).toLongLong();
+    }
+    lines += "4 of 4 files, " + QByteArray::number(sum) + " bytes\n";
+    const QString project = useSoundProject();
+    EXPECT_EQ(run({"plan", "--symbols", "--bytes", project}).out, lines);
+    // What has been sent to the server of the settings is not sent again.
+    QDir().mkpath(beside("www"));
+    const QString section = "Nubivane\\6.0.0\\Settings";
+    ASSERT_EQ(run({"settings", "set", section, "Ftp", "url", "file:" + beside("www")}).exitCode, 0);
+    ASSERT_EQ(run({"settings", "set", section, "Ftp", "nubivane folder", "nVane"}).exitCode, 0);
+    ASSERT_EQ(run({"upload", "--initialize", project}).exitCode, 0);
+    EXPECT_EQ(run({"plan", "--symbols", "--bytes", project}).out, "0 of 4 files, 0 bytes\n");
+    EXPECT_EQ(run({"plan", "--symbols", "--bytes", "--all", project}).out, lines);
+    writeFile(host("Symbols/set-1/sun.gif"), "12345");
+    EXPECT_EQ(run({"plan", "--symbols", "--bytes", project}).out,
+              "send\tSymbols/set-1/sun.gif\t5\n1 of 4 files, 5 bytes\n");
+}
+
+TEST_F(PlanCommand, ListsNamesThatCannotBeSent) {
+    writeFile(host("Symbols/set-1/two\nlines.gif"), "x");
+    const ProcessResult result = run({"plan", "--symbols", useSoundProject()});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.out, folders() + symbols() + mapsFolder());
+    EXPECT_EQ(result.err, "Cannot send " + host("Symbols/set-1/two\\x0Alines.gif").toUtf8() +
+                              ": its name holds a line end\n");
+}
+
 TEST_F(PlanCommand, AllGroupsOfAFinishedPage) {
     const QString project = useSoundProject();
     ASSERT_EQ(run({"page", project}).exitCode, 0);

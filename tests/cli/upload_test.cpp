@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/cli_fixture.h"
+#include "engine/upload/keyring.h"
+#include "engine/upload/site_manifest.h"
 #include "support/ftp_servers.h"
+#include "support/keyring_session.h"
 
 namespace nubivane::testing {
 
@@ -142,6 +145,50 @@ TEST_F(UploadCommand, NoControlCharacterOfAServerReachesTheTerminal) {
         run(QStringList{"upload", useSoundProject(), "--initialize"} + to(server));
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.err, InClear + QByteArray("Cannot find Web folder\n  550 [2Jno\n"));
+}
+
+TEST_F(UploadCommand, NoControlCharacterOfAManifestReachesTheTerminal) {
+    OwnFtpServer server({"--unix"});
+    const QString project = useSoundProject();
+    const QStringList words = QStringList{"upload", project, "--initialize"} + to(server);
+    ASSERT_EQ(run(words).exitCode, 0);
+    SiteManifest manifest =
+        *SiteManifest::fromBytes(readFile(server.file("nVane/.nubivane-manifest")));
+    manifest.files.insert(QString::fromUtf8("Maps/\xc2\x9b[2J.jpg"), {1, QByteArray(64, 'a')});
+    writeFile(server.file("nVane/.nubivane-manifest"), manifest.toBytes());
+    for (const QStringList& form : {QStringList(), QStringList("--json")}) {
+        const ProcessResult result = run(words + QStringList{"--delete", "--dry-run"} + form);
+        EXPECT_TRUE(result.out.contains("[2J.jpg")) << result.out.toStdString();
+        EXPECT_FALSE(result.out.contains("\xc2\x9b")) << result.out.toStdString();
+    }
+}
+
+TEST_F(UploadCommand, ANameThatCannotBeSentIsNamedAndNoSuccess) {
+    OwnFtpServer server;
+    writeFile(host("Maps/12:00.jpg"), "x");
+    const ProcessResult result =
+        run(QStringList{"upload", useSoundProject(), "--initialize"} + to(server));
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.err.endsWith("Cannot send " + host("Maps/12:00.jpg").toUtf8() +
+                                    ": its name holds a colon\n"))
+        << result.err.toStdString();
+    EXPECT_TRUE(server.tree().contains("nVane/Symbols/set-1/sun.gif"));
+}
+
+TEST_F(UploadCommand, TheDesktopsKeyringMayHoldThePassword) {
+    const KeyringSession session;
+    if (!session.obstacle().isEmpty()) {
+        GTEST_SKIP() << session.obstacle().toStdString();
+    }
+    ASSERT_TRUE(keyring::keep(QStringLiteral("%1@127.0.0.1").arg(FtpUser), FtpPassword));
+    OwnFtpServer server;
+    QStringList words = QStringList{"upload", useSoundProject(), "--initialize"} + to(server);
+    words.removeAt(words.indexOf("--password-file") + 1);
+    words.removeAll("--password-file");
+    const QStringList surroundings{"DBUS_SESSION_BUS_ADDRESS=" +
+                                   qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS")};
+    EXPECT_EQ(run(words).exitCode, 1);
+    EXPECT_EQ(run(words, {.environment = surroundings}).exitCode, 0);
 }
 
 TEST_F(UploadCommand, AnImageThatIsRefusedIsNamedAndNoSuccess) {

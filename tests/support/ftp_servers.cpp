@@ -190,7 +190,7 @@ TestCertificate::TestCertificate(const QString& host, int from, int until) {
     EXPECT_EQ(made.exitCode, 0) << made.err.toStdString();
 }
 
-RealFtpServer::RealFtpServer(const QString& kind, bool tls) {
+RealFtpServer::RealFtpServer(const QString& kind, bool tls, const QString& version) {
     if (tls) {
         makeCertificate();
     }
@@ -198,9 +198,11 @@ RealFtpServer::RealFtpServer(const QString& kind, bool tls) {
     if (kind == u"pyftpdlib") {
         startPyftpdlib(tls);
     } else if (kind == u"vsftpd") {
-        startVsftpd(tls);
+        startVsftpd(tls, version);
     } else if (kind == u"pure-ftpd") {
         startPureFtpd(tls);
+    } else if (kind == u"proftpd") {
+        startProftpd();
     }
     waitForPort();
 }
@@ -233,7 +235,7 @@ void RealFtpServer::startPyftpdlib(bool tls) {
     start(SystemPython, words);
 }
 
-void RealFtpServer::startVsftpd(bool tls) {
+void RealFtpServer::startVsftpd(bool tls, const QString& version) {
     // Anonymous logins only: all others would need an account of the system.
     login_ = {"anonymous", "tests@localhost"};
     const QString program = findServer("vsftpd");
@@ -256,11 +258,56 @@ void RealFtpServer::startVsftpd(bool tls) {
     if (tls) {
         text +=
             "ssl_enable=YES\nallow_anon_ssl=YES\nforce_local_logins_ssl=NO\n"
-            "force_local_data_ssl=NO\nrsa_cert_file=" +
+            "force_local_data_ssl=NO\nrequire_ssl_reuse=YES\nrsa_cert_file=" +
             folder_.file("both.pem") + '\n';
+    }
+    if (!version.isEmpty()) {  // which its own settings cannot say
+        writeFile(folder_.file("openssl.cnf"),
+                  QStringLiteral("openssl_conf = all\n[all]\nssl_conf = ssl\n[ssl]\n"
+                                 "system_default = versions\n[versions]\n"
+                                 "MinProtocol = %1\nMaxProtocol = %1\n")
+                      .arg(version)
+                      .toUtf8());
+        QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+        variables.insert("OPENSSL_CONF", folder_.file("openssl.cnf"));
+        process_.setProcessEnvironment(variables);
     }
     writeFile(folder_.file("vsftpd.conf"), text.toUtf8());
     start(program, {folder_.file("vsftpd.conf")});
+}
+
+void RealFtpServer::startProftpd() {
+    const QString program = findServer("proftpd");
+    if (program.isEmpty()) {
+        obstacle_ = "proftpd is not installed";
+        return;
+    }
+    const ProcessResult hash = runProgram("openssl", {"passwd", "-6", FtpPassword});
+    const QByteArray served = root().toLocal8Bit();
+    if (::chown(served.constData(), UnprivilegedId, UnprivilegedId) != 0) {
+        obstacle_ = "proftpd cannot be set up";
+        return;
+    }
+    const QString users = folder_.file("users");
+    writeFile(users, QStringLiteral("%1:%2:%3:%3::%4:/bin/false\n")
+                         .arg(FtpUser, QString::fromUtf8(hash.out.trimmed()))
+                         .arg(UnprivilegedId)
+                         .arg(root())
+                         .toUtf8());
+    QFile::setPermissions(users, QFile::ReadOwner | QFile::WriteOwner);
+    QFile::setPermissions(folder_.path(), QFile::Permissions(0x7755));
+    writeFile(folder_.file("proftpd.conf"),
+              QStringLiteral(
+                  "ServerName tests\nServerType standalone\nDefaultServer on\n"
+                  "DefaultAddress 127.0.0.1\nPort %1\nUseIPv6 off\nUser nobody\nGroup nogroup\n"
+                  "PidFile %2/pid\nScoreboardFile %2/scores\nSystemLog %2/log\nWtmpLog off\n"
+                  "TransferLog none\nDelayEngine off\nRequireValidShell off\n"
+                  "AuthOrder mod_auth_file.c\nAuthUserFile %2/users\nAllowOverwrite on\n"
+                  "AllowStoreRestart on\nDefaultRoot %3\n")
+                  .arg(port_)
+                  .arg(folder_.path(), root())
+                  .toUtf8());
+    start(program, {"-n", "-q", "-c", folder_.file("proftpd.conf")});
 }
 
 void RealFtpServer::startPureFtpd(bool tls) {

@@ -72,11 +72,13 @@ class OwnFtpServer : public FtpServerProcess {
     QByteArray answer();
 };
 
-/// A real server; "vsftpd", "pyftpdlib", "pure-ftpd". With `tls` it offers encryption under the
-/// certificate of `certificate()`; pure-ftpd then insists on it.
+/// A real server; "vsftpd", "pyftpdlib", "pure-ftpd", "proftpd". With `tls` it offers encryption
+/// under the certificate of `certificate()`; pure-ftpd then insists on it, and vsftpd on the
+/// session of the conversation for each file. proftpd has none here.
 class RealFtpServer : public FtpServerProcess {
   public:
-    explicit RealFtpServer(const QString& kind, bool tls = false);
+    /// `version` is the only one of TLS that vsftpd speaks then: "TLSv1.2" or "TLSv1.3".
+    explicit RealFtpServer(const QString& kind, bool tls = false, const QString& version = {});
 
     /// PEM file of a certificate made for this test, which stands for 127.0.0.1.
     QString certificate() const { return folder_.file("certificate.pem"); }
@@ -84,8 +86,9 @@ class RealFtpServer : public FtpServerProcess {
 
   private:
     void startPyftpdlib(bool tls);
-    void startVsftpd(bool tls);
+    void startVsftpd(bool tls, const QString& version);
     void startPureFtpd(bool tls);
+    void startProftpd();
     void makeCertificate();
 };
 
@@ -111,11 +114,11 @@ struct TestCertificate {
 /// Short limits, so that no test waits long for a server that does not answer.
 inline FtpOptions shortLimits() {
     FtpOptions options;
-    options.connect = 3;
-    options.response = 2;
-    options.stall = 2;
-    options.farewell = 1;
-    options.retryPause = 10;
+    options.connect = Milliseconds(3000);
+    options.response = Milliseconds(2000);
+    options.stall = Milliseconds(2000);
+    options.farewell = Milliseconds(1000);
+    options.retryPause = Milliseconds(10);
     return options;
 }
 

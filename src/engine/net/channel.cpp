@@ -18,6 +18,7 @@
 #include <cerrno>
 #include <chrono>
 #include <cstring>
+#include <limits>
 
 namespace nubivane {
 
@@ -32,19 +33,26 @@ void setFlag(int socket, int level, int option) {
     ::setsockopt(socket, level, option, &on, sizeof on);
 }
 
-int millisecondsTo(Clock::time_point end) {
-    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now());
-    return static_cast<int>(std::max<std::int64_t>(left.count(), 0));
+Milliseconds timeTo(Clock::time_point end) {
+    const auto left = std::chrono::duration_cast<Milliseconds>(end - Clock::now());
+    return std::max(left, Milliseconds::zero());
+}
+
+/// For poll(2).
+int asPollTime(Milliseconds limit) {
+    constexpr Milliseconds::rep longest = std::numeric_limits<int>::max();
+    return static_cast<int>(std::min(limit.count(), longest));
 }
 
 }  // namespace
 
-Channel::Channel(const std::vector<SocketAddress>& addresses, int seconds, const StopSignal& stop)
+Channel::Channel(const std::vector<SocketAddress>& addresses, Milliseconds limit,
+                 const StopSignal& stop)
     : stop_(stop) {
-    const auto end = Clock::now() + std::chrono::seconds(seconds);
+    const auto end = Clock::now() + limit;
     for (std::size_t i = 0; i < addresses.size(); ++i) {
         // A host with several addresses may have one that leads nowhere: each has its share.
-        const int share = millisecondsTo(end) / static_cast<int>(addresses.size() - i);
+        const Milliseconds share = timeTo(end) / static_cast<int>(addresses.size() - i);
         if (tryConnect(addresses[i], share)) {
             peer_ = addresses[i];
             return;
@@ -61,7 +69,7 @@ Channel::~Channel() {
     }
 }
 
-bool Channel::tryConnect(const SocketAddress& address, int milliseconds) {
+bool Channel::tryConnect(const SocketAddress& address, Milliseconds limit) {
     if (socket_ >= 0) {
         ::close(socket_);
     }
@@ -82,7 +90,7 @@ bool Channel::tryConnect(const SocketAddress& address, int milliseconds) {
     }
     std::array<pollfd, 2> waiting{pollfd{socket_, POLLOUT, 0},
                                   pollfd{stop_.descriptor(), POLLIN, 0}};
-    ::poll(waiting.data(), waiting.size(), milliseconds);
+    ::poll(waiting.data(), waiting.size(), asPollTime(limit));
     if (stop_.raised()) {
         throw TransferError(TransferError::Kind::Stopped, u"stopped"_s);
     }
@@ -99,12 +107,12 @@ void Channel::fail(const QString& what) const {
     throw TransferError(TransferError::Kind::Lost, what);
 }
 
-void Channel::waitFor(short events, int seconds) {
-    const auto end = Clock::now() + std::chrono::seconds(seconds);
+void Channel::waitFor(short events, Milliseconds limit) {
+    const auto end = Clock::now() + limit;
     while (true) {
         std::array<pollfd, 2> waiting{pollfd{socket_, events, 0},
                                       pollfd{stop_.descriptor(), POLLIN, 0}};
-        const int ready = ::poll(waiting.data(), waiting.size(), millisecondsTo(end));
+        const int ready = ::poll(waiting.data(), waiting.size(), asPollTime(timeTo(end)));
         if (waiting[1].revents != 0) {
             throw TransferError(TransferError::Kind::Stopped, u"stopped"_s);
         }
@@ -112,18 +120,18 @@ void Channel::waitFor(short events, int seconds) {
             return;
         }
         if (ready == 0) {
-            fail(u"the server has not answered within %1 seconds"_s.arg(seconds));
+            fail(u"the server has not answered within %1 seconds"_s.arg(secondsText(limit)));
         }
     }
 }
 
 /// The system reports room only when a good part of its buffer is free. A server that reads a
 /// little in all that time is slow, not gone.
-void Channel::waitToWrite(int seconds) {
+void Channel::waitToWrite(Milliseconds limit) {
     int before = pending();
     while (true) {
         try {
-            waitFor(POLLOUT, seconds);
+            waitFor(POLLOUT, limit);
             return;
         } catch (const TransferError& error) {
             const int now = pending();
@@ -148,8 +156,8 @@ bool Channel::readable() const {
     return ::poll(&waiting, 1, 0) > 0;
 }
 
-void Channel::secure(TlsContext& context, int seconds) {
-    const auto end = Clock::now() + std::chrono::seconds(seconds);
+void Channel::secure(TlsContext& context, Milliseconds limit) {
+    const auto end = Clock::now() + limit;
     tls_ = context.begin(socket_);
     while (true) {
         ERR_clear_error();
@@ -162,15 +170,16 @@ void Channel::secure(TlsContext& context, int seconds) {
             throw context.handshakeFailure();
         }
         waitFor(need == SSL_ERROR_WANT_READ ? POLLIN : POLLOUT,
-                std::max(1, millisecondsTo(end) / 1000));
+                std::max(Milliseconds(1), timeTo(end)));
         if (Clock::now() > end) {
-            fail(u"the server has not finished its greeting within %1 seconds"_s.arg(seconds));
+            fail(u"the server has not finished its greeting within %1 seconds"_s.arg(
+                secondsText(limit)));
         }
     }
     context.check(tls_.get());
 }
 
-qsizetype Channel::read(char* bytes, qsizetype size, int seconds) {
+qsizetype Channel::read(char* bytes, qsizetype size, Milliseconds limit) {
     while (true) {
         if (tls_) {
             ERR_clear_error();
@@ -186,7 +195,7 @@ qsizetype Channel::read(char* bytes, qsizetype size, int seconds) {
             if (need != SSL_ERROR_WANT_READ && need != SSL_ERROR_WANT_WRITE) {
                 fail(u"the connection was lost"_s);
             }
-            waitFor(need == SSL_ERROR_WANT_READ ? POLLIN : POLLOUT, seconds);
+            waitFor(need == SSL_ERROR_WANT_READ ? POLLIN : POLLOUT, limit);
             continue;
         }
         const ssize_t got = ::recv(socket_, bytes, static_cast<std::size_t>(size), 0);
@@ -196,11 +205,11 @@ qsizetype Channel::read(char* bytes, qsizetype size, int seconds) {
         if (errno != EAGAIN && errno != EINTR) {
             fail(u"the connection was lost: "_s + cleanText(std::strerror(errno)));
         }
-        waitFor(POLLIN, seconds);
+        waitFor(POLLIN, limit);
     }
 }
 
-void Channel::write(const char* bytes, qsizetype size, int seconds) {
+void Channel::write(const char* bytes, qsizetype size, Milliseconds limit) {
     while (size > 0) {
         if (stop_.raised()) {
             throw TransferError(TransferError::Kind::Stopped, u"stopped"_s);
@@ -213,9 +222,9 @@ void Channel::write(const char* bytes, qsizetype size, int seconds) {
                 SSL_write_ex(tls_.get(), bytes, static_cast<std::size_t>(size), &written);
             const int need = done == 1 ? SSL_ERROR_NONE : SSL_get_error(tls_.get(), done);
             if (need == SSL_ERROR_WANT_READ) {
-                waitFor(POLLIN, seconds);
+                waitFor(POLLIN, limit);
             } else if (need == SSL_ERROR_WANT_WRITE) {
-                waitToWrite(seconds);
+                waitToWrite(limit);
             } else if (need != SSL_ERROR_NONE) {
                 fail(u"the connection was lost"_s);
             }
@@ -227,7 +236,7 @@ void Channel::write(const char* bytes, qsizetype size, int seconds) {
             }
             if (sent < 0) {
                 sent = 0;
-                waitToWrite(seconds);
+                waitToWrite(limit);
             }
         }
         bytes += sent;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/net/ftp_types.h"
 #include "engine/net/name_lookup.h"
 #include "engine/net/tls.h"
 
@@ -16,20 +17,21 @@ class StopSignal;
 class Channel {
   public:
     /// A channel to the first of the addresses that answers.
-    Channel(const std::vector<SocketAddress>& addresses, int seconds, const StopSignal& stop);
+    Channel(const std::vector<SocketAddress>& addresses, Milliseconds limit,
+            const StopSignal& stop);
     ~Channel();
     Channel(const Channel&) = delete;
     Channel& operator=(const Channel&) = delete;
 
     /// Encrypts what follows. A channel of the same conversation lends its session, which servers
     /// ask for.
-    void secure(TlsContext& context, int seconds);
+    void secure(TlsContext& context, Milliseconds limit);
     bool secured() const { return tls_ != nullptr; }
 
     /// The next bytes, none at the end of the stream.
-    qsizetype read(char* bytes, qsizetype size, int seconds);
+    qsizetype read(char* bytes, qsizetype size, Milliseconds limit);
     /// Sends all bytes. The limit is for the time in which the other side takes not a single one.
-    void write(const char* bytes, qsizetype size, int seconds);
+    void write(const char* bytes, qsizetype size, Milliseconds limit);
     /// True when there is something to read at once, be it the end.
     bool readable() const;
 
@@ -43,9 +45,9 @@ class Channel {
     const SocketAddress& peer() const { return peer_; }
 
   private:
-    bool tryConnect(const SocketAddress& address, int milliseconds);
-    void waitFor(short events, int seconds);
-    void waitToWrite(int seconds);
+    bool tryConnect(const SocketAddress& address, Milliseconds limit);
+    void waitFor(short events, Milliseconds limit);
+    void waitToWrite(Milliseconds limit);
     [[noreturn]] void fail(const QString& what) const;
 
     const StopSignal& stop_;

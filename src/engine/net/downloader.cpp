@@ -5,6 +5,8 @@
 #include "engine/core/host_files.h"
 #include "engine/core/replaced_file.h"
 #include "engine/net/curl_handle.h"
+#include "engine/net/proxy.h"
+#include "engine/net/transfer_error.h"
 
 #include <QUrl>
 
@@ -81,7 +83,15 @@ void Downloader::transfer(Job& job) {
         job.failure = error.cause();
         return;
     }
+    QByteArray proxy;
+    try {
+        proxy = proxyFor(job.url, std::chrono::seconds(connectLimit_), stop_).url();
+    } catch (const TransferError& error) {
+        job.failure = error.text();
+        return;
+    }
     CurlHandle curl(stop_);
+    curl.set(CURLOPT_PROXY, proxy.constData());
     curl.set(CURLOPT_URL, job.url.constData());
     curl.set(CURLOPT_PROTOCOLS_STR, Protocols);
     curl.set(CURLOPT_REDIR_PROTOCOLS_STR, Protocols);

@@ -4,6 +4,7 @@
 #include "engine/net/clean_text.h"
 #include "engine/net/server_address.h"
 #include "engine/net/transfer_error.h"
+#include "engine/net/tunnel.h"
 
 #include <array>
 #include <chrono>
@@ -38,8 +39,16 @@ FtpControl::FtpControl(const FtpServer& server, const FtpOptions& options, const
     if (server.encryption != Encryption::None || server.implicitTls) {
         tls_ = std::make_unique<TlsContext>(host, options.certificates, server.fingerprint);
     }
-    channel_ = std::make_unique<Channel>(lookUp(host, server.port, options.connect, stop),
-                                         options.connect, stop);
+    host_ = host;
+    const QByteArray authority = host.contains(':') ? '[' + host + ']' : host;
+    proxy_ =
+        proxyFor((server.implicitTls ? "ftps://" : "ftp://") + authority, options.connect, stop);
+    const bool direct = proxy_.kind == Proxy::Kind::None;
+    channel_ =
+        std::make_unique<Channel>(lookUp(direct ? host : proxy_.host,
+                                         direct ? server.port : proxy_.port, options.connect, stop),
+                                  options.connect, stop);
+    tunnel(*channel_, proxy_, host, server.port, options.response);
     if (server.implicitTls) {
         channel_->secure(*tls_, options.response);
         plain_ = false;
@@ -70,9 +79,9 @@ FtpReply FtpControl::reply() {
     return reply(options_.response, MaxReplyBytes);
 }
 
-FtpReply FtpControl::reply(int seconds, qsizetype maxBytes) {
+FtpReply FtpControl::reply(Milliseconds limit, qsizetype maxBytes) {
     using Clock = std::chrono::steady_clock;
-    const auto end = Clock::now() + std::chrono::seconds(seconds);
+    const auto end = Clock::now() + limit;
     std::array<char, 4096> buffer{};
     while (true) {
         if (const auto reply = reader_.next(maxBytes)) {
@@ -82,12 +91,12 @@ FtpReply FtpControl::reply(int seconds, qsizetype maxBytes) {
             }
             return *reply;
         }
-        const auto left = std::chrono::ceil<std::chrono::seconds>(end - Clock::now()).count();
-        if (left <= 0) {
-            throw TransferError(Kind::Lost,
-                                u"the server has not answered within %1 seconds"_s.arg(seconds));
+        const auto left = std::chrono::ceil<Milliseconds>(end - Clock::now());
+        if (left <= Milliseconds::zero()) {
+            throw TransferError(Kind::Lost, u"the server has not answered within %1 seconds"_s.arg(
+                                                secondsText(limit)));
         }
-        const qsizetype got = channel_->read(buffer.data(), buffer.size(), static_cast<int>(left));
+        const qsizetype got = channel_->read(buffer.data(), buffer.size(), left);
         if (got == 0) {
             throw TransferError(Kind::Lost, u"the server has closed the connection"_s);
         }
@@ -210,8 +219,12 @@ std::unique_ptr<Channel> FtpControl::openData() {
         throw TransferError(Kind::Refused,
                             u"the server names no port for the file (%1)"_s.arg(answer.text()));
     }
-    return std::make_unique<Channel>(std::vector{channel_->peer().withPort(port)}, options_.connect,
-                                     stop_);
+    const bool direct = proxy_.kind == Proxy::Kind::None;
+    auto data = std::make_unique<Channel>(
+        std::vector{channel_->peer().withPort(direct ? port : proxy_.port)}, options_.connect,
+        stop_);
+    tunnel(*data, proxy_, host_, port, options_.response);
+    return data;
 }
 
 void FtpControl::secureData(Channel& data) {

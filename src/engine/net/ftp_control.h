@@ -4,6 +4,7 @@
 #include "engine/net/channel.h"
 #include "engine/net/ftp_reply.h"
 #include "engine/net/ftp_types.h"
+#include "engine/net/proxy.h"
 
 #include <memory>
 
@@ -22,7 +23,7 @@ class FtpControl {
     /// Sends commands without waiting; as many calls of `reply` have to follow.
     void send(const QByteArray& line);
     FtpReply reply();
-    FtpReply reply(int seconds, qsizetype maxBytes);
+    FtpReply reply(Milliseconds limit, qsizetype maxBytes);
 
     /// Asks for a data connection ahead of its use, which saves a round trip.
     void requestData();
@@ -52,6 +53,8 @@ class FtpControl {
     const FtpServer server_;
     const FtpOptions options_;
     const StopSignal& stop_;
+    QByteArray host_;  ///< as it is looked up
+    Proxy proxy_;
     std::unique_ptr<TlsContext> tls_;
     std::unique_ptr<Channel> channel_;
     FtpReplyReader reader_;

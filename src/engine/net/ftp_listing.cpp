@@ -70,7 +70,7 @@ bool isIsoDate(QByteArrayView text) {
 /// The entries, each name once.
 class Entries {
   public:
-    void add(QByteArrayView bytes, Kind kind, qint64 size) {
+    void add(QByteArrayView bytes, Kind kind, qint64 size, const QByteArray& modified = {}) {
         QStringDecoder decoder(QStringDecoder::Utf8);
         const QString name = decoder.decode(bytes);
         if (decoder.hasError() || !host_files::isPlainName(name) || hasControl(name) ||
@@ -78,7 +78,7 @@ class Entries {
             return;
         }
         known_.insert(name);
-        list_.push_back({name, kind, kind == Kind::File ? size : -1});
+        list_.push_back({name, kind, kind == Kind::File ? size : -1, modified});
     }
     RemoteListing take() { return std::move(list_); }
 
@@ -108,6 +108,15 @@ RemoteListing eachLine(const QByteArray& listing, const Take& take) {
     return entries.take();
 }
 
+/// A time as RFC 3659 writes it: digits, perhaps with a part of a second.
+QByteArray timeIn(const QByteArray& value) {
+    constexpr qsizetype longest = 32;
+    const bool fits = value.size() <= longest &&
+                      std::all_of(value.begin(), value.end(),
+                                  [](char c) { return (c >= '0' && c <= '9') || c == '.'; });
+    return fits ? value : QByteArray();
+}
+
 void takeFacts(QByteArrayView line, Entries& entries) {
     const qsizetype blank = line.indexOf(' ');
     if (blank < 0) {  // no facts at all: a server that lists names alone
@@ -117,6 +126,7 @@ void takeFacts(QByteArrayView line, Entries& entries) {
     bool file = false;
     bool folder = false;
     qint64 size = -1;
+    QByteArray modified;
     for (qsizetype from = 0; from < blank;) {
         qsizetype end = line.indexOf(';', from);
         end = end < 0 || end > blank ? blank : end;
@@ -128,11 +138,12 @@ void takeFacts(QByteArrayView line, Entries& entries) {
             file = file || (name == "type" && value == "file");
             folder = folder || (name == "type" && value == "dir");
             size = name == "size" ? sizeOf(value).value_or(-1) : size;
+            modified = name == "modify" ? timeIn(value) : modified;
         }
         from = end + 1;
     }
     if (file || folder) {  // not the folder itself nor the one above it
-        entries.add(line.sliced(blank + 1), folder ? Kind::Folder : Kind::File, size);
+        entries.add(line.sliced(blank + 1), folder ? Kind::Folder : Kind::File, size, modified);
     }
 }
 

@@ -14,7 +14,8 @@ struct RemoteEntry {
 
     QString name;  ///< a plain name
     Kind kind = Kind::Unknown;
-    qint64 size = -1;  ///< bytes of a file, -1 where the server does not tell
+    qint64 size = -1;       ///< bytes of a file, -1 where the server does not tell
+    QByteArray modified{};  ///< when, in the server's own form; empty where it does not tell
 
     bool operator==(const RemoteEntry&) const = default;
 };

@@ -53,12 +53,19 @@ std::optional<qint64> numberOf(const FtpReply& reply) {
     return reply.code == 213 && valid && number >= 0 ? std::optional(number) : std::nullopt;
 }
 
+void checkStored(qint64 stored, qint64 size) {
+    if (stored != size) {
+        throw TransferError(Kind::Refused,
+                            u"the server has kept %1 of %2 bytes"_s.arg(stored).arg(size));
+    }
+}
+
 /// How long a server may take for the last word on a file, beyond its time for any reply: what it
 /// has not read yet lies in buffers that are not ours.
-int secondsToSettle(qint64 bytes) {
-    constexpr qint64 slowest = 4096;  // bytes a second
-    constexpr qint64 longest = 60;
-    return static_cast<int>(std::min(bytes / slowest, longest));
+Milliseconds timeToSettle(qint64 bytes) {
+    constexpr qint64 slowest = 4;  // bytes a millisecond
+    constexpr Milliseconds longest{60000};
+    return std::min(Milliseconds(bytes / slowest), longest);
 }
 
 }  // namespace
@@ -149,7 +156,7 @@ void FtpSession::awaitStored(Channel& data, qint64 size) {
     int before = data.pending();
     while (true) {
         try {
-            require(control().reply(options_.response + secondsToSettle(size), maxReply));
+            require(control().reply(options_.response + timeToSettle(size), maxReply));
             return;
         } catch (const TransferError& error) {
             const int now = data.pending();
@@ -185,16 +192,50 @@ void FtpSession::store(QIODevice& source, const QByteArray& name, qint64 offset)
     });
 }
 
-void FtpSession::checkSize(const FtpReply& reply, qint64 size) {
-    if (reply.kind() == 5) {
-        knowsSize_ = reply.code == 550;  // it may mean the file, and then the next step tells
-        return;
+/// Asks for the size and says that a new name follows, in one go. False where the size has to be
+/// found out in another way, and the new name announced again.
+bool FtpSession::announceRename(const QByteArray& temporary, qint64 size) {
+    if (!knowsSize_) {
+        return false;
     }
-    const auto stored = numberOf(reply);
-    if (stored && *stored != size) {
-        throw TransferError(Kind::Refused,
-                            u"the server has kept %1 of %2 bytes"_s.arg(*stored).arg(size));
+    FtpControl& connection = control();
+    connection.send("SIZE " + temporary);
+    connection.send("RNFR " + temporary);
+    const FtpReply sized = connection.reply();
+    const FtpReply from = connection.reply();
+    knowsSize_ = sized.kind() != 5 || sized.code == NothingThere;
+    if (!knowsSize_) {
+        return false;
     }
+    if (const auto stored = numberOf(sized)) {
+        checkStored(*stored, size);
+    }
+    stored_ = true;
+    require(from);
+    return true;
+}
+
+/// Servers of old tell a size in their listings alone.
+std::optional<qint64> FtpSession::sizeInListing(const QByteArray& name) {
+    const qsizetype separator = std::max(name.lastIndexOf('/'), name.lastIndexOf('\\'));
+    const QString file = QString::fromUtf8(name.mid(separator + 1));
+    try {
+        for (const RemoteEntry& entry : list(name.left(std::max<qsizetype>(separator, 0)))) {
+            if (entry.name == file && entry.size >= 0) {
+                return entry.size;
+            }
+        }
+    } catch (const TransferError& error) {
+        if (error.kind() != Kind::Refused) {
+            throw;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<qint64> FtpSession::sizeByAnyMeans(const QByteArray& name) {
+    const auto size = sizeOf(name);
+    return size ? size : sizeInListing(name);
 }
 
 void FtpSession::put(QIODevice& source, const QByteArray& name, const QByteArray& temporary,
@@ -202,25 +243,17 @@ void FtpSession::put(QIODevice& source, const QByteArray& name, const QByteArray
     const qint64 size = source.size();
     stored_ = false;
     store(source, temporary, source.pos());
-    attempt([&] {
-        FtpControl& connection = control();
-        if (knowsSize_) {
-            connection.send("SIZE " + temporary);
-        }
-        connection.send("RNFR " + temporary);
-        std::optional<FtpReply> sized;
-        if (knowsSize_) {
-            sized = connection.reply();
-        }
-        const FtpReply from = connection.reply();
-        if (sized) {
-            checkSize(*sized, size);
+    if (!attempt([&] { return announceRename(temporary, size); })) {
+        if (const auto stored = sizeByAnyMeans(temporary)) {
+            checkStored(*stored, size);
         }
         stored_ = true;
-        require(from);
-        connection.send("RNTO " + checkedFile(name));
+        attempt([&] { require(control().ask("RNFR " + temporary)); });
+    }
+    attempt([&] {
+        control().send("RNTO " + checkedFile(name));
         if (more) {
-            connection.requestData();
+            control().requestData();
         }
     });
     const FtpReply renamed = attempt([&] { return control().reply(); });
@@ -277,8 +310,13 @@ std::optional<qint64> FtpSession::sizeOf(const QByteArray& name) {
         }
         knowsMlst_ = false;
     }
+    if (!knowsSize_) {
+        return std::nullopt;
+    }
     attempt([&] { control().useBinary(); });
-    return numberOf(ask("SIZE", checkedFile(name)));
+    const FtpReply reply = ask("SIZE", checkedFile(name));
+    knowsSize_ = reply.kind() != 5 || reply.code == NothingThere;
+    return numberOf(reply);
 }
 
 RemoteListing FtpSession::list(const QByteArray& folder) {

@@ -60,6 +60,8 @@ class FtpSession {
     void retrieve(const QByteArray& name, const Sink& sink, qint64 expected = 0);
     /// Bytes of a file; nothing where the server does not tell or there is none.
     std::optional<qint64> sizeOf(const QByteArray& name);
+    /// The same, by the listing of its folder where nothing else is known.
+    std::optional<qint64> sizeByAnyMeans(const QByteArray& name);
 
     /// The entries of a folder, of the current one without a name.
     RemoteListing list(const QByteArray& folder = {});
@@ -84,7 +86,8 @@ class FtpSession {
     FtpReply require(const FtpReply& reply);
     void send(QIODevice& source, Channel& data);
     void awaitStored(Channel& data, qint64 size);
-    void checkSize(const FtpReply& reply, qint64 size);
+    bool announceRename(const QByteArray& temporary, qint64 size);
+    std::optional<qint64> sizeInListing(const QByteArray& name);
     void receive(const QByteArray& line, const Sink& sink);
     template <class Call>
     auto attempt(const Call& call);

@@ -67,7 +67,7 @@ void FtpTarget::put(const Outgoing& file) {
     if (known_->inPlace) {
         file.source.seek(0);
         session_.store(file.source, name);
-        const auto size = session_.sizeOf(name);
+        const auto size = session_.sizeByAnyMeans(name);
         if (size && *size != file.source.size()) {
             throw TransferError(Kind::Refused, QStringLiteral("the server has kept %1 of %2 bytes")
                                                    .arg(*size)
@@ -82,7 +82,7 @@ void FtpTarget::put(const Outgoing& file) {
 /// place where no renaming works.
 void FtpTarget::send(const Outgoing& file, const QByteArray& name, const QByteArray& temporary) {
     qint64 there = 0;
-    if (file.source.pos() > 0 && file.source.size() >= WorthResuming) {
+    if (known_->appends && file.source.pos() > 0 && file.source.size() >= WorthResuming) {
         there = session_.sizeOf(temporary).value_or(0);
     }
     there = there < file.source.size() ? there : 0;
@@ -95,13 +95,17 @@ void FtpTarget::send(const Outgoing& file, const QByteArray& name, const QByteAr
         if (error.kind() != Kind::Refused) {
             throw;
         }
-        const bool stored = session_.stored();
-        if (stored) {
+        if (session_.stored()) {
             replaceByHand(name, temporary);
             return;
         }
         session_.ask("DELE", temporary);
-        throw;
+        if (there == 0) {
+            throw;
+        }
+        known_->appends = false;  // then from its beginning, which every server takes
+        file.source.seek(0);
+        send(file, name, temporary);
     }
 }
 

@@ -38,6 +38,7 @@ class FtpTarget : public Transfer {
     struct Known {
         std::atomic<Separator> separator = Separator::Unknown;
         std::atomic<bool> inPlace = false;      ///< renaming is refused
+        std::atomic<bool> appends = true;       ///< APPE has not been refused
         std::atomic<bool> listsInReply = true;  ///< STAT lists folders
     };
 

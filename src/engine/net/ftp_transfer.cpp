@@ -71,6 +71,7 @@ bool ftpTransfer::Connect(const FtpServer& server) {
         return false;
     }
     slashes_ = false;
+    aborted_ = false;
     session_->clearStop();
     return run([&] { session_->connect(server); });
 }
@@ -163,6 +164,7 @@ std::optional<RemoteListing> ftpTransfer::ListEntries() {
 }
 
 void ftpTransfer::AbortTransfer() {
+    aborted_ = true;
     session_->stop();
 }
 

@@ -9,6 +9,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -53,6 +54,8 @@ class ftpTransfer {
     void EndTransfer();
     void Disconnect();
 
+    /// Whether that was the last word since the last `Connect`.
+    bool aborted() const { return aborted_; }
     /// Whether the last call failed with the connection, so that all that follow will too.
     bool lost() const { return lost_; }
     /// Why the last call failed, with the server's words.
@@ -66,6 +69,7 @@ class ftpTransfer {
     bool slashes_ = false;  ///< the server has shown that it wants them
     QString failure_;
     bool lost_ = false;
+    std::atomic<bool> aborted_ = false;
     WorkerThread worker_;  // the last: its thread ends before what it works with
 };
 

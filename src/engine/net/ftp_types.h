@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <chrono>
 #include <functional>
 
 namespace nubivane {
@@ -26,17 +27,23 @@ struct FtpServer {
     QString fingerprint{};  ///< SHA-256 of a certificate that is trusted though it does not verify
 };
 
-/// How long a server may keep us waiting, in seconds, whose certificates count, and where the
-/// upload's server listens. No limit is set on a transfer that goes on, however slowly.
+using Milliseconds = std::chrono::milliseconds;
+
+/// A limit as people are told it.
+inline QString secondsText(Milliseconds limit) {
+    return QString::number(static_cast<double>(limit.count()) / 1000.0);
+}
+
+/// How long a server may keep us waiting, whose certificates count, and where the upload's server
+/// listens. No limit is set on a transfer that goes on, however slowly.
 struct FtpOptions {
-    int connect = 20;   ///< until the connection stands
-    int response = 30;  ///< for each reply
-    int stall = 30;     ///< without a single byte in a running transfer
-    int farewell = 3;   ///< for the reply to the last command
+    Milliseconds connect{20000};   ///< until the connection stands
+    Milliseconds response{30000};  ///< for each reply
+    Milliseconds stall{30000};     ///< without a single byte in a running transfer
+    Milliseconds farewell{3000};   ///< for the reply to the last command
     int port = 21;
-    int retryPause =
-        500;  ///< milliseconds before a lost connection is made anew, doubled each time
-    QString certificates{};  ///< host path of a PEM file; empty is the system's own
+    Milliseconds retryPause{500};  ///< before a lost connection is made anew, doubled each time
+    QString certificates{};        ///< host path of a PEM file; empty is the system's own
     /// Takes each line of the conversation, the password left out. Called on any thread.
     std::function<void(const QString& line)> log{};
 };

@@ -67,7 +67,7 @@ SocketAddress SocketAddress::withPort(int port) const {
     return address;
 }
 
-std::vector<SocketAddress> lookUp(const QByteArray& host, int port, int seconds,
+std::vector<SocketAddress> lookUp(const QByteArray& host, int port, Milliseconds limit,
                                   const StopSignal& stop) {
     const auto lookup = std::make_shared<Lookup>();
     lookup->host = host;
@@ -75,13 +75,14 @@ std::vector<SocketAddress> lookUp(const QByteArray& host, int port, int seconds,
     std::thread([lookup] { lookup->run(); }).detach();
     std::array<pollfd, 2> waiting{pollfd{lookup->done.descriptor(), POLLIN, 0},
                                   pollfd{stop.descriptor(), POLLIN, 0}};
-    ::poll(waiting.data(), waiting.size(), seconds * 1000);
+    ::poll(waiting.data(), waiting.size(), static_cast<int>(limit.count()));
     if (stop.raised()) {
         throw TransferError(TransferError::Kind::Stopped, u"stopped"_s);
     }
     if (!lookup->done.raised()) {
-        throw TransferError(TransferError::Kind::Lost,
-                            u"no name server has answered within %1 seconds"_s.arg(seconds));
+        throw TransferError(
+            TransferError::Kind::Lost,
+            u"no name server has answered within %1 seconds"_s.arg(secondsText(limit)));
     }
     const std::lock_guard lock(lookup->mutex);
     if (lookup->found.empty()) {

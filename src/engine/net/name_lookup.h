@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/net/ftp_types.h"
+
 #include <QByteArray>
 
 #include <sys/socket.h>
@@ -26,7 +28,7 @@ struct SocketAddress {
 /// The system's own call cannot be interrupted, and a name server that keeps silent holds it for
 /// minutes. It runs on a thread that is left to itself when the stop signal or the limit comes
 /// first: neither this run nor the next nor the end of the program waits for it.
-std::vector<SocketAddress> lookUp(const QByteArray& host, int port, int seconds,
+std::vector<SocketAddress> lookUp(const QByteArray& host, int port, Milliseconds limit,
                                   const StopSignal& stop);
 
 }  // namespace nubivane

@@ -2,6 +2,8 @@
 #include "engine/net/reachable.h"
 
 #include "engine/core/shell.h"
+#include "engine/net/server_address.h"
+#include "engine/net/targets.h"
 
 #include <QRegularExpression>
 
@@ -17,7 +19,11 @@ bool isLoopbackHost(const QString& host) {
 }
 
 bool isReachable(Shell& shell, const QString& host) {
-    return isLoopbackHost(host) || shell.networkPresent();
+    if (isLocalTarget(host.trimmed())) {
+        return true;
+    }
+    const auto address = parseServerAddress(host);
+    return isLoopbackHost(address ? address->host : host) || shell.networkPresent();
 }
 
 }  // namespace nubivane

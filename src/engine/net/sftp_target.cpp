@@ -25,6 +25,10 @@ QByteArray quoted(QByteArray path) {
     return '"' + path.replace('\\', "\\\\").replace('"', "\\\"") + '"';
 }
 
+long wholeSeconds(Milliseconds limit) {
+    return static_cast<long>(std::chrono::ceil<std::chrono::seconds>(limit).count());
+}
+
 bool isRefusal(CURLcode code) {
     return code == CURLE_QUOTE_ERROR || code == CURLE_REMOTE_FILE_NOT_FOUND ||
            code == CURLE_REMOTE_ACCESS_DENIED || code == CURLE_UPLOAD_FAILED ||
@@ -100,6 +104,8 @@ void SftpTarget::prepare(const QByteArray& path) {
                            curl_.escaped(below).replace("%7E", "~");
     curl_.set(CURLOPT_URL, url.constData());
     curl_.set(CURLOPT_PROTOCOLS_STR, "sftp");
+    curl_.set(CURLOPT_PROXY, proxy_.url().constData());
+    curl_.set(CURLOPT_HTTPPROXYTUNNEL, 1L);
     curl_.set(CURLOPT_USERNAME, server_.user.toUtf8().constData());
     if (!server_.password.isEmpty()) {
         curl_.set(CURLOPT_PASSWORD, server_.password.toUtf8().constData());
@@ -115,10 +121,10 @@ void SftpTarget::prepare(const QByteArray& path) {
     }
     curl_.set(CURLOPT_SSH_KEYFUNCTION, &SftpTarget::judgeKey);
     curl_.set(CURLOPT_SSH_KEYDATA, this);
-    curl_.set(CURLOPT_CONNECTTIMEOUT, static_cast<long>(options_.connect));
-    curl_.set(CURLOPT_SERVER_RESPONSE_TIMEOUT, static_cast<long>(options_.response));
+    curl_.set(CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(options_.connect.count()));
+    curl_.set(CURLOPT_SERVER_RESPONSE_TIMEOUT, wholeSeconds(options_.response));
     curl_.set(CURLOPT_LOW_SPEED_LIMIT, 1L);
-    curl_.set(CURLOPT_LOW_SPEED_TIME, static_cast<long>(options_.stall));
+    curl_.set(CURLOPT_LOW_SPEED_TIME, wholeSeconds(options_.stall));
 }
 
 void SftpTarget::fail(CURLcode code) const {
@@ -156,6 +162,9 @@ void SftpTarget::command(const QList<QByteArray>& lines) {
 
 void SftpTarget::connect() {
     folder_.clear();
+    const QByteArray host = hostForLookup(server_.host);
+    proxy_ = proxyFor("sftp://" + (host.contains(':') ? '[' + host + ']' : host), options_.connect,
+                      stop_);
     command({"pwd"});
 }
 

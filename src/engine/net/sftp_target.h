@@ -3,6 +3,7 @@
 
 #include "engine/net/curl_handle.h"
 #include "engine/net/ftp_types.h"
+#include "engine/net/proxy.h"
 #include "engine/net/stop_signal.h"
 #include "engine/net/transfer.h"
 
@@ -51,6 +52,7 @@ class SftpTarget : public Transfer {
     const FtpOptions options_;
     StopSignal stop_;
     CurlHandle curl_{stop_};
+    Proxy proxy_;
     QByteArray folder_;  ///< where we stand; empty is the folder of the login
     QString keyComplaint_;
     QString keyFingerprint_;

@@ -11,6 +11,14 @@ namespace nubivane {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr int ftpPort = 21;
+constexpr int sshPort = 22;
+constexpr int implicitPort = 990;
+
+}  // namespace
+
 bool isLocalTarget(const QString& host) {
     return host.startsWith("file:"_L1) || host.startsWith("rclone:"_L1);
 }
@@ -29,13 +37,12 @@ std::unique_ptr<Transfer> makeTransfer(const FtpServer& server, const FtpOptions
     FtpServer named = server;
     named.host = address->host;
     if (address->scheme == "sftp"_L1) {
-        constexpr int ftpPort = 21;
-        constexpr int sshPort = 22;
         named.port = server.port == ftpPort ? sshPort : server.port;
         return std::make_unique<SftpTarget>(named, options);
     }
     if (address->scheme == "ftps"_L1) {
         named.implicitTls = true;
+        named.port = server.port == ftpPort ? implicitPort : server.port;
     }
     return std::make_unique<FtpTarget>(named, options);
 }

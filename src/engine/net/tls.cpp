@@ -187,12 +187,15 @@ TlsContext::TlsContext(QByteArray host, const QString& certificates, const QStri
                                    SSL_SESS_CACHE_CLIENT | SSL_SESS_CACHE_NO_INTERNAL_STORE);
     SSL_CTX_set_app_data(context, this);
     SSL_CTX_sess_set_new_cb(context, &TlsContext::keepSession);
-    if (certificates.isEmpty()) {
+    // Where a list is named it stands in the place of the system's, not beside it.
+    const QString list =
+        certificates.isEmpty() ? qEnvironmentVariable("SSL_CERT_FILE") : certificates;
+    if (list.isEmpty()) {
         SSL_CTX_set_default_verify_paths(context);
-    } else if (SSL_CTX_load_verify_locations(context, certificates.toLocal8Bit().constData(),
-                                             nullptr) != 1) {
+    } else if (SSL_CTX_load_verify_locations(context, list.toLocal8Bit().constData(), nullptr) !=
+               1) {
         throw TransferError(Kind::Insecure,
-                            u"the list of certificates \"%1\" cannot be read"_s.arg(certificates));
+                            u"the list of certificates \"%1\" cannot be read"_s.arg(list));
     }
 }
 

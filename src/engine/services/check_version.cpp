@@ -93,14 +93,15 @@ ListedVersion findVersion(const QByteArray& list, const QString& own) {
     return found;
 }
 
-QString checkVersion(bool verbose, const Publisher& publisher, Shell& shell,
-                     ftpTransfer& transfer) {
+QString checkVersion(bool verbose, const Publisher& publisher, Shell& shell, ftpTransfer& transfer,
+                     const std::function<void()>& answered) {
     if (!isReachable(shell, publisher.versions.host)) {
         fail("No connection to the Internet is currently available");
     }
     const QString own = Version;
     const QString title = ProgramTitle;
     const ListedVersion found = findVersion(fetchList(publisher.versions, transfer), own);
+    answered();
     if (found.upToDate) {
         if (verbose) {
             shell.messageBox({u"The current version of "_s + title + u" ("_s + own +
@@ -126,7 +127,8 @@ QString checkVersion(bool verbose, const Publisher& publisher, Shell& shell,
 }
 
 void mnuLastVersion(const Publisher& publisher, Shell& shell, ftpTransfer& transfer,
-                    const std::function<void(const QString& url)>& download) {
+                    const std::function<void(const QString& url)>& download,
+                    const std::function<void()>& answered) {
     if (!isReachable(shell, publisher.versions.host)) {
         shell.messageBox({u"No connection to the internet is currently available"_s,
                           Icon::Critical,
@@ -137,9 +139,12 @@ void mnuLastVersion(const Publisher& publisher, Shell& shell, ftpTransfer& trans
     QString url;
     try {
         const HourglassGuard hourglass(shell);
-        url = checkVersion(true, publisher, shell, transfer);
+        url = checkVersion(true, publisher, shell, transfer, answered);
     } catch (const Error& error) {
-        shell.messageBox({error.description(), Icon::Critical, Buttons::Ok, error.cause()});
+        answered();
+        if (!transfer.aborted()) {
+            shell.messageBox({error.description(), Icon::Critical, Buttons::Ok, error.cause()});
+        }
         return;
     }
     if (!trimBlanks(url).isEmpty()) {

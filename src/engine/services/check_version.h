@@ -23,11 +23,17 @@ ListedVersion findVersion(const QByteArray& list, const QString& own);
 
 /// Asks the publisher's server for a newer installer, and the user whether to fetch it. Returns its
 /// URL; empty when nothing is to be downloaded. With `verbose` the user also hears that there is
-/// nothing newer. Raises `Error` with a text to be shown.
-QString checkVersion(bool verbose, const Publisher& publisher, Shell& shell, ftpTransfer& transfer);
+/// nothing newer. `answered` is called when the server has, before anything is said. Raises `Error`
+/// with a text to be shown.
+QString checkVersion(
+    bool verbose, const Publisher& publisher, Shell& shell, ftpTransfer& transfer,
+    const std::function<void()>& answered = [] {});
 
-/// The command: checks, tells of failures, and hands an installer's URL to `download`.
-void mnuLastVersion(const Publisher& publisher, Shell& shell, ftpTransfer& transfer,
-                    const std::function<void(const QString& url)>& download);
+/// The command: checks, tells of failures but of a transfer that was aborted, and hands an
+/// installer's URL to `download`.
+void mnuLastVersion(
+    const Publisher& publisher, Shell& shell, ftpTransfer& transfer,
+    const std::function<void(const QString& url)>& download,
+    const std::function<void()>& answered = [] {});
 
 }  // namespace nubivane

@@ -158,8 +158,8 @@ void FileSender::work(Connection& connection) {
         --working_;
         waiting_.clear();
         for (Transfer* target : targets_) {
-            if (target != connection.target && target != &first_) {
-                target->stop();
+            if (target != connection.target) {
+                target->stop();  // whatever they still do would be in vain
             }
         }
     }

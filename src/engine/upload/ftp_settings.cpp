@@ -5,6 +5,8 @@
 #include "engine/core/path_text.h"
 #include "engine/core/settings_store.h"
 #include "engine/net/server_address.h"
+#include "engine/upload/protocol.h"
+#include "engine/upload/stored_password.h"
 
 #include <algorithm>
 
@@ -24,6 +26,38 @@ bool hasSeparator(const QString& folder) {
 
 QString flagText(bool flag) {
     return flag ? QStringLiteral("1") : QStringLiteral("0");
+}
+
+/// What is wrong with an address, empty when nothing is. Nothing at all may be typed later.
+QString complaintOfPlace(const QString& url) {
+    const QString place = trimBlanks(placeOf(url));
+    if (place.isEmpty()) {
+        return {};
+    }
+    switch (protocolOf(url)) {
+        case Protocol::Folder:
+            return place.startsWith(u'/') ? QString() : u"Type the whole path of the folder"_s;
+        case Protocol::Rclone:
+            return place.indexOf(u':') > 0
+                       ? QString()
+                       : u"Type a remote of rclone and a folder, such as remote:folder"_s;
+        default:
+            break;
+    }
+    // Here stands a host alone: a port or folder behind it would go unheard.
+    const auto address = parseServerAddress(place);
+    const bool hostAlone = address && address->scheme.isEmpty() && !address->port &&
+                           address->path.isEmpty() && address->user.isEmpty();
+    return hostAlone ? QString() : u"Type the name of the host alone"_s;
+}
+
+/// Uploads by FTP go to its port whatever the settings say; the newer ways heed them.
+int portFor(const SettingsStore& store, const QString& url) {
+    const Protocol protocol = protocolOf(url);
+    const int stored = store.number(Setting::FtpPort).value_or(0);
+    const bool heeded = protocol == Protocol::Sftp || protocol == Protocol::FtpOverTls;
+    const bool another = stored > 0 && stored <= 65535 && stored != portOf(Protocol::Ftp);
+    return heeded && another ? stored : portOf(Protocol::Ftp);
 }
 
 }  // namespace
@@ -46,7 +80,8 @@ FtpSettings FtpSettings::read(const SettingsStore& store) {
 
 bool FtpSettings::save(SettingsStore& store) const {
     return store.set(Setting::FtpUrl, url) && store.set(Setting::FtpPort, port) &&
-           store.set(Setting::FtpUserName, userName) && store.set(Setting::FtpPassword, password) &&
+           store.set(Setting::FtpUserName, userName) &&
+           storePassword(store, url, userName, password) &&
            store.set(Setting::FtpRemoteFolder, remoteFolder) &&
            store.set(Setting::FtpNubivaneFolder, nubivaneFolder) &&
            store.set(Setting::FtpLoginType, flagText(login == FtpLogin::Anonymous)) &&
@@ -57,14 +92,8 @@ bool FtpSettings::save(SettingsStore& store) const {
 }
 
 std::optional<FtpComplaint> validateFtpSettings(const FtpSettings& settings) {
-    // Here stands a host alone: a port or folder behind it would go unheard.
-    const QString url = trimBlanks(settings.url);
-    const bool elsewhere = url.startsWith("file:"_L1) || url.startsWith("rclone:"_L1);
-    if (!url.isEmpty() && !elsewhere) {
-        const auto address = parseServerAddress(url);
-        if (!address || address->port || !address->path.isEmpty() || !address->user.isEmpty()) {
-            return FtpComplaint{FtpField::Url, u"Type the name of the host alone"_s};
-        }
+    if (const QString text = complaintOfPlace(settings.url); !text.isEmpty()) {
+        return FtpComplaint{FtpField::Url, text};
     }
     if (!toNumber(trimBlanks(settings.port))) {
         return FtpComplaint{FtpField::Port, u"Type a valid ftp port"_s};
@@ -86,7 +115,8 @@ FtpCheck checkFtpSettings(const FtpSettings& settings) {
     if (trimBlanks(settings.url).isEmpty()) {
         return FtpCheck::NoAddress;
     }
-    if (settings.login == FtpLogin::Normal && settings.userName.isEmpty()) {
+    if (settings.login == FtpLogin::Normal && settings.userName.isEmpty() &&
+        hasLogin(protocolOf(settings.url))) {
         return FtpCheck::NoUserName;
     }
     if (settings.nubivaneFolder.isEmpty()) {
@@ -98,6 +128,7 @@ FtpCheck checkFtpSettings(const FtpSettings& settings) {
 FtpServer uploadServer(const SettingsStore& store) {
     FtpServer server;
     server.host = store.text(Setting::FtpUrl);
+    server.port = portFor(store, server.host);
     server.encryption = encryptionOf(store);
     server.user = store.text(Setting::FtpUserName);
     server.password = store.text(Setting::FtpPassword);

@@ -34,8 +34,9 @@ struct FtpSettings {
     Encryption encryption = Encryption::Required;
     UploadGroups groups;
 
+    /// What the settings hold. A password may lie elsewhere: `storedPassword`.
     static FtpSettings read(const SettingsStore& store);
-    /// Writes all of it. False when it could not be written.
+    /// Writes all of it, the password where it belongs. False when it could not be written.
     bool save(SettingsStore& store) const;
 };
 
@@ -70,7 +71,8 @@ inline constexpr int MostConnections = 16;
 /// How many connections an upload may use: from 1 to that number.
 int wantedConnections(const SettingsStore& store);
 
-/// The server of the settings. The port and the kind of login are not asked for.
+/// The server of the settings, with the password that stands in them. The kind of login is not
+/// asked for, nor the port of a plain FTP server.
 FtpServer uploadServer(const SettingsStore& store);
 
 }  // namespace nubivane

@@ -4,7 +4,10 @@
 #include "engine/core/error.h"
 #include "engine/core/file_state.h"
 #include "engine/core/replaced_file.h"
+#include "engine/core/settings_store.h"
 #include "engine/core/user_folders.h"
+#include "engine/net/ftp_types.h"
+#include "engine/net/targets.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -24,6 +27,14 @@ constexpr qint64 MaxBytes = 2 * SiteManifest::MaxBytes;
 
 QString ServerMemory::folder() {
     return user_folders::state() + u"/Nubivane"_s;
+}
+
+QString ServerMemory::placeOf(const FtpServer& server, const SettingsStore& settings) {
+    const QString host = server.host.trimmed();
+    return QStringList{isLocalTarget(host) ? host : host.toLower(), QString::number(server.port),
+                       server.user, settings.text(Setting::FtpRemoteFolder),
+                       settings.text(Setting::FtpNubivaneFolderInPlan)}
+        .join(u'\n');
 }
 
 ServerMemory::ServerMemory(const QString& place) {
@@ -54,6 +65,13 @@ void ServerMemory::load() {
     for (const QByteArray& line : bytes.first(manifestAt).split('\n')) {
         if (line.startsWith("folder ")) {
             folders.insert(QString::fromUtf8(line.mid(7)));
+        } else if (line == "everything") {
+            everything = true;
+        } else if (line.startsWith("time ")) {
+            const qsizetype blank = line.indexOf(' ', 5);
+            times.insert(QString::fromUtf8(line.mid(blank + 1)), line.mid(5, blank - 5));
+        } else if (line.startsWith("unfinished ")) {
+            unfinished.insert(QString::fromUtf8(line.mid(11)));
         } else if (line.startsWith("manifest ")) {
             manifestSize = line.mid(9).toLongLong();
         }
@@ -68,6 +86,15 @@ void ServerMemory::save() const {
     bytes += "manifest " + QByteArray::number(manifestSize) + '\n';
     for (const QString& name : folders) {
         bytes += "folder " + name.toUtf8() + '\n';
+    }
+    for (auto time = times.cbegin(); time != times.cend(); ++time) {
+        bytes += "time " + *time + ' ' + time.key().toUtf8() + '\n';
+    }
+    if (everything) {
+        bytes += "everything\n";
+    }
+    for (const QString& name : unfinished) {
+        bytes += "unfinished " + name.toUtf8() + '\n';
     }
     try {
         ReplacedFile file(hostFile_, Durability::Quick, {.secret = true});

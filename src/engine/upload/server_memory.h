@@ -7,6 +7,9 @@
 
 namespace nubivane {
 
+class SettingsStore;
+struct FtpServer;
+
 /// What this machine remembers of one place that it has sent a site to.
 ///
 /// Files of which it is not certain that they are there are taken out before they are sent, so that
@@ -16,13 +19,22 @@ class ServerMemory {
     /// `place` names the server with its folders, in whatever form.
     explicit ServerMemory(const QString& place);
 
+    /// The place where an upload to that server leads by the folders of the settings, apart from
+    /// what proves that we may.
+    static QString placeOf(const FtpServer& server, const SettingsStore& settings);
+
     /// Where all memories lie (host path): "Nubivane" in the user's folder for state. Raises
     /// `Error` for a user who has no home.
     static QString folder();
 
-    bool known = false;  ///< something has been sent there
+    bool known = false;       ///< something has been sent there
+    bool everything = false;  ///< the next run is to send what has not changed too
     SiteManifest site;
-    QSet<QString> folders;     ///< that have been made there, parted by slashes
+    QSet<QString> folders;  ///< that have been made there, parted by slashes
+    /// Folders that a run which has not come to its end was sending files to.
+    QSet<QString> unfinished;
+    /// When these folders had changed the last time, in the server's own form.
+    QMap<QString, QByteArray> times;
     qint64 manifestSize = -1;  ///< of the manifest as it was left on the server
 
     /// Without effect where nothing can be written: the next run then sends more than it has to.

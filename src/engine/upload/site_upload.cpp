@@ -20,8 +20,6 @@ using Kind = TransferError::Kind;
 
 constexpr int CaptionMs = 200;  // lets a person read what is going on
 constexpr int CaptionsInAllMs = 1000;
-/// With more folders than these the quick way to list them is tried.
-constexpr qsizetype FewFolders = 3;
 
 QString noConnection() {
     return u"Unable to establish a connection to the remote server"_s;
@@ -35,12 +33,6 @@ QString newRunName() {
 
 [[noreturn]] void raise(const QString& text, const QString& cause) {
     throw Error(error_number::UploadStopped, u"runUpload"_s, text, cause);
-}
-
-const RemoteEntry* find(const RemoteListing& listing, const QString& name) {
-    const auto entry = std::find_if(listing.begin(), listing.end(),
-                                    [&](const RemoteEntry& one) { return one.name == name; });
-    return entry == listing.end() ? nullptr : &*entry;
 }
 
 }  // namespace
@@ -93,7 +85,10 @@ UploadReport SiteUpload::run() {
                 sendFiles();
                 persist([this] { removeFiles(); }, noConnection());
                 persist([this] { leaveManifest(); }, noConnection());
+                rememberTimes();
             }
+            memory_.unfinished.clear();
+            memory_.everything = false;
         } catch (...) {
             memory_.save();
             throw;
@@ -164,7 +159,7 @@ void SiteUpload::connect() {
 void SiteUpload::look() {
     way_ = contents_.nubivaneFolder + u'/';
     foldersStand_ = false;
-    seen_.clear();
+    look_.reset();
     if (!contents_.remoteFolder.isEmpty() && !inRemoteFolder_) {
         try {
             target_->changeFolder(contents_.remoteFolder);
@@ -176,41 +171,28 @@ void SiteUpload::look() {
         }
         inRemoteFolder_ = true;
     }
-    const QStringList folders = contents_.foldersOfFiles();
-    std::map<QString, RemoteListing> seen;
-    lookAt(folders, seen);
-    if (static_cast<qsizetype>(seen.size()) != folders.size()) {
+    QStringList folders = contents_.foldersOfFiles();
+    for (const QString& folder : std::as_const(memory_.unfinished)) {
+        if (!folders.contains(folder)) {
+            folders += folder;
+        }
+    }
+    look_.emplace(*target_, way_, memory_);
+    if (!look_->at(folders)) {
         memory_.folders.clear();
     }
-    compareManifest(seen);
-    seen_ = std::move(seen);
+    compareManifest();
     foldersStand_ =
         std::all_of(contents_.folders.begin(), contents_.folders.end(),
                     [this](const QString& folder) { return memory_.folders.contains(folder); });
 }
 
-void SiteUpload::lookAt(const QStringList& folders, std::map<QString, RemoteListing>& seen) {
-    for (const QString& folder : folders) {
-        QString place = way_ + folder;
-        while (place.endsWith(u'/')) {
-            place.chop(1);
-        }
-        if (place.isEmpty()) {
-            place = u"."_s;
-        }
-        auto listing =
-            folders.size() > FewFolders ? target_->listQuickly(place) : target_->list(place);
-        if (listing) {
-            seen.emplace(folder, std::move(*listing));
-        }
-    }
-}
-
 /// Another machine may have sent a site there since: then its manifest counts, not our memory.
-void SiteUpload::compareManifest(const std::map<QString, RemoteListing>& seen) {
-    const auto root = seen.find(QString());
-    const RemoteEntry* entry =
-        root == seen.end() ? nullptr : find(root->second, QLatin1String(SiteManifest::FileName));
+void SiteUpload::compareManifest() {
+    const auto root = look_->seen().find(QString());
+    const RemoteEntry* entry = root == look_->seen().end()
+                                   ? nullptr
+                                   : find(root->second, QLatin1String(SiteManifest::FileName));
     const qint64 size =
         entry && entry->size >= 0
             ? entry->size
@@ -280,7 +262,11 @@ void SiteUpload::walkFolders() {
     if (!known && !newSite_) {
         // Another machine, or a run that died, may have left something there.
         persist([this] { readManifest(); }, noConnection());
-        persist([this] { lookAt(contents_.foldersOfFiles(), seen_); }, noConnection());
+        const auto look = [this] {
+            look_.emplace(*target_, way_, memory_);
+            look_->at(contents_.foldersOfFiles());
+        };
+        persist(look, noConnection());
     }
 }
 
@@ -318,47 +304,78 @@ void SiteUpload::count(std::size_t steps) {
 }
 
 void SiteUpload::choose() {
+    compare();
+    if (look_ && chosen_.empty()) {
+        persist([this] { look_->lookTwice(); }, noConnection());
+        compare();
+    }
+    toSend_ = report_.bytes;
+    watcher_.chosen(std::ssize(chosen_), std::ssize(contents_.files), report_.bytes);
+    count(contents_.files.size() - chosen_.size());
+    if (wishes_.removeGone) {
+        chooseGone();
+    }
+    if (wishes_.dryRun) {
+        for (const PlannedFile* file : chosen_) {
+            report_.sent += file->name;
+        }
+        report_.removed = gone_;
+    }
+}
+
+/// What of the plan does not stand there as it is here.
+void SiteUpload::compare() {
+    chosen_.clear();
+    report_.bytes = 0;
+    for (const PlannedFile& file : contents_.files) {
+        const auto sent = memory_.site.files.constFind(file.name);
+        const bool stands =
+            sent != memory_.site.files.constEnd() && *sent == file.content && standsThere(file);
+        if (wishes_.all || memory_.everything || !stands) {
+            chosen_.push_back(&file);
+            report_.bytes += file.content.size;
+        }
+    }
+    report_.unchanged = std::ssize(contents_.files) - std::ssize(chosen_);
+}
+
+/// What this program has put there in the folders of the plan, and the plan no longer holds.
+void SiteUpload::chooseGone() {
     QSet<QString> planned;
     for (const PlannedFile& file : contents_.files) {
         planned.insert(file.name);
-        const auto folder = seen_.find(folderOf(file.name));
-        const RemoteEntry* entry =
-            folder == seen_.end() ? nullptr : find(folder->second, file.name.section(u'/', -1));
-        const auto sent = memory_.site.files.constFind(file.name);
-        const bool stands = entry && entry->size == file.content.size &&
-                            sent != memory_.site.files.constEnd() && *sent == file.content;
-        if (wishes_.all || !stands) {
-            chosen_.push_back(&file);
-            report_.bytes += file.content.size;
-            if (wishes_.dryRun) {
-                report_.sent += file.name;
-            }
-        } else {
-            ++report_.unchanged;
-        }
     }
-    toSend_ = report_.bytes;
-    count(contents_.files.size() - chosen_.size());
-    if (wishes_.removeGone) {
-        QSet<QString> groups;
-        for (const QString& folder : contents_.foldersOfFiles()) {
-            groups.insert(folder.section(u'/', 0, 0));
-        }
-        for (const QString& name : memory_.site.files.keys()) {
-            const QString group = name.contains(u'/') ? name.section(u'/', 0, 0) : QString();
-            if (!planned.contains(name) && groups.contains(group)) {
-                gone_ += name;
-            }
-        }
-        if (wishes_.dryRun) {
-            report_.removed = gone_;
+    QSet<QString> groups;
+    for (const QString& folder : contents_.foldersOfFiles()) {
+        groups.insert(folder.section(u'/', 0, 0));
+    }
+    for (const QString& name : memory_.site.files.keys()) {
+        const QString group = name.contains(u'/') ? name.section(u'/', 0, 0) : QString();
+        if (!planned.contains(name) && groups.contains(group)) {
+            gone_ += name;
         }
     }
 }
 
+/// Whether a file of that size is there, by what has been seen.
+bool SiteUpload::standsThere(const PlannedFile& file) const {
+    if (!look_) {
+        return false;
+    }
+    const QString folder = folderOf(file.name);
+    const auto listing = look_->seen().find(folder);
+    const RemoteEntry* entry = listing == look_->seen().end()
+                                   ? nullptr
+                                   : find(listing->second, file.name.section(u'/', -1));
+    return look_->takenForGranted(folder) || (entry && entry->size == file.content.size);
+}
+
 /// Files of a run that died under their temporary names.
 void SiteUpload::removeLeftovers() {
-    for (const auto& [folder, listing] : seen_) {
+    if (!look_) {
+        return;
+    }
+    for (const auto& [folder, listing] : look_->seen()) {
         for (const RemoteEntry& entry : listing) {
             if (entry.kind != RemoteEntry::Kind::Folder && FileSender::isTemporary(entry.name)) {
                 const QString name =
@@ -380,6 +397,7 @@ void SiteUpload::removeLeftovers() {
 void SiteUpload::forget() {
     for (const PlannedFile* file : chosen_) {
         memory_.site.files.remove(file->name);
+        memory_.unfinished.insert(folderOf(file->name));
     }
     if (chosen_.size() + static_cast<std::size_t>(gone_.size()) > 1 && memory_.manifestSize >= 0) {
         persist(
@@ -464,6 +482,23 @@ void SiteUpload::removeFiles() {
         }
         memory_.site.files.remove(name);
         report_.removed += name;
+    }
+}
+
+/// The times of the folders that have been written to. Without them the next run looks closer.
+void SiteUpload::rememberTimes() {
+    QSet<QString> changed;
+    for (const PlannedFile* file : chosen_) {
+        changed.insert(folderOf(file->name));
+    }
+    for (const QString& name : gone_) {
+        changed.insert(folderOf(name));
+    }
+    try {
+        RemoteLook(*target_, way_, memory_)
+            .remember(contents_.foldersOfFiles(), {changed.cbegin(), changed.cend()});
+    } catch (const TransferError&) {
+        memory_.times.clear();
     }
 }
 

@@ -4,11 +4,11 @@
 #include "engine/net/stop_signal.h"
 #include "engine/net/transfer.h"
 #include "engine/upload/file_sender.h"
+#include "engine/upload/remote_look.h"
 #include "engine/upload/server_memory.h"
 #include "engine/upload/site_contents.h"
 
 #include <atomic>
-#include <map>
 #include <memory>
 #include <mutex>
 
@@ -30,7 +30,8 @@ struct UploadReport {
     QStringList sent;  ///< names below the Nubivane folder
     qint64 bytes = 0;  ///< of these
     QStringList removed;
-    QStringList refused;  ///< "file: why", of files that may fail
+    QStringList refused;     ///< "file: why", of files that may fail
+    QStringList unsendable;  ///< "file: why", of files whose names are in no plan
     qsizetype unchanged = 0;
     bool plain = false;    ///< name and password went out in clear
     bool inPlace = false;  ///< the target renames nothing
@@ -49,6 +50,8 @@ class UploadWatcher {
     virtual void stepBegun(const cUpload& step) = 0;
     /// Steps done of all, or not needed.
     virtual void progress(std::size_t done, std::size_t count) = 0;
+    /// What has to be sent, of all files of the plan.
+    virtual void chosen(qsizetype /*files*/, qsizetype /*all*/, qint64 /*bytes*/) {}
     virtual void inClear() {}
 };
 
@@ -73,12 +76,15 @@ class SiteUpload {
     void connect();
     void reconnect();
     void look();
-    void lookAt(const QStringList& folders, std::map<QString, RemoteListing>& seen);
-    void compareManifest(const std::map<QString, RemoteListing>& seen);
+    void compareManifest();
+    bool standsThere(const PlannedFile& file) const;
+    void rememberTimes();
     void readManifest();
     void walkFolders();
     void walkStep(const cUpload& step);
     void choose();
+    void compare();
+    void chooseGone();
     void forget();
     void sendFiles();
     void sendGroup(FileSender& sender, bool pages);
@@ -105,7 +111,7 @@ class SiteUpload {
     bool foldersStand_ = false;
     bool newSite_ = false;  ///< the Nubivane folder has been made by this run
     QString way_;           ///< from where the target stands into the Nubivane folder
-    std::map<QString, RemoteListing> seen_;
+    std::optional<RemoteLook> look_;
     std::vector<const PlannedFile*> chosen_;
     QStringList gone_;
     std::size_t done_ = 0;

@@ -12,7 +12,7 @@ class Workspace;
 /// is no step.
 ///
 /// The page is looked for under the name that the preview uses. Names on the local disk that could
-/// not be told from a path are left out.
+/// not be told from a path are left out; `unsendableNames` lists them.
 UploadPlan buildUploadPlan(const Workspace& workspace, bool symbols, bool maps, bool htmlPage);
 
 }  // namespace nubivane

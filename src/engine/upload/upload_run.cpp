@@ -9,6 +9,9 @@
 #include "engine/model/workspace.h"
 #include "engine/net/targets.h"
 #include "engine/net/transfer_error.h"
+#include "engine/upload/server_memory.h"
+#include "engine/upload/stored_password.h"
+#include "engine/upload/unsendable_names.h"
 #include "engine/upload/upload_plan.h"
 
 #include <QScopedValueRollback>
@@ -21,25 +24,27 @@ namespace {
 
 constexpr int PauseBeforeConnectingMs = 500;
 
-/// One place that a site goes to, apart from what proves that we may.
-QString placeOf(const FtpServer& server, const SettingsStore& settings) {
-    return QStringList{server.host.trimmed().toLower(), QString::number(server.port), server.user,
-                       settings.text(Setting::FtpRemoteFolder),
-                       settings.text(Setting::FtpNubivaneFolderInPlan)}
-        .join(u'\n');
-}
-
 }  // namespace
 
 UploadRun::UploadRun(Editor editor, UploadView& view, FtpOptions options)
     : editor_(editor), view_(view), options_(std::move(options)) {}
 
 bool UploadRun::runUpload(bool initialising) {
-    FtpServer server = uploadServer(editor_.workspace.settings);
-    server.port = options_.port;
+    if (running_) {
+        return false;
+    }
+    const SettingsStore& settings = editor_.workspace.settings;
+    FtpServer server = uploadServer(settings);
+    if (options_.port != FtpOptions().port) {
+        server.port = options_.port;
+    }
+    {
+        const QScopedValueRollback asking(running_, true);
+        server.password = storedPassword(settings, server.host, server.user).password;
+    }
     UploadWishes wishes;
     wishes.captions = true;
-    wishes.connections = wantedConnections(editor_.workspace.settings);
+    wishes.connections = wantedConnections(settings);
     return runUpload(initialising, server, wishes);
 }
 
@@ -92,6 +97,7 @@ bool UploadRun::choosePlan(bool initialising) {
         return false;
     }
     plan_ = buildUploadPlan(editor_.workspace, groups.symbols, groups.maps, groups.htmlPage);
+    unsendable_ = unsendableNames(editor_.workspace, groups);
     return true;
 }
 
@@ -111,10 +117,12 @@ void UploadRun::send(const FtpServer& server, const UploadWishes& wishes) {
     }
     UploadWatcher& watcher = *this;
     UploadWishes patient = wishes;
-    patient.retryPauseMs = options_.retryPause;
-    upload_ = std::make_unique<SiteUpload>(makeTransfer(server, options_),
-                                           placeOf(server, editor_.workspace.settings), plan_,
-                                           patient, watcher);
+    patient.retryPauseMs = static_cast<int>(options_.retryPause.count());
+    FtpOptions telling = options_;
+    telling.log = [this](const QString& line) { note(line); };
+    upload_ = std::make_unique<SiteUpload>(
+        makeTransfer(server, telling), ServerMemory::placeOf(server, editor_.workspace.settings),
+        plan_, patient, watcher);
     const auto stop = [this] {
         stopped_ = true;
         upload_->stop();
@@ -150,6 +158,19 @@ void UploadRun::inClear() {
     inCaller([this] { view_.showOpenLock(); });
 }
 
+void UploadRun::chosen(qsizetype files, qsizetype all, qint64 bytes) {
+    inCaller([this, files, all, bytes] { view_.setChosen(files, all, bytes); });
+}
+
+/// A line of the conversation. It comes from whatever thread, and stops nobody.
+void UploadRun::note(const QString& line) {
+    if (options_.log) {
+        options_.log(line);
+    }
+    QMetaObject::invokeMethod(
+        &caller_, [this, line] { view_.addLine(line); }, Qt::QueuedConnection);
+}
+
 void UploadRun::show(const cUpload& step) {
     const auto tell = [&](const QString& text) {
         view_.setInfo(initialising_ ? text + step.Param1 : u"Checking folders structure..."_s);
@@ -175,6 +196,10 @@ void UploadRun::closeWindow() {
 UploadRun::Outcome UploadRun::finish() {
     closeWindow();
     plan_.clear();
+    report_.unsendable = unsendable_;
+    if (!unsendable_.isEmpty()) {
+        view_.showUnsendable(unsendable_);
+    }
     return Outcome::Done;
 }
 
@@ -194,7 +219,10 @@ UploadRun::Outcome UploadRun::fail(const Error& error, const FtpServer& server) 
         trustFingerprint(editor_.workspace.settings, server, upload_->untrusted()->fingerprint);
         return Outcome::Untrusted;
     }
-    editor_.shell.messageBox({error.description(), Icon::Critical, Buttons::Ok, error.cause()});
+    const QString conversation = view_.conversation();
+    const QString details = conversation.isEmpty() ? QString() : u"\n\n"_s + conversation;
+    editor_.shell.messageBox(
+        {error.description(), Icon::Critical, Buttons::Ok, error.cause() + details});
     return Outcome::Failed;
 }
 

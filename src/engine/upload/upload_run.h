@@ -40,9 +40,11 @@ class UploadRun : private UploadWatcher {
   private:
     void stepBegun(const cUpload& step) override;
     void progress(std::size_t done, std::size_t count) override;
+    void chosen(qsizetype files, qsizetype all, qint64 bytes) override;
     void inClear() override;
     void inCaller(const std::function<void()>& call);
     void show(const cUpload& step);
+    void note(const QString& line);
 
     enum class Outcome { Done, Failed, Untrusted };
 
@@ -61,6 +63,7 @@ class UploadRun : private UploadWatcher {
     const FtpOptions options_;
     UploadPlan plan_;
     UploadReport report_;
+    QStringList unsendable_;
     std::unique_ptr<SiteUpload> upload_;
     bool initialising_ = false;
     bool UploadCancelled_ = false;

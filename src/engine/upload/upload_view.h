@@ -4,6 +4,7 @@
 #include "engine/upload/ftp_settings.h"
 
 #include <QString>
+#include <QStringList>
 
 namespace nubivane {
 
@@ -24,6 +25,14 @@ class UploadView {
     virtual void setProgress(int /*percent*/) {}
     /// Bytes of files sent so far, and all that have to be sent.
     virtual void setAmount(qint64 /*sent*/, qint64 /*total*/) {}
+    /// What has to be sent: so many files of all, and their bytes.
+    virtual void setChosen(qsizetype /*files*/, qsizetype /*all*/, qint64 /*bytes*/) {}
+    /// A line of the conversation with the server, the password left out.
+    virtual void addLine(const QString& /*line*/) {}
+    /// All these lines, where the view keeps them.
+    virtual QString conversation() const { return {}; }
+    /// What the run has left out because of its names.
+    virtual void showUnsendable(const QStringList& /*names*/) {}
     /// Name and password have gone out in clear.
     virtual void showOpenLock() {}
     /// Whether a certificate or host key that does not verify is trusted from now on.

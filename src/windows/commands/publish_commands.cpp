@@ -12,6 +12,8 @@
 
 namespace nubivane {
 
+using namespace Qt::StringLiterals;
+
 PublishCommands::PublishCommands(Editor editor, Commands& commands, QWidget* window,
                                  FtpOptions options)
     : editor_(editor), window_(window), upload_(editor, *this, std::move(options)) {
@@ -21,7 +23,7 @@ PublishCommands::PublishCommands(Editor editor, Commands& commands, QWidget* win
 }
 
 void PublishCommands::openFtpSettings(FtpTab tab) {
-    frmFtp dialog(editor_.workspace.settings, editor_.shell, window_);
+    frmFtp dialog(editor_.workspace, editor_.shell, window_);
     QObject::connect(&dialog, &frmFtp::helpAsked, &dialog, [this](const QString& topic) {
         openHelpTopic(editor_.workspace, editor_.shell, topic);
     });
@@ -40,12 +42,27 @@ void PublishCommands::Init(const QString& caption) {
 bool PublishCommands::trust(const Untrusted& untrusted) {
     const QString question = QCoreApplication::translate(
         "PublishCommands",
-        "The server cannot prove who it is: %1.\r\n\r\n"
+        "The server cannot prove who it is:\r\n\r\n%1\r\n\r\n"
         "Compare the fingerprint with the one that the server's keeper tells you. "
         "Do you want to trust this server from now on ?");
     const Answer answer = editor_.shell.messageBox(
-        {question.arg(untrusted.description), Icon::Question, Buttons::YesNo, {}, true});
+        {question.arg(QString(untrusted.description).replace("; "_L1, "\r\n"_L1)),
+         Icon::Question,
+         Buttons::YesNo,
+         {},
+         true});
     return answer == Answer::Yes;
+}
+
+QString PublishCommands::conversation() const {
+    return frmWait_ ? frmWait_->conversation() : QString();
+}
+
+void PublishCommands::showUnsendable(const QStringList& names) {
+    const QString text = QCoreApplication::translate(
+        "PublishCommands", "All else was sent, but for their names these cannot be:");
+    editor_.shell.messageBox(
+        {text + u"\r\n\r\n"_s + names.join(u"\r\n"_s), Icon::Exclamation, Buttons::Ok, {}});
 }
 
 /// A run can fail before its window has come.

@@ -23,6 +23,12 @@ class PublishCommands : private UploadView {
     void setInfo(const QString& text) override { frmWait_->setInfo(text); }
     void setProgress(int percent) override { frmWait_->setProgress(percent); }
     void setAmount(qint64 sent, qint64 total) override { frmWait_->setAmount(sent, total); }
+    void setChosen(qsizetype files, qsizetype all, qint64 bytes) override {
+        frmWait_->setChosen(files, all, bytes);
+    }
+    void addLine(const QString& line) override { frmWait_->addLine(line); }
+    QString conversation() const override;
+    void showUnsendable(const QStringList& names) override;
     void showOpenLock() override { frmWait_->showOpenLock(); }
     bool trust(const Untrusted& untrusted) override;
     void disableCancel() override { frmWait_->disableCancel(); }

@@ -2,6 +2,7 @@
 #include "windows/commands/service_commands.h"
 
 #include "engine/core/shell.h"
+#include "engine/core/version.h"
 #include "engine/model/editor_view.h"
 #include "engine/model/workspace.h"
 #include "engine/services/check_version.h"
@@ -11,11 +12,18 @@
 #include "windows/services/frm_download.h"
 #include "windows/services/frm_pack.h"
 
+#include <QProgressDialog>
 #include <QWidget>
 
 #include <utility>
 
 namespace nubivane {
+
+namespace {
+
+constexpr int PatienceMs = 500;  // nobody reads a window that comes and goes
+
+}  // namespace
 
 ServiceCommands::ServiceCommands(Editor editor, Commands& commands, QWidget* window,
                                  Publisher publisher, FtpOptions options)
@@ -40,12 +48,21 @@ void ServiceCommands::mnuBugReport() {
 }
 
 /// Events run while the server is asked; input to the editor has to wait, as under any hourglass.
+/// Where the server lets it wait too, a small window offers to give up.
 void ServiceCommands::mnuLastVersion() {
     const InputGuard noInput(editor_.view);
     ftpTransfer transfer(options_);
-    nubivane::mnuLastVersion(publisher_, editor_.shell, transfer, [this](const QString& url) {
-        frmDownload(editor_.shell, window_).Init(url);
-    });
+    QProgressDialog asking(tr("Asking the server for a new version..."), tr("&Cancel"), 0, 0,
+                           window_);
+    asking.setObjectName("dlgAsking");
+    asking.setWindowTitle(ProgramTitle);
+    asking.setMinimumDuration(PatienceMs);
+    QObject::connect(&asking, &QProgressDialog::canceled, &asking,
+                     [&transfer] { transfer.AbortTransfer(); });
+    nubivane::mnuLastVersion(
+        publisher_, editor_.shell, transfer,
+        [this](const QString& url) { frmDownload(editor_.shell, window_).Init(url); },
+        [&asking] { asking.reset(); });
 }
 
 void ServiceCommands::mnuInfo() {

@@ -93,10 +93,14 @@ QString breakable(const QString& text) {
     return broken;
 }
 
-/// In sight, unless it is as long as what only a report wants.
+/// In sight, unless it is as long as what only a report wants. What follows an empty line is for
+/// whoever asks for details.
 void showCause(QMessageBox& box, const QString& cause) {
     constexpr qsizetype Longest = 400;
-    if (cause.size() > Longest || cause.count(u'\n') > 2) {
+    if (const qsizetype end = cause.indexOf("\n\n"_L1); end >= 0 && end <= Longest) {
+        box.setDetailedText(cause.mid(end + 2));
+        showCause(box, cause.left(end));
+    } else if (cause.size() > Longest || cause.count(u'\n') > 2) {
         box.setDetailedText(cause);
     } else if (!cause.isEmpty()) {
         box.setInformativeText(breakable(sentence(cause)));

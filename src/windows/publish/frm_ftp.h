@@ -2,14 +2,12 @@
 #pragma once
 
 #include "engine/upload/ftp_settings.h"
+#include "engine/upload/protocol.h"
 
 #include <QDialog>
 
-#include <array>
-
 class QBoxLayout;
 class QButtonGroup;
-class QCheckBox;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -20,13 +18,16 @@ namespace nubivane {
 
 class SettingsStore;
 class Shell;
+class UploadList;
+class Workspace;
+struct StoredPassword;
 
 /// "Ftp settings": the server, the folders on it, and the groups of files that an upload sends.
 class frmFtp : public QDialog {
     Q_OBJECT
 
   public:
-    frmFtp(SettingsStore& store, Shell& shell, QWidget* parent);
+    frmFtp(Workspace& workspace, Shell& shell, QWidget* parent);
 
     /// Shows the settings at a tab and waits until the dialog is closed.
     void Init(FtpTab tab);
@@ -38,8 +39,8 @@ class frmFtp : public QDialog {
     QWidget* makeServerFrame();
     QBoxLayout* makeLogins();
     QBoxLayout* makeEncryption();
+    void makeProtocols();
     QWidget* makeFolderFrame();
-    QWidget* makeUploadList();
     QBoxLayout* makeButtons();
     QPushButton* makeButton(const char* name, const QString& caption, void (frmFtp::*click)());
     QLineEdit* makeTextBox(const char* name);
@@ -52,6 +53,11 @@ class frmFtp : public QDialog {
     void enterTab();
     void enableLogin();
     void showLock();
+    void showPlaceOf(const StoredPassword& password);
+    Protocol protocol() const;
+    void chooseProtocol(Protocol protocol);
+    void changeProtocol();
+    void takeTypedApart();
 
     void cmdOK_Click();
     void cmdApply_Click();
@@ -60,8 +66,14 @@ class frmFtp : public QDialog {
     SettingsStore& store_;
     Shell& shell_;
     QTabWidget* tabFtp_;
+    UploadList* uploadList_;
+    QComboBox* cboProtocol_;               ///< its data are the numbers of `Protocol`
+    Protocol lastServer_ = Protocol::Ftp;  ///< the last one chosen that has a port
+    QLabel* lblUrl_;
     QLineEdit* txtUrl_;
+    QLabel* lblPort_;
     QLineEdit* txtPort_;
+    QLabel* lblEncryption_;
     QComboBox* cboEncryption_;  ///< its data are the numbers of `Encryption`
     QLabel* imgLock_;
     QLabel* lblInClear_;
@@ -70,9 +82,9 @@ class frmFtp : public QDialog {
     QLineEdit* txtUserName_;
     QLabel* lblPassword_;
     QLineEdit* txtPassword_;
+    QLabel* lblPasswordPlace_;
     QLineEdit* txtRemoteDir_;
     QLineEdit* txtnVaneDir_;
-    std::array<QCheckBox*, 3> chkUpload_;  ///< symbols, maps, page
     QPushButton* cmdApply_;
 };
 

@@ -3,11 +3,14 @@
 
 #include "engine/model/workspace.h"
 #include "windows/widgets/gif_animator.h"
+#include "windows/widgets/icons.h"
 #include "windows/widgets/path_label.h"
 
 #include <QCloseEvent>
+#include <QFontDatabase>
 #include <QLabel>
 #include <QLocale>
+#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -21,6 +24,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int InfoLines = 3;
+constexpr int LockSize = 16;
+constexpr int DetailLines = 12;
+constexpr int MostLines = 2000;
 
 }  // namespace
 
@@ -31,7 +37,10 @@ frmWait::frmWait(const Workspace& workspace, QWidget* owner)
       lblInfo_(new PathLabel(InfoLines, this)),
       ProgressBar_(new QProgressBar(this)),
       lblAmount_(new QLabel(this)),
+      lblChosen_(new QLabel(this)),
       lblInClear_(new QLabel(tr("the password travels in clear"), this)),
+      txtConversation_(new QPlainTextEdit(this)),
+      cmdDetails_(new QPushButton(tr("&Details"), this)),
       cmdCancel_(new QPushButton(tr("&Cancel"), this)) {
     setObjectName("frmWait");
     pctUpload_->setObjectName("pctUpload");
@@ -43,6 +52,8 @@ frmWait::frmWait(const Workspace& workspace, QWidget* owner)
     lblAmount_->setObjectName("lblAmount");
     lblInClear_->setObjectName("lblInClear");
     lblInClear_->hide();
+    lblChosen_->setObjectName("lblChosen");
+    makeDetails();
     cmdCancel_->setObjectName("cmdCancel");
     cmdCancel_->setAutoDefault(false);  // a Return too many must not stop the upload
     connect(cmdCancel_, &QPushButton::clicked, this, &frmWait::cancelled);
@@ -50,10 +61,43 @@ frmWait::frmWait(const Workspace& workspace, QWidget* owner)
     column->addWidget(pctUpload_, 0, Qt::AlignHCenter);
     column->addWidget(lblInfo_);
     column->addWidget(ProgressBar_);
+    column->addWidget(lblChosen_);
     column->addWidget(lblAmount_);
-    column->addWidget(lblInClear_);
-    column->addWidget(cmdCancel_, 0, Qt::AlignRight);
+    column->addLayout(makeWarning());
+    column->addWidget(txtConversation_);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(cmdDetails_);
+    buttons->addStretch();
+    buttons->addWidget(cmdCancel_);
+    column->addLayout(buttons);
     column->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+QBoxLayout* frmWait::makeWarning() {
+    imgLock_ = new QLabel(this);
+    imgLock_->setObjectName("imgLock");
+    imgLock_->setPixmap(programIcon(u"unlock"_s).pixmap(LockSize));
+    imgLock_->hide();
+    auto* row = new QHBoxLayout;
+    row->addWidget(imgLock_);
+    row->addWidget(lblInClear_, 1);
+    return row;
+}
+
+/// What passes between us and the server, for whoever wants to know.
+void frmWait::makeDetails() {
+    txtConversation_->setObjectName("txtConversation");
+    txtConversation_->setAccessibleName(tr("Conversation with the server"));
+    txtConversation_->setReadOnly(true);
+    txtConversation_->setLineWrapMode(QPlainTextEdit::NoWrap);
+    txtConversation_->setMaximumBlockCount(MostLines);
+    txtConversation_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    txtConversation_->setFixedHeight(fontMetrics().height() * DetailLines);
+    txtConversation_->hide();
+    cmdDetails_->setObjectName("cmdDetails");
+    cmdDetails_->setCheckable(true);
+    cmdDetails_->setAutoDefault(false);
+    connect(cmdDetails_, &QPushButton::toggled, txtConversation_, &QWidget::setVisible);
 }
 
 void frmWait::Init(const QString& caption) {
@@ -87,7 +131,23 @@ void frmWait::setAmount(qint64 sent, qint64 total) {
                             .arg(left));
 }
 
+void frmWait::setChosen(qsizetype files, qsizetype all, qint64 bytes) {
+    lblChosen_->setText(tr("%1 of %2 files to send, %3")
+                            .arg(files)
+                            .arg(all)
+                            .arg(QLocale().formattedDataSize(bytes)));
+}
+
+void frmWait::addLine(const QString& line) {
+    txtConversation_->appendPlainText(line);
+}
+
+QString frmWait::conversation() const {
+    return txtConversation_->toPlainText();
+}
+
 void frmWait::showOpenLock() {
+    imgLock_->show();
     lblInClear_->show();
 }
 

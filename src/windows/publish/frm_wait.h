@@ -4,7 +4,9 @@
 #include <QDialog>
 #include <QElapsedTimer>
 
+class QBoxLayout;
 class QLabel;
+class QPlainTextEdit;
 class QProgressBar;
 class QPushButton;
 
@@ -28,6 +30,12 @@ class frmWait : public QDialog {
     void setProgress(int percent);
     /// Bytes sent so far, and all that have to be sent.
     void setAmount(qint64 sent, qint64 total);
+    /// What has to be sent: so many files of all, and their bytes.
+    void setChosen(qsizetype files, qsizetype all, qint64 bytes);
+    /// A line of the conversation with the server, shown among the details.
+    void addLine(const QString& line);
+    /// The last of these lines.
+    QString conversation() const;
     /// Says that the password has travelled in clear.
     void showOpenLock();
     void disableCancel();
@@ -42,12 +50,19 @@ class frmWait : public QDialog {
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    QBoxLayout* makeWarning();
+    void makeDetails();
+
     const Workspace& workspace_;
     GifAnimator* pctUpload_;
     PathLabel* lblInfo_;
     QProgressBar* ProgressBar_;
     QLabel* lblAmount_;  ///< bytes, speed and time left
+    QLabel* lblChosen_;
+    QLabel* imgLock_ = nullptr;
     QLabel* lblInClear_;
+    QPlainTextEdit* txtConversation_;
+    QPushButton* cmdDetails_;
     QElapsedTimer clock_;
     QPushButton* cmdCancel_;
 };

@@ -62,8 +62,8 @@ TEST(FtpListings, OfFactsTellSizesAndFolders) {
                         "size=7;type=file; x;y=z\r\n"
                         "type=OS.unix=slink:/a; link\r\n"
                         "type=file;size=-3; odd\r\n"),
-              (RemoteListing{{"a b.gif", Kind::File, 12},
-                             {"set-1", Kind::Folder, -1},
+              (RemoteListing{{"a b.gif", Kind::File, 12, "20200102030405"},
+                             {"set-1", Kind::Folder, -1, "20200102030405"},
                              {"x;y=z", Kind::File, 7},
                              {"odd", Kind::File, -1}}));
 }

@@ -325,8 +325,8 @@ TEST_F(Transfer, AnAbortEndsAStalledTransferAndAllThatFollows) {
     OwnFtpServer server({"--fault", "RETR=stall"});
     writeFile(server.file("x"), QByteArray(100000, 'x'));
     FtpOptions patient = shortLimits();
-    patient.stall = 3600;
-    patient.response = 3600;
+    patient.stall = std::chrono::hours(1);
+    patient.response = std::chrono::hours(1);
     ftpTransfer waiting{patient};
     ASSERT_TRUE(waiting.Connect(server.address()));
     QTimer::singleShot(100, [&] { waiting.AbortTransfer(); });

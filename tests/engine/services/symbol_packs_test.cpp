@@ -205,8 +205,8 @@ TEST_F(Packs, CancelEndsAFileThatDoesNotGoOn) {
     OwnFtpServer server({"--fault", "RETR:2=stall"});
     fill(server);
     FtpOptions patient = shortLimits();
-    patient.stall = 3600;
-    patient.response = 3600;
+    patient.stall = std::chrono::hours(1);
+    patient.response = std::chrono::hours(1);
     SymbolPacks packs(workspace.folder, server.address(), shell, view_, patient);
     packs.open();
     QTimer often;

@@ -187,10 +187,38 @@ TEST_F(FtpSettingsTest, TheServerTakesNeitherPortNorLoginTypeFromTheSettings) {
     EXPECT_EQ(server.password, "pass");
 }
 
+TEST_F(FtpSettingsTest, TheNewerProtocolsHeedAPortThatIsNotThatOfFtp) {
+    for (const char* url : {"sftp://host", "ftps://host"}) {
+        settings.set(Setting::FtpUrl, url);
+        settings.set(Setting::FtpPort, "2222");
+        EXPECT_EQ(uploadServer(settings).port, 2222) << url;
+        for (const char* port : {"21", "0", "65536", "x"}) {
+            settings.set(Setting::FtpPort, port);
+            EXPECT_EQ(uploadServer(settings).port, 21) << url << port;
+        }
+    }
+}
+
+TEST_F(FtpSettingsTest, AFolderAndRcloneNeedNoLogin) {
+    for (const char* url : {"file:/srv/www", "rclone:cloud:www"}) {
+        FtpSettings typed = complete();
+        typed.userName.clear();
+        typed.url = url;
+        EXPECT_EQ(checkFtpSettings(typed), FtpCheck::Complete) << url;
+        EXPECT_FALSE(validateFtpSettings(typed)) << url;
+    }
+    for (const char* url : {"file:www", "rclone:www", "rclone::www", "sftp://host/folder"}) {
+        FtpSettings typed = complete();
+        typed.url = url;
+        EXPECT_TRUE(validateFtpSettings(typed)) << url;
+    }
+}
+
 TEST_F(FtpSettingsTest, ThisMachineIsReachableWithoutANetwork) {
     shell.network = false;
-    for (const char* host : {"localhost", "LOCALHOST", "127.0.0.1", "127.1.2.3", "::1",
-                             " 127.0.0.1 ", "files.localhost"}) {
+    for (const char* host :
+         {"localhost", "LOCALHOST", "127.0.0.1", "127.1.2.3", "::1", " 127.0.0.1 ",
+          "files.localhost", "sftp://127.0.0.1", "file:/srv/www", "rclone:cloud:www"}) {
         EXPECT_TRUE(isReachable(shell, host)) << host;
     }
     for (const char* host : {"", "example.org", "128.0.0.1", "localhost.example.org",

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/upload/upload_fixture.h"
 #include "support/other_servers.h"
+#include "support/processes.h"
 
 #include <QElapsedTimer>
 #include <QRegularExpression>
@@ -86,6 +87,44 @@ TEST_F(Sftp, AHostKeyThatHasChangedIsRefused) {
     EXPECT_TRUE(shell.causes.last().contains("another than before"))
         << shell.causes.last().toStdString();
     EXPECT_EQ(server.everything(), QStringList());
+}
+
+TEST_F(Sftp, TheAgentsKeyLetsUsInToo) {
+    NEED(server)
+    server.makeKnown();
+    QProcess agent;
+    const QString socket = temporary.file("agent");
+    agent.start("ssh-agent", {"-D", "-a", socket});
+    ASSERT_TRUE(agent.waitForReadyRead());  // it prints where it listens
+    qputenv("SSH_AUTH_SOCK", socket.toLocal8Bit());
+    const QString key = server.home() + "/.ssh/id_ed25519";
+    EXPECT_EQ(runProgram("ssh-add", {"-q", key}).exitCode, 0);
+    QFile::remove(key);
+    EXPECT_TRUE(run.runUpload(true, server.sftpAddress())) << shell.causes.join(u' ').toStdString();
+    EXPECT_EQ(server.tree(), wholeSite());
+    EXPECT_EQ(runProgram("ssh-add", {"-q", "-D"}).exitCode, 0);
+    shell.expectMessage(NoConnection, Icon::Critical);
+    EXPECT_FALSE(run.runUpload(true, server.sftpAddress()));
+    qunsetenv("SSH_AUTH_SOCK");
+    agent.terminate();
+    agent.waitForFinished();
+}
+
+TEST_F(Sftp, APasswordLetsUsInWhereThereIsNoKey) {
+    const SshServer byPassword(SshLogin::Password);
+    NEED(byPassword)
+    byPassword.makeKnown();
+    qputenv("HOME", byPassword.home().toLocal8Bit());
+    QFile::remove(byPassword.home() + "/.ssh/id_ed25519");
+    settings.set(Setting::FtpRemoteFolder, byPassword.root());
+    FtpServer address = byPassword.sftpAddress();
+    address.password = FtpPassword;
+    EXPECT_TRUE(run.runUpload(true, address)) << shell.causes.join(u' ').toStdString();
+    EXPECT_EQ(byPassword.tree(), wholeSite());
+    address.password = "wrong";
+    shell.expectMessage(NoConnection, Icon::Critical);
+    EXPECT_FALSE(run.runUpload(true, address));
+    EXPECT_FALSE(shell.causes.last().contains("wrong"));
 }
 
 TEST_F(Sftp, AMissingRemoteFolderIsTold) {

@@ -6,6 +6,9 @@
 #include <QDirIterator>
 #include <QRegularExpression>
 
+#include <filesystem>
+#include <fstream>
+
 namespace nubivane::testing {
 
 namespace {
@@ -72,6 +75,52 @@ TEST_F(SiteUploads, NothingThatIsThereAlreadyIsSentAgain) {
     EXPECT_EQ(server.commands().mid(before).filter("STOR"), QStringList());
     EXPECT_EQ(run.report().unchanged, 9);
     EXPECT_EQ(server.tree(), wholeSite());
+}
+
+TEST_F(SiteUploads, OfManyFoldersOnlyThoseThatHaveChangedAreListed) {
+    for (int i = 0; i < 30; ++i) {
+        writeFile(host(QStringLiteral("Symbols/set %1/a.gif").arg(i)), QByteArray::number(i));
+    }
+    OwnFtpServer server(Unix);
+    ASSERT_TRUE(upload(server));
+    qsizetype before = server.commands().size();
+    ASSERT_TRUE(upload(server));
+    EXPECT_LE(since(server, before), 10) << server.commands().mid(before).join(u'\n').toStdString();
+    EXPECT_EQ(run.report().unchanged, 39);
+    writeFile(host("Symbols/set 7/a.gif"), "x");
+    before = server.commands().size();
+    ASSERT_TRUE(upload(server));
+    EXPECT_LE(since(server, before), 20) << server.commands().mid(before).join(u'\n').toStdString();
+    EXPECT_EQ(run.report().sent, QStringList{"Symbols/set 7/a.gif"});
+    before = server.commands().size();
+    ASSERT_TRUE(upload(server));
+    EXPECT_LE(since(server, before), 10) << server.commands().mid(before).join(u'\n').toStdString();
+    // A folder's time is told in seconds.
+    const QString folder = server.file("nVane/Symbols/set 3");
+    QFile::remove(folder + "/a.gif");
+    const auto later = std::filesystem::file_time_type::clock::now() + std::chrono::seconds(5);
+    std::filesystem::last_write_time(folder.toStdString(), later);
+    ASSERT_TRUE(upload(server));
+    EXPECT_EQ(run.report().sent, QStringList{"Symbols/set 3/a.gif"});
+    QDir(server.file("nVane/Symbols/set 9")).removeRecursively();
+    ASSERT_TRUE(upload(server));
+    EXPECT_EQ(run.report().sent, QStringList{"Symbols/set 9/a.gif"});
+}
+
+TEST_F(SiteUploads, InManyFoldersAFileThatWasCutInItsPlaceIsFoundInTheEnd) {
+    for (int i = 0; i < 3; ++i) {
+        writeFile(host(QStringLiteral("Symbols/set %1/a.gif").arg(i)), "content");
+    }
+    OwnFtpServer server(Unix);
+    ASSERT_TRUE(upload(server));
+    writeFile(server.file("nVane/Symbols/set 2/a.gif"), "cut");
+    constexpr int surelyEnough = 200;
+    int runs = 0;
+    while (run.report().sent != QStringList{"Symbols/set 2/a.gif"} && runs < surelyEnough) {
+        ASSERT_TRUE(upload(server));
+        ++runs;
+    }
+    EXPECT_LT(runs, surelyEnough);
 }
 
 TEST_F(SiteUploads, OneChangedFileIsSentAlone) {
@@ -172,6 +221,71 @@ TEST_F(SiteUploads, LeftoversOfADeadRunAreRemovedAndNothingOfAPerson) {
     ASSERT_TRUE(upload(server));
     EXPECT_FALSE(QFileInfo::exists(server.file("nVane/Maps/nubivane-upload-0123456789ab-3.part")));
     EXPECT_TRUE(QFileInfo::exists(server.file("nVane/Maps/notes.part")));
+}
+
+TEST_F(SiteUploads, LeftoversOfGroupsThatAreNoLongerSentAreRemovedToo) {
+    OwnFtpServer server(Unix);
+    ASSERT_TRUE(upload(server));
+    writeFile(host("Maps/europe.jpg"), QByteArray(300000, 'x'));
+    server.beginAnew({"STOR=drop"});
+    shell.expectMessage("Cannot upload " + host("Maps/europe.jpg") + " file", Icon::Critical);
+    EXPECT_FALSE(upload(server, {.retries = 0}));
+    const QString left = server.file("nVane/Maps/nubivane-upload-0123456789ab-3.part");
+    writeFile(left, "as that run would have left it");
+    server.beginAnew({});
+    choose(false, false, true);
+    ASSERT_TRUE(run.runUpload(false, server.address(), {}));
+    EXPECT_FALSE(QFileInfo::exists(left));
+    server.beginAnew({});
+    ASSERT_TRUE(run.runUpload(false, server.address(), {}));
+    EXPECT_EQ(server.commands().filter("nVane/Maps"), QStringList()) << "it is done with";
+}
+
+TEST_F(SiteUploads, EverythingIsSentOnceWhereThatWasAskedFor) {
+    OwnFtpServer server(Unix);
+    ASSERT_TRUE(upload(server));
+    ServerMemory memory(ServerMemory::placeOf(server.address(), settings));
+    ASSERT_TRUE(memory.known);
+    memory.everything = true;
+    memory.save();
+    ASSERT_TRUE(upload(server, {.dryRun = true}));
+    EXPECT_EQ(run.report().sent.size(), 9);
+    ASSERT_TRUE(upload(server));
+    EXPECT_EQ(run.report().sent.size(), 9);
+    ASSERT_TRUE(upload(server));
+    EXPECT_EQ(run.report().sent.size(), 0);
+}
+
+TEST_F(SiteUploads, TheViewIsToldHowMuchThereIsToSendAndWhatIsSaid) {
+    OwnFtpServer server(Unix);
+    ASSERT_TRUE(upload(server));
+    writeFile(host("Forecast.js"), "12345");
+    ASSERT_TRUE(upload(server));
+    EXPECT_EQ(window.chosen.last(), "1 of 9, 5 bytes");
+    const QString lines = window.lines.join(u'\n');
+    EXPECT_TRUE(lines.contains("> PASS ****\n")) << lines.toStdString();
+    EXPECT_TRUE(lines.contains("< 250 renamed")) << lines.toStdString();
+    EXPECT_FALSE(lines.contains(FtpPassword));
+}
+
+TEST_F(SiteUploads, NamesThatCannotBeSentAreListed) {
+    writeFile(host("Maps/two\nlines.jpg"), "x");
+    writeFile(host("Maps/back\\slash.jpg"), "x");
+    writeFile(host("Symbols/set-1/12:00.gif"), "x");
+    const QByteArray bytes = host("Maps/").toUtf8() + "\xFF.jpg";
+    std::ofstream(bytes.toStdString()) << "x";
+    OwnFtpServer server(Unix);
+    ASSERT_TRUE(upload(server));
+    const QStringList expected{host("Maps/\\x0A").chopped(4) + "\\xFF.jpg: its name is no UTF-8",
+                               host("Maps/back\\slash.jpg: its name holds a backslash"),
+                               host("Maps/two\\x0Alines.jpg: its name holds a line end"),
+                               host("Symbols/set-1/12:00.gif: its name holds a colon")};
+    EXPECT_EQ(run.report().unsendable, expected);
+    EXPECT_EQ(window.unsendable, expected);
+    EXPECT_EQ(server.tree(), wholeSite());
+    choose(false, false, true);
+    ASSERT_TRUE(run.runUpload(false, server.address(), {}));
+    EXPECT_EQ(run.report().unsendable, QStringList()) << "of groups that are not sent";
 }
 
 TEST_F(SiteUploads, AFailedRunLeavesNoHalfFileAndTheNextSendsTheRest) {

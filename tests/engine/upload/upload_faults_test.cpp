@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/upload/upload_fixture.h"
+#include "support/tree_watcher.h"
 
 namespace nubivane::testing {
 
@@ -102,6 +103,28 @@ TEST_F(UploadFaults, AFileThatWasCutInSilenceIsFoundOut) {
     expectFailure("STOR:5=lie", "");  // the second time all of it is kept
     expectFailure(QStringList{"STOR:5=lie", "STOR:6=lie"},
                   "Cannot upload " + host("Maps/europe.jpg") + " file");
+}
+
+TEST_F(UploadFaults, AFileThatWasCutIsFoundOutByServersOfOldToo) {
+    writeFile(host("Maps/europe.jpg"), QByteArray(500000, 'x'));
+    for (const char* without : {"SIZE", "SIZE,MLST,MLSD", "SIZE,MLST,MLSD,RNFR"}) {
+        OwnFtpServer old({"--unix", "--without", without, "--fault", "STOR:5=lie"});
+        TreeWatcher watcher(old.root(), wholeSite());
+        EXPECT_TRUE(run.runUpload(true, old.address())) << without;
+        EXPECT_TRUE(old.tree() == wholeSite()) << without;
+        if (!QByteArray(without).contains("RNFR")) {
+            EXPECT_EQ(watcher.halfFiles(), QStringList()) << without;
+        }
+        forgetServers();
+    }
+}
+
+TEST_F(UploadFaults, WhereNothingCanBeAppendedABrokenFileBeginsAnew) {
+    writeFile(host("Maps/europe.jpg"), QByteArray(3000000, 'x'));
+    server.beginAnew({"STOR:5=cut", "APPE=502 not known"});
+    EXPECT_TRUE(run.runUpload(true, server.address()));
+    EXPECT_EQ(server.commands().filter("APPE ").size(), 1);
+    EXPECT_TRUE(server.tree() == wholeSite());
 }
 
 TEST_F(UploadFaults, ABrokenBigFileGoesOnWhereItWasCut) {

@@ -21,6 +21,9 @@ class RecordingUploadView : public UploadView {
     QStringList infos;
     QList<int> percents;
     QList<FtpTab> tabs;
+    QStringList chosen;
+    QStringList lines;
+    QStringList unsendable;
     bool open = false;
     bool openLock = false;
     std::function<void()> atInfo;
@@ -43,6 +46,11 @@ class RecordingUploadView : public UploadView {
             atPercent(percent);
         }
     }
+    void setChosen(qsizetype files, qsizetype all, qint64 bytes) override {
+        chosen << QStringLiteral("%1 of %2, %3 bytes").arg(files).arg(all).arg(bytes);
+    }
+    void addLine(const QString& line) override { lines << line; }
+    void showUnsendable(const QStringList& names) override { unsendable = names; }
     void showOpenLock() override { openLock = true; }
     void disableCancel() override { log_ << "disableCancel"; }
     void close() override {

@@ -23,10 +23,10 @@ class UploadMatrix : public UploadTest, public ::testing::WithParamInterface<con
     UploadMatrix() { writeFile(host("Maps/europe.jpg"), QByteArray(300000, 'x')); }
 
     /// Runs against a server that knows nothing, or what a run before has left there.
-    bool upload(const QStringList& faults) {
+    bool upload(UploadRun& with, const QStringList& faults) {
         server.beginAnew(faults);
         patient.told.clear();
-        const bool done = matrixRun.runUpload(true, server.address(), {.retries = 2});
+        const bool done = with.runUpload(true, server.address(), {.retries = 2});
         EXPECT_EQ(patient.told.size(), done ? 0 : 1);
         return done;
     }
@@ -36,35 +36,43 @@ class UploadMatrix : public UploadTest, public ::testing::WithParamInterface<con
         return fault == u"drop" || fault == u"reset" || fault.startsWith("421");
     }
 
+    /// So short that sixty silences are over soon.
+    static FtpOptions impatient() {
+        FtpOptions options = shortLimits();
+        options.response = options.stall = Milliseconds(200);
+        options.farewell = Milliseconds(50);
+        return options;
+    }
+
     OwnFtpServer server{{"--unix"}};
     PatientShell patient;
-    UploadRun matrixRun{Editor{workspace, patient, view}, window, shortLimits()};
+    UploadRun sound{Editor{workspace, patient, view}, window, shortLimits()};
+    UploadRun hasty{Editor{workspace, patient, view}, window, impatient()};
 };
 
 }  // namespace
 
 TEST_P(UploadMatrix, WhateverFailsNoHalfFileIsSeenAndTheNextRunMendsIt) {
     const QString fault = QLatin1String(GetParam());
-    ASSERT_TRUE(upload({}));
+    ASSERT_TRUE(upload(sound, {}));
     const QStringList lines = server.commands();
     const auto login = lines.indexOf("PASS secret");
     ASSERT_GT(lines.size(), 40);
     TreeWatcher watcher(server.root(), wholeSite());
-    // What ends a connection does so in one way or another; a part of the commands shows that.
-    const qsizetype stride = fault == u"reset" || fault.startsWith("421") ? 4 : 1;
-    for (qsizetype i = 0; i < lines.size(); i += stride) {
+    for (qsizetype i = 0; i < lines.size(); ++i) {
         SCOPED_TRACE(QStringLiteral("#%1 %2").arg(i + 1).arg(lines[i]).toStdString());
         watcher.pause();
         server.empty();
         forgetServers();
         watcher.resume();
-        const bool done = upload({QStringLiteral("#%1=%2").arg(i + 1).arg(fault)});
-        if (done && matrixRun.report().refused.isEmpty()) {
+        UploadRun& faulty = fault == u"silent" ? hasty : sound;
+        const bool done = upload(faulty, {QStringLiteral("#%1=%2").arg(i + 1).arg(fault)});
+        if (done && faulty.report().refused.isEmpty()) {
             EXPECT_EQ(server.tree().keys(), wholeSite().keys());
         }
         EXPECT_TRUE(done || !mends(fault) || i <= login);
         expectNoHalfFile(server.tree());
-        EXPECT_TRUE(upload({}));
+        EXPECT_TRUE(upload(sound, {}));
         EXPECT_TRUE(server.tree() == wholeSite());
         EXPECT_EQ(server.everything().filter(".part"), QStringList());
         ASSERT_FALSE(HasFailure());
@@ -74,8 +82,8 @@ TEST_P(UploadMatrix, WhateverFailsNoHalfFileIsSeenAndTheNextRunMendsIt) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Faults, UploadMatrix,
-                         ::testing::Values("drop", "reset", "421 closing", "450 not now",
-                                           "550 never"),
+                         ::testing::Values("drop", "reset", "silent", "421 closing", "450 not now",
+                                           "452 the disk is full", "550 never"),
                          [](const auto& test) {
                              return QString(test.param).section(u' ', 0, 0).toStdString();
                          });

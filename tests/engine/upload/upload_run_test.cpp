@@ -287,8 +287,8 @@ TEST_F(UploadRunTest, CancelWorksWhileAFileIsOnItsWay) {
     writeFile(host("Maps/europe.jpg"), QByteArray(50000000, 'x'));
     OwnFtpServer server({"--fault", "STOR=stall"});
     FtpOptions patient = shortLimits();
-    patient.stall = 3600;
-    patient.response = 3600;
+    patient.stall = std::chrono::hours(1);
+    patient.response = std::chrono::hours(1);
     UploadRun patientRun(editor(), window, patient);
     choose(false, true, false);
     int events = 0;
@@ -308,7 +308,7 @@ TEST_F(UploadRunTest, CancelWorksWhileAFileIsOnItsWay) {
 TEST_F(UploadRunTest, CancelWorksWhileTheServerIsBeingReached) {
     OwnFtpServer server({"--fault", "USER=silent"});
     FtpOptions patient = shortLimits();
-    patient.response = 3600;
+    patient.response = std::chrono::hours(1);
     UploadRun patientRun(editor(), window, patient);
     QTimer::singleShot(200, [&] { patientRun.cancel(); });
     shell.expectMessage("Operation stopped by the user.", Icon::Exclamation);

@@ -70,7 +70,8 @@ TEST_P(UploadServers, AMissingRemoteFolderIsTold) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, UploadServers,
-                         ::testing::Values("own", "slashes", "pyftpdlib", "vsftpd", "pure-ftpd"),
+                         ::testing::Values("own", "slashes", "pyftpdlib", "vsftpd", "pure-ftpd",
+                                           "proftpd"),
                          [](const auto& test) {
                              return QString(test.param).remove('-').toStdString();
                          });
@@ -79,6 +80,7 @@ namespace {
 
 class UploadEncryption : public UploadServers {};
 class VerifiedEncryption : public UploadServers {};
+class EncryptionVersion : public UploadServers {};
 
 }  // namespace
 
@@ -96,6 +98,25 @@ TEST_P(VerifiedEncryption, IsUsedForTheWholeUpload) {
         EXPECT_TRUE(server.log().contains("PROT")) << server.log().toStdString();
     }
 }
+
+TEST_P(EncryptionVersion, OfAServerThatWantsOneSessionIsSpoken) {
+    const RealFtpServer server("vsftpd", true, QLatin1String(GetParam()));
+    if (!server.obstacle().isEmpty()) {
+        GTEST_SKIP() << server.obstacle().toStdString();
+    }
+    FtpOptions trusting = shortLimits();
+    trusting.certificates = server.certificate();
+    UploadRun trustingRun(editor(), window, trusting);
+    FtpServer address = server.address();
+    address.encryption = Encryption::Required;
+    EXPECT_TRUE(trustingRun.runUpload(true, address)) << shell.causes.join(u' ').toStdString();
+    EXPECT_TRUE(server.tree() == wholeSite());
+}
+
+INSTANTIATE_TEST_SUITE_P(Versions, EncryptionVersion, ::testing::Values("TLSv1.2", "TLSv1.3"),
+                         [](const auto& test) {
+                             return QString(test.param).remove('.').toStdString();
+                         });
 
 TEST_P(UploadEncryption, UnderACertificateThatDoesNotVerifyNothingIsSent) {
     const RealFtpServer server(QLatin1String(GetParam()), true);

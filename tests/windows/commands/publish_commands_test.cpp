@@ -247,8 +247,8 @@ TEST_F(Publish, CancelWorksAndTheWindowRepaintsWhileALargeFileIsOnItsWay) {
     writeFile(host("Maps/europe.jpg"), QByteArray(50000000, 'x'));
     OwnFtpServer server({"--fault", "STOR=stall"});
     FtpOptions patient = shortLimits();
-    patient.stall = 3600;
-    patient.response = 3600;
+    patient.stall = std::chrono::hours(1);
+    patient.response = std::chrono::hours(1);
     use(server, patient);
     settings.set(Setting::UploadMaps, "1");
 
@@ -279,6 +279,28 @@ TEST_F(Publish, CancelWorksAndTheWindowRepaintsWhileALargeFileIsOnItsWay) {
                });
     choose("mnuInvia");
     expectAllClosed();
+}
+
+TEST_F(Publish, AFailureIsToldWithTheConversation) {
+    OwnFtpServer server({"--fault", "CWD:2=550 not today"});
+    use(server);
+    live.expectMessage("Cannot find Web folder", Icon::Critical);
+    choose("mnuInitialize");
+    const QString cause = live.causes.last();
+    EXPECT_TRUE(cause.startsWith("550 not today\n\n")) << cause.toStdString();
+    EXPECT_TRUE(cause.contains("> PASS ****\n")) << cause.toStdString();
+    EXPECT_FALSE(cause.contains(FtpPassword));
+}
+
+TEST_F(Publish, NamesThatCannotBeSentAreListedWhenAllElseIsThere) {
+    writeFile(host("Maps/12:00.jpg"), "x");
+    OwnFtpServer server;
+    use(server);
+    live.expectMessage("All else was sent, but for their names these cannot be:\r\n\r\n" +
+                           host("Maps/12:00.jpg") + ": its name holds a colon",
+                       Icon::Exclamation);
+    live.expectMessage(Completed, Icon::Information);
+    choose("mnuInitialize");
 }
 
 TEST_F(Publish, AConnectionThatIsLostEachTimeIsToldByItsStep) {

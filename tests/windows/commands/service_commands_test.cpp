@@ -10,6 +10,7 @@
 
 #include <QDir>
 #include <QLabel>
+#include <QProgressDialog>
 #include <QPushButton>
 
 namespace nubivane::testing {
@@ -41,10 +42,10 @@ class Services : public EditorFixture {
   protected:
     Services() { start(); }
 
-    void use(const Publisher& publisher) {
+    void use(const Publisher& publisher, const FtpOptions& options = shortLimits()) {
         commands_ = std::make_unique<Commands>(nullptr);
-        services_ = std::make_unique<ServiceCommands>(
-            Editor{workspace, shell, window()}, *commands_, &window(), publisher, shortLimits());
+        services_ = std::make_unique<ServiceCommands>(Editor{workspace, shell, window()},
+                                                      *commands_, &window(), publisher, options);
     }
     void choose(const char* command) { commands_->action(command)->trigger(); }
 
@@ -96,6 +97,30 @@ TEST_F(Services, TheMainWindowHasItsCommands) {
     trigger("mnuLastVersion");
     EXPECT_TRUE(window().acceptsInput());
     EXPECT_EQ(shell.pointer, Pointer::Default);
+}
+
+TEST_F(Services, TheCheckForANewVersionCanBeGivenUpWhileTheServerIsSilent) {
+    for (const char* verb : {"USER", "RETR"}) {
+        OwnFtpServer server({"--fault", QLatin1String(verb) + "=silent"});
+        Publisher publisher = versionsOn(server, "7.0.0");
+        FtpOptions patient = shortLimits();
+        patient.response = patient.stall = std::chrono::hours(1);
+        use(publisher, patient);
+        const auto asking = [this] {
+            auto* dialog = window().findChild<QProgressDialog*>("dlgAsking");
+            return dialog && dialog->isVisible() ? dialog : nullptr;
+        };
+        Steps steps([&] {
+            if (asking()) {
+                asking()->cancel();
+            }
+        });
+        steps.when(asking, [&] { QTest::keyClick(asking(), Qt::Key_Escape); });
+        choose("mnuLastVersion");
+        EXPECT_FALSE(asking());
+        EXPECT_TRUE(window().acceptsInput());
+        EXPECT_EQ(shell.pointer, Pointer::Default);
+    }
 }
 
 TEST_F(Services, TheWebCommandOpensThePublishersPage) {

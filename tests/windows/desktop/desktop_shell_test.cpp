@@ -248,4 +248,16 @@ TEST_F(DesktopShellBox, ACauseIsASentenceInSight) {
                       "the disk is full"});
 }
 
+TEST_F(DesktopShellBox, WhatFollowsACauseIsAmongTheDetails) {
+    QTimer::singleShot(0, qApp, [] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(box);
+        EXPECT_EQ(box->informativeText(), "550 not today");
+        EXPECT_EQ(box->detailedText(), "> CWD Web\n< 550 not today");
+        box->accept();
+    });
+    shell.messageBox({"Cannot find Web folder", Icon::Critical, Buttons::Ok,
+                      "550 not today\n\n> CWD Web\n< 550 not today"});
+}
+
 }  // namespace nubivane::testing

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/upload/server_memory.h"
 #include "support/fixtures.h"
 #include "support/modal.h"
 #include "windows/publish/frm_ftp.h"
@@ -13,6 +14,7 @@
 #include <QRadioButton>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTreeWidget>
 #include <QWheelEvent>
 
 namespace nubivane::testing {
@@ -34,7 +36,7 @@ class FtpDialog : public WorkspaceFixture {
   protected:
     /// Opens the dialog at a tab, takes the steps in it, and closes it if they did not.
     void run(const std::function<void()>& steps, FtpTab tab = FtpTab::Server) {
-        frmFtp dialog(settings, shell, nullptr);
+        frmFtp dialog(workspace, shell, nullptr);
         QObject::connect(&dialog, &frmFtp::helpAsked, &dialog,
                          [this](const QString& topic) { topics << topic; });
         dialog_ = &dialog;
@@ -44,6 +46,7 @@ class FtpDialog : public WorkspaceFixture {
 
     QLineEdit& box(const char* name) { return part<QLineEdit>(*dialog_, name); }
     QAbstractButton& button(const char* name) { return part<QAbstractButton>(*dialog_, name); }
+    QComboBox& protocols() { return part<QComboBox>(*dialog_, "cboProtocol"); }
     QTabWidget& tabs() { return part<QTabWidget>(*dialog_, "tabFtp"); }
     void press(const char* name) {
         // Boxes to check are wider than what can be clicked of them.
@@ -164,7 +167,7 @@ TEST_F(FtpDialog, TheWheelLeavesTheEncryptionAsItIs) {
 
 TEST_F(FtpDialog, AnAddressWithMoreThanAHostIsRefused) {
     for (const char* url :
-         {"ftp.example.org:2121", "ftp.example.org/folder", "ftp://me@host", "a b"}) {
+         {"ftp.example.org:2121", "ftp.example.org/a/b", "ftp://host:2121", "a b", "http://host"}) {
         shell.expectMessage("Type the name of the host alone", Icon::Critical);
         run([this, url] {
             box("txtUrl").setText(url);
@@ -174,6 +177,129 @@ TEST_F(FtpDialog, AnAddressWithMoreThanAHostIsRefused) {
         });
     }
     EXPECT_EQ(stored(Setting::FtpUrl), Absent);
+}
+
+TEST_F(FtpDialog, AnAddressIsTakenApartWhenItIsTyped) {
+    run([this] {
+        type(box("txtUrl"), "ftps://me@ftp.example.org:2990/htdocs/");
+        QTest::keyClick(&box("txtUrl"), Qt::Key_Tab);
+        EXPECT_EQ(protocols().currentData().toInt(), static_cast<int>(Protocol::FtpOverTls));
+        EXPECT_EQ(box("txtUrl").text(), "ftp.example.org");
+        EXPECT_EQ(box("txtPort").text(), "2990");
+        EXPECT_EQ(box("txtUserName").text(), "me");
+        EXPECT_EQ(box("txtRemoteDir").text(), "htdocs");
+        press("cmdOK");
+        EXPECT_FALSE(isOpen());
+    });
+    EXPECT_EQ(stored(Setting::FtpUrl), "ftps://ftp.example.org");
+    EXPECT_EQ(uploadServer(settings).port, 2990);
+}
+
+TEST_F(FtpDialog, FtpIsTheProtocolUnlessAnotherIsStored) {
+    const QList<QPair<QString, Protocol>> urls{{"", Protocol::Ftp},
+                                               {"host", Protocol::Ftp},
+                                               {"ftps://host", Protocol::FtpOverTls},
+                                               {"sftp://host", Protocol::Sftp},
+                                               {"file:/srv/www", Protocol::Folder},
+                                               {"rclone:cloud:www", Protocol::Rclone}};
+    for (const auto& [url, protocol] : urls) {
+        settings.set(Setting::FtpUrl, url);
+        run([&, url = url, protocol = protocol] {
+            EXPECT_EQ(protocols().currentData().toInt(), static_cast<int>(protocol));
+            EXPECT_FALSE(canApply()) << "looking is no change";
+            const bool login = hasLogin(protocol);
+            for (const char* name : {"txtPort", "optLogin0", "txtUserName", "txtPassword"}) {
+                EXPECT_EQ(part<QWidget>(*dialog_, name).isEnabled(), login)
+                    << name << url.toStdString();
+            }
+            EXPECT_EQ(part<QComboBox>(*dialog_, "cboEncryption").isEnabled(),
+                      protocol == Protocol::Ftp);
+            QTest::keyClicks(&box("txtRemoteDir"), "x");
+            press("cmdOK");
+        });
+        EXPECT_EQ(stored(Setting::FtpUrl), url);
+    }
+}
+
+TEST_F(FtpDialog, AnotherProtocolBringsItsPortAndItsPlace) {
+    run([this] {
+        protocols().setFocus();
+        QTest::keyClick(&protocols(), Qt::Key_Down);
+        EXPECT_EQ(box("txtPort").text(), "990");
+        QTest::keyClick(&protocols(), Qt::Key_Down);
+        EXPECT_EQ(protocols().currentText(), "SFTP");
+        EXPECT_EQ(box("txtPort").text(), "22");
+        EXPECT_TRUE(canApply());
+        QTest::keyClick(&protocols(), Qt::Key_Down);
+        EXPECT_EQ(part<QLabel>(*dialog_, "lblUrl").text().remove('&'), "Folder:");
+        type(box("txtUrl"), "www");
+        shell.expectMessage("Type the whole path of the folder", Icon::Critical);
+        press("cmdOK");
+        protocols().setFocus();
+        QTest::keyClick(&protocols(), Qt::Key_Down);
+        shell.expectMessage("Type a remote of rclone and a folder, such as remote:folder",
+                            Icon::Critical);
+        press("cmdOK");
+        protocols().setFocus();
+        QTest::keyClick(&protocols(), Qt::Key_Home);
+        EXPECT_EQ(box("txtPort").text(), "21");
+        box("txtPort").setText("2121");
+        protocols().setFocus();
+        QTest::keyClick(&protocols(), Qt::Key_Down);
+        EXPECT_EQ(box("txtPort").text(), "2121") << "a port that a person has typed stays";
+    });
+}
+
+TEST_F(FtpDialog, WithoutAKeyringItSaysThatThePasswordCanBeRead) {
+    qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+    run([this] {
+        EXPECT_TRUE(part<QLabel>(*dialog_, "lblPasswordPlace").text().contains("readable"));
+    });
+}
+
+TEST_F(FtpDialog, ShowsWhatWouldBeSentWithItsBytes) {
+    writeFile(host("Maps/europe.jpg"), QByteArray(1234, 'x'));
+    writeFile(host("Maps/two\nlines.jpg"), "x");
+    run(
+        [this] {
+            press("chkUpload1");
+            press("cmdOutlook");
+            const auto& list = part<QTreeWidget>(*dialog_, "lstOutlook");
+            ASSERT_EQ(list.topLevelItemCount(), 2);
+            EXPECT_EQ(list.topLevelItem(0)->text(0), "Maps/europe.jpg");
+            EXPECT_EQ(list.topLevelItem(0)->text(1), QLocale().toString(1234));
+            EXPECT_TRUE(list.topLevelItem(1)->text(0).contains("its name holds a line end"));
+            EXPECT_TRUE(
+                part<QLabel>(*dialog_, "lblOutlook").text().startsWith("1 of 1 files, 1.21"));
+            press("chkUpload1");
+            EXPECT_EQ(list.topLevelItemCount(), 0) << "it was said of other groups";
+        },
+        FtpTab::UploadList);
+}
+
+TEST_F(FtpDialog, EverythingIsSentOnceWhereThatIsTicked) {
+    settings.set(Setting::FtpUrl, "host");
+    settings.set(Setting::FtpNubivaneFolder, "nVane");
+    const auto memory = [this] {
+        return ServerMemory(ServerMemory::placeOf(uploadServer(settings), settings));
+    };
+    ServerMemory known = memory();
+    known.known = true;
+    known.save();
+    const auto tick = [this](bool before) {
+        run(
+            [this, before] {
+                EXPECT_EQ(button("chkEverything").isChecked(), before);
+                press("chkEverything");
+                EXPECT_TRUE(canApply());
+                press("cmdOK");
+            },
+            FtpTab::UploadList);
+    };
+    tick(false);
+    EXPECT_TRUE(memory().everything);
+    tick(true);
+    EXPECT_FALSE(memory().everything);
 }
 
 TEST_F(FtpDialog, SaysWhatEachFieldIs) {
@@ -459,7 +585,8 @@ TEST_F(FtpDialog, CancelAndEscapeStoreNothing) {
 TEST_F(FtpDialog, SettingsThatCannotBeStoredAreNotLost) {
     QDir().mkpath(temporary.file("in-the-way"));
     SettingsStore nowhere(temporary.file("in-the-way"));
-    frmFtp dialog(nowhere, shell, nullptr);
+    Workspace elsewhere(workspace.folder, nowhere);
+    frmFtp dialog(elsewhere, shell, nullptr);
     dialog_ = &dialog;
     withModal([&] { dialog.Init(FtpTab::Server); },
               [this](QWidget&) {
@@ -508,8 +635,12 @@ TEST_F(FtpDialog, TheTabKeyWalksAsTheEyeDoes) {
         {FtpTab::Server,
          {"txtUrl", "txtPort", "cboEncryption", "optLogin0", "txtUserName", "txtPassword"}},
         {FtpTab::Folders, {"txtRemoteDir", "txtnVaneDir"}},
-        {FtpTab::UploadList, {"chkUpload0", "chkUpload1", "chkUpload2"}}};
+        {FtpTab::UploadList,
+         {"chkUpload0", "chkUpload1", "chkUpload2", "chkEverything", "cmdOutlook", "lstOutlook"}}};
     for (const auto& [tab, fields] : rows) {
+        // The protocol stands above the field that is used first.
+        const QStringList before(tab == FtpTab::Server ? QStringList("cboProtocol")
+                                                       : QStringList());
         run(
             [&, fields = fields] {
                 box("txtUrl").setText("changed");  // enables cmdApply
@@ -519,8 +650,10 @@ TEST_F(FtpDialog, TheTabKeyWalksAsTheEyeDoes) {
                     names << QApplication::focusWidget()->objectName();
                     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
                 } while (QApplication::focusWidget() != first && names.size() < 30);
-                EXPECT_EQ(names, fields + QStringList({"cmdOK", "cmdCancel", "cmdApply", "cmdHelp",
-                                                       "qt_tabwidget_tabbar"}));
+                EXPECT_EQ(names, fields +
+                                     QStringList({"cmdOK", "cmdCancel", "cmdApply", "cmdHelp",
+                                                  "qt_tabwidget_tabbar"}) +
+                                     before);
             },
             tab);
     }

@@ -6,6 +6,7 @@
 #include "windows/widgets/gif_animator.h"
 
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
 
@@ -73,6 +74,29 @@ TEST_F(WaitWindow, ShowsWhatItIsTold) {
     window.setInfo("Uploading file " + QString("/folder").repeated(100));
     QApplication::processEvents();
     EXPECT_EQ(window.size(), before) << "a long path does not make the window jump";
+}
+
+TEST_F(WaitWindow, SaysHowMuchThereIsToSendAndThatThePasswordTravelsInClear) {
+    init();
+    EXPECT_FALSE(part<QLabel>(window, "imgLock")->isVisible());
+    window.setChosen(3, 205, 1234567);
+    EXPECT_TRUE(part<QLabel>(window, "lblChosen")->text().startsWith("3 of 205 files to send, 1."));
+    window.showOpenLock();
+    EXPECT_TRUE(part<QLabel>(window, "imgLock")->isVisible());
+    EXPECT_TRUE(part<QLabel>(window, "lblInClear")->isVisible());
+}
+
+TEST_F(WaitWindow, TheConversationIsAmongTheDetails) {
+    init();
+    window.addLine("> PASS ****");
+    window.addLine("< 230 welcome");
+    EXPECT_FALSE(part<QPlainTextEdit>(window, "txtConversation")->isVisible());
+    clickPart(window, "cmdDetails");
+    EXPECT_TRUE(part<QPlainTextEdit>(window, "txtConversation")->isVisible());
+    EXPECT_EQ(window.conversation(), "> PASS ****\n< 230 welcome");
+    clickPart(window, "cmdDetails");
+    EXPECT_FALSE(part<QPlainTextEdit>(window, "txtConversation")->isVisible());
+    EXPECT_EQ(cancels, 0);
 }
 
 TEST_F(WaitWindow, ItsButtonIsTheOnlyWayToStop) {

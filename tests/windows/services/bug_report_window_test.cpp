@@ -154,8 +154,8 @@ TEST_F(BugReportWindow, CancelWorksWhileTheServerIsSilent) {
     OwnFtpServer server({"--fault", "STOR=silent"});
     QDir().mkpath(server.file(ReportFolder));
     FtpOptions patient = shortLimits();
-    patient.response = 3600;
-    patient.stall = 3600;
+    patient.response = std::chrono::hours(1);
+    patient.stall = std::chrono::hours(1);
     run(
         server.address(),
         [&] {

@@ -121,8 +121,8 @@ TEST_F(PackWindow, ShowsTheFileThatIsOnItsWayAndStopsIt) {
     OwnFtpServer server({"--fault", "RETR:2=stall"});
     fill(server);
     FtpOptions patient = shortLimits();
-    patient.response = 3600;
-    patient.stall = 3600;
+    patient.response = std::chrono::hours(1);
+    patient.stall = std::chrono::hours(1);
     run(
         server.address(),
         [this] {
@@ -188,8 +188,8 @@ TEST_F(PackWindow, CanBeClosedWhileTheServerLetsItWait) {
     OwnFtpServer server({"--fault", "MLSD=silent"});
     fill(server);
     FtpOptions patient = shortLimits();
-    patient.response = 3600;
-    patient.stall = 3600;
+    patient.response = std::chrono::hours(1);
+    patient.stall = std::chrono::hours(1);
     frmPack window(workspace.folder, server.address(), shell, nullptr, patient);
     window_ = &window;
     Steps steps([&] { window.reject(); });
