@@ -3,6 +3,8 @@
 
 #include <QPainter>
 
+#include <cstdlib>
+
 namespace nubivane {
 
 namespace {
@@ -23,7 +25,7 @@ void FigureHandles::attach(MapCanvas& canvas) {
 }
 
 QRect FigureHandles::place(QPoint position) const {
-    const QPoint middle = canvas_->toWidget(QRect(position, QSize(1, 1))).center();
+    const QPoint middle = canvas_->zoom().toScreen(position) + QPoint(1, 1);
     return {middle - QPoint(Reach, Reach), QSize(2 * Reach + 1, 2 * Reach + 1)};
 }
 
@@ -53,13 +55,18 @@ void FigureHandles::paint(QPainter& painter, const MapCanvas&) const {
     }
 }
 
+/// A press is known by its pixel of the map alone, which counts where any of it lies on a handle.
 std::optional<int> FigureHandles::at(QPoint position) const {
-    const QPoint pointed = canvas_->toWidget(QRect(position, QSize(1, 1))).center();
-    if (current_ && place(points_[static_cast<std::size_t>(*current_)]).contains(pointed)) {
+    const qreal reach = onMap(Reach) + 0.5;
+    const auto isNear = [&](const QPoint& point) {
+        const QPoint way = position - point;
+        return std::abs(way.x()) <= reach && std::abs(way.y()) <= reach;
+    };
+    if (current_ && isNear(points_[static_cast<std::size_t>(*current_)])) {
         return current_;
     }
     for (std::size_t i = points_.size(); i > 0; --i) {
-        if (place(points_[i - 1]).contains(pointed)) {
+        if (isNear(points_[i - 1])) {
             return static_cast<int>(i - 1);
         }
     }
@@ -67,8 +74,7 @@ std::optional<int> FigureHandles::at(QPoint position) const {
 }
 
 qreal FigureHandles::onMap(qreal screenPixels) const {
-    constexpr int Large = 1000;
-    return screenPixels * Large / canvas_->toWidget(QRect(0, 0, Large, Large)).width();
+    return screenPixels / canvas_->zoom().factor();
 }
 
 }  // namespace nubivane

@@ -18,9 +18,14 @@ using weather::FigureKind;
 
 /// The points of the icons lie on a square of this side.
 constexpr qreal Side = 32;
+/// An area is drawn larger than it will be seen, so that its signs find room.
+constexpr qreal AreaScale = 1.5;
 /// In place of inks that would not be seen on a dark ground; that of the other icons' strokes.
 const QColor Stroke(0x3f, 0x86, 0xcc);
-constexpr int Darkest = 70;  // value of a colour, of 255
+constexpr int Darkest = 70;      // value of a colour, of 255
+constexpr qreal Rim = 2.4;       // of white, which parts dark inks from a dark ground
+constexpr qreal SmallSize = 20;  // up to here lines are heavier, or they would not be seen
+constexpr qreal Heavier = 1.5;
 
 std::vector<QPointF> pointsOf(FigureKind kind) {
     const weather::KindRow& row = weather::rowOf(kind);
@@ -46,28 +51,50 @@ std::vector<QPointF> pointsOf(FigureKind kind) {
     return {{2, 27}, {11, 18}, {21, 15}, {30, 17}};
 }
 
-weather::WeatherFigure smallOne(FigureKind kind) {
-    constexpr int UsualKnots = 25;
-    weather::WeatherFigure figure{kind, pointsOf(kind), {.width = 1.3, .opacity = 0.6}};
-    figure.style.knots = UsualKnots;
+/// The pen's width in parts of the square.
+qreal widthOf(FigureKind kind) {
     switch (weather::rowOf(kind).family) {
         case FigureFamily::Text:
-            figure.style.text = u"abc"_s;
-            figure.style.width = 2;
-            break;
+            return 4;
         case FigureFamily::Isoline:
+            return 2;
         case FigureFamily::WindBarb:
-            figure.style.width = 1.7;
-            break;
+            return 1.7;
+        case FigureFamily::Area:
+            return 2;
         case FigureFamily::Arrow:
-            figure.style.width = kind == FigureKind::Jet ? 1.3 : 2;
-            break;
-        default:
+            return kind == FigureKind::Jet ? 1.4 : 2;
+        case FigureFamily::Front:
             break;
     }
-    const QColor own = QColor::fromRgb(weather::rowOf(kind).color);
+    return 1.4;
+}
+
+weather::WeatherFigure smallOne(FigureKind kind) {
+    constexpr int UsualKnots = 25;
+    const weather::KindRow& row = weather::rowOf(kind);
+    weather::WeatherFigure figure{kind, pointsOf(kind), {.opacity = 0.7, .knots = UsualKnots}};
+    figure.style.width = widthOf(kind);
+    if (row.family == FigureFamily::Text) {
+        figure.style.text = u"abc"_s;
+    }
+    if (row.family == FigureFamily::Area) {
+        for (QPointF& point : figure.points) {
+            point *= AreaScale;
+        }
+    }
+    const QColor own = QColor::fromRgb(row.color);
     figure.style.color = own.value() < Darkest ? Stroke : own;
     return figure;
+}
+
+/// All of a drawing in white and with a rim.
+weather::Drawing rimOf(const weather::Drawing& drawing) {
+    weather::Drawing rim;
+    for (const weather::Ink& ink : drawing) {
+        rim.push_back(weather::lineOf(ink.path, Qt::white, ink.width + Rim, Qt::RoundCap));
+    }
+    return rim;
 }
 
 class FigureIcon : public QIconEngine {
@@ -110,11 +137,19 @@ QIcon figureIcon(FigureKind kind) {
     return QIcon(new FigureIcon(kind));
 }
 
-void paintFigureIcon(QPainter& painter, FigureKind kind, const QRectF& square) {
+void paintFigureIcon(QPainter& painter, weather::FigureKind kind, const QRectF& square) {
+    const bool area = weather::rowOf(kind).family == FigureFamily::Area;
+    const qreal side = area ? AreaScale * Side : Side;
+    weather::WeatherFigure figure = smallOne(kind);
+    if (square.width() <= SmallSize && !area) {
+        figure.style.width *= Heavier;
+    }
+    const weather::Drawing drawing = figure.drawing();
     painter.save();
     painter.translate(square.topLeft());
-    painter.scale(square.width() / Side, square.height() / Side);
-    smallOne(kind).paint(painter);
+    painter.scale(square.width() / side, square.height() / side);
+    weather::paint(painter, rimOf(drawing));
+    weather::paint(painter, drawing);
     painter.restore();
 }
 

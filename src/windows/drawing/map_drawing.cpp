@@ -91,6 +91,8 @@ void MapDrawing::tellStep() {
     const QString sentence = nextStep();
     if (sentence != toldStep_) {
         toldStep_ = sentence;
+        // Who cannot see the line below the map hears it with the map.
+        canvas_->setAccessibleDescription(sentence);
         Q_EMIT stepTold(sentence);
     }
 }

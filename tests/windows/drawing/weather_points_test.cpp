@@ -84,6 +84,40 @@ TEST_F(WeatherPoints, AClosedFigureTakesAPointBetweenItsLastAndItsFirst) {
     EXPECT_TRUE(shows(Kind::RedWarning, ring));
 }
 
+TEST_F(WeatherPoints, AreCaughtByHandlesOfOneSizeHoweverLargeTheMapIsShown) {
+    for (const int percent : {50, 200, 800}) {
+        canvas().setZoom(Zoom(percent));
+        const auto clickOnScreen = [this](QPoint point, QPoint beside = {}) {
+            const QPoint middle = canvas().zoom().toScreen(point) + QPoint(1, 1);
+            QTest::mouseClick(&canvas(), Qt::LeftButton, {}, middle + beside);
+        };
+        std::vector<QPoint> points;  // that lie below the pixels of the screen
+        for (const QPoint& point : bend()) {
+            points.push_back(canvas().zoom().toMap(canvas().zoom().toScreen(point)));
+        }
+        chooseByKeys(Kind::ColdFront);
+        for (const QPoint& point : points) {
+            clickOnScreen(point);
+        }
+        EXPECT_TRUE(shows(Kind::ColdFront, points)) << percent;
+        // Within the handle, and so no point of its own.
+        clickOnScreen(points.back(), {FigureHandles::Reach, -FigureHandles::Reach});
+        EXPECT_TRUE(shows(Kind::ColdFront, points)) << percent;
+        mapKey(Qt::Key_Return);
+        EXPECT_TRUE(committed() == withFigure(Kind::ColdFront, points)) << percent;
+        trigger("mnuUndo");
+    }
+    canvas().setZoom(Zoom());
+}
+
+TEST_F(WeatherPoints, TheNextStepIsToldWithTheMapToThoseWhoCannotSeeTheLine) {
+    begin();
+    EXPECT_EQ(canvas().accessibleDescription(), drawing().nextStep());
+    mapKey(Qt::Key_Escape);
+    mapKey(Qt::Key_Escape);
+    EXPECT_EQ(canvas().accessibleDescription(), "");
+}
+
 TEST_F(WeatherPoints, AreKeptInsideTheMap) {
     chooseByKeys(Kind::ColdFront);
     click({100, 100});
