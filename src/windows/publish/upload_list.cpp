@@ -108,6 +108,9 @@ void UploadList::showOutlook() {
         row->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
         row->setToolTip(0, name);
     };
+    for (const QString& name : unsendableNames(workspace_, groups())) {
+        addRow(tr("cannot be sent: %1").arg(name), {});
+    }
     try {
         const UploadOutlook outlook = outlookOf(workspace_, groups(), everything());
         for (const UploadOutlook::File& file : outlook.files) {
@@ -120,9 +123,6 @@ void UploadList::showOutlook() {
                                  .arg(locale.formattedDataSize(outlook.bytes)));
     } catch (const Error& error) {
         lblOutlook_->setText(error.description());
-    }
-    for (const QString& name : unsendableNames(workspace_, groups())) {
-        addRow(tr("cannot be sent: %1").arg(name), {});
     }
 }
 

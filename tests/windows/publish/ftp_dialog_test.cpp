@@ -266,9 +266,9 @@ TEST_F(FtpDialog, ShowsWhatWouldBeSentWithItsBytes) {
             press("cmdOutlook");
             const auto& list = part<QTreeWidget>(*dialog_, "lstOutlook");
             ASSERT_EQ(list.topLevelItemCount(), 2);
-            EXPECT_EQ(list.topLevelItem(0)->text(0), "Maps/europe.jpg");
-            EXPECT_EQ(list.topLevelItem(0)->text(1), QLocale().toString(1234));
-            EXPECT_TRUE(list.topLevelItem(1)->text(0).contains("its name holds a line end"));
+            EXPECT_EQ(list.topLevelItem(1)->text(0), "Maps/europe.jpg");
+            EXPECT_EQ(list.topLevelItem(1)->text(1), QLocale().toString(1234));
+            EXPECT_TRUE(list.topLevelItem(0)->text(0).contains("its name holds a line end"));
             EXPECT_TRUE(
                 part<QLabel>(*dialog_, "lblOutlook").text().startsWith("1 of 1 files, 1.21"));
             press("chkUpload1");
