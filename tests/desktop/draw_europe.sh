@@ -188,8 +188,8 @@ steps texts "$work/example.json" 0 | diff - "$work/texts" || fail "the labels' t
 keys ctrl+q
 editor_ends
 
-"$program/nubivane-cli" still "$project" 1 "$work/mine.png"
-"$1/nubivane-cli" still "$examples/europe.nvpf" 1 "$work/example.png"
+"$program/nubivane-cli" still "$project" 1 "$work/mine.png" >/dev/null
+"$1/nubivane-cli" still "$examples/europe.nvpf" 1 "$work/example.png" >/dev/null
 [ -z "${NUBIVANE_KEEP:-}" ] || cp "$work"/*.png "$NUBIVANE_KEEP/"
 # The example's picture is a JPEG, which changes colors a little and edges more. A front in another
 # place, a missing symbol or label are thousands of pixels.
