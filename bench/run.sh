@@ -17,5 +17,6 @@ done
 "$python" bench/animations.py "$build" "$build/bench/animations"
 "$build/bench/bench_engine" --benchmark_min_time=0.3
 "$build/bench/bench_editor" "$build/Nubivane"
+"$build/bench/bench_canvas" "$build/Nubivane"
 "$build/bench/bench_recovery" --benchmark_min_time=0.3
 "$python" bench/editor_process.py "$build" "$build/bench/editor"

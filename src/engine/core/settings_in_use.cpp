@@ -32,7 +32,9 @@ bool isRead(const QString& section, const QString& group, const QString& key) {
                                   same(group, row.group) && same(key, row.key);
                        }) ||
            isPlaceIn(SettingList::CheckedCollections, section, group, key) ||
-           isPlaceIn(SettingList::RecentFiles, section, group, key);
+           isPlaceIn(SettingList::RecentFiles, section, group, key) ||
+           isPlaceIn(SettingList::FavouriteSymbols, section, group, key) ||
+           isPlaceIn(SettingList::RecentSymbols, section, group, key);
 }
 
 }  // namespace nubivane

@@ -59,6 +59,9 @@ constexpr std::array table = {
     SettingRow{Setting::PreviewFilename, R, "Html page", "Filename", "Forecast"},
     SettingRow{Setting::Locked, SG, "Preferences", "Locked", ""},
     SettingRow{Setting::DrawColor, SG, "Preferences", "Draw color", "16777215"},
+    SettingRow{Setting::Guides, SG, "Preferences", "Guides", "0"},
+    SettingRow{Setting::Grid, SG, "Preferences", "Grid", "0"},
+    SettingRow{Setting::ThumbnailSize, SG, "Preferences", "Thumbnail size", "64"},
     SettingRow{Setting::CurrentMap, SG, "Preferences", "Current map", ""},
     SettingRow{Setting::CurrentMapInDialog, SG, "Preferences", "Current map", "italy.jpg"},
     SettingRow{Setting::ShowStandardBar, SG, "Toolbar", "show standard", "1"},
@@ -91,6 +94,8 @@ constexpr std::array table = {
 constexpr std::array lists = {
     SettingListRow{SettingList::CheckedCollections, S, "Symbols collection"},
     SettingListRow{SettingList::RecentFiles, SG, "Recent Files"},
+    SettingListRow{SettingList::FavouriteSymbols, SG, "Favourite symbols"},
+    SettingListRow{SettingList::RecentSymbols, SG, "Recent symbols"},
 };
 
 constexpr bool rowsStandInOrder() {

@@ -49,6 +49,9 @@ enum class Setting {
     PreviewFilename,
     Locked,
     DrawColor,
+    Guides,         ///< whether what is dragged is drawn to others
+    Grid,           ///< pixels of the map between its lines; 0 for none
+    ThumbnailSize,  ///< of the palette, pixels
     CurrentMap,
     CurrentMapInDialog,
     ShowStandardBar,
@@ -80,7 +83,7 @@ enum class Setting {
 };
 
 /// Lists kept under the keys "1", "2", … of a group; the first empty value ends a list.
-enum class SettingList { CheckedCollections, RecentFiles };
+enum class SettingList { CheckedCollections, RecentFiles, FavouriteSymbols, RecentSymbols };
 
 /// The stored value is always text.
 struct SettingRow {

@@ -2,6 +2,7 @@
 #include "windows/canvas/map_canvas.h"
 
 #include "windows/canvas/canvas_clock.h"
+#include "windows/widgets/dropped_pictures.h"
 
 #include <QDragEnterEvent>
 #include <QHelpEvent>
@@ -68,6 +69,7 @@ void MapCanvas::fitSize() {
 void MapCanvas::setZoom(Zoom zoom) {
     zoom_ = zoom;
     selection_.setZoom(zoom);
+    mouse_.setZoom(zoom);
     fitSize();
     update();
 }
@@ -142,6 +144,7 @@ void MapCanvas::paintEvent(QPaintEvent* event) {
         painter.scale(zoom_.factor(), zoom_.factor());
         paintMap(painter, zoom_.toMap(onMap).adjusted(-mixed, -mixed, mixed, mixed) &
                               QRect(QPoint(), picture_.size()));
+        mouse_.marks().paintGhosts(painter);
         painter.restore();
         paintBorder(painter, onMap);
     }
@@ -177,19 +180,29 @@ void MapCanvas::paintMap(QPainter& painter, const QRect& mapRect) const {
 }
 
 void MapCanvas::paintBorder(QPainter& painter, const QRect& onMap) const {
-    const ShpSelector* selector = std::as_const(selection_).shpSelector();
-    if (selector && selector->paintedRect().intersects(zoom_.toMap(onMap))) {
-        painter.save();
-        painter.setClipRect(onMap, Qt::IntersectClip);
-        selector->paint(painter);
-        painter.restore();
+    const QRect touched = zoom_.toMap(onMap);
+    painter.save();
+    painter.setClipRect(onMap, Qt::IntersectClip);
+    const auto paint = [&](const ShpSelector& border) {
+        if (border.paintedRect().intersects(touched)) {
+            border.paint(painter);
+        }
+    };
+    for (const ShpSelector& border : selection_.otherBorders()) {
+        paint(border);
     }
+    if (const ShpSelector* selector = std::as_const(selection_).shpSelector()) {
+        paint(*selector);
+    }
+    mouse_.marks().paintLines(painter, zoom_);
+    painter.restore();
 }
 
 void MapCanvas::mousePressEvent(QMouseEvent* event) {
     const QPoint position = toMap(event->position().toPoint());
     setFocus(Qt::MouseFocusReason);
-    if (!mouse_.press(position, event->button())) {
+    keys_ = event->modifiers();
+    if (!mouse_.press(position, event->button(), keys_)) {
         Q_EMIT mapPressed(position, event->button());
     }
     Q_EMIT gestureChanged();
@@ -202,7 +215,8 @@ void MapCanvas::leaveEvent(QEvent*) {
 void MapCanvas::mouseMoveEvent(QMouseEvent* event) {
     const QPoint position = toMap(event->position().toPoint());
     Q_EMIT pointed(position);
-    if (!mouse_.move(position, event->buttons())) {
+    keys_ = event->modifiers();
+    if (!mouse_.move(position, event->buttons(), keys_)) {
         Q_EMIT mapMoved(position);
     } else {
         Q_EMIT dragMoved(event->position().toPoint());
@@ -210,7 +224,7 @@ void MapCanvas::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void MapCanvas::dragTo(QPoint widgetPosition) {
-    mouse_.move(toMap(widgetPosition), Qt::LeftButton);
+    mouse_.move(toMap(widgetPosition), Qt::LeftButton, keys_);
 }
 
 void MapCanvas::mouseReleaseEvent(QMouseEvent* event) {
@@ -221,15 +235,27 @@ void MapCanvas::mouseReleaseEvent(QMouseEvent* event) {
     Q_EMIT gestureChanged();
 }
 
+void MapCanvas::mouseDoubleClickEvent(QMouseEvent* event) {
+    const SpriteControl* control = sprites_.at(toMap(event->position().toPoint()));
+    if (control && event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier &&
+        workspace_.Status.CurrentTool == Tool::cursor) {
+        Q_EMIT spriteActivated(SpriteId(control->id));
+    } else {
+        mousePressEvent(event);
+    }
+}
+
 void MapCanvas::dragEnterEvent(QDragEnterEvent* event) {
-    if (event->mimeData()->hasText() && dropAllowed_()) {
+    const bool pictures = !droppedPictures(*event->mimeData()).isEmpty();
+    if (pictures ? workspace_.Status.CurrentTool == Tool::cursor
+                 : event->mimeData()->hasText() && dropAllowed_()) {
         event->setDropAction(Qt::CopyAction);
         event->accept();
     }
 }
 
 void MapCanvas::dragMoveEvent(QDragMoveEvent* event) {
-    if (dropAllowed_()) {
+    if (dropAllowed_() || !droppedPictures(*event->mimeData()).isEmpty()) {
         event->setDropAction(Qt::CopyAction);
         event->accept();
         Q_EMIT dragMoved(event->position().toPoint());
@@ -244,13 +270,21 @@ void MapCanvas::dragLeaveEvent(QDragLeaveEvent*) {
 
 void MapCanvas::dropEvent(QDropEvent* event) {
     Q_EMIT dragEnded();
+    const QPoint position = toMap(event->position().toPoint());
+    const QStringList pictures = droppedPictures(*event->mimeData());
+    if (!pictures.isEmpty() && workspace_.Status.CurrentTool == Tool::cursor) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+        Q_EMIT picturesDropped(pictures, position);
+        return;
+    }
     if (!dropAllowed_()) {
         event->ignore();
         return;
     }
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    Q_EMIT dropped(event->mimeData()->text(), toMap(event->position().toPoint()));
+    Q_EMIT dropped(event->mimeData()->text(), position);
 }
 
 void MapCanvas::showEvent(QShowEvent*) {

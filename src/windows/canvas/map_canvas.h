@@ -40,6 +40,9 @@ class MapCanvas : public QWidget {
     QPoint toMap(QPoint widgetPosition) const { return zoom_.toMap(widgetPosition - QPoint(1, 1)); }
     QRect toWidget(const QRect& mapRect) const { return zoom_.toScreen(mapRect).translated(1, 1); }
 
+    Workspace& workspace() const { return workspace_; }
+    SpriteStack& sprites() const { return sprites_; }
+    Selection& selection() const { return selection_; }
     QSize mapSize() const { return picture_.size(); }
     Zoom zoom() const { return zoom_; }
     void setZoom(Zoom zoom);
@@ -69,6 +72,8 @@ class MapCanvas : public QWidget {
     void mapReleased(Qt::MouseButton button);
     /// A drop was taken; the text is the drag's payload.
     void dropped(const QString& payload, QPoint position);
+    /// Picture files of this machine were dropped; paths with backslashes.
+    void picturesDropped(const QStringList& files, QPoint position);
     /// A stroke, a figure or a gesture may have begun or ended.
     void gestureChanged();
     /// Something is being dragged over the map, or is no longer. Position of the widget.
@@ -79,6 +84,9 @@ class MapCanvas : public QWidget {
     /// The pointer is over a pixel of the map.
     void pointed(QPoint position);
     void left();
+    /// A sprite was clicked twice with the cursor.
+    void spriteActivated(const SpriteId& id);
+    void menuAsked();  ///< the popup menu of what is selected
 
   protected:
     bool event(QEvent* event) override;
@@ -86,6 +94,7 @@ class MapCanvas : public QWidget {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dragLeaveEvent(QDragLeaveEvent* event) override;
@@ -108,7 +117,8 @@ class MapCanvas : public QWidget {
     std::function<bool()> dropAllowed_;
     Zoom zoom_;
     const CanvasOverlay* overlay_ = nullptr;
-    QPixmap picture_;  ///< the surface's persistent layer as it is shown
+    Qt::KeyboardModifiers keys_;  ///< held while something is dragged
+    QPixmap picture_;             ///< the surface's persistent layer as it is shown
 };
 
 }  // namespace nubivane

@@ -6,34 +6,95 @@
 #include "engine/model/weather_tool.h"
 #include "windows/canvas/map_bounds.h"
 
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
 namespace nubivane {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr int GuideReach = 5;  // pixels of the screen
+
+constexpr Qt::KeyboardModifiers AddingKeys = Qt::ShiftModifier | Qt::ControlModifier;
+
+}  // namespace
+
 SpriteMouse::SpriteMouse(Workspace& workspace, SpriteStack& sprites, Selection& selection,
                          Shell& shell)
-    : workspace_(workspace), sprites_(sprites), selection_(selection), shell_(shell) {}
+    : workspace_(workspace),
+      sprites_(sprites),
+      selection_(selection),
+      shell_(shell),
+      band_(sprites, selection, marks_),
+      many_(workspace, sprites, selection, marks_) {
+    connect(&marks_, &DragMarks::changed, this, &SpriteMouse::changed);
+}
 
-bool SpriteMouse::press(QPoint position, Qt::MouseButton button) {
-    if (drag_ || resize_) {
+bool SpriteMouse::isUnderWay() const {
+    return drag_ || resize_ || many_.isUnderWay() || band_.isUnderWay();
+}
+
+bool SpriteMouse::press(QPoint position, Qt::MouseButton button, Qt::KeyboardModifiers keys) {
+    if (isUnderWay()) {
         return true;  // another button during a gesture must not begin a second one
     }
     if (button == Qt::LeftButton && pressHandle(position)) {
         return true;
     }
-    SpriteControl* control = sprites_.at(position);
     // A front passes below its symbols: their places are as good as any for its points.
-    if (!control || isWeatherTool(workspace_.Status.CurrentTool)) {
+    if (isWeatherTool(workspace_.Status.CurrentTool)) {
         return false;
     }
+    SpriteControl* control = pressedAt(position, keys);
+    if (!control) {
+        return button == Qt::LeftButton && beginBand(position, keys);
+    }
     if (button == Qt::RightButton) {
-        selection_.clearSelection();
-        selection_.select(*control);
-        Q_EMIT menuAsked();
+        askMenu(*control);
     } else if (button == Qt::LeftButton) {
-        pressSprite(*control, position);
+        pressSprite(*control, position, keys);
     }
     return true;
+}
+
+/// The uppermost sprite there; with Alt the one below that which is selected, round and round.
+SpriteControl* SpriteMouse::pressedAt(QPoint position, Qt::KeyboardModifiers keys) const {
+    if (!(keys & Qt::AltModifier)) {
+        return sprites_.at(position);
+    }
+    std::vector<SpriteControl*> there;  // from top to bottom
+    const auto& all = sprites_.controls();
+    std::copy_if(all.rbegin(), all.rend(), std::back_inserter(there),
+                 [position](const SpriteControl* control) {
+                     return control->visible && control->rect.contains(position);
+                 });
+    if (there.empty()) {
+        return nullptr;
+    }
+    const auto selected = std::find(there.begin(), there.end(), selection_.control());
+    return selected == there.end() || selected + 1 == there.end() ? there.front() : *(selected + 1);
+}
+
+/// One of many keeps the others: the menu is for all of them.
+void SpriteMouse::askMenu(SpriteControl& control) {
+    if (!selection_.contains(control.id) || selection_.ids().size() < 2) {
+        selection_.clearSelection();
+        selection_.select(control);
+    }
+    Q_EMIT menuAsked();
+}
+
+/// The press itself goes on to the bare map, unless it keeps what is selected.
+bool SpriteMouse::beginBand(QPoint position, Qt::KeyboardModifiers keys) {
+    if (workspace_.Status.CurrentTool != Tool::cursor) {
+        return false;
+    }
+    const bool adds = keys & AddingKeys;
+    band_.begin(position, adds);
+    return adds;
 }
 
 bool SpriteMouse::pressHandle(QPoint position) {
@@ -49,47 +110,108 @@ bool SpriteMouse::pressHandle(QPoint position) {
     return handle.has_value();
 }
 
-void SpriteMouse::pressSprite(SpriteControl& control, QPoint position) {
-    if (workspace_.Status.CurrentTool != Tool::cursor) {
-        const bool symbol = control.id.kind == SpriteKind::Symbol;
-        shell_.messageBox(
-            {symbol
-                 ? tr("Operation not allowed in draw mode. Select cursor from toolbar and try "
-                      "again.")
-                 : tr("This operation is not allowed in draw mode. Select cursor from toolbar and "
-                      "try again."),
-             Icon::Exclamation,
-             Buttons::Ok,
-             {}});
+bool SpriteMouse::refusesTool(const SpriteControl& control) {
+    if (workspace_.Status.CurrentTool == Tool::cursor) {
+        return false;
+    }
+    const bool symbol = control.id.kind == SpriteKind::Symbol;
+    shell_.messageBox(
+        {symbol ? tr("Operation not allowed in draw mode. Select cursor from toolbar and try "
+                     "again.")
+                : tr("This operation is not allowed in draw mode. Select cursor from toolbar and "
+                     "try again."),
+         Icon::Exclamation,
+         Buttons::Ok,
+         {}});
+    return true;
+}
+
+void SpriteMouse::pressSprite(SpriteControl& control, QPoint position, Qt::KeyboardModifiers keys) {
+    if (refusesTool(control)) {
         return;
     }
-    selection_.clearSelection();
-    if (locked_) {
+    const bool isOneOfMany = selection_.contains(control.id) && selection_.ids().size() > 1;
+    const bool adds = keys & AddingKeys;
+    if (locked_ && !adds) {
+        selection_.clearSelection();
         selection_.select(control);
         return;
     }
-    drag_ = Drag{control.id, control.rect, position.x() - control.rect.x(),
-                 position.y() - control.rect.y()};
-    sprites_.setPlaying(control, false);
+    if (!adds && !isOneOfMany) {
+        selection_.clearSelection();
+        drag_ = Drag{control.id, control.rect, position.x() - control.rect.x(),
+                     position.y() - control.rect.y()};
+        sprites_.setPlaying(control, false);
+        return;
+    }
+    if (locked_) {
+        selection_.toggle(control);
+        return;
+    }
+    click_ = Click{control.id, adds};
+    std::vector<SpriteId> dragged = selection_.ids();
+    if (!selection_.contains(control.id)) {
+        if (keys & Qt::ControlModifier) {
+            dragged.clear();
+        }
+        dragged.push_back(control.id);
+    }
+    many_.begin(keys & Qt::ControlModifier ? SpriteDrag::Kind::Copy : SpriteDrag::Kind::Move,
+                dragged, position);
 }
 
-bool SpriteMouse::move(QPoint position, Qt::MouseButtons buttons) {
+bool SpriteMouse::move(QPoint position, Qt::MouseButtons buttons, Qt::KeyboardModifiers keys) {
     if (!(buttons & Qt::LeftButton)) {
         return false;
     }
     if (drag_) {
-        moveDragged(position);
+        moveDragged(position, keys);
     } else if (resize_) {
         moveHandle(position);
+    } else if (many_.isUnderWay()) {
+        moveMany(position, keys);
+    } else if (band_.isUnderWay()) {
+        band_.moveTo(position);
     }
-    return drag_ || resize_;
+    return isUnderWay();
 }
 
-void SpriteMouse::moveDragged(QPoint position) {
-    if (SpriteControl* control = sprites_.find(drag_->id)) {
-        const QPoint topLeft(position.x() - drag_->pressX, position.y() - drag_->pressY);
-        sprites_.Move(*control, QRect(topLeft, control->rect.size()));
+std::optional<SnapGuides> SpriteMouse::guides(std::vector<QRect> others,
+                                              Qt::KeyboardModifiers keys) const {
+    if ((!snapping_.guides && snapping_.grid == 0) || keys & Qt::AltModifier) {
+        return std::nullopt;
     }
+    const QSize map(workspace_.pctMap.ScaleWidth(), workspace_.pctMap.ScaleHeight());
+    const int reach = std::max(1, static_cast<int>(GuideReach / zoom_.factor()));
+    return SnapGuides(snapping_, map, std::move(others), reach);
+}
+
+void SpriteMouse::moveMany(QPoint position, Qt::KeyboardModifiers keys) {
+    const auto drawn = guides(many_.others(), keys);
+    many_.moveTo(position, drawn ? &*drawn : nullptr);
+}
+
+void SpriteMouse::moveDragged(QPoint position, Qt::KeyboardModifiers keys) {
+    SpriteControl* control = sprites_.find(drag_->id);
+    if (!control) {
+        return;
+    }
+    QRect wanted(QPoint(position.x() - drag_->pressX, position.y() - drag_->pressY),
+                 control->rect.size());
+    std::vector<QRect> others;
+    for (const SpriteControl* other : sprites_.controls()) {
+        if (other != control && other->visible) {
+            others.push_back(other->rect);
+        }
+    }
+    if (const auto drawn = guides(std::move(others), keys)) {
+        const auto snapped = drawn->snap(wanted);
+        wanted.translate(snapped.offset);
+        marks_.setLines(snapped.lines);
+    } else {
+        marks_.setLines({});
+    }
+    sprites_.Move(*control, wanted);
 }
 
 void SpriteMouse::moveHandle(QPoint position) {
@@ -102,20 +224,37 @@ void SpriteMouse::moveHandle(QPoint position) {
 }
 
 bool SpriteMouse::release(Qt::MouseButton button) {
-    if (button != Qt::LeftButton || (!drag_ && !resize_)) {
+    if (button != Qt::LeftButton || !isUnderWay()) {
         return false;
     }
     if (drag_) {
         endDrag();
-    } else {
+    } else if (resize_) {
         endResize();
+    } else if (many_.isUnderWay()) {
+        endMany();
+    } else {
+        band_.end();
     }
     return true;
+}
+
+/// Without a move it was a click: into the selection or out of it, or on one of many.
+void SpriteMouse::endMany() {
+    const auto click = std::exchange(click_, std::nullopt);
+    const bool moved = many_.end();
+    SpriteControl* control = click && !moved ? sprites_.find(click->id) : nullptr;
+    if (control && click->toggles) {
+        selection_.toggle(*control);
+    } else if (control) {
+        selection_.select(*control);
+    }
 }
 
 /// The project is marked even by a drag that ends where it began.
 void SpriteMouse::endDrag() {
     const Drag drag = *std::exchange(drag_, std::nullopt);
+    marks_.clear();
     SpriteControl* control = sprites_.find(drag.id);
     if (!control) {
         return;
@@ -143,7 +282,17 @@ void SpriteMouse::endResize() {
     }
 }
 
+void SpriteMouse::spriteWillGo() {
+    if (many_.isUnderWay()) {
+        cancel();
+    }
+}
+
 void SpriteMouse::cancel() {
+    click_.reset();
+    many_.cancel();
+    band_.cancel();
+    marks_.clear();
     if (const auto drag = std::exchange(drag_, std::nullopt)) {
         if (SpriteControl* control = sprites_.find(drag->id)) {
             sprites_.Move(*control, drag->from);

@@ -8,13 +8,14 @@ namespace nubivane {
 using namespace Qt::StringLiterals;
 
 QString SpritePayload::text() const {
-    return type == sprite_type::Symbol ? u"symbol|"_s + file : u"text"_s;
+    return type == sprite_type::Symbol ? (QStringList{u"symbol"_s, file} + others).join(u'|')
+                                       : u"text"_s;
 }
 
 std::optional<SpritePayload> SpritePayload::read(const QString& text) {
     const QString kind = getField(text, 1);
     if (kind == u"symbol") {
-        return SpritePayload{sprite_type::Symbol, getField(text, 2)};
+        return SpritePayload{sprite_type::Symbol, getField(text, 2), text.split(u'|').mid(2)};
     }
     if (kind == u"text") {
         return SpritePayload{sprite_type::Label, {}};

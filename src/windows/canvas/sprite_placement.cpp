@@ -4,10 +4,9 @@
 #include "engine/core/host_files.h"
 #include "engine/core/shell.h"
 #include "engine/export/label_painter.h"
-#include "engine/model/edits/project_edits.h"
-#include "engine/model/edits/sprite_edits.h"
+#include "engine/model/edits/sprite_changes.h"
 #include "engine/model/forecast.h"
-#include "windows/canvas/map_bounds.h"
+#include "windows/canvas/free_place.h"
 #include "windows/canvas/sprite_payload.h"
 
 #include <QCoreApplication>
@@ -25,50 +24,117 @@ QPoint centred(QPoint position, QSize size) {
     return {position.x() - size.width() / 2, position.y() - size.height() / 2};
 }
 
+QRect rectOf(const SpriteRecord& record) {
+    return std::visit(
+        [](const auto& sprite) {
+            return QRect(sprite.PosX, sprite.PosY, sprite.Width, sprite.Height);
+        },
+        record);
+}
+
+QSize sizeOf(const MapSurface& map) {
+    return {map.ScaleWidth(), map.ScaleHeight()};
+}
+
+constexpr qsizetype MostAtOnce = 500;  // of symbols that one drop may bring
+
 }  // namespace
 
 SpritePlacement::SpritePlacement(Workspace& workspace, SpriteStack& sprites, Selection& selection,
                                  Shell& shell)
     : workspace_(workspace), sprites_(sprites), selection_(selection), shell_(shell) {}
 
-void SpritePlacement::drop(const QString& payload, QPoint position) {
-    const auto wanted = SpritePayload::read(payload);
-    if (workspace_.Status.CurrentTool != Tool::cursor || !wanted) {
-        return;
+std::vector<QRect> SpritePlacement::taken() const {
+    std::vector<QRect> rects;
+    for (const SpriteControl* control : sprites_.controls()) {
+        rects.push_back(control->rect);
     }
-    if (wanted->type == sprite_type::Symbol) {
-        dropSymbol(wanted->file, position);
-    } else {
-        dropLabel(position);
+    return rects;
+}
+
+/// What a payload asks for, each at the position.
+std::vector<SpriteRecord> SpritePlacement::wanted(const QString& payload, QPoint position) {
+    const auto read = SpritePayload::read(payload);
+    if (workspace_.Status.CurrentTool != Tool::cursor || !read) {
+        return {};
+    }
+    if (read->type != sprite_type::Symbol) {
+        return {labelAt(position)};
+    }
+    std::vector<SpriteRecord> records;
+    if (auto first = symbolAt(read->file, position)) {
+        records.push_back(std::move(*first));
+        for (const QString& file : read->others.mid(0, MostAtOnce)) {
+            if (host_files::fileExists(file)) {
+                if (auto other = symbolAt(file, position)) {
+                    records.push_back(std::move(*other));
+                }
+            }
+        }
+    }
+    return records;
+}
+
+void SpritePlacement::drop(const QString& payload, QPoint position) {
+    placeAll(wanted(payload, position));
+}
+
+void SpritePlacement::placeNear(const QString& payload, QPoint position) {
+    auto records = wanted(payload, position);
+    if (!records.empty()) {
+        const QRect rect = rectOf(records.front());
+        const QPoint offset = freeOffset({rect}, taken(), sizeOf(workspace_.pctMap));
+        records.front() = movedTo(std::move(records.front()), rect.topLeft() + offset);
+        placeAll(std::move(records));
     }
 }
 
-void SpritePlacement::dropSymbol(const QString& file, QPoint position) {
+/// The first one where it is wanted, the others around it.
+void SpritePlacement::placeAll(std::vector<SpriteRecord> records) {
+    if (records.size() < 2) {
+        if (!records.empty()) {
+            place(std::move(records.front()));
+        }
+        return;
+    }
+    std::vector<QRect> there = taken();
+    there.push_back(rectOf(records.front()));
+    for (auto record = records.begin() + 1; record != records.end(); ++record) {
+        const QRect rect = rectOf(*record);
+        const QPoint offset = freeOffset({rect}, there, sizeOf(workspace_.pctMap));
+        there.push_back(rect.translated(offset));
+        *record = movedTo(std::move(*record), there.back().topLeft());
+    }
+    selection_.selectAll(addSprites(workspace_, std::move(records), Marks::Project,
+                                    Arrival::Dropped, QT_TRANSLATE_NOOP("Edits", "Place symbols")));
+}
+
+std::optional<SpriteRecord> SpritePlacement::symbolAt(const QString& file, QPoint position) {
     if (!host_files::fileExists(file)) {
         shell_.messageBox(
             {QCoreApplication::translate("nubivane::SpritePlacement", "Symbol not found."),
              Icon::Critical,
              Buttons::Ok,
              {}});
-        return;
+        return std::nullopt;
     }
     const auto size = sprites_.sizeOf(file);
     if (!size) {
-        return;
+        return std::nullopt;
     }
     const QPoint corner = centred(position, *size);
-    place(QT_TRANSLATE_NOOP("Edits", "Place symbol"), cSymbol{
-                                                          .Name = u"gifSymbol"_s,
-                                                          .PosX = corner.x(),
-                                                          .PosY = corner.y(),
-                                                          .Width = size->width(),
-                                                          .Height = size->height(),
-                                                          .FileGif = file,
-                                                          .PathFileGif = file,
-                                                      });
+    return cSymbol{
+        .Name = u"gifSymbol"_s,
+        .PosX = corner.x(),
+        .PosY = corner.y(),
+        .Width = size->width(),
+        .Height = size->height(),
+        .FileGif = file,
+        .PathFileGif = file,
+    };
 }
 
-void SpritePlacement::dropLabel(QPoint position) {
+SpriteRecord SpritePlacement::labelAt(QPoint position) const {
     cLabel label{
         .Name = u"lblTesto"_s,
         .Width = 26,
@@ -80,11 +146,14 @@ void SpritePlacement::dropLabel(QPoint position) {
     const QPoint corner = centred(position, labelSize(label));
     label.PosX = corner.x();
     label.PosY = corner.y();
-    place(QT_TRANSLATE_NOOP("Edits", "Place label"), std::move(label));
+    return label;
 }
 
 /// The model keeps the position that was dropped at; the control stands inside the map.
-void SpritePlacement::place(const char* name, SpriteRecord record) {
+void SpritePlacement::place(SpriteRecord record) {
+    const char* const name = std::holds_alternative<cSymbol>(record)
+                                 ? QT_TRANSLATE_NOOP("Edits", "Place symbol")
+                                 : QT_TRANSLATE_NOOP("Edits", "Place label");
     selection_.clearSelection();
     const qint32 frame = workspace_.Status.CurrentFrame;
     auto edit = std::make_unique<AddSprite>(name, Marks::Project, workspace_.Frames().Item(frame),

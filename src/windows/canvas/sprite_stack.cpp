@@ -99,6 +99,24 @@ int SpriteStack::placeInList(const cSprites& sprites, const SpriteId& id) const 
     return place ? *place : above(symbols, SpriteKind::Symbol, symbols.Count() + 1).value_or(0);
 }
 
+void SpriteStack::restack(qint32 frame) {
+    const cSprites& sprites = workspace_.Frames().Item(frame).Sprites();
+    std::vector<SpriteControl*> ordered;
+    const auto take = [&](const auto& list, SpriteKind kind) {
+        for (const auto& sprite : list) {
+            if (SpriteControl* control = find({kind, sprite.Key_})) {
+                ordered.push_back(control);
+            }
+        }
+    };
+    take(sprites.Symbols(), SpriteKind::Symbol);
+    take(sprites.Labels(), SpriteKind::Label);
+    order_ = std::move(ordered);
+    for (const SpriteControl* control : order_) {
+        Q_EMIT changed(control->rect);
+    }
+}
+
 std::optional<int> SpriteStack::depthOf(const SpriteControl& control) const {
     const auto found = std::find(order_.begin(), order_.end(), &control);
     return found == order_.end() ? std::nullopt

@@ -61,6 +61,8 @@ class SpriteStack : public QObject {
     void loadSprite(qint32 frame, const SpriteId& id, Arrival arrival, std::optional<int> depth);
     /// Takes over what has changed in a sprite's record.
     void refresh(const SpriteRecord& before, const SpriteRecord& after);
+    /// Puts the controls into the order of the Frame's lists, Labels above all Symbols.
+    void restack(qint32 frame);
     /// The place of a control from below.
     std::optional<int> depthOf(const SpriteControl& control) const;
     /// The size of a symbol's picture; nothing where it cannot be shown.

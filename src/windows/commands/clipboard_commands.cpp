@@ -2,12 +2,14 @@
 #include "windows/commands/clipboard_commands.h"
 
 #include "engine/model/edits/sprite_changes.h"
+#include "windows/canvas/free_place.h"
 #include "windows/commands/commands.h"
 #include "windows/panes/frame_canvas.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 
+#include <algorithm>
 #include <utility>
 
 namespace nubivane {
@@ -16,14 +18,18 @@ namespace {
 
 constexpr QPoint PastePosition(6, 6);
 
-/// The kind of a copy that is there.
-SpriteKind kindOf(const ClipSprite& sprite) {
-    return std::holds_alternative<cSymbol>(sprite) ? SpriteKind::Symbol : SpriteKind::Label;
+/// The name of an edit on a sprite of one kind or the other, or on several.
+const char* named(std::size_t count, SpriteKind kind, const char* symbol, const char* label,
+                  const char* many) {
+    return count > 1 ? many : kind == SpriteKind::Symbol ? symbol : label;
 }
 
-/// The name of an edit on one kind of sprite or the other.
-const char* named(SpriteKind kind, const char* symbol, const char* label) {
-    return kind == SpriteKind::Symbol ? symbol : label;
+QRect rectOf(const SpriteRecord& record) {
+    return std::visit(
+        [](const auto& sprite) {
+            return QRect(sprite.PosX, sprite.PosY, sprite.Width, sprite.Height);
+        },
+        record);
 }
 
 }  // namespace
@@ -60,97 +66,133 @@ void ClipboardCommands::cutSprite() {
 }
 
 void ClipboardCommands::take(bool cut) {
-    clipSprite_ = {};
+    clipSprite_.clear();
     origin_.reset();
     const cStatus& status = workspace_.Status;
-    const auto id = status.selectedSprite();
-    const cSprites& sprites = workspace_.Frames().Item(status.CurrentFrame).Sprites();
-    if (!id || !sprites.contains(*id)) {
+    const auto last = status.selectedSprite();
+    const cFrame& frame = workspace_.Frames().Item(status.CurrentFrame);
+    std::vector<SpriteId> ids;
+    for (const SpriteControl* control : canvas_.selection().controls()) {
+        ids.push_back(control->id);
+    }
+    // A sprite whose control could not be made is in the model all the same.
+    if (last && ids.empty()) {
+        ids.push_back(*last);
+    }
+    std::erase_if(ids, [&frame](const SpriteId& id) { return !frame.Sprites().contains(id); });
+    if (ids.empty()) {
         return;
     }
-    if (id->kind == SpriteKind::Symbol) {
-        clipSprite_ = sprites.Symbols().Item(id->key);
-    } else {
-        clipSprite_ = sprites.Labels().Item(id->key);
+    for (const SpriteId& id : ids) {
+        clipSprite_.push_back(recordOf(frame, id));
     }
+    clipKind_ = last->kind;
     if (cut) {
         // Not the copy's own Frame number: that one is stale once an earlier Frame was removed.
-        origin_ = Origin{status.CurrentFrame, sprites.identity(), *id};
+        origin_ = Origin{status.CurrentFrame, frame.Sprites().identity(), ids};
     }
-    QGuiApplication::clipboard()->setText(SpriteMarker{kindOf(clipSprite_), cut}.text());
+    QGuiApplication::clipboard()->setText(SpriteMarker{clipKind_, cut}.text());
 }
 
 void ClipboardCommands::pasteSprite() {
     const auto marker = SpriteMarker::read(QGuiApplication::clipboard()->text());
     // A second editor may have put its own marker there since: it does not tell of this copy.
-    if (!marker || std::holds_alternative<std::monostate>(clipSprite_) ||
-        marker->kind != kindOf(clipSprite_)) {
+    if (!marker || clipSprite_.empty() || marker->kind != clipKind_) {
         return;
     }
-    const char* const name = named(marker->kind, QT_TRANSLATE_NOOP("Edits", "Paste symbol"),
-                                   QT_TRANSLATE_NOOP("Edits", "Paste label"));
+    const char* const name =
+        named(clipSprite_.size(), clipKind_, QT_TRANSLATE_NOOP("Edits", "Paste symbol"),
+              QT_TRANSLATE_NOOP("Edits", "Paste label"), QT_TRANSLATE_NOOP("Edits", "Paste"));
     const qint32 frame = workspace_.Status.CurrentFrame;
-    auto paste = std::make_unique<AddSprite>(name, Marks::Nothing, workspace_.Frames().Item(frame),
-                                             frame, pasted(), Arrival::Pasted);
-    const SpriteId id = paste->id();
-    auto removal = marker->cut ? removalOfCutSprite(name) : nullptr;
+    auto group = std::make_unique<EditGroup>(name, Marks::Nothing, frame);
     if (marker->cut) {
+        for (auto& removal : removalOfCutSprites(name)) {
+            group->add(std::move(removal));
+        }
         QGuiApplication::clipboard()->setText(SpriteMarker{marker->kind, false}.text());
     }
-    if (removal) {
-        auto both = std::make_unique<EditGroup>(name, Marks::Nothing, frame);
-        both->add(std::move(removal));
-        both->add(std::move(paste));
-        workspace_.edits().push(std::move(both));
-    } else {
-        workspace_.edits().push(std::move(paste));
+    std::vector<SpriteId> ids;
+    for (SpriteRecord& record : pasted(marker->cut)) {
+        auto paste =
+            std::make_unique<AddSprite>(name, Marks::Nothing, workspace_.Frames().Item(frame),
+                                        frame, std::move(record), Arrival::Pasted);
+        ids.push_back(paste->id());
+        group->add(std::move(paste));
     }
+    if (marker->cut) {
+        origin_.reset();
+    }
+    workspace_.edits().push(std::move(group));
     canvas_.selection().clearSelection();
-    if (SpriteControl* control = canvas_.sprites().find(id)) {
-        canvas_.selection().select(*control);
-    }
+    canvas_.selection().selectAll(ids);
 }
 
-/// The copy as it comes onto the map.
-SpriteRecord ClipboardCommands::pasted() const {
-    const auto placed = [](auto record) {
-        record.PosX = PastePosition.x();
-        record.PosY = PastePosition.y();
-        return SpriteRecord(std::move(record));
-    };
-    if (const auto* symbol = std::get_if<cSymbol>(&clipSprite_)) {
-        return placed(*symbol);
+/// The copies as they come onto the map.
+std::vector<SpriteRecord> ClipboardCommands::pasted(bool afterCut) const {
+    std::vector<QRect> wanted;
+    for (const SpriteRecord& record : clipSprite_) {
+        wanted.push_back(rectOf(record));
     }
-    return placed(std::get<cLabel>(clipSprite_));
+    if (wanted.size() == 1) {
+        wanted.front().moveTopLeft(PastePosition);
+    }
+    std::vector<QRect> taken;
+    const cFrame& frame = workspace_.Frames().Item(workspace_.Status.CurrentFrame);
+    for (const SpriteControl* control : canvas_.sprites().controls()) {
+        const bool goes = afterCut && origin_ &&
+                          frame.Sprites().identity().lock() == origin_->identity.lock() &&
+                          std::count(origin_->ids.begin(), origin_->ids.end(), control->id) > 0;
+        if (!goes) {
+            taken.push_back(control->rect);
+        }
+    }
+    const QSize map(workspace_.pctMap.ScaleWidth(), workspace_.pctMap.ScaleHeight());
+    // One alone has its one place.
+    const QPoint offset = wanted.size() == 1 ? QPoint() : visibleOffset(wanted, taken, map);
+    std::vector<SpriteRecord> records;
+    for (std::size_t i = 0; i < clipSprite_.size(); ++i) {
+        records.push_back(movedTo(clipSprite_[i], wanted[i].topLeft() + offset));
+    }
+    return records;
 }
 
 /// Nothing is removed in the place of a sprite that has left its Frame or whose Frame has another
 /// number now.
-std::unique_ptr<Edit> ClipboardCommands::removalOfCutSprite(const char* name) {
-    const auto origin = std::exchange(origin_, std::nullopt);
-    if (!origin || origin->frame > workspace_.Frames().Count()) {
-        return nullptr;
+std::vector<std::unique_ptr<Edit>> ClipboardCommands::removalOfCutSprites(const char* name) {
+    std::vector<std::unique_ptr<Edit>> removals;
+    if (!origin_ || origin_->frame > workspace_.Frames().Count()) {
+        return removals;
     }
-    const cSprites& sprites = workspace_.Frames().Item(origin->frame).Sprites();
-    if (sprites.identity().lock() != origin->identity.lock() || !sprites.contains(origin->id)) {
-        return nullptr;
+    const cSprites& sprites = workspace_.Frames().Item(origin_->frame).Sprites();
+    if (sprites.identity().lock() != origin_->identity.lock()) {
+        return removals;
     }
-    return std::make_unique<RemoveSprite>(name, Marks::Nothing, origin->frame, origin->id);
+    for (auto id = origin_->ids.rbegin(); id != origin_->ids.rend(); ++id) {
+        if (sprites.contains(*id)) {
+            removals.push_back(
+                std::make_unique<RemoveSprite>(name, Marks::Nothing, origin_->frame, *id));
+        }
+    }
+    return removals;
 }
 
 void ClipboardCommands::deleteSprite() {
-    const SpriteControl* control = canvas_.selection().control();
-    if (!control) {
+    std::vector<SpriteId> ids;
+    for (const SpriteControl* control : canvas_.selection().controls()) {
+        ids.push_back(control->id);
+    }
+    const auto& sprites = workspace_.Frames().Item(workspace_.Status.CurrentFrame).Sprites();
+    std::erase_if(ids, [&sprites](const SpriteId& id) { return !sprites.contains(id); });
+    if (ids.empty()) {
         return;
     }
-    const SpriteId id = control->id;
-    const qint32 frame = workspace_.Status.CurrentFrame;
-    if (workspace_.Frames().Item(frame).Sprites().contains(id)) {
-        workspace_.edits().push(std::make_unique<RemoveSprite>(
-            named(id.kind, QT_TRANSLATE_NOOP("Edits", "Delete symbol"),
-                  QT_TRANSLATE_NOOP("Edits", "Delete label")),
-            Marks::Nothing, frame, id, canvas_.sprites().depthOf(*control)));
-    }
+    const char* const name =
+        named(ids.size(), ids.back().kind, QT_TRANSLATE_NOOP("Edits", "Delete symbol"),
+              QT_TRANSLATE_NOOP("Edits", "Delete label"), QT_TRANSLATE_NOOP("Edits", "Delete"));
+    removeSprites(workspace_, ids, Marks::Nothing, name, [this](const SpriteId& id) {
+        const SpriteControl* control = canvas_.sprites().find(id);
+        return control ? canvas_.sprites().depthOf(*control) : std::nullopt;
+    });
 }
 
 void ClipboardCommands::restoreSprite() {

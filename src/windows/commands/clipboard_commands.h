@@ -9,15 +9,13 @@
 
 #include <memory>
 #include <optional>
-#include <variant>
+#include <vector>
 
 namespace nubivane {
 
-/// A copy of a sprite that is in no list, or nothing.
-using ClipSprite = std::variant<std::monostate, cSymbol, cLabel>;
-
-/// Cut, copy, paste, delete and restore of the selected sprite. The system clipboard holds a
-/// marker, this class the copy (`clipSprite`), which outlives changes of Frame and project.
+/// Cut, copy, paste, delete and restore of the selected sprites. The system clipboard holds a
+/// marker of the one selected last, this class the copies (`clipSprite`), which outlive changes of
+/// Frame and project.
 class ClipboardCommands : public QObject {
     Q_OBJECT
 
@@ -28,31 +26,33 @@ class ClipboardCommands : public QObject {
     bool clipboardHasSprite() const;
 
     void copySprite();
-    /// The sprite stays on its Frame until it is pasted.
+    /// The sprites stay on their Frame until they are pasted.
     void cutSprite();
-    /// Puts the copy on the current Frame near its top left corner, selected. After a cut the
-    /// sprite leaves the Frame that it was cut on; from then on the marker is that of a copy.
+    /// Puts the copies on the current Frame, selected: one near its top left corner, several as
+    /// they stood to one another and none of them where another one stands. After a cut the sprites
+    /// leave the Frame that they were cut on; from then on the marker is that of a copy.
     void pasteSprite();
     void deleteSprite();
-    /// Gives the selected Symbol the size of its picture.
+    /// Gives the Symbol selected last the size of its picture.
     void restoreSprite();
 
   private:
     void take(bool cut);
-    SpriteRecord pasted() const;
-    std::unique_ptr<Edit> removalOfCutSprite(const char* name);
+    std::vector<SpriteRecord> pasted(bool afterCut) const;
+    std::vector<std::unique_ptr<Edit>> removalOfCutSprites(const char* name);
     void refreshPaste();
 
     Workspace& workspace_;
     FrameCanvas& canvas_;
     Commands& commands_;
-    ClipSprite clipSprite_;
+    std::vector<SpriteRecord> clipSprite_;  ///< from bottom to top
+    SpriteKind clipKind_ = SpriteKind::Symbol;
 
-    /// Where a cut sprite is to be taken away.
+    /// Where cut sprites are to be taken away.
     struct Origin {
         qint32 frame;
         std::weak_ptr<const void> identity;
-        SpriteId id;
+        std::vector<SpriteId> ids;
     };
     std::optional<Origin> origin_;
 };

@@ -115,9 +115,11 @@ void EditCommands::reveal(const EditPlace& place) {
         workspace_.edits().showFrame(place.frame);
     }
     canvas_.selection().clearSelection();
-    SpriteControl* control = place.sprite ? canvas_.sprites().find(*place.sprite) : nullptr;
+    const SpriteControl* control = place.sprite ? canvas_.sprites().find(*place.sprite) : nullptr;
     if (control) {
-        canvas_.selection().select(*control);
+        std::vector<SpriteId> all = place.others;
+        all.push_back(*place.sprite);
+        canvas_.selection().selectAll(all);
         viewport_.ensureVisible(canvas_.widget().toWidget(control->rect));
     } else if (!place.area.isEmpty()) {
         viewport_.ensureVisible(canvas_.widget().toWidget(place.area));

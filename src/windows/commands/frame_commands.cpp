@@ -21,6 +21,8 @@ FrameCommands::FrameCommands(const CanvasContext& context, FrameTabs& tabs)
     commands_.handle(Command::mnuFrameInsert, [this] { insertFrame(); });
     commands_.handle(Command::mnuFrameRemove, [this] { removeFrame(); });
     commands_.handle(Command::mnuMapRename, [this] { tabs_.startRenaming(); });
+    commands_.handle(Command::mnuFrameLeft, [this] { stepFrame(-1); });
+    commands_.handle(Command::mnuFrameRight, [this] { stepFrame(1); });
     connect(&tabs_, &FrameTabs::frameSelected, this, &FrameCommands::changeFrame);
     connect(&tabs_, &FrameTabs::frameMoved, this, &FrameCommands::moveFrame);
     workspace_.edits().watch(*this);
@@ -53,6 +55,13 @@ void FrameCommands::moveFrame(int from, int to) {
     workspace_.edits().push(std::make_unique<MoveFrame>(from, to));
 }
 
+void FrameCommands::stepFrame(int step) {
+    const int to = tabs_.selected() + step;
+    if (tabs_.selected() > 0 && to >= 1 && to <= workspace_.Frames().Count()) {
+        moveFrame(tabs_.selected(), to);
+    }
+}
+
 void FrameCommands::changeMap(const QString& path) {
     const HourglassGuard hourglass(shell_);
     Picture map = Picture::fromEncoded(host_files::read(path, MaxPictureBytes));
@@ -60,7 +69,8 @@ void FrameCommands::changeMap(const QString& path) {
 }
 
 void FrameCommands::refresh() {
-    commands_.setEnabled({Command::mnuFrameRemove}, workspace_.Frames().Count() > 1);
+    commands_.setEnabled({Command::mnuFrameRemove, Command::mnuFrameLeft, Command::mnuFrameRight},
+                         workspace_.Frames().Count() > 1);
     Q_EMIT framesCounted();
 }
 

@@ -34,6 +34,7 @@ class FrameCommands : public QObject, private EditWatcher {
     void insertFrame();
     void removeFrame();
     void moveFrame(int from, int to);
+    void stepFrame(int step);
 
     // EditWatcher.
     void framesChanged() override;

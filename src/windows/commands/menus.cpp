@@ -14,10 +14,12 @@ namespace nubivane {
 
 namespace {
 
-/// What stands in a menu: a command, a line, or the one sub-menu.
+struct MenuRow;
+
+/// What stands in a menu: a command, a line, or a sub-menu.
 struct Separator {};
-struct ExportMenu {};
-using MenuEntry = std::variant<Command, Separator, ExportMenu>;
+using SubMenu = const MenuRow& (*)();
+using MenuEntry = std::variant<Command, Separator, SubMenu>;
 
 struct MenuRow {
     const char* name;
@@ -37,6 +39,18 @@ const MenuRow& exportMenu() {
     return row;
 }
 
+const MenuRow& arrangeMenu() {
+    static const MenuRow row = {
+        "mnuArrange",
+        QT_TRANSLATE_NOOP("nubivane::Commands", "Arrange"),
+        0,
+        {Command::mnuToFront, Command::mnuRaise, Command::mnuLower, Command::mnuToBack, Separator(),
+         Command::mnuAlignLeft, Command::mnuAlignCentre, Command::mnuAlignRight,
+         Command::mnuAlignTop, Command::mnuAlignMiddle, Command::mnuAlignBottom, Separator(),
+         Command::mnuDistributeAcross, Command::mnuDistributeDown}};
+    return row;
+}
+
 const std::array<MenuRow, 8>& menuTree() {
     static const std::array<MenuRow, 8> tree = {{
         {"mnuFile",
@@ -49,14 +63,17 @@ const std::array<MenuRow, 8>& menuTree() {
          QT_TRANSLATE_NOOP("nubivane::Commands", "Edit"),
          'e',
          {Command::mnuUndo, Command::mnuRedo, Separator(), Command::mnuCut, Command::mnuCopy,
-          Command::mnuPaste, Command::mnuDelSymbol}},
+          Command::mnuPaste, Command::mnuDuplicate, Command::mnuDelSymbol, Separator(),
+          Command::mnuSelectAll, &arrangeMenu, Separator(), Command::mnuReplace,
+          Command::mnuFindSymbol}},
         {"mnuView",
          QT_TRANSLATE_NOOP("nubivane::Commands", "View"),
          'v',
          {Command::mnuViewMainToolbar, Command::mnuViewMapToolbar, Separator(),
           Command::mnuViewLargeIcons, Command::mnuViewSmallIcons, Separator(), Command::mnuZoomIn,
           Command::mnuZoomOut, Command::mnuZoomActual, Command::mnuZoomWhole, Separator(),
-          Command::mnuFold, Command::mnuFullScreen, Separator(), Command::mnuHistory}},
+          Command::mnuGuides, Command::mnuGrid, Separator(), Command::mnuFold,
+          Command::mnuFullScreen, Separator(), Command::mnuHistory}},
         {"mnuSimboli",
          QT_TRANSLATE_NOOP("nubivane::Commands", "Symbols"),
          's',
@@ -68,7 +85,7 @@ const std::array<MenuRow, 8>& menuTree() {
          QT_TRANSLATE_NOOP("nubivane::Commands", "Map"),
          'm',
          {Command::mnuPulisci, Command::mnuOpenMap, Separator(), Command::mnuFrameInsert,
-          Command::mnuFrameRemove, Separator(), ExportMenu()}},
+          Command::mnuFrameRemove, Separator(), &exportMenu}},
         {"mnuPagina",
          QT_TRANSLATE_NOOP("nubivane::Commands", "Html page"),
          'p',
@@ -99,8 +116,9 @@ void fill(QMenu& menu, const MenuRow& row, const Commands& commands) {
     for (const MenuEntry& entry : row.entries) {
         if (const Command* command = std::get_if<Command>(&entry)) {
             menu.addAction(commands[*command]);
-        } else if (std::holds_alternative<ExportMenu>(entry)) {
-            fill(*menu.addMenu(Commands::tr(exportMenu().caption)), exportMenu(), commands);
+        } else if (const SubMenu* subMenu = std::get_if<SubMenu>(&entry)) {
+            const MenuRow& below = (*subMenu)();
+            fill(*menu.addMenu(Commands::tr(below.caption)), below, commands);
         } else {
             menu.addSeparator();
         }
@@ -144,6 +162,9 @@ QMenu& buildSpriteMenu(const Commands& commands, QWidget* parent) {
     menu->addSeparator();
     addProxy(*menu, "subUndo", commands[Command::mnuUndo]);
     addProxy(*menu, "subRedo", commands[Command::mnuRedo]);
+    menu->addSeparator();
+    addProxy(*menu, "subDuplicate", commands[Command::mnuDuplicate]);
+    fill(*menu->addMenu(Commands::tr(arrangeMenu().caption)), arrangeMenu(), commands);
     return *menu;
 }
 
@@ -154,6 +175,8 @@ QMenu& buildFrameMenu(const Commands& commands, QWidget* parent) {
     addProxy(*menu, "mnuMapDelete", commands[Command::mnuFrameRemove]);
     menu->addSeparator();
     menu->addAction(commands[Command::mnuMapRename]);
+    menu->addAction(commands[Command::mnuFrameLeft]);
+    menu->addAction(commands[Command::mnuFrameRight]);
     menu->addSeparator();
     addProxy(*menu, "mnuMapUndo", commands[Command::mnuUndo]);
     addProxy(*menu, "mnuMapRedo", commands[Command::mnuRedo]);

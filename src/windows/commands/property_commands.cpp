@@ -2,8 +2,10 @@
 #include "windows/commands/property_commands.h"
 
 #include "windows/commands/commands.h"
+#include "windows/commands/frm_replace.h"
 #include "windows/properties/frm_frame_property.h"
 #include "windows/properties/frm_label_property.h"
+#include "windows/properties/frm_many_property.h"
 #include "windows/properties/frm_symbol_property.h"
 
 #include <QShortcut>
@@ -22,6 +24,11 @@ PropertyCommands::PropertyCommands(const CanvasContext& context, SymbolChooser c
     for (const Command id : {Command::mnuProperty, Command::btnProperty}) {
         context.commands.handle(id, [this] { showSpriteProperties(); });
     }
+    context.commands.handle(Command::mnuReplace, [this] {
+        frmReplace(
+            workspace_, [this](QWidget* over) { return chooser_(over); }, &window_)
+            .exec();
+    });
     // The menu's own key rests while the entry is disabled; this one stands in for it.
     const QAction* entry = context.commands[Command::mnuProperty];
     auto* key = new QShortcut(entry->shortcut(), &context.window);
@@ -32,6 +39,11 @@ PropertyCommands::PropertyCommands(const CanvasContext& context, SymbolChooser c
 }
 
 void PropertyCommands::showSpriteProperties() {
+    const std::vector<SpriteId> selected = canvas_.selection().ids();
+    if (selected.size() > 1) {
+        frmManyProperty(workspace_, shell_, selected, &window_).Init();
+        return;
+    }
     SelectedSprite sprite(canvas_);
     if (canvas_.selection().isEmpty()) {
         frmFrameProperty(workspace_, shell_, &window_).Init();

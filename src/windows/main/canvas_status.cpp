@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/main/canvas_status.h"
 
-#include "engine/core/path_text.h"
 #include "engine/model/workspace.h"
 #include "windows/canvas/map_zoom.h"
+#include "windows/canvas/sprite_name.h"
 #include "windows/main/status_line.h"
 #include "windows/panes/frame_canvas.h"
 
@@ -32,36 +32,28 @@ CanvasStatus::CanvasStatus(const Workspace& workspace, FrameCanvas& canvas, MapZ
     connect(&line, &StatusLine::wholeMapAsked, &zoom, &MapZoom::showWhole);
 }
 
+/// Of several sprites the room that they take together.
 void CanvasStatus::showSelection() {
-    const SpriteControl* control = canvas_.selection().control();
-    const QString name = control ? selectedName() : QString();
+    const std::vector<SpriteControl*> controls = canvas_.selection().controls();
+    QRect rect;
+    for (const SpriteControl* control : controls) {
+        rect |= control->rect;
+    }
+    const QString name = controls.size() == 1 ? shortName(controls.front()->id)
+                         : controls.empty()   ? QString()
+                                              : tr("%1 selected").arg(controls.size());
     line_.setSelection(name.isEmpty() ? QString()
                                       : tr("%1: %2, %3, %4 x %5")
                                             .arg(name)
-                                            .arg(control->rect.x())
-                                            .arg(control->rect.y())
-                                            .arg(control->rect.width())
-                                            .arg(control->rect.height()));
+                                            .arg(rect.x())
+                                            .arg(rect.y())
+                                            .arg(rect.width())
+                                            .arg(rect.height()));
 }
 
-/// The file of a Symbol, the text of a Label.
-QString CanvasStatus::selectedName() const {
-    const auto id = workspace_.Status.selectedSprite();
-    const qint32 shown = workspace_.Status.CurrentFrame;
-    if (!id || shown < 1 || shown > workspace_.Frames().Count()) {
-        return {};
-    }
-    const cSprites& sprites = workspace_.Frames().Item(shown).Sprites();
-    if (!sprites.contains(*id)) {
-        return {};
-    }
-    QString name = id->kind == SpriteKind::Symbol
-                       ? stripExtension(getFileName(sprites.Symbols().Item(id->key).PathFileGif))
-                       : sprites.Labels().Item(id->key).Text.simplified();
-    if (name.size() > LongestName) {
-        name = name.left(LongestName - 1) + QChar(0x2026);
-    }
-    return name;
+QString CanvasStatus::shortName(const SpriteId& id) const {
+    const QString name = spriteName(workspace_, id);
+    return name.size() > LongestName ? name.left(LongestName - 1) + QChar(0x2026) : name;
 }
 
 }  // namespace nubivane

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/model/sprite_id.h"
+
 #include <QObject>
 
 namespace nubivane {
@@ -19,7 +21,7 @@ class CanvasStatus : public QObject {
 
   private:
     void showSelection();
-    QString selectedName() const;
+    QString shortName(const SpriteId& id) const;
 
     const Workspace& workspace_;
     FrameCanvas& canvas_;

@@ -9,6 +9,8 @@
 #include "engine/model/edits/project_edits.h"
 #include "engine/project/save_project.h"
 #include "engine/project/work_snapshot.h"
+#include "windows/canvas/canvas_access.h"
+#include "windows/canvas/label_editor.h"
 #include "windows/canvas/sprite_keys.h"
 #include "windows/drawing/figure_options.h"
 #include "windows/main/editor_pane.h"
@@ -18,7 +20,6 @@
 #include "windows/main/window_geometry.h"
 #include "windows/properties/frm_symbol_property.h"
 #include "windows/publish/frm_page_setting.h"
-#include "windows/widgets/accessible_role.h"
 #include "windows/widgets/help_topic.h"
 #include "windows/widgets/icons.h"
 
@@ -75,6 +76,9 @@ frmMap::frmMap(Workspace& workspace, Shell& shell)
       collectionCommands_(context_, animations_, *palette_, frameCommands_),
       copySpecial_(context_),
       clipboardCommands_(context_),
+      pictureImport_(context_, *palette_),
+      selectionCommands_(context_),
+      arrangeCommands_(context_),
       clearCommands_(context_),
       propertyCommands_(context_,
                         [this](QWidget* over) { return collectionCommands_.chooseSymbol(over); }),
@@ -89,7 +93,7 @@ frmMap::frmMap(Workspace& workspace, Shell& shell)
     pane_->setOptions(*figureOptions_);
     connect(figureOptions_, &FigureOptions::shownChanged, pane_, &EditorPane::layoutMap);
     setStatusBar(statusLine_);
-    setAccessibleRole(canvas_.widget(), QAccessible::Canvas);
+    CanvasAccess::install(canvas_.widget());
     viewport_->setMap(&canvas_.widget());
     new MapView(context_, *pane_, *statusLine_);
     pBarMain_->setObjectName("pBarMain");
@@ -118,16 +122,29 @@ void frmMap::connectCanvas() {
     const auto showMenu = [this] { menus_.sprite.popup(QCursor::pos()); };
     connect(&canvas_.mouse(), &SpriteMouse::menuAsked, this, showMenu);
     connect(&canvas_.drawing(), &MapDrawing::menuAsked, this, showMenu);
+    connect(&canvas_.widget(), &MapCanvas::menuAsked, this, showMenu);
+    connect(&canvas_.selection(), &Selection::commandsChanged, this,
+            [this] { CanvasAccess::tellSelection(canvas_.widget()); });
     connect(&canvas_.drawing(), &MapDrawing::projectChanged, this, &frmMap::markChanged);
+    connect(&canvas_.widget(), &MapCanvas::spriteActivated, this, &frmMap::activate);
     connect(palette_, &Palette::placeAsked, this, [this](const QString& payload) {
         const QRect seen = viewport_->visibleMapRect();
-        canvas_.placement().drop(payload, canvas_.widget().toMap(seen.center()));
+        canvas_.placement().placeNear(payload, canvas_.widget().toMap(seen.center()));
         canvas_.widget().setFocus();
     });
     connect(palette_, &Palette::listsChanged, this, &frmMap::orderFocus);
     connect(&frameCommands_, &FrameCommands::framesCounted, this, &frmMap::refreshHint);
     connect(tabs_, &FrameTabs::projectChanged, this, &frmMap::markChanged);
     connect(tabs_, &FrameTabs::menuRequested, this, &frmMap::showFrameMenu);
+}
+
+/// A Label's text is typed where it stands, a Symbol shows its properties.
+void frmMap::activate(const SpriteId& id) {
+    if (id.kind == SpriteKind::Label) {
+        canvas_.labelEditor().start(id);
+    } else {
+        propertyCommands_.showSpriteProperties();
+    }
 }
 
 void frmMap::connectCommands() {
@@ -139,6 +156,12 @@ void frmMap::connectCommands() {
     connect(commands_[Command::mnuLock], &QAction::toggled, this, [this] { refreshLock(); });
     refreshLock();
     commands_.handle(Command::mnuRefreshSymbols, [this] { palette_->refreshCurrentList(); });
+    commands_.handle(Command::mnuFindSymbol, [this] {
+        if (pane_->isFolded()) {
+            commands_[Command::mnuFold]->trigger();
+        }
+        palette_->startSearch();
+    });
     commands_.handle(Command::mnuSommario,
                      [this] { openHelpTopic(workspace_, shell_, u"index.htm"_s); });
     commands_.handle(Command::mnuImpostazioni, [this] {
@@ -147,8 +170,9 @@ void frmMap::connectCommands() {
                 [this](const QString& topic) { openHelpTopic(workspace_, shell_, topic); });
         dialog.Init();
     });
-    addAction(
-        commands_[Command::mnuMapRename]);  // no menu of the bar holds it, and its key must work
+    // No menu of the bar holds these, and their keys must work.
+    addActions({commands_[Command::mnuMapRename], commands_[Command::mnuFrameLeft],
+                commands_[Command::mnuFrameRight]});
     connect(&recentFiles_, &RecentFilesMenu::chosen, &projectCommands_, &ProjectCommands::open);
     connect(&projectCommands_, &ProjectCommands::terminate, qApp, [] { QApplication::exit(1); });
 }
@@ -293,7 +317,8 @@ bool frmMap::eventFilter(QObject* watched, QEvent* event) {
             return true;
         }
         if (widget->window() == this && !qobject_cast<const QLineEdit*>(widget) &&
-            nudgeSelection(workspace_, canvas_.sprites(), canvas_.selection(), key)) {
+            nudgeSelection(workspace_, canvas_.sprites(), canvas_.selection(), key,
+                           widget == &canvas_.widget())) {
             return true;
         }
         if (widget == &canvas_.widget() &&
@@ -334,6 +359,11 @@ void frmMap::keyPressEvent(QKeyEvent* event) {
     if (canvas_.drawing().pressKey(*event) ||
         (event->key() == Qt::Key_V && event->modifiers() == Qt::NoModifier &&
          figureOptions_->takeKeyboard())) {
+        return;
+    }
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && canvas_.widget().hasFocus() && canvas_.selection().ids().size() == 1) {
+        activate(canvas_.selection().ids().front());
         return;
     }
     if (event->key() != Qt::Key_Escape) {

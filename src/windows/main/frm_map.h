@@ -4,6 +4,7 @@
 #include "engine/model/editor_view.h"
 #include "engine/picture/animation_cache.h"
 #include "windows/canvas/map_viewport.h"
+#include "windows/commands/arrange_commands.h"
 #include "windows/commands/canvas_context.h"
 #include "windows/commands/clear_commands.h"
 #include "windows/commands/clipboard_commands.h"
@@ -14,11 +15,13 @@
 #include "windows/commands/export_commands.h"
 #include "windows/commands/frame_commands.h"
 #include "windows/commands/menus.h"
+#include "windows/commands/picture_import.h"
 #include "windows/commands/print_commands.h"
 #include "windows/commands/project_commands.h"
 #include "windows/commands/property_commands.h"
 #include "windows/commands/publish_commands.h"
 #include "windows/commands/recent_files_menu.h"
+#include "windows/commands/selection_commands.h"
 #include "windows/commands/service_commands.h"
 #include "windows/commands/version_commands.h"
 #include "windows/main/draw_strip.h"
@@ -94,6 +97,7 @@ class frmMap : public QMainWindow, public EditorView, private EditWatcher {
 
     bool showMenuByKey(const QObject* watched, const QContextMenuEvent& event);
     void showFrameMenu(QPoint globalPosition);
+    void activate(const SpriteId& id);
     void connectCanvas();
     void connectCommands();
     void connectStatus();
@@ -130,6 +134,9 @@ class frmMap : public QMainWindow, public EditorView, private EditWatcher {
     CollectionCommands collectionCommands_;
     CopySpecial copySpecial_;
     ClipboardCommands clipboardCommands_;
+    PictureImport pictureImport_;
+    SelectionCommands selectionCommands_;
+    ArrangeCommands arrangeCommands_;
     ClearCommands clearCommands_;
     PropertyCommands propertyCommands_;
     ExportCommands exportCommands_;

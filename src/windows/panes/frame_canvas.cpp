@@ -2,6 +2,7 @@
 #include "windows/panes/frame_canvas.h"
 
 #include "engine/model/edits/project_edits.h"
+#include "windows/canvas/label_editor.h"
 
 namespace nubivane {
 
@@ -15,10 +16,12 @@ FrameCanvas::FrameCanvas(Workspace& workspace, AnimationCache& animations, Shell
       placement_(workspace, sprites_, selection_, shell),
       drawing_(workspace, sprites_, selection_, mouse_, shell),
       widget_(new MapCanvas(workspace, sprites_, selection_, mouse_, clock_, std::move(dropAllowed),
-                            parent)) {
+                            parent)),
+      labelEditor_(new LabelEditor(workspace, sprites_, *widget_)) {
     QObject::connect(&sprites_, &SpriteStack::playingChanged, &clock_, &CanvasClock::schedule);
     QObject::connect(&sprites_, &SpriteStack::changed, widget_, &MapCanvas::updateMap);
     QObject::connect(&selection_, &Selection::changed, widget_, &MapCanvas::updateMap);
+    QObject::connect(&mouse_, &SpriteMouse::changed, widget_, &MapCanvas::updateMap);
     QObject::connect(
         widget_, &MapCanvas::dropped, &clock_,
         [this](const QString& payload, QPoint position) { placement_.drop(payload, position); });
@@ -31,6 +34,7 @@ FrameCanvas::~FrameCanvas() {
 }
 
 void FrameCanvas::resetDrawing() {
+    labelEditor_->cancel();
     mouse_.cancel();
     drawing_.reset();
 }
@@ -58,10 +62,14 @@ void FrameCanvas::spriteWillGo(qint32 frame, const SpriteId& id) {
     if (!control) {
         return;
     }
-    const bool selected = selection_.control() == control;
+    mouse_.spriteWillGo();
     sprites_.discard(*control);
-    if (selected) {
-        selection_.clearSelection();
+    selection_.forget(id);
+}
+
+void FrameCanvas::spritesReordered(qint32 frame) {
+    if (isShown(frame)) {
+        sprites_.restack(frame);
     }
 }
 

@@ -12,6 +12,7 @@
 namespace nubivane {
 
 class AnimationCache;
+class LabelEditor;
 class Shell;
 
 /// The canvas with all that lives on it, wired together: layers, sprites, selection, gestures,
@@ -30,6 +31,7 @@ class FrameCanvas : private EditWatcher {
     SpritePlacement& placement() { return placement_; }
     CanvasClock& clock() { return clock_; }
     MapDrawing& drawing() { return drawing_; }
+    LabelEditor& labelEditor() { return *labelEditor_; }
 
     /// Drops what is unfinished: the scratch layer and a gesture under way.
     void resetDrawing();
@@ -44,6 +46,7 @@ class FrameCanvas : private EditWatcher {
     void spriteWillGo(qint32 frame, const SpriteId& id) override;
     void spriteChanged(qint32 frame, const SpriteRecord& before,
                        const SpriteRecord& after) override;
+    void spritesReordered(qint32 frame) override;
     void spritesWillBeReplaced(qint32 frame) override;
     void spritesReplaced(qint32 frame) override;
     void pictureChanged(const QRect& area) override;
@@ -57,7 +60,8 @@ class FrameCanvas : private EditWatcher {
     SpriteMouse mouse_;
     SpritePlacement placement_;
     MapDrawing drawing_;
-    MapCanvas* widget_;  ///< owned by its parent
+    MapCanvas* widget_;         ///< owned by its parent
+    LabelEditor* labelEditor_;  ///< owned by the canvas
 };
 
 }  // namespace nubivane

@@ -224,6 +224,10 @@ bool FrameTabs::tabEvent(QEvent& event) {
             return pressTab(press.position().toPoint(), press.button(),
                             press.globalPosition().toPoint());
         }
+        case QEvent::MouseButtonDblClick: {
+            const auto& press = static_cast<QMouseEvent&>(event);
+            return renameTab(press.position().toPoint(), press.button());
+        }
         case QEvent::MouseMove: {
             const auto& move = static_cast<QMouseEvent&>(event);
             return move.buttons() & Qt::LeftButton && dragTab(move.position().toPoint());
@@ -249,6 +253,15 @@ bool FrameTabs::pressTab(const QPoint& position, Qt::MouseButton button, const Q
     pressed_ = index >= 0 && button == Qt::LeftButton ? std::optional(position) : std::nullopt;
     draggedFrom_ = -1;
     return index >= 0;
+}
+
+bool FrameTabs::renameTab(const QPoint& position, Qt::MouseButton button) {
+    if (button != Qt::LeftButton || tabDay_->tabAt(position) != tabDay_->currentIndex()) {
+        return false;
+    }
+    pressed_.reset();
+    startRenaming();
+    return true;
 }
 
 /// The tab follows the pointer past the middle of its neighbours.

@@ -67,6 +67,7 @@ class FrameTabs : public QWidget, private EditWatcher {
 
     bool tabEvent(QEvent& event);
     bool pressTab(const QPoint& position, Qt::MouseButton button, const QPoint& global);
+    bool renameTab(const QPoint& position, Qt::MouseButton button);
     bool renameKey(int key);
     bool dragTab(const QPoint& position);
     void dropTab();

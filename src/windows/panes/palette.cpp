@@ -1,21 +1,30 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/panes/palette.h"
 
+#include "engine/core/host_files.h"
 #include "engine/core/path_text.h"
+#include "engine/core/settings_store.h"
 #include "engine/core/shell.h"
 #include "engine/export/label_painter.h"
 #include "engine/model/forecast.h"
 #include "engine/picture/animation_cache.h"
 #include "windows/canvas/sprite_payload.h"
+#include "windows/widgets/dropped_pictures.h"
 #include "windows/widgets/icons.h"
 
 #include <QApplication>
 #include <QDrag>
+#include <QDragEnterEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTimer>
 #include <QWindow>
+
+#include <algorithm>
+#include <array>
+#include <utility>
 
 namespace nubivane {
 
@@ -24,6 +33,16 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int Gap = 6;
+constexpr int NarrowestSearch = 40;                       // pixels
+constexpr qsizetype MostRecent = 24;                      // symbols
+constexpr std::array thumbnailSizes = {48, 64, 96, 128};  // pixels
+
+int thumbnailSizeIn(const SettingsStore& settings) {
+    const int wanted = settings.number(Setting::ThumbnailSize).value_or(0);
+    const bool known =
+        std::find(thumbnailSizes.begin(), thumbnailSizes.end(), wanted) != thumbnailSizes.end();
+    return known ? wanted : ListImage::UsualThumbnail;
+}
 
 /// Behind the tabs of the collections; on a dark desktop a dark blue of the same hue.
 QColor stripColor(const QPalette& palette) {
@@ -54,9 +73,13 @@ Palette::Palette(Workspace& workspace, AnimationCache& animations, Shell& shell,
       shell_(shell),
       tabSymbols_(new QTabBar(this)),
       imgText_(new QToolButton(this)),
+      txtSearch_(new QLineEdit(this)),
+      cmdFavourites_(new QToolButton(this)),
+      listImageFound_(new ListImage(animations, this)),
       lblSymbolsMessage_(new QLabel(tr("Loading symbols collections. Wait..."), this)),
       emptyHint_(
-          new QLabel(tr("No collection is shown. Choose one under Symbols, Collections."), this)) {
+          new QLabel(tr("No collection is shown. Choose one under Symbols, Collections."), this)),
+      thumbnailSize_(thumbnailSizeIn(workspace.settings)) {
     tabSymbols_->setObjectName("tabSymbols");
     tabSymbols_->setAccessibleName(tr("Symbol collections"));
     tabSymbols_->setExpanding(false);
@@ -79,6 +102,171 @@ Palette::Palette(Workspace& workspace, AnimationCache& animations, Shell& shell,
     emptyHint_->setAlignment(Qt::AlignCenter);
     emptyHint_->setWordWrap(true);
     connect(tabSymbols_, &QTabBar::currentChanged, this, &Palette::showCollectionTab);
+    setAcceptDrops(true);
+    makeSearch();
+}
+
+/// A key of its own leads to the search; on the way of the Tab key it would be one more stop.
+void Palette::makeSearch() {
+    txtSearch_->setObjectName("txtSearch");
+    txtSearch_->setAccessibleName(tr("Search in all symbols"));
+    txtSearch_->setPlaceholderText(tr("Search"));
+    txtSearch_->setToolTip(tr("Search in all symbols"));
+    txtSearch_->setClearButtonEnabled(true);
+    txtSearch_->setFocusPolicy(Qt::ClickFocus);
+    txtSearch_->installEventFilter(this);
+    cmdFavourites_->setObjectName("cmdFavourites");
+    cmdFavourites_->setText(QChar(0x2605));
+    cmdFavourites_->setAccessibleName(tr("Favorites, and symbols used last"));
+    cmdFavourites_->setToolTip(tr("Favorites, and symbols used last"));
+    cmdFavourites_->setCheckable(true);
+    cmdFavourites_->setAutoRaise(true);
+    cmdFavourites_->setFocusPolicy(Qt::NoFocus);
+    listImageFound_->setObjectName("listImageFound");
+    listImageFound_->hide();
+    prepareList(*listImageFound_);
+    connect(txtSearch_, &QLineEdit::textChanged, this, &Palette::search);
+    connect(cmdFavourites_, &QToolButton::clicked, this, &Palette::showFavourites);
+    connect(tabSymbols_, &QTabBar::tabBarClicked, this, [this] {
+        cmdFavourites_->setChecked(false);
+        txtSearch_->clear();
+        showLists();
+    });
+}
+
+/// What the palette's lists have in common: one or several symbols are dragged out of them, Enter
+/// places one, and their menu knows favorites and sizes.
+void Palette::prepareList(ListImage& list) {
+    list.setSelectionMode(QAbstractItemView::ExtendedSelection);
+    list.setThumbnailSize(thumbnailSize_);
+    connect(&list, &ListImage::dragStarting, this, [this, &list](const QString& file) {
+        QStringList files = list.selectedFiles();
+        files.removeAll(file);
+        if (startDrag(SpritePayload{sprite_type::Symbol, file, files}.text(), pictureOf(file))) {
+            placed(QStringList(file) + files);
+        }
+    });
+    connect(&list, &ListImage::fileActivated, this, [this](const QString& file) {
+        if (mayPlace()) {
+            Q_EMIT placeAsked(SpritePayload{sprite_type::Symbol, file}.text());
+            placed({file});
+        }
+    });
+    connect(&list, &ListImage::menuAsked, this, &Palette::showMenu);
+    connect(&list, &ListImage::sizeTurned, this, &Palette::turnThumbnailSize);
+}
+
+void Palette::startSearch() {
+    txtSearch_->setFocus(Qt::ShortcutFocusReason);
+    txtSearch_->selectAll();
+}
+
+void Palette::search() {
+    const QString words = txtSearch_->text();
+    if (!words.isEmpty()) {
+        if (!std::exchange(namesRead_, true)) {
+            QStringList folders;
+            for (const cSymbolsCollection& collection : workspace_.Status.SymbolsCollection()) {
+                folders << collection.Path;
+            }
+            index_.read(folders);
+        }
+        cmdFavourites_->setChecked(false);
+        listImageFound_->loadFiles(index_.find(words));
+    }
+    showLists();
+}
+
+/// Favorites first, then what was placed last.
+void Palette::showFavourites() {
+    if (cmdFavourites_->isChecked()) {
+        const QSignalBlocker quiet(txtSearch_);
+        txtSearch_->clear();
+        QStringList files = workspace_.settings.list(SettingList::FavouriteSymbols) +
+                            workspace_.settings.list(SettingList::RecentSymbols);
+        files.removeDuplicates();
+        files.removeIf([](const QString& file) { return !host_files::fileExists(file); });
+        listImageFound_->loadFiles(files);
+    }
+    showLists();
+}
+
+void Palette::showLists() {
+    const bool found = !txtSearch_->text().isEmpty() || cmdFavourites_->isChecked();
+    ListImage* const shown = found ? listImageFound_ : currentList();
+    listImageFound_->setVisible(found);
+    for (const Tab& tab : listImageSymbols_) {
+        tab.list->setVisible(tab.list == shown);
+    }
+    emptyHint_->setVisible(!shown);
+}
+
+void Palette::placed(const QStringList& files) {
+    QStringList recent = workspace_.settings.list(SettingList::RecentSymbols);
+    for (const QString& file : files) {
+        recent.removeAll(file);
+        recent.prepend(file);
+    }
+    workspace_.settings.setList(SettingList::RecentSymbols, recent.mid(0, MostRecent));
+}
+
+void Palette::toggleFavourite(const QString& file) {
+    QStringList favourites = workspace_.settings.list(SettingList::FavouriteSymbols);
+    if (favourites.removeAll(file) == 0) {
+        favourites << file;
+    }
+    workspace_.settings.setList(SettingList::FavouriteSymbols, favourites);
+    if (cmdFavourites_->isChecked()) {
+        showFavourites();
+    }
+}
+
+void Palette::showMenu(const QString& file, QPoint globalPosition) {
+    auto* menu = new QMenu(this);
+    menu->setObjectName("menuSymbol");
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (!file.isEmpty()) {
+        const bool isFavourite =
+            workspace_.settings.list(SettingList::FavouriteSymbols).contains(file);
+        connect(menu->addAction(tr("Place on the map")), &QAction::triggered, this, [this, file] {
+            if (mayPlace()) {
+                Q_EMIT placeAsked(SpritePayload{sprite_type::Symbol, file}.text());
+                placed({file});
+            }
+        });
+        connect(menu->addAction(isFavourite ? tr("Remove from favorites") : tr("Add to favorites")),
+                &QAction::triggered, this, [this, file] { toggleFavourite(file); });
+        menu->addSeparator();
+    }
+    for (const auto& [size, caption] :
+         {std::pair(48, tr("Small thumbnails")), std::pair(64, tr("Usual thumbnails")),
+          std::pair(96, tr("Large thumbnails")), std::pair(128, tr("Very large thumbnails"))}) {
+        QAction* const action = menu->addAction(caption);
+        action->setCheckable(true);
+        action->setChecked(size == thumbnailSize_);
+        connect(action, &QAction::triggered, this, [this, size = size] { setThumbnailSize(size); });
+    }
+    menu->popup(globalPosition);
+}
+
+void Palette::setThumbnailSize(int size) {
+    thumbnailSize_ = size;
+    workspace_.settings.set(Setting::ThumbnailSize, QString::number(size));
+    listImageFound_->setThumbnailSize(size);
+    for (const Tab& tab : listImageSymbols_) {
+        tab.list->setThumbnailSize(size);
+    }
+}
+
+void Palette::turnThumbnailSize(int steps) {
+    const auto at = std::find(thumbnailSizes.begin(), thumbnailSizes.end(), thumbnailSize_);
+    const auto place = static_cast<int>(at - thumbnailSizes.begin()) + steps;
+    const int last = static_cast<int>(thumbnailSizes.size()) - 1;
+    setThumbnailSize(thumbnailSizes[static_cast<std::size_t>(std::clamp(place, 0, last))]);
+}
+
+ListImage* Palette::shownList() const {
+    return listImageFound_->isHidden() ? currentList() : listImageFound_;
 }
 
 void Palette::loadSymbolsCollections() {
@@ -93,6 +281,7 @@ void Palette::loadSymbolsCollections() {
 
 void Palette::loadTabs(const QStringList& paths) {
     const HourglassGuard hourglass(shell_);
+    forgetNames();
     {
         const QSignalBlocker quiet(tabSymbols_);
         while (tabSymbols_->count() > 0) {
@@ -115,14 +304,7 @@ void Palette::addCollectionTab(const QString& path) {
     auto* list = new ListImage(animations_, this);
     list->setObjectName(u"listImageSymbols"_s + QString::number(listImageSymbols_.size() + 1));
     list->hide();
-    connect(list, &ListImage::dragStarting, this, [this](const QString& file) {
-        startDrag(SpritePayload{sprite_type::Symbol, file}.text(), pictureOf(file));
-    });
-    connect(list, &ListImage::fileActivated, this, [this](const QString& file) {
-        if (mayPlace()) {
-            Q_EMIT placeAsked(SpritePayload{sprite_type::Symbol, file}.text());
-        }
-    });
+    prepareList(*list);
     listImageSymbols_.push_back({path, list});
     tabSymbols_->addTab(getFileName(path).replace(u'&', QLatin1String("&&")));
     tabSymbols_->setCurrentIndex(tabSymbols_->count() - 1);
@@ -130,7 +312,6 @@ void Palette::addCollectionTab(const QString& path) {
 
 void Palette::showCollectionTab() {
     const int selected = tabSymbols_->currentIndex();
-    emptyHint_->setVisible(listImageSymbols_.empty());
     for (std::size_t i = 0; i < listImageSymbols_.size(); ++i) {
         Tab& tab = listImageSymbols_[i];
         const bool shown = static_cast<int>(i) == selected;
@@ -139,13 +320,14 @@ void Palette::showCollectionTab() {
             tab.list->load(tab.folder);
             lblSymbolsMessage_->hide();
         }
-        tab.list->setVisible(shown);
     }
+    showLists();
     resizeEvent(nullptr);
 }
 
 void Palette::refreshCurrentList() {
     const HourglassGuard hourglass(shell_);
+    forgetNames();
     if (ListImage* list = currentList()) {
         list->clear();
         list->load(listImageSymbols_[static_cast<std::size_t>(tabSymbols_->currentIndex())].folder);
@@ -157,12 +339,30 @@ ListImage* Palette::currentList() const {
     return index < listImageSymbols_.size() ? listImageSymbols_[index].list : nullptr;
 }
 
+QString Palette::currentFolder() const {
+    const auto index = static_cast<std::size_t>(tabSymbols_->currentIndex());
+    return index < listImageSymbols_.size() ? listImageSymbols_[index].folder : QString();
+}
+
+void Palette::dragEnterEvent(QDragEnterEvent* event) {
+    if (!droppedPictures(*event->mimeData()).isEmpty()) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    }
+}
+
+void Palette::dropEvent(QDropEvent* event) {
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    Q_EMIT picturesDropped(droppedPictures(*event->mimeData()));
+}
+
 QList<QWidget*> Palette::focusOrder() const {
     QList<QWidget*> order = {imgText_, tabSymbols_};
     for (const Tab& tab : listImageSymbols_) {
         order << tab.list;
     }
-    return order;
+    return order << listImageFound_;
 }
 
 bool Palette::mayPlace() {
@@ -178,9 +378,9 @@ bool Palette::mayPlace() {
     return false;
 }
 
-void Palette::startDrag(const QString& payload, const QPixmap& picture) {
+bool Palette::startDrag(const QString& payload, const QPixmap& picture) {
     if (!mayPlace()) {
-        return;
+        return false;
     }
     allowDrop(true);
     auto* payloadData = new QMimeData;
@@ -197,8 +397,9 @@ void Palette::startDrag(const QString& payload, const QPixmap& picture) {
             }
         }
     });
-    drag->exec(Qt::CopyAction);
+    const bool dropped = drag->exec(Qt::CopyAction) == Qt::CopyAction;
     allowDrop(false);
+    return dropped;
 }
 
 QPixmap Palette::pictureOf(const QString& file) const {
@@ -206,7 +407,31 @@ QPixmap Palette::pictureOf(const QString& file) const {
     return animation ? QPixmap::fromImage(animation->pictureAt(0)) : QPixmap();
 }
 
+bool Palette::searchKey(int key) {
+    switch (key) {
+        case Qt::Key_Escape:
+            txtSearch_->clear();
+            break;
+        case Qt::Key_Down:
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            break;
+        default:
+            return false;
+    }
+    if (ListImage* list = shownList()) {
+        list->setFocus();
+        if (!list->currentIndex().isValid()) {
+            list->setCurrentIndex(list->model()->index(0, 0));
+        }
+    }
+    return true;
+}
+
 bool Palette::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == txtSearch_ && event->type() == QEvent::KeyPress) {
+        return searchKey(static_cast<QKeyEvent*>(event)->key());
+    }
     if (watched != imgText_) {
         return QWidget::eventFilter(watched, event);
     }
@@ -240,7 +465,16 @@ void Palette::paintEvent(QPaintEvent*) {
 
 void Palette::resizeEvent(QResizeEvent*) {
     const int textHeight = imgText_->sizeHint().height();
-    imgText_->setGeometry(Gap, 0, std::max(0, width() - 2 * Gap), textHeight);
+    const int star = cmdFavourites_->sizeHint().width();
+    const int label = std::min(imgText_->sizeHint().width(), std::max(0, width() - 2 * Gap));
+    const int search = width() - label - star - 4 * Gap;
+    imgText_->setGeometry(Gap, 0, label, textHeight);
+    txtSearch_->setVisible(search >= NarrowestSearch);
+    const int fieldHeight = std::min(textHeight, txtSearch_->sizeHint().height());
+    txtSearch_->setGeometry(label + 2 * Gap, (textHeight - fieldHeight) / 2, std::max(0, search),
+                            fieldHeight);
+    cmdFavourites_->setGeometry(width() - star - Gap, (textHeight - fieldHeight) / 2, star,
+                                fieldHeight);
     const int tabTop = textHeight + Gap;
     const int tabHeight = tabSymbols_->count() > 0 ? tabSymbols_->sizeHint().height() : 0;
     tabSymbols_->setGeometry(Gap, tabTop, std::max(0, width() - Gap), tabHeight);
@@ -248,6 +482,7 @@ void Palette::resizeEvent(QResizeEvent*) {
                      std::max(0, height() - tabTop - tabHeight));
     lblSymbolsMessage_->setGeometry(area);
     emptyHint_->setGeometry(area);
+    listImageFound_->setGeometry(area);
     for (const Tab& tab : listImageSymbols_) {
         tab.list->setGeometry(area);
     }

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/collections/symbol_index.h"
 #include "engine/model/workspace.h"
 #include "windows/widgets/list_image.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QTabBar>
 #include <QToolButton>
 #include <QWidget>
@@ -40,6 +42,18 @@ class Palette : public QWidget {
     QToolButton* imgText() const { return imgText_; }
     /// The list of the selected tab, or nothing.
     ListImage* currentList() const;
+    /// The folder of the selected tab; empty without one.
+    QString currentFolder() const;
+    /// The list that is seen: of the selected tab, or of what was searched for.
+    ListImage* shownList() const;
+
+    /// Gives the search field the keyboard.
+    void startSearch();
+    /// Reads the names of all symbols anew before the next search.
+    void forgetNames() { namesRead_ = false; }
+    QLineEdit* txtSearch() const { return txtSearch_; }
+    QToolButton* cmdFavourites() const { return cmdFavourites_; }
+    ListImage* listImageFound() const { return listImageFound_; }
 
     /// A palette drag has begun and has not ended yet.
     bool dropAllowed() const { return dropAllowed_; }
@@ -52,14 +66,29 @@ class Palette : public QWidget {
     void listsChanged();  ///< tabs and lists were made anew
     /// A sprite is to be placed without a drag; the text is a drag's payload.
     void placeAsked(const QString& payload);
+    /// Picture files of this machine were dropped on the palette; paths with backslashes.
+    void picturesDropped(const QStringList& files);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void startDrag(const QString& payload, const QPixmap& picture);
+    void makeSearch();
+    bool searchKey(int key);
+    void prepareList(ListImage& list);
+    void search();
+    void showFavourites();
+    void showLists();
+    void placed(const QStringList& files);
+    void showMenu(const QString& file, QPoint globalPosition);
+    void toggleFavourite(const QString& file);
+    void setThumbnailSize(int size);
+    void turnThumbnailSize(int steps);
+    bool startDrag(const QString& payload, const QPixmap& picture);
     bool mayPlace();
     QPixmap pictureOf(const QString& file) const;
 
@@ -73,11 +102,17 @@ class Palette : public QWidget {
     Shell& shell_;
     QTabBar* tabSymbols_;
     QToolButton* imgText_;
+    QLineEdit* txtSearch_;
+    QToolButton* cmdFavourites_;
+    ListImage* listImageFound_;  ///< over the others while something is searched for
     QLabel* lblSymbolsMessage_;
     QLabel* emptyHint_;
     std::vector<Tab> listImageSymbols_;
     QPoint textPress_;
     bool dropAllowed_ = false;
+    SymbolIndex index_;
+    bool namesRead_ = false;
+    int thumbnailSize_;
 };
 
 }  // namespace nubivane

@@ -6,12 +6,14 @@
 #include "engine/core/path_text.h"
 #include "engine/picture/animation_cache.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>
 #include <QStyledItemDelegate>
 #include <QTextLayout>
 #include <QThreadPool>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <atomic>
@@ -20,8 +22,8 @@ namespace nubivane {
 
 namespace {
 
-constexpr int ThumbnailSize = 64;
-constexpr int CellWidth = 78;  // at least
+constexpr int LargestThumbnail = 128;
+constexpr int CellMargin = 14;  // of a cell beside its thumbnail, at least
 constexpr int Spacing = 2;
 constexpr int CaptionLines = 2;
 constexpr int CellPadding = 4;
@@ -51,17 +53,25 @@ SymbolListModel::SymbolListModel(AnimationCache& animations, QObject* parent)
 SymbolListModel::~SymbolListModel() = default;
 
 void SymbolListModel::load(const QString& folder) {
+    QStringList paths;
+    if (!folder.isEmpty()) {
+        for (const QString& name : host_files::fileNames(folder)) {
+            if (hasPictureExtension(name)) {
+                paths << folder + u'\\' + name;
+            }
+        }
+    }
+    loadFiles(paths);
+}
+
+void SymbolListModel::loadFiles(const QStringList& paths) {
     beginResetModel();
     ++generation_;
     loader_.reset();
     rows_.clear();
     bytes_ = 0;
-    if (!folder.isEmpty()) {
-        for (const QString& name : host_files::fileNames(folder)) {
-            if (hasPictureExtension(name)) {
-                rows_.push_back({folder + u'\\' + name, nullptr});
-            }
-        }
+    for (const QString& path : paths) {
+        rows_.push_back({path, nullptr});
     }
     endResetModel();
     if (rows_.empty()) {
@@ -93,7 +103,7 @@ void SymbolListModel::arrived(int generation, int row, std::shared_ptr<const Ani
         return;
     }
     if (animation && bytes_ + animation->bytes() > MaxListBytes) {
-        constexpr int Side = 2 * ThumbnailSize;  // sharp on a dense screen too
+        constexpr int Side = LargestThumbnail;  // sharp on a dense screen too
         animation = std::make_shared<const Animation>(animation->still({Side, Side}));
     }
     bytes_ += animation ? animation->bytes() : 0;
@@ -134,11 +144,13 @@ class ListImage::Painter : public QStyledItemDelegate {
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
         // The columns share the whole width; a caption of a long word in a large font still fits.
-        const int least = std::max(CellWidth, 9 * option.fontMetrics.averageCharWidth() + 8);
+        const int least = std::max(list_.thumbnailSize_ + CellMargin,
+                                   9 * option.fontMetrics.averageCharWidth() + 8);
         const int room = list_.viewport()->width() - 3 * Spacing;  // views keep some for a bar
         const int columns = std::max(1, room / (least + Spacing));
-        return {std::max(least, room / columns - Spacing),
-                ThumbnailSize + 3 * CellPadding + CaptionLines * option.fontMetrics.height()};
+        return {
+            std::max(least, room / columns - Spacing),
+            list_.thumbnailSize_ + 3 * CellPadding + CaptionLines * option.fontMetrics.height()};
     }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -157,8 +169,8 @@ class ListImage::Painter : public QStyledItemDelegate {
                                 : QPen(Qt::NoPen));
             painter->drawRoundedRect(QRectF(cell).adjusted(.5, .5, -.5, -.5), 4, 4);
         }
-        const QRect picture(cell.center().x() - ThumbnailSize / 2, cell.top() + CellPadding,
-                            ThumbnailSize, ThumbnailSize);
+        const int side = list_.thumbnailSize_;
+        const QRect picture(cell.center().x() - side / 2, cell.top() + CellPadding, side, side);
         if (const auto animation = list_.model_->animation(index.row())) {
             paintThumbnail(*painter, picture, *animation);
         }
@@ -241,6 +253,42 @@ void ListImage::load(const QString& folder) {
 
 QString ListImage::selectedFile() const {
     return currentIndex().isValid() ? model_->path(currentIndex().row()) : QString();
+}
+
+QStringList ListImage::selectedFiles() const {
+    QStringList files;
+    for (const QModelIndex& index : selectionModel()->selectedIndexes()) {
+        if (index == currentIndex()) {
+            files.prepend(model_->path(index.row()));
+        } else {
+            files << model_->path(index.row());
+        }
+    }
+    return files;
+}
+
+void ListImage::setThumbnailSize(int size) {
+    thumbnailSize_ = std::min(size, LargestThumbnail);
+    scheduleDelayedItemsLayout();
+    viewport()->update();
+}
+
+void ListImage::contextMenuEvent(QContextMenuEvent* event) {
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    const QModelIndex index = byKey ? currentIndex() : indexAt(event->pos());
+    Q_EMIT menuAsked(index.isValid() ? model_->path(index.row()) : QString(),
+                     byKey && index.isValid() ? viewport()->mapToGlobal(visualRect(index).center())
+                                              : event->globalPos());
+}
+
+void ListImage::wheelEvent(QWheelEvent* event) {
+    constexpr int Notch = 120;  // eighths of a degree
+    if (event->modifiers() & Qt::ControlModifier) {
+        Q_EMIT sizeTurned(event->angleDelta().y() / Notch);
+        event->accept();
+    } else {
+        QListView::wheelEvent(event);
+    }
 }
 
 void ListImage::selectFile(const QString& file) {

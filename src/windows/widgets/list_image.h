@@ -30,7 +30,9 @@ class SymbolListModel : public QAbstractListModel {
 
     /// Lists a folder anew (path with backslashes), in name order.
     void load(const QString& folder);
-    void clear() { load({}); }
+    /// Lists files anew, in the order given.
+    void loadFiles(const QStringList& paths);
+    void clear() { loadFiles({}); }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -68,14 +70,23 @@ class ListImage : public QListView {
     Q_OBJECT
 
   public:
+    static constexpr int UsualThumbnail = 64;
+
     ListImage(AnimationCache& animations, QWidget* parent);
 
     void load(const QString& folder);
+    /// Lists files of any folders, in the order given.
+    void loadFiles(const QStringList& paths) { model_->loadFiles(paths); }
     void clear() { model_->clear(); }
+    /// How large a thumbnail may be on each side, pixels.
+    void setThumbnailSize(int size);
+    int thumbnailSize() const { return thumbnailSize_; }
     SymbolListModel& symbols() const { return *model_; }
     /// 0 when nothing is selected, otherwise counted from 1.
     int selectedIndex() const { return currentIndex().isValid() ? currentIndex().row() + 1 : 0; }
     QString selectedFile() const;
+    /// All that are selected, the current one first.
+    QStringList selectedFiles() const;
     /// Selects the thumbnail of a file if it is there.
     void selectFile(const QString& file);
 
@@ -83,6 +94,9 @@ class ListImage : public QListView {
     void fileSelected();  ///< not told when a folder is listed anew
     void dragStarting(const QString& file);
     void fileActivated(const QString& file);  ///< Enter or a double click
+    void menuAsked(const QString& file, QPoint globalPosition);
+    /// Ctrl and the wheel: larger ones for a positive number.
+    void sizeTurned(int steps);
 
   protected:
     void startDrag(Qt::DropActions actions) override;
@@ -90,6 +104,8 @@ class ListImage : public QListView {
     void hideEvent(QHideEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
   private:
     class Painter;
@@ -98,6 +114,7 @@ class ListImage : public QListView {
     SymbolListModel* model_;
     QTimer timer_;
     QElapsedTimer time_;
+    int thumbnailSize_ = UsualThumbnail;
 };
 
 }  // namespace nubivane

@@ -35,12 +35,14 @@ TEST_F(Popup, HoldsItsEntriesInOrder) {
     start();
     QStringList entries;
     for (const QAction* entry : popup().actions()) {
+        const QObject* named = entry->menu() ? static_cast<const QObject*>(entry->menu()) : entry;
         entries << (entry->isSeparator() ? QString("-")
-                                         : entry->objectName() + ' ' + entry->text());
+                                         : named->objectName() + ' ' + entry->text());
     }
     EXPECT_EQ(entries, QStringList({"subRestore Restore", "-", "subCut Cut", "subCopy Copy",
                                     "subPaste Paste", "subDelete Delete", "-",
-                                    "subProperty Property", "-", "subUndo Undo", "subRedo Redo"}));
+                                    "subProperty Property", "-", "subUndo Undo", "subRedo Redo",
+                                    "-", "subDuplicate Duplicate", "mnuArrange Arrange"}));
 }
 
 TEST_F(Popup, ARightPressOnASymbolSelectsItAndShowsTheMenu) {

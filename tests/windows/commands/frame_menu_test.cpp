@@ -34,7 +34,8 @@ TEST_F(FrameMenu, ItHasInsertRemoveASeparatorAndRename) {
     }
     EXPECT_EQ(rows,
               QStringList({"mnuMapInsert|Insert", "mnuMapDelete|Remove", "-", "mnuMapRename|Rename",
-                           "-", "mnuMapUndo|Undo", "mnuMapRedo|Redo"}));
+                           "mnuFrameLeft|Move to the left", "mnuFrameRight|Move to the right", "-",
+                           "mnuMapUndo|Undo", "mnuMapRedo|Redo"}));
 }
 
 TEST_F(FrameMenu, ARightPressSelectsTheTabAndShowsIt) {

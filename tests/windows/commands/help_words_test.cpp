@@ -33,7 +33,10 @@ QSet<QString> shortcuts() {
     QSet<QString> keys;
     for (const CommandRow& row : commandTable()) {
         for (const QKeySequence& shortcut : commands.action(row.name)->shortcuts()) {
-            keys.insert(shortcut.toString(QKeySequence::PortableText).replace("Del", "Delete"));
+            keys.insert(shortcut.toString(QKeySequence::PortableText)
+                            .replace("Del", "Delete")
+                            .replace("PgUp", "Page Up")
+                            .replace("PgDown", "Page Down"));
         }
     }
     return keys;

@@ -44,6 +44,11 @@ void EditScene::spriteChanged(qint32 frame, const SpriteRecord& before, const Sp
     tell([&](EditWatcher& watcher) { watcher.spriteChanged(frame, before, after); });
 }
 
+void EditScene::spritesReordered(qint32 frame) {
+    noteFrame(frame);
+    tell([&](EditWatcher& watcher) { watcher.spritesReordered(frame); });
+}
+
 void EditScene::spritesWillBeReplaced(qint32 frame) {
     tell([&](EditWatcher& watcher) { watcher.spritesWillBeReplaced(frame); });
 }

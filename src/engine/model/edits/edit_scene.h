@@ -27,6 +27,7 @@ class EditScene {
     void spriteAdded(qint32 frame, const SpriteId& id, Arrival arrival, std::optional<int> depth);
     void spriteWillGo(qint32 frame, const SpriteId& id);
     void spriteChanged(qint32 frame, const SpriteRecord& before, const SpriteRecord& after);
+    void spritesReordered(qint32 frame);
     void spritesWillBeReplaced(qint32 frame);
     void spritesReplaced(qint32 frame);
     void captionChanged(qint32 frame);

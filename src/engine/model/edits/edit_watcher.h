@@ -7,7 +7,9 @@
 #include <QRect>
 
 #include <optional>
+#include <utility>
 #include <variant>
+#include <vector>
 
 namespace nubivane {
 
@@ -25,7 +27,19 @@ enum class Arrival {
 struct EditPlace {
     qint32 frame = 0;  ///< 0 for the project as a whole
     std::optional<SpriteId> sprite = {};
-    QRect area = {};  ///< of the map; empty where there is none
+    QRect area = {};                    ///< of the map; empty where there is none
+    std::vector<SpriteId> others = {};  ///< sprites beside that one
+
+    /// A Frame and any number of its sprites, of which the last one counts most.
+    static EditPlace of(qint32 frame, std::vector<SpriteId> sprites) {
+        EditPlace place{frame};
+        if (!sprites.empty()) {
+            place.sprite = sprites.back();
+            sprites.pop_back();
+            place.others = std::move(sprites);
+        }
+        return place;
+    }
 };
 
 /// What an edit, or taking it back, has changed, by the Frames' numbers afterwards. It is all that
@@ -61,6 +75,8 @@ class EditWatcher {
     virtual void spriteWillGo(qint32 /*frame*/, const SpriteId&) {}
     virtual void spriteChanged(qint32 /*frame*/, const SpriteRecord& /*before*/,
                                const SpriteRecord& /*after*/) {}
+    /// The sprites of a Frame have another order, bottom to top.
+    virtual void spritesReordered(qint32 /*frame*/) {}
     virtual void spritesWillBeReplaced(qint32 /*frame*/) {}
     virtual void spritesReplaced(qint32 /*frame*/) {}
 

@@ -7,8 +7,11 @@
 
 #include <QPoint>
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <utility>
+#include <vector>
 
 namespace nubivane {
 
@@ -30,6 +33,34 @@ void changeSprite(Workspace& workspace, const SpriteId& id, const char* name, QS
 
 void moveSprite(Workspace& workspace, const SpriteId& id, QPoint position, Marks marks,
                 const QString& series = {});
+
+/// A sprite and where it is to stand.
+struct SpriteMove {
+    SpriteId id;
+    QPoint to;
+};
+
+/// Moves several sprites by one edit. One alone is moved as `moveSprite` does, unless the edit has
+/// a name of its own.
+void moveSprites(Workspace& workspace, const std::vector<SpriteMove>& moves, Marks marks,
+                 const QString& series = {}, const char* name = nullptr);
+
+/// Adds copies of records to the current Frame by one edit, in their order. Returns their names.
+std::vector<SpriteId> addSprites(Workspace& workspace, std::vector<SpriteRecord> records,
+                                 Marks marks, Arrival arrival, const char* name);
+
+/// Adds copies of sprites of the current Frame at the positions given, by one edit, above the
+/// others in the order in which they lie. Returns their names.
+std::vector<SpriteId> copySprites(Workspace& workspace, const std::vector<SpriteMove>& copies,
+                                  Marks marks);
+
+/// Takes sprites off the current Frame by one edit. `depthOf` tells their places from below.
+void removeSprites(Workspace& workspace, const std::vector<SpriteId>& ids, Marks marks,
+                   const char* name,
+                   const std::function<std::optional<int>(const SpriteId&)>& depthOf);
+
+/// A sprite's record at another position.
+SpriteRecord movedTo(SpriteRecord record, QPoint position);
 
 /// The position of a sprite, or nothing.
 std::optional<QPoint> positionOf(const Workspace& workspace, const SpriteId& id);

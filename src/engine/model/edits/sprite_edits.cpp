@@ -4,6 +4,7 @@
 #include "engine/core/path_text.h"
 #include "engine/model/edits/edit_scene.h"
 
+#include <algorithm>
 #include <type_traits>
 #include <utility>
 
@@ -311,6 +312,61 @@ void EditGroup::revert(EditScene& scene) {
     for (auto edit = edits_.rbegin(); edit != edits_.rend(); ++edit) {
         (*edit)->revert(scene);
     }
+}
+
+namespace {
+
+/// The Frame of the place that counts, with the sprites of all places on it.
+EditPlace joined(EditPlace last, const std::vector<EditPlace>& places) {
+    std::vector<SpriteId> sprites;
+    for (const EditPlace& place : places) {
+        if (place.frame == last.frame && place.sprite) {
+            std::erase(sprites, *place.sprite);
+            sprites.push_back(*place.sprite);
+        }
+    }
+    if (last.sprite) {
+        std::erase(sprites, *last.sprite);
+    }
+    last.others = std::move(sprites);
+    return last;
+}
+
+}  // namespace
+
+EditPlace EditGroup::placeAfter() const {
+    std::vector<EditPlace> places;
+    for (const auto& edit : edits_) {
+        places.push_back(edit->placeAfter());
+    }
+    return joined(places.back(), places);
+}
+
+EditPlace EditGroup::placeBefore() const {
+    std::vector<EditPlace> places;
+    for (const auto& edit : edits_) {
+        places.push_back(edit->placeBefore());
+    }
+    return joined(places.front(), places);
+}
+
+bool EditGroup::isNothing() const {
+    return std::all_of(edits_.begin(), edits_.end(),
+                       [](const auto& edit) { return edit->isNothing(); });
+}
+
+/// A series names the sprites it is about, so that all of them continue or none does.
+bool EditGroup::absorb(const Edit& next) {
+    const auto* group = dynamic_cast<const EditGroup*>(&next);
+    if (!group || series_.isEmpty() || group->series_ != series_ || group->frame() != frame() ||
+        group->edits_.size() != edits_.size()) {
+        return false;
+    }
+    bool all = true;
+    for (std::size_t i = 0; i < edits_.size(); ++i) {
+        all = edits_[i]->absorb(*group->edits_[i]) && all;
+    }
+    return all;
 }
 
 qsizetype EditGroup::bytes() const {

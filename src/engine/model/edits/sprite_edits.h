@@ -5,6 +5,7 @@
 #include "engine/model/sprites.h"
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace nubivane {
@@ -106,21 +107,26 @@ class ReplaceSprites : public Edit {
     bool applied_ = false;
 };
 
-/// Several edits that are one for the person; done in order, taken back in the other.
+/// Several edits that are one for the person; done in order, taken back in the other. Groups with
+/// one series in a row are one edit, where each of their edits continues its like.
 class EditGroup : public Edit {
   public:
-    EditGroup(const char* name, Marks marks, qint32 frame) : Edit(name, marks, frame) {}
+    EditGroup(const char* name, Marks marks, qint32 frame, QString series = {})
+        : Edit(name, marks, frame), series_(std::move(series)) {}
     void add(std::unique_ptr<Edit> edit) { edits_.push_back(std::move(edit)); }
 
     void apply(EditScene& scene) override;
     void revert(EditScene& scene) override;
-    EditPlace placeAfter() const override { return edits_.back()->placeAfter(); }
-    EditPlace placeBefore() const override { return edits_.front()->placeBefore(); }
+    EditPlace placeAfter() const override;
+    EditPlace placeBefore() const override;
+    bool isNothing() const override;
+    bool absorb(const Edit& next) override;
     qsizetype bytes() const override;
     void renameFolder(const QString& from, const QString& to) override;
 
   private:
     std::vector<std::unique_ptr<Edit>> edits_;
+    QString series_;
 };
 
 }  // namespace nubivane
