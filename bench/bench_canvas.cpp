@@ -54,9 +54,9 @@ double timed(Call call) {
 }
 
 /// The main window on a map of its own, with symbols that move.
-class Editor {
+class FullEditor {
   public:
-    explicit Editor(const QString& programFolder)
+    explicit FullEditor(const QString& programFolder)
         : settings_(directory_.filePath("settings.ini")),
           workspace_(ProgramFolder(modelPath(programFolder)), settings_),
           window_(workspace_, shell_) {
@@ -122,7 +122,7 @@ class Editor {
     frmMap window_;
 };
 
-void measureDrag(Editor& editor, const char* name, int frames) {
+void measureDrag(FullEditor& editor, const char* name, int frames) {
     editor.select(Symbols / 2);
     const QPoint start = editor.firstSymbol();
     editor.mouse(QEvent::MouseButtonPress, start);
@@ -137,7 +137,7 @@ void measureDrag(Editor& editor, const char* name, int frames) {
     tell(name, times);
 }
 
-void measurePlaying(Editor& editor, const char* name, int frames) {
+void measurePlaying(FullEditor& editor, const char* name, int frames) {
     std::vector<double> times;
     for (int i = 0; i < frames; ++i) {
         times.push_back(timed([&] { editor.paintSymbols(); }));
@@ -185,7 +185,7 @@ int main(int argc, char* argv[]) {
         return 2;
     }
     const int frames = argc > 2 ? std::max(10, QString::fromLocal8Bit(argv[2]).toInt()) : 300;
-    Editor editor(QDir(QString::fromLocal8Bit(argv[1])).absolutePath());
+    FullEditor editor(QDir(QString::fromLocal8Bit(argv[1])).absolutePath());
     measurePlaying(editor, "play, 100 %", frames);
     measureDrag(editor, "drag, 100 %", frames);
     editor.zoomTo(800);
