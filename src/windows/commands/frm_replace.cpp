@@ -5,6 +5,7 @@
 #include "engine/core/path_text.h"
 #include "windows/commands/replacements.h"
 #include "windows/widgets/at_once.h"
+#include "windows/widgets/combo_ex.h"
 #include "windows/widgets/one_line.h"
 
 #include <QDialogButtonBox>
@@ -93,7 +94,7 @@ QWidget* frmReplace::makeTextPage() {
 QWidget* frmReplace::makePicturePage() {
     auto* page = new QWidget(pages_);
     auto* form = makeForm(page);
-    cboPicture_ = new QComboBox(page);
+    cboPicture_ = new comboEx(page);
     cmdPicture_ = new QPushButton(page);
     cboPicture_->setObjectName("cboPicture");
     cmdPicture_->setObjectName("cmdPicture");
@@ -107,7 +108,7 @@ QWidget* frmReplace::makePicturePage() {
 QWidget* frmReplace::makeFontPage() {
     auto* page = new QWidget(pages_);
     auto* form = makeForm(page);
-    cboFont_ = new QComboBox(page);
+    cboFont_ = new comboEx(page);
     cboNewFont_ = new QFontComboBox(page);
     cboFont_->setObjectName("cboFont");
     cboNewFont_->setObjectName("cboNewFont");

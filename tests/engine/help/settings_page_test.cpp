@@ -27,7 +27,8 @@ QMap<Entry, QSet<QString>> readEntries() {
             entries[{row.section, row.group, row.key}].insert(row.defaultValue);
         }
     }
-    for (const SettingList list : {SettingList::CheckedCollections, SettingList::RecentFiles}) {
+    for (const SettingList list : {SettingList::CheckedCollections, SettingList::RecentFiles,
+                                   SettingList::FavouriteSymbols, SettingList::RecentSymbols}) {
         const SettingListRow& row = rowOf(list);
         entries[{row.section, row.group, Numbered}].insert("");
     }

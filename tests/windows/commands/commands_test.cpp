@@ -13,9 +13,18 @@ TEST_F(CommandsAtStart, AllCanBeGivenButThoseThatNeedASpriteOrASecondFrame) {
             disabled << row.name;
         }
     }
-    EXPECT_EQ(disabled,
-              QStringList({"mnuUndo", "mnuRedo", "mnuCut", "mnuCopy", "mnuPaste", "mnuDelSymbol",
-                           "mnuRestore", "mnuProperty", "mnuFrameRemove"}));
+    EXPECT_EQ(disabled, QStringList({"mnuUndo",           "mnuRedo",
+                                     "mnuDuplicate",      "mnuToFront",
+                                     "mnuRaise",          "mnuLower",
+                                     "mnuToBack",         "mnuAlignLeft",
+                                     "mnuAlignCentre",    "mnuAlignRight",
+                                     "mnuAlignTop",       "mnuAlignMiddle",
+                                     "mnuAlignBottom",    "mnuDistributeAcross",
+                                     "mnuDistributeDown", "mnuCut",
+                                     "mnuCopy",           "mnuPaste",
+                                     "mnuDelSymbol",      "mnuRestore",
+                                     "mnuProperty",       "mnuFrameRemove",
+                                     "mnuFrameLeft",      "mnuFrameRight"}));
 }
 
 }  // namespace nubivane

@@ -55,7 +55,7 @@ TEST_F(ProjectDrop, OnTheMapOpensItToo) {
 
 TEST_F(ProjectDrop, AnotherKindOfFileIsNotTaken) {
     EXPECT_FALSE(dropFiles(window(), {host("week.nvpx")}));
-    EXPECT_FALSE(dropFiles(canvas(), {host("Maps/europe.jpg")}));
+    EXPECT_FALSE(dropFiles(canvas(), {host("week.nvpx")}));
     EXPECT_EQ(window().windowTitle(), "New project - Nubivane");
 }
 
