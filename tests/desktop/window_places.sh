@@ -32,6 +32,13 @@ framed() {
     xprop -id "$1" _NET_FRAME_EXTENTS | grep -q '= [0-9]*, [0-9]*, [1-9]'
 }
 
+# near X Y X2 Y2: whether the places differ by no more than a frame. When a busy machine crosses what
+# window and window manager say, they may; what must not be is that it adds up from showing to showing.
+near() {
+    local across=$(($1 - $3)) down=$(($2 - $4))
+    [ ${across#-} -le 5 ] && [ ${down#-} -le 30 ]
+}
+
 # standing TITLE: waits for a window and prints its id and its place once that is at rest.
 standing() {
     local found before= after same=0
@@ -82,7 +89,7 @@ for _ in 1 2 3 4; do
     wait_for "the window goes" not find_window '^Drawing$'
     draw_line
     read -r drawing x2 y2 _ <<<"$(standing 'Drawing')"
-    [ "$x $y" = "$x2 $y2" ] || fail "the window crept from $x, $y to $x2, $y2"
+    near "$x" "$y" "$x2" "$y2" || fail "the window crept from $x, $y to $x2, $y2"
 done
 echo "ok: the window of a figure comes up in its place again and again"
 xdotool windowmove "$drawing" 600 500
@@ -91,7 +98,7 @@ xdotool windowactivate --sync "$window" key Escape
 wait_for "the window goes" not find_window '^Drawing$'
 draw_line
 read -r drawing x2 y2 _ <<<"$(standing 'Drawing')"
-[ "$x $y" = "$x2 $y2" ] || fail "moved to $x, $y, the window came up at $x2, $y2"
+near "$x" "$y" "$x2" "$y2" || fail "moved to $x, $y, the window came up at $x2, $y2"
 xdotool windowactivate --sync "$window" key Escape
 wait_for "the window goes" not find_window '^Drawing$'
 xdotool key Escape
@@ -101,7 +108,7 @@ for round in 1 2 3 4; do
     xdotool windowactivate --sync "$window" key F4
     read -r properties x2 y2 _ <<<"$(standing 'Properties')"
     [ $round != 1 ] || read -r x y <<<"$x2 $y2"
-    [ "$x $y" = "$x2 $y2" ] || fail "the properties crept from $x, $y to $x2, $y2"
+    near "$x" "$y" "$x2" "$y2" || fail "the properties crept from $x, $y to $x2, $y2"
     xdotool windowactivate --sync "$properties" key Escape
     wait_for "the window goes" not find_window '^Properties$'
 done

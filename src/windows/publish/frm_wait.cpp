@@ -56,6 +56,7 @@ frmWait::frmWait(const Workspace& workspace, QWidget* owner)
     makeDetails();
     cmdCancel_->setObjectName("cmdCancel");
     cmdCancel_->setAutoDefault(false);  // a Return too many must not stop the upload
+    cmdCancel_->setFocus();
     connect(cmdCancel_, &QPushButton::clicked, this, &frmWait::cancelled);
     auto* column = new QVBoxLayout(this);
     column->addWidget(pctUpload_, 0, Qt::AlignHCenter);

@@ -99,6 +99,13 @@ TEST_F(WaitWindow, TheConversationIsAmongTheDetails) {
     EXPECT_EQ(cancels, 0);
 }
 
+TEST_F(WaitWindow, TheKeyboardIsAtTheButtonThatStopsFromTheFirst) {
+    init();
+    QTest::keyClick(window.focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(cancels, 1);
+    EXPECT_FALSE(part<QPlainTextEdit>(window, "txtConversation")->isVisible());
+}
+
 TEST_F(WaitWindow, ItsButtonIsTheOnlyWayToStop) {
     init();
     QTest::keyClick(&window, Qt::Key_Escape);
