@@ -66,15 +66,19 @@ ShpSelector Selection::borderOf(const SpriteControl& control, bool alone) const 
     return {control.rect, alone && control.isResizable(), map, zoom_};
 }
 
-void Selection::selectSprite(SpriteControl& control) {
-    tellBorders();
-    selector_ = borderOf(control, others_.empty());
+void Selection::makeOtherBorders() {
     otherBorders_.clear();
     for (const SpriteId& id : others_) {
         if (const SpriteControl* other = sprites_.find(id)) {
             otherBorders_.push_back(borderOf(*other, false));
         }
     }
+}
+
+void Selection::selectSprite(SpriteControl& control) {
+    tellBorders();
+    selector_ = borderOf(control, others_.empty());
+    makeOtherBorders();
     tellBorders();
     Q_EMIT commandsChanged();
 }
@@ -141,12 +145,8 @@ void Selection::setZoom(Zoom zoom) {
         selector_ = borderOf(*selected, others_.empty());
         selector_->surround(sprite);
     }
-    otherBorders_.clear();
-    for (const SpriteId& id : others_) {
-        const SpriteControl* other = selector_ ? sprites_.find(id) : nullptr;
-        if (other) {
-            otherBorders_.push_back(borderOf(*other, false));
-        }
+    if (selector_) {
+        makeOtherBorders();
     }
 }
 

@@ -66,6 +66,7 @@ class Selection : public QObject {
 
   private:
     ShpSelector borderOf(const SpriteControl& control, bool alone) const;
+    void makeOtherBorders();
     void put(std::vector<SpriteId> ids);
     void tellBorders();
 

@@ -33,15 +33,27 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int Gap = 6;
-constexpr int NarrowestSearch = 40;                       // pixels
-constexpr qsizetype MostRecent = 24;                      // symbols
-constexpr std::array thumbnailSizes = {48, 64, 96, 128};  // pixels
+constexpr int NarrowestSearch = 40;   // pixels
+constexpr qsizetype MostRecent = 24;  // symbols
+
+struct ThumbnailSize {
+    int pixels;
+    const char* caption;
+};
+constexpr std::array thumbnailSizes = {
+    ThumbnailSize{48, QT_TRANSLATE_NOOP("nubivane::Palette", "Small thumbnails")},
+    ThumbnailSize{64, QT_TRANSLATE_NOOP("nubivane::Palette", "Usual thumbnails")},
+    ThumbnailSize{96, QT_TRANSLATE_NOOP("nubivane::Palette", "Large thumbnails")},
+    ThumbnailSize{128, QT_TRANSLATE_NOOP("nubivane::Palette", "Very large thumbnails")}};
+
+auto findSize(int pixels) {
+    return std::find_if(thumbnailSizes.begin(), thumbnailSizes.end(),
+                        [pixels](const ThumbnailSize& size) { return size.pixels == pixels; });
+}
 
 int thumbnailSizeIn(const SettingsStore& settings) {
     const int wanted = settings.number(Setting::ThumbnailSize).value_or(0);
-    const bool known =
-        std::find(thumbnailSizes.begin(), thumbnailSizes.end(), wanted) != thumbnailSizes.end();
-    return known ? wanted : ListImage::UsualThumbnail;
+    return findSize(wanted) != thumbnailSizes.end() ? wanted : ListImage::UsualThumbnail;
 }
 
 /// Behind the tabs of the collections; on a dark desktop a dark blue of the same hue.
@@ -146,12 +158,7 @@ void Palette::prepareList(ListImage& list) {
             placed(QStringList(file) + files);
         }
     });
-    connect(&list, &ListImage::fileActivated, this, [this](const QString& file) {
-        if (mayPlace()) {
-            Q_EMIT placeAsked(SpritePayload{sprite_type::Symbol, file}.text());
-            placed({file});
-        }
-    });
+    connect(&list, &ListImage::fileActivated, this, &Palette::place);
     connect(&list, &ListImage::menuAsked, this, &Palette::showMenu);
     connect(&list, &ListImage::sizeTurned, this, &Palette::turnThumbnailSize);
 }
@@ -201,6 +208,13 @@ void Palette::showLists() {
     emptyHint_->setVisible(!shown);
 }
 
+void Palette::place(const QString& file) {
+    if (mayPlace()) {
+        Q_EMIT placeAsked(SpritePayload{sprite_type::Symbol, file}.text());
+        placed({file});
+    }
+}
+
 void Palette::placed(const QStringList& files) {
     QStringList recent = workspace_.settings.list(SettingList::RecentSymbols);
     for (const QString& file : files) {
@@ -228,20 +242,14 @@ void Palette::showMenu(const QString& file, QPoint globalPosition) {
     if (!file.isEmpty()) {
         const bool isFavourite =
             workspace_.settings.list(SettingList::FavouriteSymbols).contains(file);
-        connect(menu->addAction(tr("Place on the map")), &QAction::triggered, this, [this, file] {
-            if (mayPlace()) {
-                Q_EMIT placeAsked(SpritePayload{sprite_type::Symbol, file}.text());
-                placed({file});
-            }
-        });
+        connect(menu->addAction(tr("Place on the map")), &QAction::triggered, this,
+                [this, file] { place(file); });
         connect(menu->addAction(isFavourite ? tr("Remove from favorites") : tr("Add to favorites")),
                 &QAction::triggered, this, [this, file] { toggleFavourite(file); });
         menu->addSeparator();
     }
-    for (const auto& [size, caption] :
-         {std::pair(48, tr("Small thumbnails")), std::pair(64, tr("Usual thumbnails")),
-          std::pair(96, tr("Large thumbnails")), std::pair(128, tr("Very large thumbnails"))}) {
-        QAction* const action = menu->addAction(caption);
+    for (const auto& [size, caption] : thumbnailSizes) {
+        QAction* const action = menu->addAction(tr(caption));
         action->setCheckable(true);
         action->setChecked(size == thumbnailSize_);
         connect(action, &QAction::triggered, this, [this, size = size] { setThumbnailSize(size); });
@@ -259,10 +267,9 @@ void Palette::setThumbnailSize(int size) {
 }
 
 void Palette::turnThumbnailSize(int steps) {
-    const auto at = std::find(thumbnailSizes.begin(), thumbnailSizes.end(), thumbnailSize_);
-    const auto place = static_cast<int>(at - thumbnailSizes.begin()) + steps;
+    const auto at = static_cast<int>(findSize(thumbnailSize_) - thumbnailSizes.begin()) + steps;
     const int last = static_cast<int>(thumbnailSizes.size()) - 1;
-    setThumbnailSize(thumbnailSizes[static_cast<std::size_t>(std::clamp(place, 0, last))]);
+    setThumbnailSize(thumbnailSizes[static_cast<std::size_t>(std::clamp(at, 0, last))].pixels);
 }
 
 ListImage* Palette::shownList() const {

@@ -83,6 +83,7 @@ class Palette : public QWidget {
     void search();
     void showFavourites();
     void showLists();
+    void place(const QString& file);
     void placed(const QStringList& files);
     void showMenu(const QString& file, QPoint globalPosition);
     void toggleFavourite(const QString& file);

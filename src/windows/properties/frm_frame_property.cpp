@@ -2,6 +2,7 @@
 #include "windows/properties/frm_frame_property.h"
 
 #include "windows/properties/frm_frame_property_detail.h"
+#include "windows/properties/shared_rows.h"
 
 #include <QCoreApplication>
 
@@ -14,11 +15,6 @@ namespace {
 constexpr PropertyRow BackColorRow{
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Back Color"),
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets background color used to display text")};
-constexpr PropertyRow BorderRow{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Border"),
-                                QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets border style")};
-constexpr PropertyRow BorderColorRow{
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Border color"),
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets border color")};
 constexpr PropertyRow TextRow{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Text"),
                               QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets forecast text")};
 

@@ -3,6 +3,7 @@
 
 #include "engine/core/path_text.h"
 #include "engine/model/edits/sprite_changes.h"
+#include "windows/properties/shared_rows.h"
 
 #include <QCoreApplication>
 
@@ -16,11 +17,6 @@ constexpr PropertyRow BackColorRow{
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Back color"),
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets background color used to display text"),
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Back Color")};
-constexpr PropertyRow BorderRow{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Border"),
-                                QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets border style")};
-constexpr PropertyRow BorderColorRow{
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Border color"),
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets border color")};
 constexpr PropertyRow TextRow{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Text"),
                               QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets label text")};
 constexpr PropertyRow XRow{
@@ -31,9 +27,6 @@ constexpr PropertyRow YRow{
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Y"),
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid",
                       "Sets the position of the top corner of the label with respect to the map")};
-constexpr PropertyRow NoteRow{
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Notes"),
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Stores notes for internal use")};
 
 constexpr qint16 WithBorder = 1;
 constexpr int YesIndex = 0;

@@ -7,6 +7,7 @@
 #include "windows/properties/font_rows.h"
 #include "windows/properties/position_rows.h"
 #include "windows/properties/property_grid.h"
+#include "windows/properties/shared_rows.h"
 
 #include <QCoreApplication>
 
@@ -20,31 +21,6 @@ namespace nubivane {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr PropertyRow BackColorRow{
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Back color"),
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets background color used to display text")};
-constexpr PropertyRow BorderRow{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Border"),
-                                QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets border style")};
-constexpr PropertyRow BorderColorRow{
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Border color"),
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets border color")};
-constexpr PropertyRow HeightRow{
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Height"),
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets the height of the symbol")};
-constexpr PropertyRow WidthRow{
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Width"),
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets the width of the symbol")};
-constexpr PropertyRow LinkRow{
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Link"),
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets the url to navigate to")};
-constexpr PropertyRow TooltipRow{
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Tooltip"),
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid",
-                      "Sets the text displayed when the mouse is paused over the symbol")};
-constexpr PropertyRow NoteRow{
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Notes"),
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Stores notes for internal use")};
 
 constexpr auto Edited = QT_TRANSLATE_NOOP("Edits", "Change properties");
 constexpr int YesIndex = 0;
@@ -131,7 +107,7 @@ void frmManyProperty::Init() {
 void frmManyProperty::addLabelRows() {
     grid_->addSection(tr("Labels"));
     font_ = std::make_unique<FontRows>(*grid_, QString(), QString());
-    cboBackcolor_ = grid_->addColor(BackColorRow, u"cboBackcolor"_s);
+    cboBackcolor_ = grid_->addColor(TextBackColorRow, u"cboBackcolor"_s);
     cboBorder_ = grid_->addChoice(BorderRow, u"cboBorder"_s);
     cboBorder_->addItems({tr("Yes"), tr("No")});
     cboBorderColor_ = grid_->addColor(BorderColorRow, u"cboBorderColor"_s);

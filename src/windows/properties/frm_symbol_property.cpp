@@ -4,6 +4,7 @@
 #include "engine/core/host_files.h"
 #include "engine/core/number_text.h"
 #include "engine/model/edits/sprite_changes.h"
+#include "windows/properties/shared_rows.h"
 
 #include <QCoreApplication>
 #include <QLabel>
@@ -17,12 +18,6 @@ namespace {
 constexpr PropertyRow SymbolRow{
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Symbol"),
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets the displayed symbol")};
-constexpr PropertyRow HeightRow{
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Height"),
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets the height of the symbol")};
-constexpr PropertyRow WidthRow{
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Width"),
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets the width of the symbol")};
 constexpr PropertyRow XRow{
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "X"),
     QT_TRANSLATE_NOOP(
@@ -32,16 +27,6 @@ constexpr PropertyRow YRow{
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Y"),
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid",
                       "Sets the position of the top corner of the symbol with respect to the map")};
-constexpr PropertyRow LinkRow{
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Link"),
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets the url to navigate to")};
-constexpr PropertyRow TooltipRow{
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Tooltip"),
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid",
-                      "Sets the text displayed when the mouse is paused over the symbol")};
-constexpr PropertyRow NoteRow{
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Notes"),
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Stores notes for internal use")};
 
 constexpr int LeastExtent = 16;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/properties/text_item_rows.h"
 
+#include "windows/properties/shared_rows.h"
 #include "windows/properties/text_line_rows.h"
 
 #include <QScopedValueRollback>
@@ -9,17 +10,11 @@ namespace nubivane {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr PropertyRow BackColorRow{
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Back color"),
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets background color used to display text")};
-
-}  // namespace
+namespace {}  // namespace
 
 TextItemRows::TextItemRows(PropertyGrid& grid, const QString& part, const char* textHelp)
     : font_(grid, part, part),
-      cboBackcolor_(grid.addColor(BackColorRow, u"cbo"_s + part + u"Backcolor"_s)),
+      cboBackcolor_(grid.addColor(TextBackColorRow, u"cbo"_s + part + u"Backcolor"_s)),
       txtText_(grid.addWrapped({QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Text"), textHelp},
                                u"txt"_s + part + u"Text"_s)) {
     // After the font dialog flags are told with this other word until the item is shown again.

@@ -1,20 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/properties/text_line_rows.h"
 
+#include "windows/properties/shared_rows.h"
+
 namespace nubivane {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr PropertyRow BackColorRow{
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Back color"),
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets background color used to display text")};
-constexpr PropertyRow BorderRow{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Border"),
-                                QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets border style")};
-constexpr PropertyRow BorderColorRow{
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Border color"),
-    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets border color")};
 constexpr PropertyRow AlignRow{
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Alignment"),
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets alignment of text")};
@@ -37,7 +31,7 @@ void commitColor(comboColor& combo, std::function<bool()> committing,
 TextLineRows::TextLineRows(PropertyGrid& grid, const Names& names, std::function<bool()> committing)
     : committing_(std::move(committing)),
       font_(grid, names.part, names.buttonPart),
-      cboBackcolor_(grid.addColor(BackColorRow, u"cbo"_s + names.part + u"Backcolor"_s)),
+      cboBackcolor_(grid.addColor(TextBackColorRow, u"cbo"_s + names.part + u"Backcolor"_s)),
       cboBorder_(grid.addChoice(BorderRow, u"cbo"_s + names.part + u"Border"_s)),
       cboBorderColor_(grid.addColor(BorderColorRow, u"cbo"_s + names.part + u"BorderColor"_s)),
       cboAlign_(grid.addChoice(AlignRow, u"cbo"_s + names.part + u"Align"_s)),
