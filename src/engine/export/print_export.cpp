@@ -40,11 +40,11 @@ QPageLayout layoutFor(QSize picture) {
                        QPageLayout::Portrait, QMarginsF());
 }
 
-/// What is printed of the canvas that would show a stage: the right and the lower line of its frame
-/// are part of it.
+/// What is printed of the canvas that would show a stage: the right and the lower line of its
+/// border are part of it.
 QImage canvasToPrint(const QImage& stage) {
     QImage canvas(stage.size() + QSize(1, 1), QImage::Format_RGB32);
-    canvas.fill(CanvasFrameColor);
+    canvas.fill(CanvasBorderColor);
     QPainter(&canvas).drawImage(0, 0, stage);
     return canvas;
 }

@@ -12,10 +12,10 @@ namespace nubivane {
 
 class Workspace;
 
-/// The colour of the canvas's frame, a line of one pixel around the map.
-inline constexpr QRgb CanvasFrameColor = qRgb(96, 110, 122);
+/// The colour of the canvas's border, a line of one pixel around the map.
+inline constexpr QRgb CanvasBorderColor = qRgb(96, 110, 122);
 
-/// What is printed of the canvas: all but the first row and column, so that of its frame the right
+/// What is printed of the canvas: all but the first row and column, so that of its border the right
 /// and the lower line are left. One pixel wider and higher than the map.
 QImage partToPrint(const QImage& canvas);
 

@@ -47,7 +47,7 @@ class MapSurface {
     /// Inner size: that of the picture.
     int ScaleWidth() const { return picture_.size().width(); }
     int ScaleHeight() const { return picture_.size().height(); }
-    /// Outer size: with the frame of one pixel on each side.
+    /// Outer size: with the border of one pixel on each side.
     int Width() const { return ScaleWidth() + 2; }
     int Height() const { return ScaleHeight() + 2; }
 

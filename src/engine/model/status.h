@@ -10,8 +10,27 @@
 
 namespace nubivane {
 
-/// The drawing tools. The first one leaves the map alone.
-enum class Tool { cursor, draw, erase, color, line, curvy, circle, poly };
+/// The drawing tools. The first one leaves the map alone; the last ones draw the figures of weather
+/// maps, each a group of them.
+enum class Tool {
+    cursor,
+    draw,
+    erase,
+    color,
+    line,
+    curvy,
+    circle,
+    poly,
+    front,
+    isoline,
+    area,
+    arrow,
+    text
+};
+
+constexpr bool isWeatherTool(Tool tool) {
+    return tool >= Tool::front;
+}
 
 /// What is current in the editor: a record that all windows read and write. Made once and never
 /// replaced; opening and creating projects only rewrite its fields.

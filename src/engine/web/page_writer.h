@@ -18,7 +18,7 @@ struct PageInput {
     const cFrames& frames;
     const ColorTable& colors;
     QSize map;       ///< inner size of the map, pixels
-    QSize mapOuter;  ///< with its frame, pixels
+    QSize mapOuter;  ///< with its border, pixels
     PageSettings settings;
 };
 

@@ -4,6 +4,8 @@
 #include "windows/canvas/drag_marks.h"
 #include "windows/canvas/selection.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <cstdlib>
 
@@ -20,9 +22,9 @@ void RubberBand::moveTo(QPoint position) {
                                    std::abs(position.y() - from_->y()) + 1));
     marks_.setBand(band);
     std::vector<SpriteId> wanted = before_;
+    const QSet<SpriteId> known(before_.begin(), before_.end());
     for (const SpriteControl* control : sprites_.controls()) {
-        if (control->visible && band.intersects(control->rect) &&
-            std::find(wanted.begin(), wanted.end(), control->id) == wanted.end()) {
+        if (control->visible && band.intersects(control->rect) && !known.contains(control->id)) {
             wanted.push_back(control->id);
         }
     }

@@ -3,6 +3,8 @@
 
 #include "engine/model/edits/project_edits.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <utility>
 
@@ -178,9 +180,10 @@ std::vector<SpriteId> Selection::ids() const {
 
 std::vector<SpriteControl*> Selection::controls() const {
     const auto all = ids();
+    const QSet<SpriteId> selected(all.begin(), all.end());
     std::vector<SpriteControl*> found;
     for (SpriteControl* control : sprites_.controls()) {
-        if (std::find(all.begin(), all.end(), control->id) != all.end()) {
+        if (selected.contains(control->id)) {
             found.push_back(control);
         }
     }

@@ -3,7 +3,7 @@
 
 #include "engine/core/shell.h"
 #include "engine/model/edits/sprite_changes.h"
-#include "engine/model/weather_tool.h"
+#include "engine/model/status.h"
 #include "windows/canvas/map_bounds.h"
 
 #include <algorithm>

@@ -28,7 +28,7 @@ frmCopy::frmCopy(const Workspace& workspace, Shell& shell, QWidget* parent)
     lblFile_->setWordWrap(true);
     lblFile_->setMinimumWidth(48 * fontMetrics().averageCharWidth());
     gifCopy_->setObjectName("gifCopy");
-    gifCopy_->setFramed(false);
+    gifCopy_->setBordered(false);
     pBar_->setObjectName("pBar");
     pBar_->setAccessibleName(tr("Progress of the copy"));
     pBar_->setTextVisible(false);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "engine/model/weather_tool.h"
+#include "engine/model/status.h"
 #include "engine/weather/weather_figure.h"
 
 #include <QObject>
@@ -44,7 +44,7 @@ class FigureChoice : public QObject {
     };
 
     static std::size_t rowOf(Tool tool) {
-        return static_cast<std::size_t>(tool) - static_cast<std::size_t>(weather_tool::front);
+        return static_cast<std::size_t>(tool) - static_cast<std::size_t>(Tool::front);
     }
     const Choice& of(Tool tool) const { return choices_.at(rowOf(tool)); }
 

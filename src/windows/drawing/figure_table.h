@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "engine/model/weather_tool.h"
+#include "engine/model/status.h"
 #include "engine/weather/figure_kinds.h"
 
 #include <QCoreApplication>
@@ -97,16 +97,16 @@ inline QString nameOf(weather::FigureKind kind) {
 constexpr Tool toolOf(weather::FigureKind kind) {
     switch (weather::rowOf(kind).family) {
         case weather::FigureFamily::Front:
-            return weather_tool::front;
+            return Tool::front;
         case weather::FigureFamily::Isoline:
-            return weather_tool::isoline;
+            return Tool::isoline;
         case weather::FigureFamily::Area:
-            return weather_tool::area;
+            return Tool::area;
         case weather::FigureFamily::Arrow:
         case weather::FigureFamily::WindBarb:
-            return weather_tool::arrow;
+            return Tool::arrow;
         case weather::FigureFamily::Text:
-            return weather_tool::text;
+            return Tool::text;
     }
     return Tool::cursor;
 }

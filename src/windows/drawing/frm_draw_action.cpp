@@ -29,7 +29,7 @@ QPoint insideScreen(QPoint place, const QSize& size, const QRect& screen) {
 }  // namespace
 
 frmDrawAction::frmDrawAction(SettingsStore& settings, QWidget* owner)
-    : QDialog(owner, Qt::Tool), settings_(settings), place_(new FramePlace(*this)) {
+    : QDialog(owner, Qt::Tool), settings_(settings), place_(new WindowPlace(*this)) {
     setObjectName("frmDrawAction");
     setWindowTitle(tr("Drawing"));
     setAttribute(Qt::WA_ShowWithoutActivating);

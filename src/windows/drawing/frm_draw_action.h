@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "windows/widgets/frame_place.h"
+#include "windows/widgets/window_place.h"
 
 #include <QDialog>
 
@@ -32,7 +32,7 @@ class frmDrawAction : public QDialog {
     void restorePlace();
 
     SettingsStore& settings_;
-    FramePlace* place_;
+    WindowPlace* place_;
     bool placed_ = false;
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "engine/model/weather_tool.h"
+#include "engine/model/status.h"
 
 #include <QCoreApplication>
 
@@ -58,26 +58,26 @@ inline constexpr std::array<ToolRow, 13> toolTable = {{
      QT_TRANSLATE_NOOP("nubivane::DrawStrip",
                        "Click the corners, then Apply. Esc: back to the cursor."),
      Qt::Key_P, 1},
-    {weather_tool::front, "front", QT_TRANSLATE_NOOP("nubivane::DrawStrip", "Fronts"), "",
+    {Tool::front, "front", QT_TRANSLATE_NOOP("nubivane::DrawStrip", "Fronts"), "",
      QT_TRANSLATE_NOOP("nubivane::DrawStrip",
                        "Click the points of the front; Enter draws it. Esc: back to the cursor."),
      Qt::Key_F, 3},
-    {weather_tool::isoline, "isoline",
-     QT_TRANSLATE_NOOP("nubivane::DrawStrip", "Isobars and other lines"), "",
+    {Tool::isoline, "isoline", QT_TRANSLATE_NOOP("nubivane::DrawStrip", "Isobars and other lines"),
+     "",
      QT_TRANSLATE_NOOP("nubivane::DrawStrip",
                        "Click the points of the line; Enter draws it. Esc: back to the cursor."),
      Qt::Key_I, 1},
-    {weather_tool::area, "area", QT_TRANSLATE_NOOP("nubivane::DrawStrip", "Areas of weather"), "",
+    {Tool::area, "area", QT_TRANSLATE_NOOP("nubivane::DrawStrip", "Areas of weather"), "",
      QT_TRANSLATE_NOOP("nubivane::DrawStrip",
                        "Click the points around the area; Enter draws it. "
                        "Esc: back to the cursor."),
      Qt::Key_A, 2},
-    {weather_tool::arrow, "arrow", QT_TRANSLATE_NOOP("nubivane::DrawStrip", "Arrows and winds"), "",
+    {Tool::arrow, "arrow", QT_TRANSLATE_NOOP("nubivane::DrawStrip", "Arrows and winds"), "",
      QT_TRANSLATE_NOOP("nubivane::DrawStrip",
                        "Click the points of the arrow from its tail; Enter "
                        "draws it. Esc: back to the cursor."),
      Qt::Key_R, 2},
-    {weather_tool::text, "text", QT_TRANSLATE_NOOP("nubivane::DrawStrip", "Text along a curve"), "",
+    {Tool::text, "text", QT_TRANSLATE_NOOP("nubivane::DrawStrip", "Text along a curve"), "",
      QT_TRANSLATE_NOOP("nubivane::DrawStrip",
                        "Click the points below the text; Enter draws it. "
                        "Esc: back to the cursor."),

@@ -12,7 +12,7 @@ class FrontTool : public WeatherTool {
     Q_DECLARE_TR_FUNCTIONS(nubivane::FrontTool)
 
   public:
-    explicit FrontTool(MapDrawing& drawing) : WeatherTool(drawing, weather_tool::front) {}
+    explicit FrontTool(MapDrawing& drawing) : WeatherTool(drawing, Tool::front) {}
 
   protected:
     QString firstStep() const override;
@@ -24,7 +24,7 @@ class IsolineTool : public WeatherTool {
     Q_DECLARE_TR_FUNCTIONS(nubivane::IsolineTool)
 
   public:
-    explicit IsolineTool(MapDrawing& drawing) : WeatherTool(drawing, weather_tool::isoline) {}
+    explicit IsolineTool(MapDrawing& drawing) : WeatherTool(drawing, Tool::isoline) {}
 
   protected:
     QString firstStep() const override;
@@ -36,7 +36,7 @@ class AreaTool : public WeatherTool {
     Q_DECLARE_TR_FUNCTIONS(nubivane::AreaTool)
 
   public:
-    explicit AreaTool(MapDrawing& drawing) : WeatherTool(drawing, weather_tool::area) {}
+    explicit AreaTool(MapDrawing& drawing) : WeatherTool(drawing, Tool::area) {}
 
   protected:
     QString firstStep() const override;
@@ -49,7 +49,7 @@ class ArrowTool : public WeatherTool {
     Q_DECLARE_TR_FUNCTIONS(nubivane::ArrowTool)
 
   public:
-    explicit ArrowTool(MapDrawing& drawing) : WeatherTool(drawing, weather_tool::arrow) {}
+    explicit ArrowTool(MapDrawing& drawing) : WeatherTool(drawing, Tool::arrow) {}
 
   protected:
     void place(QPoint position) override;
@@ -62,7 +62,7 @@ class TextTool : public WeatherTool {
     Q_DECLARE_TR_FUNCTIONS(nubivane::TextTool)
 
   public:
-    explicit TextTool(MapDrawing& drawing) : WeatherTool(drawing, weather_tool::text) {}
+    explicit TextTool(MapDrawing& drawing) : WeatherTool(drawing, Tool::text) {}
 
   protected:
     QString firstStep() const override;

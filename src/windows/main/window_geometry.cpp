@@ -2,8 +2,8 @@
 #include "windows/main/window_geometry.h"
 
 #include "engine/core/settings_store.h"
-#include "windows/widgets/frame_place.h"
 #include "windows/widgets/twips.h"
+#include "windows/widgets/window_place.h"
 
 #include <QScreen>
 #include <QWidget>
@@ -51,7 +51,7 @@ void restoreGeometry(QWidget& window, const SettingsStore& settings) {
         pixels(settings.number(Setting::WindowWidth), DefaultWidth, screen.width()),
         pixels(settings.number(Setting::WindowHeight), DefaultHeight, screen.height()));
     window.resize(size);
-    auto* place = new FramePlace(window);
+    auto* place = new WindowPlace(window);
     place->put([&window](const QSize& frame) { return centred(window, frame); });
     const QString state = settings.text(Setting::WindowMaximized).trimmed();
     if (state == u"1") {

@@ -5,8 +5,8 @@
 #include "engine/core/shell.h"
 #include "engine/model/edits/project_edits.h"
 #include "windows/properties/property_grid.h"
-#include "windows/widgets/frame_place.h"
 #include "windows/widgets/twips.h"
+#include "windows/widgets/window_place.h"
 
 #include <QApplication>
 #include <QScreen>
@@ -34,7 +34,7 @@ PropertyDialog::PropertyDialog(const char* name, const QString& heading, Workspa
       workspace_(workspace),
       shell_(shell),
       grid_(new PropertyGrid(heading, this)),
-      place_(new FramePlace(*this)) {
+      place_(new WindowPlace(*this)) {
     setObjectName(name);
     setWindowTitle(tr("Properties"));
     auto* column = new QVBoxLayout(this);

@@ -9,7 +9,7 @@
 
 namespace nubivane {
 
-class FramePlace;
+class WindowPlace;
 class PropertyGrid;
 class Shell;
 
@@ -43,7 +43,7 @@ class PropertyDialog : public QDialog {
     void restorePlace();
     void storePlace();
 
-    FramePlace* place_;
+    WindowPlace* place_;
     bool committing_ = false;
 };
 

@@ -44,7 +44,7 @@ frmWait::frmWait(const Workspace& workspace, QWidget* owner)
       cmdCancel_(new QPushButton(tr("&Cancel"), this)) {
     setObjectName("frmWait");
     pctUpload_->setObjectName("pctUpload");
-    pctUpload_->setFramed(false);
+    pctUpload_->setBordered(false);
     lblInfo_->setObjectName("lblInfo");
     ProgressBar_->setObjectName("ProgressBar");
     ProgressBar_->setAccessibleName(tr("Progress of the upload"));

@@ -20,8 +20,8 @@ void PictureBox::setEmptyText(const QString& text) {
     update();
 }
 
-void PictureBox::setFramed(bool framed) {
-    framed_ = framed;
+void PictureBox::setBordered(bool bordered) {
+    bordered_ = bordered;
     update();
 }
 
@@ -39,7 +39,7 @@ void PictureBox::paintEvent(QPaintEvent*) {
     constexpr int Margin = 4;
     QPainter painter(this);
     QRect room = rect();
-    if (framed_) {
+    if (bordered_) {
         paintFrame(painter);
         room.adjust(Margin, Margin, -Margin, -Margin);
     }

@@ -22,7 +22,7 @@ class PictureBox : public QWidget {
     void setEmptyText(const QString& text);
     QString emptyText() const { return emptyText_; }
     /// Whether it has ground and border of its own, as fields have. It has at first.
-    void setFramed(bool framed);
+    void setBordered(bool bordered);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -32,7 +32,7 @@ class PictureBox : public QWidget {
 
     QImage image_;
     QString emptyText_;
-    bool framed_ = true;
+    bool bordered_ = true;
 };
 
 }  // namespace nubivane

@@ -95,8 +95,8 @@ TEST_F(PrintExport, TheCanvasIsPrintedWithoutItsFirstRowAndColumn) {
     // The canvas is two pixels larger than the map, what is printed one pixel smaller than it.
     ASSERT_EQ(canvas.size(), QSize(31, 21));
     EXPECT_EQ(canvas.copy(map.rect()), map);
-    EXPECT_EQ(canvas.pixel(30, 0), CanvasFrameColor);
-    EXPECT_EQ(canvas.pixel(0, 20), CanvasFrameColor);
+    EXPECT_EQ(canvas.pixel(30, 0), CanvasBorderColor);
+    EXPECT_EQ(canvas.pixel(0, 20), CanvasBorderColor);
 }
 
 TEST_F(PrintExport, TheFrameIsPrintedWithItsSymbols) {

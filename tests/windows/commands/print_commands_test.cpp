@@ -66,8 +66,8 @@ TEST_F(Printing, TheMapStandsAtTheCornerWithoutTheCanvassFrameThere) {
     trigger("mnuPrint");
     const QImage map = workspace.pctMap.pixels().convertToFormat(QImage::Format_RGB32);
     EXPECT_EQ(page().copy(0, 0, 500, 400), map);
-    EXPECT_EQ(page().pixel(500, 10), CanvasFrameColor);
-    EXPECT_EQ(page().pixel(10, 400), CanvasFrameColor);
+    EXPECT_EQ(page().pixel(500, 10), CanvasBorderColor);
+    EXPECT_EQ(page().pixel(10, 400), CanvasBorderColor);
 }
 
 TEST_F(Printing, SpritesArePrintedInTheSizesTheyHaveOnTheCanvas) {

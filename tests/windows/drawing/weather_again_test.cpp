@@ -69,9 +69,9 @@ TEST_F(WeatherAgain, KindLookAndWidthComeBackToo) {
     setWidth("2");
     mapKey(Qt::Key_A);
     mapKey(Qt::Key_G);
-    EXPECT_EQ(workspace.Status.CurrentTool, weather_tool::front);
-    EXPECT_EQ(drawing().choice().kind(weather_tool::front), Kind::StationaryFront);
-    EXPECT_TRUE(drawing().choice().look(weather_tool::front).style.flipped);
+    EXPECT_EQ(workspace.Status.CurrentTool, Tool::front);
+    EXPECT_EQ(drawing().choice().kind(Tool::front), Kind::StationaryFront);
+    EXPECT_TRUE(drawing().choice().look(Tool::front).style.flipped);
     EXPECT_EQ(strip().txtValue()->text(), "5");
     EXPECT_TRUE(drawn() == first);
 }

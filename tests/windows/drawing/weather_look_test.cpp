@@ -147,7 +147,7 @@ TEST_F(WeatherLook, TheButtonsOfTheRowDrawAndDropTheFigure) {
 TEST_F(WeatherLook, LettersTypedIntoAFieldChooseNoTool) {
     begin(Kind::CurvedText);
     QTest::keyClicks(&field<QLineEdit>("txtText"), "fax 1");
-    EXPECT_EQ(workspace.Status.CurrentTool, weather_tool::text);
+    EXPECT_EQ(workspace.Status.CurrentTool, Tool::text);
     EXPECT_EQ(style().text, "Textfax 1");
     expectDrawn(Kind::CurvedText);
 }

@@ -48,7 +48,7 @@ TEST(GifAnimatorBox, AStillPictureNeedsNoTimer) {
 
 TEST(PictureBoxPaint, APictureSmallerThanTheBoxKeepsItsSizeAndALargerOneIsFittedIn) {
     PictureBox box(nullptr);
-    box.setFramed(false);
+    box.setBordered(false);
     box.resize(100, 100);
     const QRgb ground = box.grab().toImage().pixel(10, 50);
     box.setImage(plainImage({20, 20}, Qt::red));

@@ -4,6 +4,8 @@
 #include "engine/model/edits/edit_scene.h"
 #include "engine/model/frames.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <type_traits>
 #include <utility>
@@ -21,8 +23,8 @@ QStringList keysOf(const List& list) {
     return keys;
 }
 
-QStringList keysOf(const std::vector<SpriteId>& ids, SpriteKind kind) {
-    QStringList keys;
+QSet<QString> keysOf(const std::vector<SpriteId>& ids, SpriteKind kind) {
+    QSet<QString> keys;
     for (const SpriteId& id : ids) {
         if (id.kind == kind) {
             keys << id.key;
@@ -32,7 +34,7 @@ QStringList keysOf(const std::vector<SpriteId>& ids, SpriteKind kind) {
 }
 
 /// Each key of `moved` one place on, past those that are not.
-void raise(QStringList& keys, const QStringList& moved) {
+void raise(QStringList& keys, const QSet<QString>& moved) {
     for (qsizetype i = keys.size() - 2; i >= 0; --i) {
         if (moved.contains(keys[i]) && !moved.contains(keys[i + 1])) {
             keys.swapItemsAt(i, i + 1);
@@ -55,7 +57,7 @@ void arrange(List& list, const QStringList& keys) {
     }
 }
 
-QStringList stacked(QStringList keys, const QStringList& moved, Stacking stacking) {
+QStringList stacked(QStringList keys, const QSet<QString>& moved, Stacking stacking) {
     const auto isMoved = [&moved](const QString& key) { return moved.contains(key); };
     const auto isLeft = [&moved](const QString& key) { return !moved.contains(key); };
     switch (stacking) {

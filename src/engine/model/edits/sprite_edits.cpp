@@ -4,6 +4,8 @@
 #include "engine/core/path_text.h"
 #include "engine/model/edits/edit_scene.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <type_traits>
 #include <utility>
@@ -318,17 +320,19 @@ namespace {
 
 /// The Frame of the place that counts, with the sprites of all places on it.
 EditPlace joined(EditPlace last, const std::vector<EditPlace>& places) {
-    std::vector<SpriteId> sprites;
-    for (const EditPlace& place : places) {
-        if (place.frame == last.frame && place.sprite) {
-            std::erase(sprites, *place.sprite);
-            sprites.push_back(*place.sprite);
+    QSet<SpriteId> known;
+    if (last.sprite) {
+        known << *last.sprite;
+    }
+    last.others.clear();
+    // Of a sprite that comes up again the last time counts.
+    for (auto place = places.rbegin(); place != places.rend(); ++place) {
+        if (place->frame == last.frame && place->sprite && !known.contains(*place->sprite)) {
+            known << *place->sprite;
+            last.others.push_back(*place->sprite);
         }
     }
-    if (last.sprite) {
-        std::erase(sprites, *last.sprite);
-    }
-    last.others = std::move(sprites);
+    std::reverse(last.others.begin(), last.others.end());
     return last;
 }
 

@@ -16,14 +16,14 @@ namespace nubivane {
 /// Puts a window so that the corner of its frame lies at a place of the screen. How large the frame
 /// is shows only when the window stands, and some window managers take the place for that of the
 /// window inside it: where it has come to is looked at then, and mended.
-class FramePlace : public QObject {
+class WindowPlace : public QObject {
     Q_OBJECT
 
   public:
     /// Where the corner of a frame of a size belongs.
     using Wanted = std::function<QPoint(const QSize& frame)>;
 
-    explicit FramePlace(QWidget& window);
+    explicit WindowPlace(QWidget& window);
 
     void put(Wanted wanted);
     void put(QPoint corner);

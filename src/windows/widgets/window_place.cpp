@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "windows/widgets/frame_place.h"
+#include "windows/widgets/window_place.h"
 
 #include <QEvent>
 #include <QWidget>
@@ -23,17 +23,17 @@ bool isFramesDoing(QPoint distance, const QMargins& frame) {
 
 }  // namespace
 
-FramePlace::FramePlace(QWidget& window) : QObject(&window), window_(window) {
+WindowPlace::WindowPlace(QWidget& window) : QObject(&window), window_(window) {
     watching_.setSingleShot(true);
     watching_.setInterval(WatchedMs);
     window.installEventFilter(this);
 }
 
-void FramePlace::put(QPoint corner) {
+void WindowPlace::put(QPoint corner) {
     put([corner](const QSize&) { return corner; });
 }
 
-void FramePlace::put(Wanted wanted) {
+void WindowPlace::put(Wanted wanted) {
     wanted_ = std::move(wanted);
     put_ = wanted_(window_.frameGeometry().size());
     found_.reset();
@@ -43,22 +43,22 @@ void FramePlace::put(Wanted wanted) {
     watching_.start();
 }
 
-QPoint FramePlace::corner() const {
+QPoint WindowPlace::corner() const {
     const QPoint now = window_.frameGeometry().topLeft();
     return put_ && found_ == now ? *put_ : now;
 }
 
-void FramePlace::watch() {
+void WindowPlace::watch() {
     if (put_) {
         watching_.start();
-        QTimer::singleShot(0, this, &FramePlace::check);
+        QTimer::singleShot(0, this, &WindowPlace::check);
     }
 }
 
 /// Whoever gives a window its frame may move it meanwhile, and where that crosses with what Qt has
 /// asked for, Qt believes the window to stand elsewhere than it does. Asked for once more, now that
 /// the frame is known, both agree.
-void FramePlace::sendAgain() {
+void WindowPlace::sendAgain() {
     QWindow* handle = window_.windowHandle();
     if (put_ && handle && window_.frameGeometry().topLeft() == sent_ &&
         !handle->frameMargins().isNull() && !window_.isMaximized() && !window_.isFullScreen()) {
@@ -66,7 +66,7 @@ void FramePlace::sendAgain() {
     }
 }
 
-bool FramePlace::eventFilter(QObject*, QEvent* event) {
+bool WindowPlace::eventFilter(QObject*, QEvent* event) {
     switch (event->type()) {
         case QEvent::Show:
             painted_ = false;
@@ -76,13 +76,13 @@ bool FramePlace::eventFilter(QObject*, QEvent* event) {
             if (!painted_) {
                 painted_ = true;
                 watch();
-                QTimer::singleShot(FramedMs, this, &FramePlace::sendAgain);
+                QTimer::singleShot(FramedMs, this, &WindowPlace::sendAgain);
             }
             [[fallthrough]];
         case QEvent::Resize:
         case QEvent::Move:
             if (watching_.isActive()) {
-                QTimer::singleShot(0, this, &FramePlace::check);
+                QTimer::singleShot(0, this, &WindowPlace::check);
             }
             break;
         default:
@@ -91,7 +91,7 @@ bool FramePlace::eventFilter(QObject*, QEvent* event) {
     return false;
 }
 
-void FramePlace::check() {
+void WindowPlace::check() {
     const QWindow* handle = window_.windowHandle();
     if (!watching_.isActive() || !handle || !handle->isExposed() || window_.isMaximized() ||
         window_.isMinimized() || window_.isFullScreen()) {
