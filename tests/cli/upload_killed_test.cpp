@@ -88,6 +88,7 @@ TEST_F(KilledUpload, AtAnyMomentLeavesNoHalfFileAndTheNextRunMendsIt) {
         SCOPED_TRACE(
             QStringLiteral("seed %1, round %2, %3 ms").arg(seed).arg(round).arg(ms).toStdString());
         killAfter(server, ms);
+        server.beginAnew({});
         const ProcessResult next = run(words(server));
         EXPECT_EQ(next.exitCode, 0) << next.err.toStdString();
         EXPECT_TRUE(server.tree() == site);

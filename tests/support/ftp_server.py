@@ -3,8 +3,9 @@
 """A small FTP server (RFC 959, 2228, 2389, 2428, 3659, 4217; passive mode) that can be told to fail.
 
 Prints its port, then serves until its standard input is closed. Every command is appended to the log, one a
-line, with the number of its connection before it. A line on the standard input, faults parted by tabs, takes the
-place of the faults so far, lets all counts begin anew, and is answered by "ok".
+line, with the number of its connection before it. A line on the standard input, faults parted by tabs, ends all
+that is still being said, takes the place of the faults so far, lets all counts begin anew, and is answered by "ok":
+from then on nothing of what was before is at work any more.
 
 A fault is "WHICH=WHAT". WHICH is "#N", the N-th command of all; a verb, each time; or "VERB:N", its N-th time.
 "TLS" stands for the greeting that follows AUTH. WHAT is
@@ -80,6 +81,7 @@ class Server:
         self.open = 0
         self.counts = {}
         self.faults = {}
+        self.talks = {}             # sessions by their threads
         self.begin_anew(choices.fault)
         self.without = set(filter(None, choices.without.split(",")))
         if choices.old:
@@ -89,10 +91,22 @@ class Server:
         self.context = self.make_context() if choices.certificate else None
 
     def begin_anew(self, faults):
+        self.end_talks()
         with self.lock:
             self.count = 0
             self.counts = {}
             self.faults = dict(fault.split("=", 1) for fault in faults if fault)
+
+    def end_talks(self):
+        """Hangs up, and waits until what has been received until then has been obeyed."""
+        while True:
+            with self.lock:
+                talks = dict(self.talks)
+            if not talks:
+                return
+            for thread, session in talks.items():
+                session.hang_up()
+                thread.join(0.05)
 
     def make_context(self):
         context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
@@ -119,10 +133,14 @@ class Server:
                 connection.sendall(b"421 too many are here\r\n")
                 connection.close()
             else:
-                Session(self, connection, number).serve()
+                session = Session(self, connection, number)
+                with self.lock:
+                    self.talks[threading.current_thread()] = session
+                session.serve()
         finally:
             with self.lock:
                 self.open -= 1
+                self.talks.pop(threading.current_thread(), None)
 
     def fault_of(self, verb, count):
         for which in ("#%d" % self.count, verb, "%s:%d" % (verb, count)):
@@ -151,11 +169,13 @@ class Session:
         self.folder = []            # names below the root
         self.user = None
         self.welcome = False
-        self.data = None
+        self.data = None            # listens for the next data connection
+        self.file = None            # the data connection at work
         self.private = False
         self.offset = 0
         self.renamed = None
         self.waiting = b""          # received, not yet obeyed
+        self.over = threading.Event()
 
     def serve(self):
         try:
@@ -189,6 +209,20 @@ class Session:
             time.sleep(self.choices.delay)
         self.connection.sendall(text.encode("utf-8", "surrogateescape") + b"\r\n")
 
+    def hang_up(self):
+        """Lets no call of this session wait any longer; called on another thread."""
+        self.over.set()
+        for end in (self.connection, self.data, self.file):
+            try:
+                if end:
+                    socket.socket.shutdown(end, socket.SHUT_RDWR)
+            except OSError:
+                pass
+
+    def be_silent(self):
+        self.over.wait()
+        raise Dropped
+
     def reset(self):
         self.connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
 
@@ -202,7 +236,7 @@ class Session:
             self.reset()
             raise Dropped
         if fault == "silent":
-            time.sleep(3600)
+            self.be_silent()
         if fault == "endless":
             while True:
                 self.say("250-more")
@@ -242,7 +276,7 @@ class Session:
             count = self.server.counts["TLS"] = self.server.counts.get("TLS", 0) + 1
             fault = self.server.fault_of("TLS", count)
         if fault == "silent":
-            time.sleep(3600)
+            self.be_silent()
         if fault:
             raise Dropped
         self.secure()
@@ -350,10 +384,9 @@ class Session:
             self.data = None
 
     def open_data(self):
-        listener, self.data = self.data, None
-        with listener:
+        with self.data as listener:
             if self.choices.patient:
-                connection = listener.accept()[0]
+                connection = self.file = listener.accept()[0]
                 connection.settimeout(0.05)
                 try:
                     early = connection.recv(1, socket.MSG_PEEK)
@@ -366,9 +399,10 @@ class Session:
                     raise Dropped
             self.say("150 go on")
             if not self.choices.patient:
-                connection = listener.accept()[0]
+                connection = self.file = listener.accept()[0]
+        self.data = None
         if self.private:
-            connection = self.server.context.wrap_socket(connection, server_side=True)
+            connection = self.file = self.server.context.wrap_socket(connection, server_side=True)
         return connection
 
     def do_STOR(self, name, fault):
@@ -396,7 +430,7 @@ class Session:
                 target.write(part[:100] if fault == "lie" else part)
                 taken += len(part)
                 if taken >= STALLED_AFTER and fault == "stall":
-                    time.sleep(3600)
+                    self.be_silent()
                 if taken >= STALLED_AFTER and fault == "cut":
                     raise Dropped
             self.part(data)
@@ -494,7 +528,7 @@ class Session:
                 data.sendall(file.read(STALLED_AFTER))
                 if fault == "cut":
                     raise Dropped
-                time.sleep(3600)
+                self.be_silent()
             data.sendall(file.read())
             self.part(data)
         self.say("226 sent")

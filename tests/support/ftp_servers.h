@@ -58,7 +58,8 @@ class OwnFtpServer : public FtpServerProcess {
     explicit OwnFtpServer(const QStringList& options = {});
     ~OwnFtpServer() override;
 
-    /// Other faults ("#3=drop") from now on; counts and the list of commands begin anew.
+    /// Other faults ("#3=drop") from now on; counts and the list of commands begin anew. Nothing
+    /// that was said before is at work any more.
     void beginAnew(const QStringList& faults);
     /// Takes away all that has been sent.
     void empty() const;
@@ -111,14 +112,19 @@ struct TestCertificate {
     QString publicFile = file + ".public";          ///< for a client
 };
 
-/// Short limits, so that no test waits long for a server that does not answer.
-inline FtpOptions shortLimits() {
+/// For servers that answer, be it late because the machine is busy.
+inline FtpOptions testLimits() {
     FtpOptions options;
-    options.connect = Milliseconds(3000);
-    options.response = Milliseconds(2000);
-    options.stall = Milliseconds(2000);
+    options.connect = options.response = options.stall = Milliseconds(60000);
     options.farewell = Milliseconds(1000);
     options.retryPause = Milliseconds(10);
+    return options;
+}
+
+/// For servers that do not answer, which a test has to wait for.
+inline FtpOptions shortLimits() {
+    FtpOptions options = testLimits();
+    options.connect = options.response = options.stall = Milliseconds(3000);
     return options;
 }
 

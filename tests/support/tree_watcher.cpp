@@ -33,7 +33,19 @@ void TreeWatcher::watch() {
 void TreeWatcher::look() {
     for (auto file = site_.cbegin(); file != site_.cend(); ++file) {
         QFile seen(root_ + u'/' + file.key());
-        if (seen.open(QIODevice::ReadOnly) && seen.readAll() != *file) {
+        struct stat status {};
+        if (::stat(QFile::encodeName(seen.fileName()).constData(), &status) != 0) {
+            continue;
+        }
+        const State state{status.st_ino, status.st_size, status.st_mtim.tv_sec,
+                          status.st_mtim.tv_nsec};
+        const auto known = whole_.constFind(file.key());
+        if ((known != whole_.cend() && *known == state) || !seen.open(QIODevice::ReadOnly)) {
+            continue;
+        }
+        if (seen.readAll() == *file) {
+            whole_.insert(file.key(), state);
+        } else {
             halfFiles_ += file.key();
         }
     }

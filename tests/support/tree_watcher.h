@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <sys/stat.h>
+
 #include <atomic>
 #include <mutex>
 #include <thread>
@@ -27,11 +29,21 @@ class TreeWatcher {
     int looks() const { return looks_; }
 
   private:
+    /// What changes whenever a file is replaced or written to.
+    struct State {
+        ino_t inode;
+        off_t size;
+        time_t seconds;
+        long nanoseconds;
+        bool operator==(const State&) const = default;
+    };
+
     void watch();
     void look();
 
     const QString root_;
     const QMap<QString, QByteArray> site_;
+    QMap<QString, State> whole_;  ///< when it was read last
     mutable std::mutex mutex_;
     QStringList halfFiles_;
     std::atomic<int> looks_ = 0;

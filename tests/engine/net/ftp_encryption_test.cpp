@@ -14,7 +14,6 @@ class Encryption : public ::testing::Test {
                   const QStringList& options = {}) {
         OwnFtpServer server(QStringList{"--certificate", certificate} + options);
         const WireTap tap(server);
-        FtpOptions limits = shortLimits();
         limits.certificates = trusted;
         ftpTransfer transfer(limits);
         const bool connected = transfer.Connect(tap.address());
@@ -34,6 +33,7 @@ class Encryption : public ::testing::Test {
     }
 
     TestCertificate good{"127.0.0.1", -1, 2};
+    FtpOptions limits = testLimits();
     QString failure;
     QStringList commands;
     QByteArray wire;
@@ -44,7 +44,7 @@ class Encryption : public ::testing::Test {
 TEST_F(Encryption, TheTapSeesAPasswordInClear) {
     OwnFtpServer server;
     const WireTap tap(server);
-    ftpTransfer transfer(shortLimits());
+    ftpTransfer transfer(testLimits());
     ASSERT_TRUE(transfer.Connect(tap.address()));
     EXPECT_TRUE(tap.sent().contains("PASS secret"));
 }
@@ -84,6 +84,7 @@ TEST_F(Encryption, ACertificateOfAnotherHostGetsNeitherNameNorPassword) {
 }
 
 TEST_F(Encryption, AGreetingThatFailsIsNotRepeatedInClear) {
+    limits = shortLimits();
     for (const char* fault : {"TLS=drop", "TLS=silent"}) {
         EXPECT_FALSE(connects(good.file, good.publicFile, {"--fault", fault})) << fault;
         expectNothingInClear();

@@ -22,7 +22,8 @@ class Transfer : public ::testing::Test {
     }
 
     TemporaryFolder temporary;
-    ftpTransfer transfer{shortLimits()};
+    ftpTransfer transfer{testLimits()};
+    ftpTransfer hasty{shortLimits()};
 };
 
 }  // namespace
@@ -250,8 +251,8 @@ TEST_F(Transfer, ADownloadThatFailsLeavesTheOldFile) {
         OwnFtpServer server({"--fault", fault});
         writeFile(server.file("x"), QByteArray(100000, 'x'));
         writeFile(temporary.file("got"), "old");
-        ASSERT_TRUE(transfer.Connect(server.address()));
-        EXPECT_FALSE(transfer.GetFile("x", model(temporary.file("got")))) << fault;
+        ASSERT_TRUE(hasty.Connect(server.address()));
+        EXPECT_FALSE(hasty.GetFile("x", model(temporary.file("got")))) << fault;
         EXPECT_EQ(readFile(temporary.file("got")), "old") << fault;
         EXPECT_EQ(QDir(temporary.path()).entryList(QDir::Files), QStringList({"got"})) << fault;
     }
@@ -324,7 +325,7 @@ TEST_F(Transfer, AManyNamedListingIsReadInReasonableTime) {
 TEST_F(Transfer, AnAbortEndsAStalledTransferAndAllThatFollows) {
     OwnFtpServer server({"--fault", "RETR=stall"});
     writeFile(server.file("x"), QByteArray(100000, 'x'));
-    FtpOptions patient = shortLimits();
+    FtpOptions patient = testLimits();
     patient.stall = std::chrono::hours(1);
     patient.response = std::chrono::hours(1);
     ftpTransfer waiting{patient};
@@ -339,10 +340,10 @@ TEST_F(Transfer, AnAbortEndsAStalledTransferAndAllThatFollows) {
 TEST_F(Transfer, ACallOutOfAnEventOfAnotherFailsAtOnce) {
     OwnFtpServer server({"--fault", "RETR=stall"});
     writeFile(server.file("x"), QByteArray(100000, 'x'));
-    ASSERT_TRUE(transfer.Connect(server.address()));
+    ASSERT_TRUE(hasty.Connect(server.address()));
     bool nested = true;
-    QTimer::singleShot(100, [&] { nested = transfer.MakeDirectory("y"); });
-    transfer.GetFile("x", model(temporary.file("got")));
+    QTimer::singleShot(100, [&] { nested = hasty.MakeDirectory("y"); });
+    hasty.GetFile("x", model(temporary.file("got")));
     EXPECT_FALSE(nested);
 }
 

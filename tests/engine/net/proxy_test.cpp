@@ -35,7 +35,7 @@ class Proxies : public ::testing::Test {
     StopSignal stop;
     OwnFtpServer server;
     TemporaryFolder folder;
-    ftpTransfer transfer{shortLimits()};
+    ftpTransfer transfer{testLimits()};
 };
 
 }  // namespace

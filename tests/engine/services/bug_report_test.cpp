@@ -19,7 +19,7 @@ class BugReportTest : public WorkspaceFixture {
 
     QStringList localFiles() const { return QDir(host("")).entryList(QDir::Files); }
 
-    ftpTransfer transfer{shortLimits()};
+    ftpTransfer transfer{testLimits()};
 };
 
 }  // namespace

@@ -42,7 +42,7 @@ class CheckVersion : public WorkspaceFixture {
     }
 
     OwnFtpServer server;
-    ftpTransfer transfer{shortLimits()};
+    ftpTransfer transfer{testLimits()};
 };
 
 constexpr char Start[] = "http://downloads.example.org/software/download/nVane/6.0.0/nVane_";

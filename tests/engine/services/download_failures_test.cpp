@@ -45,7 +45,7 @@ TEST_F(DownloadFailures, NoFailingCallTearsASymbolOfAPack) {
     const OwnFtpServer server;
     const QByteArray content(100000, '*');
     writeFile(server.file("sun.gif"), content);
-    ftpTransfer transfer(shortLimits());
+    ftpTransfer transfer(testLimits());
     ASSERT_TRUE(transfer.Connect(server.address())) << transfer.failure().toStdString();
     failEveryCallOf(writer("pack", content, [&] {
         if (transfer.lost()) {

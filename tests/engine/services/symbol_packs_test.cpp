@@ -59,7 +59,7 @@ class Packs : public WorkspaceFixture {
     }
 
     SymbolPacks packsOf(const FtpServerProcess& server) {
-        return SymbolPacks(workspace.folder, server.address(), shell, view_, shortLimits());
+        return SymbolPacks(workspace.folder, server.address(), shell, view_, testLimits());
     }
 
     QStringList symbolFolders() const { return folderNames(host("Symbols")); }
@@ -106,7 +106,7 @@ TEST_F(Packs, AServerThatCannotBeReachedIsTold) {
         EXPECT_EQ(view_.txtInfo, "Cannot connect to the ftp server...") << fault;
         EXPECT_FALSE(view_.startEnabled) << fault;
     }
-    SymbolPacks nowhere(workspace.folder, {}, shell, view_, shortLimits());
+    SymbolPacks nowhere(workspace.folder, {}, shell, view_, testLimits());
     nowhere.open();
     EXPECT_EQ(view_.txtInfo, "Cannot connect to the ftp server...");
 }
@@ -204,7 +204,7 @@ TEST_F(Packs, CancelKeepsWhatIsThereAndAllowsAnotherStart) {
 TEST_F(Packs, CancelEndsAFileThatDoesNotGoOn) {
     OwnFtpServer server({"--fault", "RETR:2=stall"});
     fill(server);
-    FtpOptions patient = shortLimits();
+    FtpOptions patient = testLimits();
     patient.stall = std::chrono::hours(1);
     patient.response = std::chrono::hours(1);
     SymbolPacks packs(workspace.folder, server.address(), shell, view_, patient);

@@ -10,6 +10,9 @@ class UploadFaults : public UploadTest {
   protected:
     /// Runs an initialisation against a server with faults; its message is the only one.
     void expectFailure(const QStringList& faults, const QString& text) {
+        expectFailureOf(run, faults, text);
+    }
+    void expectFailureOf(UploadRun& tried, const QStringList& faults, const QString& text) {
         server.beginAnew(faults);
         server.empty();
         forgetServers();
@@ -18,7 +21,7 @@ class UploadFaults : public UploadTest {
         if (!text.isEmpty()) {
             shell.expectMessage(text, Icon::Critical);
         }
-        EXPECT_EQ(run.runUpload(true, server.address(), {.retries = 1}), text.isEmpty()) << trace;
+        EXPECT_EQ(tried.runUpload(true, server.address(), {.retries = 1}), text.isEmpty()) << trace;
         EXPECT_EQ(view.calls, QStringList({"open Initializing...", "disable", "close", "enable"}))
             << trace;
         expectAllClosed();
@@ -30,8 +33,13 @@ class UploadFaults : public UploadTest {
     void expectFailure(const char* fault, const QString& text) {
         expectFailure(QStringList{QString::fromUtf8(fault)}, text);
     }
+    /// The same where the server says nothing, which is waited for.
+    void expectToBeGivenUp(const QStringList& faults, const QString& text) {
+        expectFailureOf(hasty, faults, text);
+    }
 
     OwnFtpServer server;
+    UploadRun hasty{editor(), window, shortLimits()};
 };
 
 }  // namespace
@@ -47,11 +55,11 @@ TEST_F(UploadFaults, AConnectionThatIsLostEachTimeIsToldByItsStep) {
 }
 
 TEST_F(UploadFaults, ASilentServerIsGivenUp) {
-    expectFailure("USER=silent", "Unable to establish a connection to the remote server");
-    expectFailure("MKD=silent", "Cannot find nVane folder");
-    expectFailure("STOR=silent", "Cannot upload " + host("Symbols/sea/wave.png") + " file");
-    expectFailure("EPSV:3=silent", "");
-    expectFailure("QUIT=silent", "");
+    expectToBeGivenUp({"USER=silent"}, "Unable to establish a connection to the remote server");
+    expectToBeGivenUp({"MKD=silent"}, "Cannot find nVane folder");
+    expectToBeGivenUp({"STOR=silent"}, "Cannot upload " + host("Symbols/sea/wave.png") + " file");
+    expectToBeGivenUp({"EPSV:3=silent"}, "");
+    expectToBeGivenUp({"QUIT=silent"}, "");
 }
 
 TEST_F(UploadFaults, ARefusalOfEachKindIsToldByItsStep) {
@@ -74,7 +82,7 @@ TEST_F(UploadFaults, AFullDiskIsToldByTheFile) {
 TEST_F(UploadFaults, AServerThatTakesNoMoreOfAFileIsGivenUp) {
     writeFile(host("Maps/europe.jpg"), QByteArray(50000000, 'x'));
     const QString europe = "Cannot upload " + host("Maps/europe.jpg") + " file";
-    expectFailure(QStringList{"STOR:5=stall", "APPE=stall"}, europe);
+    expectToBeGivenUp({"STOR:5=stall", "APPE=stall"}, europe);
     expectFailure(QStringList{"STOR:5=cut", "APPE=cut"}, europe);
 }
 

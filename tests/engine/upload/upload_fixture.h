@@ -62,6 +62,17 @@ class RecordingUploadView : public UploadView {
     QStringList& log_;
 };
 
+/// Takes each message for read.
+class PatientShell : public ScriptedShell {
+  public:
+    QStringList told;
+
+    Answer messageBox(const Message& message) override {
+        told << message.text;
+        return Answer::Ok;
+    }
+};
+
 /// A whole site in a program folder, and the commands that send it. The calls to both views stand
 /// in `view.calls` in their order.
 class UploadTest : public WorkspaceFixture {
@@ -128,13 +139,13 @@ class UploadTest : public WorkspaceFixture {
 
     /// Short limits, and the port of a server of this machine in the place of 21.
     static FtpOptions limitsFor(const FtpServerProcess& server) {
-        FtpOptions options = shortLimits();
+        FtpOptions options = testLimits();
         options.port = server.port();
         return options;
     }
 
     RecordingUploadView window{view.calls};
-    UploadCommands commands{editor(), window, shortLimits()};
+    UploadCommands commands{editor(), window, testLimits()};
     UploadRun& run = commands.run();
 };
 

@@ -166,6 +166,7 @@ TEST_F(UploadRunTest, AMissingImageOnTheServerSideIsPassedOver) {
 
 TEST_F(UploadRunTest, AConnectionLostAmongTheImagesIsToldByTheImage) {
     OwnFtpServer server;
+    UploadRun hasty(editor(), window, shortLimits());
     for (const char* what : {"drop", "421 closing", "silent"}) {
         QStringList faults;
         for (int i = 6; i < 12; ++i) {
@@ -175,7 +176,7 @@ TEST_F(UploadRunTest, AConnectionLostAmongTheImagesIsToldByTheImage) {
         server.empty();
         forgetServers();
         shell.expectMessage("Cannot upload " + host("Web/Forecast1.jpg") + " file", Icon::Critical);
-        EXPECT_FALSE(run.runUpload(true, server.address())) << what;
+        EXPECT_FALSE(hasty.runUpload(true, server.address())) << what;
         EXPECT_FALSE(server.tree().contains("nVane/Forecast.htm")) << what;
         expectAllClosed();
     }
@@ -245,6 +246,7 @@ TEST_F(UploadRunTest, CancelAtEveryStepIsToldOnceAndEndsTheRun) {
     const int steps = 27;
     OwnFtpServer server;
     for (int step = 0; step < steps; ++step) {
+        server.beginAnew({});
         server.empty();
         forgetServers();
         int count = 0;
@@ -286,7 +288,7 @@ TEST_F(UploadRunTest, CancelAfterTheLastStepIsStillACancel) {
 TEST_F(UploadRunTest, CancelWorksWhileAFileIsOnItsWay) {
     writeFile(host("Maps/europe.jpg"), QByteArray(50000000, 'x'));
     OwnFtpServer server({"--fault", "STOR=stall"});
-    FtpOptions patient = shortLimits();
+    FtpOptions patient = testLimits();
     patient.stall = std::chrono::hours(1);
     patient.response = std::chrono::hours(1);
     UploadRun patientRun(editor(), window, patient);
@@ -307,7 +309,7 @@ TEST_F(UploadRunTest, CancelWorksWhileAFileIsOnItsWay) {
 
 TEST_F(UploadRunTest, CancelWorksWhileTheServerIsBeingReached) {
     OwnFtpServer server({"--fault", "USER=silent"});
-    FtpOptions patient = shortLimits();
+    FtpOptions patient = testLimits();
     patient.response = std::chrono::hours(1);
     UploadRun patientRun(editor(), window, patient);
     QTimer::singleShot(200, [&] { patientRun.cancel(); });
