@@ -8,7 +8,7 @@
 namespace nubivane {
 
 /// The main window's size and place at a start. The screen is 1280 x 1024 pixels.
-class WindowPlace : public testing::EditorFixture {
+class MainWindowPlace : public testing::EditorFixture {
   protected:
     /// This platform tells of a frame of two pixels, and places windows as if they had none.
     static constexpr int OwnFrame = 4;
@@ -30,14 +30,14 @@ class WindowPlace : public testing::EditorFixture {
     }
 };
 
-TEST_F(WindowPlace, WithoutSettingsItIs15000By11000TwipsAndCentred) {
+TEST_F(MainWindowPlace, WithoutSettingsItIs15000By11000TwipsAndCentred) {
     start();
     EXPECT_EQ(window().size(), QSize(1000, 733));
     EXPECT_LE(std::abs(offCentre().x()), OwnFrame);
     EXPECT_LE(std::abs(offCentre().y()), OwnFrame);
 }
 
-TEST_F(WindowPlace, WidthAndHeightComeBackButThePlaceIsAlwaysTheCentre) {
+TEST_F(MainWindowPlace, WidthAndHeightComeBackButThePlaceIsAlwaysTheCentre) {
     size("12000", "9000");
     settings.set(Setting::WindowTop, "15");
     settings.set(Setting::WindowLeft, "30");
@@ -47,13 +47,13 @@ TEST_F(WindowPlace, WidthAndHeightComeBackButThePlaceIsAlwaysTheCentre) {
     EXPECT_LE(std::abs(offCentre().y()), OwnFrame);
 }
 
-TEST_F(WindowPlace, ASizeThatIsNoNumberGivesTheDefault) {
+TEST_F(MainWindowPlace, ASizeThatIsNoNumberGivesTheDefault) {
     size("wide", "");
     start();
     EXPECT_EQ(window().size(), QSize(1000, 733));
 }
 
-TEST_F(WindowPlace, ASizeBeyondTheScreenIsHeldOnIt) {
+TEST_F(MainWindowPlace, ASizeBeyondTheScreenIsHeldOnIt) {
     size("99999999", "99999999");
     start();
     const QSize screen = window().screen()->size();
@@ -61,19 +61,19 @@ TEST_F(WindowPlace, ASizeBeyondTheScreenIsHeldOnIt) {
     EXPECT_LE(window().height(), screen.height());
 }
 
-TEST_F(WindowPlace, MaximizedIs2) {
+TEST_F(MainWindowPlace, MaximizedIs2) {
     settings.set(Setting::WindowMaximized, "2");
     start();
     EXPECT_TRUE(window().isMaximized());
 }
 
-TEST_F(WindowPlace, BlanksAroundTheStateDoNotMatter) {
+TEST_F(MainWindowPlace, BlanksAroundTheStateDoNotMatter) {
     settings.set(Setting::WindowMaximized, " 2 ");
     start();
     EXPECT_TRUE(window().isMaximized());
 }
 
-TEST_F(WindowPlace, MinimizedIs1) {
+TEST_F(MainWindowPlace, MinimizedIs1) {
     settings.set(Setting::WindowMaximized, "1");
     frmMap minimized(workspace, shell);
     minimized.Init({});
@@ -81,7 +81,7 @@ TEST_F(WindowPlace, MinimizedIs1) {
     EXPECT_TRUE(minimized.isMinimized());
 }
 
-TEST_F(WindowPlace, MaximizedEqualTo5LeavesTheStateAndRaisesNoError) {
+TEST_F(MainWindowPlace, MaximizedEqualTo5LeavesTheStateAndRaisesNoError) {
     settings.set(Setting::WindowMaximized, "5");
     start();
     EXPECT_EQ(window().windowState() & ~Qt::WindowActive, Qt::WindowNoState);
@@ -89,7 +89,7 @@ TEST_F(WindowPlace, MaximizedEqualTo5LeavesTheStateAndRaisesNoError) {
     EXPECT_EQ(window().windowTitle(), "New project - Nubivane");
 }
 
-TEST_F(WindowPlace, AWindowMovedAndResizedStoresItsPlaceInTwips) {
+TEST_F(MainWindowPlace, AWindowMovedAndResizedStoresItsPlaceInTwips) {
     start();
     window().setGeometry(100, 80, 900, 700);
     ASSERT_TRUE(QTest::qWaitFor([this] { return window().size() == QSize(900, 700); }));
@@ -102,7 +102,7 @@ TEST_F(WindowPlace, AWindowMovedAndResizedStoresItsPlaceInTwips) {
     EXPECT_EQ(settings.text(Setting::WindowFormWidth), "");
 }
 
-TEST_F(WindowPlace, TheSizeOfTheLastRunComesBackAtTheNext) {
+TEST_F(MainWindowPlace, TheSizeOfTheLastRunComesBackAtTheNext) {
     start();
     window().setGeometry(100, 80, 900, 700);
     ASSERT_TRUE(QTest::qWaitFor([this] { return window().size() == QSize(900, 700); }));
@@ -111,7 +111,7 @@ TEST_F(WindowPlace, TheSizeOfTheLastRunComesBackAtTheNext) {
     EXPECT_EQ(next.window.size(), QSize(900, 700));
 }
 
-TEST_F(WindowPlace, AMaximisedWindowStoresItsNormalSizeWhereNothingReadsIt) {
+TEST_F(MainWindowPlace, AMaximisedWindowStoresItsNormalSizeWhereNothingReadsIt) {
     start();
     window().showMaximized();
     ASSERT_TRUE(becomesMaximised());
@@ -126,7 +126,7 @@ TEST_F(WindowPlace, AMaximisedWindowStoresItsNormalSizeWhereNothingReadsIt) {
     EXPECT_EQ(settings.text(Setting::WindowHeightFirstRead), "10260");
 }
 
-TEST_F(WindowPlace, AMinimisedWindowStoresStateOne) {
+TEST_F(MainWindowPlace, AMinimisedWindowStoresStateOne) {
     start();
     window().showMinimized();
     ASSERT_TRUE(QTest::qWaitFor([this] { return window().isMinimized(); }));
@@ -135,7 +135,7 @@ TEST_F(WindowPlace, AMinimisedWindowStoresStateOne) {
     EXPECT_EQ(settings.text(Setting::WindowWidthFirstRead), "12900");
 }
 
-TEST_F(WindowPlace, AWindowStartedMaximisedHasItsStoredSizeWhenItIsRestored) {
+TEST_F(MainWindowPlace, AWindowStartedMaximisedHasItsStoredSizeWhenItIsRestored) {
     size("12000", "9000");
     settings.set(Setting::WindowMaximized, "2");
     start();
