@@ -2,6 +2,7 @@
 #include "engine/net/ftp_control.h"
 
 #include "engine/net/clean_text.h"
+#include "engine/net/conversation.h"
 #include "engine/net/server_address.h"
 #include "engine/net/transfer_error.h"
 #include "engine/net/tunnel.h"
@@ -63,14 +64,13 @@ FtpControl::FtpControl(const FtpServer& server, const FtpOptions& options, const
     }
 }
 
-void FtpControl::tell(const QString& line) const {
-    if (options_.log) {
-        options_.log(line);
-    }
+void FtpControl::send(const QByteArray& line) {
+    settleData();
+    write(line);
 }
 
-void FtpControl::send(const QByteArray& line) {
-    tell(u"> "_s + (line.startsWith("PASS ") ? u"PASS ****"_s : cleanText(line)));
+void FtpControl::write(const QByteArray& line) {
+    tell(options_, u"> "_s + (line.startsWith("PASS ") ? u"PASS ****"_s : cleanText(line)));
     const QByteArray bytes = line + "\r\n";
     channel_->write(bytes.constData(), bytes.size(), options_.response);
 }
@@ -85,7 +85,7 @@ FtpReply FtpControl::reply(Milliseconds limit, qsizetype maxBytes) {
     std::array<char, 4096> buffer{};
     while (true) {
         if (const auto reply = reader_.next(maxBytes)) {
-            tell(u"< "_s + reply->text());
+            tell(options_, u"< "_s + reply->text());
             if (reply->code == ServiceCloses) {
                 throw TransferError(Kind::Lost, reply->text(), reply->code);
             }
@@ -113,7 +113,6 @@ void FtpControl::settleData() {
 }
 
 FtpReply FtpControl::ask(const QByteArray& line) {
-    settleData();
     send(line);
     return reply();
 }
@@ -171,7 +170,7 @@ void FtpControl::protectData() {
 }
 
 void FtpControl::requestData() {
-    send(extended_ ? "EPSV" : "PASV");
+    write(extended_ ? "EPSV" : "PASV");
     requested_ = true;
 }
 

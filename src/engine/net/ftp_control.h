@@ -43,11 +43,11 @@ class FtpControl {
 
   private:
     void greet();
+    void write(const QByteArray& line);
     void settleData();
     void negotiate();
     void logIn();
     void protectData();
-    void tell(const QString& line) const;
     int portOfReply(const FtpReply& reply) const;
 
     const FtpServer server_;

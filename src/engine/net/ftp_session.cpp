@@ -267,6 +267,24 @@ void FtpSession::rename(const QByteArray& from, const QByteArray& to) {
     command("RNTO", to);
 }
 
+void FtpSession::rename(std::vector<Renaming>& renamings) {
+    // So few that neither side's buffers ever fill with what the other has not read yet.
+    constexpr std::size_t atATime = 16;
+    attempt([&] {
+        for (std::size_t first = 0; first < renamings.size(); first += atATime) {
+            const std::size_t end = std::min(first + atATime, renamings.size());
+            for (std::size_t i = first; i < end; ++i) {
+                control().send("RNFR " + checkedFile(renamings[i].from));
+                control().send("RNTO " + checkedFile(renamings[i].to));
+            }
+            for (std::size_t i = first; i < end; ++i) {
+                control().reply();  // a refusal is repeated by the next
+                renamings[i].done = control().reply().done();
+            }
+        }
+    });
+}
+
 void FtpSession::receive(const QByteArray& line, const Sink& sink) {
     const auto data = control().openData();
     const FtpReply opening = require(control().ask(line));

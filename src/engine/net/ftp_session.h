@@ -12,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 class QIODevice;
 
@@ -56,6 +57,14 @@ class FtpSession {
     void put(QIODevice& source, const QByteArray& name, const QByteArray& temporary, bool more);
     /// Gives what is there another name. What bears that name already is replaced.
     void rename(const QByteArray& from, const QByteArray& to);
+    /// A new name among many, and whether the server has agreed.
+    struct Renaming {
+        QByteArray from;
+        QByteArray to;
+        bool done = false;
+    };
+    /// The same for many, without waiting for each reply; a refusal is none of the others.
+    void rename(std::vector<Renaming>& renamings);
 
     void retrieve(const QByteArray& name, const Sink& sink, qint64 expected = 0);
     /// Bytes of a file; nothing where the server does not tell or there is none.

@@ -5,6 +5,9 @@
 
 #include <QIODevice>
 
+#include <algorithm>
+#include <map>
+
 namespace nubivane {
 
 namespace {
@@ -78,6 +81,86 @@ void FtpTarget::put(const Outgoing& file) {
     session_.forgetTransferred();
 }
 
+bool FtpTarget::putAhead(const Outgoing& file) {
+    if (known_->inPlace || !known_->tellsSizes) {
+        return false;
+    }
+    const QByteArray temporary = nameOf(file.temporary);
+    file.source.seek(0);
+    try {
+        session_.store(file.source, temporary);
+    } catch (const TransferError& error) {
+        if (error.kind() == Kind::Refused) {
+            session_.ask("DELE", temporary);
+        }
+        throw;
+    }
+    sent_ += session_.transferred();
+    session_.forgetTransferred();
+    return true;
+}
+
+/// Which of the files have their size there: by one listing for each folder, which is one question
+/// for many files, and by one question for each that it does not tell of.
+std::vector<bool> FtpTarget::whole(const std::vector<Ahead>& files) {
+    std::map<QString, std::optional<RemoteListing>> listings;
+    std::vector<bool> answers;
+    bool anyTold = false;
+    for (const Ahead& file : files) {
+        const QString folder = file.temporary.section(u'/', 0, -2);
+        auto known = listings.find(folder);
+        if (known == listings.end()) {
+            const auto listing = listQuickly(folder.isEmpty() ? QStringLiteral(".") : folder);
+            known = listings.emplace(folder, listing).first;
+        }
+        const std::optional<qint64> size = sizeIn(known->second, file.temporary);
+        anyTold = anyTold || size;
+        answers.push_back(size == file.size);
+    }
+    known_->tellsSizes = anyTold;
+    return answers;
+}
+
+/// Nothing when the file is not there, or nothing is told of it.
+std::optional<qint64> FtpTarget::sizeIn(const std::optional<RemoteListing>& listing,
+                                        const QString& name) {
+    const QString file = name.section(u'/', -1);
+    for (const RemoteEntry& entry : listing.value_or(RemoteListing())) {
+        if (entry.name == file && entry.size >= 0) {
+            return entry.size;
+        }
+    }
+    const auto unsized = [](const RemoteEntry& entry) {
+        return entry.kind != RemoteEntry::Kind::Folder && entry.size < 0;
+    };
+    const bool tells = listing && std::none_of(listing->begin(), listing->end(), unsized);
+    return tells ? std::nullopt : sizeOf(name);
+}
+
+std::vector<bool> FtpTarget::settle(const std::vector<Ahead>& files) {
+    std::vector<bool> named = whole(files);
+    std::vector<FtpSession::Renaming> renamings;
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        if (named[i]) {
+            renamings.push_back({nameOf(files[i].temporary), nameOf(files[i].name)});
+        } else {
+            session_.ask("DELE", nameOf(files[i].temporary));
+        }
+    }
+    session_.rename(renamings);
+    auto renaming = renamings.cbegin();
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        if (!named[i]) {
+            continue;
+        }
+        if (!renaming->done) {
+            named[i] = replaceByHand(renaming->to, renaming->from);
+        }
+        ++renaming;
+    }
+    return named;
+}
+
 /// Sends a file under its temporary name and renames it. Leaves it to the caller to replace it in
 /// place where no renaming works.
 void FtpTarget::send(const Outgoing& file, const QByteArray& name, const QByteArray& temporary) {
@@ -109,8 +192,8 @@ void FtpTarget::send(const Outgoing& file, const QByteArray& name, const QByteAr
     }
 }
 
-/// Some servers do not rename over what is there, others not at all.
-void FtpTarget::replaceByHand(const QByteArray& name, const QByteArray& temporary) {
+/// Some servers do not rename over what is there, others not at all: then false.
+bool FtpTarget::replaceByHand(const QByteArray& name, const QByteArray& temporary) {
     session_.ask("DELE", name);
     try {
         session_.rename(temporary, name);
@@ -121,6 +204,7 @@ void FtpTarget::replaceByHand(const QByteArray& name, const QByteArray& temporar
         session_.ask("DELE", temporary);
         known_->inPlace = true;
     }
+    return !known_->inPlace;
 }
 
 std::optional<RemoteListing> FtpTarget::list(const QString& folder) {

@@ -21,6 +21,8 @@ class FtpTarget : public Transfer {
     void makeFolder(const QString& name) override;
     void changeFolder(const QString& name) override;
     void put(const Outgoing& file) override;
+    bool putAhead(const Outgoing& file) override;
+    std::vector<bool> settle(const std::vector<Ahead>& files) override;
     std::optional<RemoteListing> list(const QString& folder) override;
     std::optional<RemoteListing> listQuickly(const QString& folder) override;
     std::optional<qint64> sizeOf(const QString& name) override;
@@ -40,11 +42,14 @@ class FtpTarget : public Transfer {
         std::atomic<bool> inPlace = false;      ///< renaming is refused
         std::atomic<bool> appends = true;       ///< APPE has not been refused
         std::atomic<bool> listsInReply = true;  ///< STAT lists folders
+        std::atomic<bool> tellsSizes = true;    ///< of a file that was there a moment ago
     };
 
     QByteArray nameOf(const QString& name) const;
     void send(const Outgoing& file, const QByteArray& name, const QByteArray& temporary);
-    void replaceByHand(const QByteArray& name, const QByteArray& temporary);
+    bool replaceByHand(const QByteArray& name, const QByteArray& temporary);
+    std::optional<qint64> sizeIn(const std::optional<RemoteListing>& listing, const QString& name);
+    std::vector<bool> whole(const std::vector<Ahead>& files);
 
     const FtpServer server_;
     const FtpOptions options_;

@@ -8,6 +8,7 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 class QIODevice;
 
@@ -45,6 +46,21 @@ class Transfer {
     /// Brings a file there. Under its name a reader finds the old one or, as a whole, the new one.
     /// After a lost connection the same call again goes on where the first one was cut, if it can.
     virtual void put(const Outgoing& file) = 0;
+
+    /// The same for one of many small files: it is brought under its temporary name alone, and
+    /// named with others by `settle`. False, and nothing done, where `put` is as quick.
+    virtual bool putAhead(const Outgoing& /*file*/) { return false; }
+    /// A file that lies there under its temporary name.
+    struct Ahead {
+        QString name;
+        QString temporary;
+        qint64 size;
+    };
+    /// Gives files that are whole their names; for each whether it was and bears it now. The
+    /// others have to be put anew.
+    virtual std::vector<bool> settle(const std::vector<Ahead>& files) {
+        return std::vector<bool>(files.size());
+    }
 
     /// The entries of a folder; nothing where there is no such folder.
     virtual std::optional<RemoteListing> list(const QString& folder) = 0;

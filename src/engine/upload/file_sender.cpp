@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <thread>
+#include <utility>
 
 namespace nubivane {
 
@@ -23,6 +24,10 @@ using Kind = TransferError::Kind;
 constexpr std::size_t FilesPerConnection = 4;
 constexpr std::chrono::seconds LongestWithoutArrival{120};
 constexpr qint64 LargeFile = qint64{1024} * 1024;
+/// From so many files on they are named together.
+constexpr std::size_t ManyFiles = 16;
+/// What lies there without its name is sent again by the next run if this one dies.
+constexpr std::size_t MostAhead = 20;
 
 int usefulConnections(const std::vector<const PlannedFile*>& files, int most) {
     const auto large = static_cast<std::size_t>(
@@ -79,6 +84,7 @@ bool FileSender::overdue() const {
 void FileSender::send(const std::vector<const PlannedFile*>& files) {
     waiting_.assign(files.begin(), files.end());
     std::vector<std::unique_ptr<Connection>> connections;
+    many_ = files.size() >= ManyFiles;
     const int wanted = usefulConnections(files, settings_.connections);
     while (static_cast<int>(connections.size()) + 1 < wanted) {
         auto sibling = first_.sibling();
@@ -131,25 +137,22 @@ const PlannedFile* FileSender::next(bool& more) {
     return file;
 }
 
-/// Leaves a file to the other connections; false when there are none.
-bool FileSender::giveBack(const PlannedFile& file) {
+/// Leaves a file, and what has no name yet, to the other connections; false when there are none.
+bool FileSender::giveBack(Connection& connection, const PlannedFile& file) {
     const std::lock_guard lock(mutex_);
     if (working_ < 2) {
         return false;
     }
     waiting_.push_front(&file);
+    waiting_.insert(waiting_.end(), connection.ahead.begin(), connection.ahead.end());
+    connection.ahead.clear();
     --working_;
     return true;
 }
 
 void FileSender::work(Connection& connection) {
-    bool more = false;
     try {
-        while (const PlannedFile* file = next(more)) {
-            if (!bring(connection, *file, more)) {
-                break;
-            }
-        }
+        workOff(connection);
     } catch (...) {
         const std::lock_guard lock(mutex_);
         if (!failure_) {
@@ -163,6 +166,19 @@ void FileSender::work(Connection& connection) {
             }
         }
     }
+}
+
+void FileSender::workOff(Connection& connection) {
+    bool more = false;
+    while (const PlannedFile* file = next(more)) {
+        if (!bring(connection, *file, more)) {
+            return;
+        }
+        if (connection.ahead.size() >= MostAhead) {
+            settle(connection);
+        }
+    }
+    settle(connection);
 }
 
 void FileSender::open(Connection& connection) {
@@ -183,69 +199,158 @@ void FileSender::fail(const PlannedFile& file, const QString& why) {
     throw Error(error_number::UploadStopped, u"runUpload"_s, failureText(*file.step), why);
 }
 
-void FileSender::putOnce(Connection& connection, const PlannedFile& file, QIODevice& source,
-                         bool more) {
+QString FileSender::temporaryOf(const Connection& connection, const PlannedFile& file) const {
+    return temporaryName(connection.way + file.name, settings_.run,
+                         static_cast<std::size_t>(file.number));
+}
+
+/// The file is there under its name.
+void FileSender::report(const PlannedFile& file) {
+    arrived();
+    const std::lock_guard lock(reporting_);
+    watcher_.done(file);
+}
+
+/// One file may be refused without an end to all, unless the plan says otherwise. What lies there
+/// already is not left without its names.
+void FileSender::refuse(Connection& connection, const PlannedFile& file, const QString& why) {
+    if (file.step->ErrorCauseStop) {
+        try {
+            settle(connection);
+        } catch (const Error&) {
+            // The first failure is the one to be told.
+        }
+        fail(file, why);
+    }
+    const std::lock_guard lock(reporting_);
+    watcher_.refused(file, why);
+}
+
+/// After a failure of the connection: waits for another attempt, or raises that the file failed.
+void FileSender::waitToRetry(Connection& connection, const PlannedFile& file,
+                             const TransferError& error, Attempts& attempts, bool hopeless) {
+    connection.open = false;
+    if (hopeless || attempts.count >= settings_.retries || overdue()) {
+        fail(file, error.text());
+    }
+    if (attempts.count == 0) {
+        attempts.pauseMs = settings_.pauseMs;
+    }
+    if (stop_.wait(attempts.pauseMs)) {
+        throw TransferError(Kind::Stopped, u"stopped"_s);
+    }
+    attempts.pauseMs *= 2;
+    ++attempts.count;
+}
+
+void FileSender::putOnce(Way way, Connection& connection, const PlannedFile& file,
+                         QIODevice& source, bool more) {
     if (stop_.raised()) {
         throw TransferError(Kind::Stopped, u"stopped"_s);
     }
     if (!connection.open) {
         open(connection);
     }
-    connection.target->put({source, connection.way + file.name,
-                            temporaryName(connection.way + file.name, settings_.run,
-                                          static_cast<std::size_t>(file.number)),
-                            more});
+    const Transfer::Outgoing outgoing{source, connection.way + file.name,
+                                      temporaryOf(connection, file), more};
+    if (way == Way::Ahead && connection.target->putAhead(outgoing)) {
+        arrived();
+        connection.ahead.push_back(&file);
+        return;
+    }
+    connection.target->put(outgoing);
+    report(file);
+}
+
+void FileSender::openSource(QFile& source, const PlannedFile& file) {
+    if (!source.open(QIODevice::ReadOnly)) {
+        fail(file, source.errorString());
+    }
 }
 
 bool FileSender::bring(Connection& connection, const PlannedFile& file, bool more) {
     QFile source(file.hostFile);
-    if (!source.open(QIODevice::ReadOnly)) {
-        fail(file, source.errorString());
-    }
+    openSource(source, file);
     {
         const std::lock_guard lock(reporting_);
         watcher_.begun(file);
     }
-    int pause = settings_.pauseMs;
+    const bool small = file.content.size < LargeFile;
+    return bringBy(many_ && small ? Way::Ahead : Way::Whole, connection, file, source, more);
+}
+
+bool FileSender::bringBy(Way way, Connection& connection, const PlannedFile& file,
+                         QIODevice& source, bool more) {
+    Attempts attempts;
     bool repeated = false;
-    for (int attempt = 0;; ++attempt) {
+    while (true) {
         const bool wasOpen = connection.open;
         try {
-            putOnce(connection, file, source, more);
-            arrived();
-            const std::lock_guard lock(reporting_);
-            watcher_.done(file);
+            putOnce(way, connection, file, source, more);
             return true;
         } catch (const TransferError& error) {
             if (error.kind() == Kind::Stopped || stop_.raised()) {
                 throw TransferError(Kind::Stopped, error.text());
             }
             // A server that wants fewer connections says so at the login of one too many.
-            if (!wasOpen && connection.own && attempt == 0 && giveBack(file)) {
+            if (!wasOpen && connection.own && attempts.count == 0 && giveBack(connection, file)) {
                 return false;
             }
-            if (error.kind() == Kind::Refused && connection.open) {
-                if (error.reply() == 0 && !repeated) {  // it has kept a part of the file
-                    repeated = true;
-                    source.seek(0);
-                    continue;
-                }
-                if (file.step->ErrorCauseStop) {
-                    fail(file, error.text());
-                }
-                const std::lock_guard lock(reporting_);
-                watcher_.refused(file, error.text());
+            if (error.kind() != Kind::Refused || !connection.open) {
+                waitToRetry(connection, file, error, attempts,
+                            error.kind() != Kind::Lost && wasOpen);
+            } else if (error.reply() == 0 && !repeated) {  // it has kept a part of the file
+                repeated = true;
+                source.seek(0);
+            } else {
+                refuse(connection, file, error.text());
                 return true;
             }
-            connection.open = false;
-            if ((error.kind() != Kind::Lost && wasOpen) || attempt >= settings_.retries ||
-                overdue()) {
-                fail(file, error.text());
+        }
+    }
+}
+
+/// Gives the files that lie there under their temporary names their own; one that has not arrived
+/// as a whole is sent again.
+void FileSender::settle(Connection& connection) {
+    if (connection.ahead.empty()) {
+        return;
+    }
+    const std::vector<bool> named = settleAhead(connection);
+    const std::vector<const PlannedFile*> files = std::exchange(connection.ahead, {});
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        if (named[i]) {
+            report(*files[i]);
+        }
+    }
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        if (!named[i]) {
+            QFile source(files[i]->hostFile);
+            openSource(source, *files[i]);
+            bringBy(Way::Whole, connection, *files[i], source, false);
+        }
+    }
+}
+
+std::vector<bool> FileSender::settleAhead(Connection& connection) {
+    Attempts attempts;
+    while (true) {
+        try {
+            if (!connection.open) {
+                open(connection);
             }
-            if (stop_.wait(pause)) {
-                throw TransferError(Kind::Stopped, u"stopped"_s);
+            std::vector<Transfer::Ahead> files;
+            for (const PlannedFile* file : connection.ahead) {
+                files.push_back({connection.way + file->name, temporaryOf(connection, *file),
+                                 file->content.size});
             }
-            pause *= 2;
+            return connection.target->settle(files);
+        } catch (const TransferError& error) {
+            if (error.kind() == Kind::Stopped || stop_.raised()) {
+                throw TransferError(Kind::Stopped, error.text());
+            }
+            waitToRetry(connection, *connection.ahead.front(), error, attempts,
+                        error.kind() != Kind::Lost && error.kind() != Kind::Refused);
         }
     }
 }

@@ -11,6 +11,8 @@
 #include <mutex>
 #include <vector>
 
+class QFile;
+
 namespace nubivane {
 
 class StopSignal;
@@ -62,16 +64,35 @@ class FileSender {
         QString way;
         std::unique_ptr<Transfer> own{};
         bool open = false;
+        std::vector<const PlannedFile*> ahead{};  ///< there, under their temporary names
     };
+    /// How often something has been tried.
+    struct Attempts {
+        int count = 0;
+        int pauseMs = 0;
+    };
+    enum class Way { Ahead, Whole };
 
     void work(Connection& connection);
     const PlannedFile* next(bool& more);
+    void workOff(Connection& connection);
     /// False when the connection is of no more use and others go on.
     bool bring(Connection& connection, const PlannedFile& file, bool more);
-    void putOnce(Connection& connection, const PlannedFile& file, QIODevice& source, bool more);
+    bool bringBy(Way way, Connection& connection, const PlannedFile& file, QIODevice& source,
+                 bool more);
+    void openSource(QFile& source, const PlannedFile& file);
+    void putOnce(Way way, Connection& connection, const PlannedFile& file, QIODevice& source,
+                 bool more);
+    void settle(Connection& connection);
+    std::vector<bool> settleAhead(Connection& connection);
     void open(Connection& connection);
-    bool giveBack(const PlannedFile& file);
-    void fail(const PlannedFile& file, const QString& why);
+    bool giveBack(Connection& connection, const PlannedFile& file);
+    void refuse(Connection& connection, const PlannedFile& file, const QString& why);
+    void waitToRetry(Connection& connection, const PlannedFile& file, const TransferError& error,
+                     Attempts& attempts, bool hopeless);
+    void report(const PlannedFile& file);
+    QString temporaryOf(const Connection& connection, const PlannedFile& file) const;
+    [[noreturn]] void fail(const PlannedFile& file, const QString& why);
     bool overdue() const;
     void arrived();
 
@@ -87,6 +108,7 @@ class FileSender {
     std::vector<Transfer*> targets_;  ///< those at work
     std::chrono::steady_clock::time_point arrived_ = std::chrono::steady_clock::now();
     int working_ = 0;
+    bool many_ = false;  ///< of small files there are so many that they are sent ahead
     qint64 sentBefore_ = 0;
     std::exception_ptr failure_;
 };

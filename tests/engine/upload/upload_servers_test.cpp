@@ -34,9 +34,35 @@ class UploadServers : public UploadTest, public ::testing::WithParamInterface<co
         }
         return files;
     }
+
+    /// So many that they are sent ahead of their names; by path on the server.
+    QMap<QString, QByteArray> addManyFiles() const {
+        QMap<QString, QByteArray> files;
+        for (int i = 0; i < 50; ++i) {
+            const QString name = QStringLiteral("Symbols/many %1/s%2.gif").arg(i % 2).arg(i);
+            writeFile(host(name), QByteArray::number(i));
+            files.insert("nVane/" + name, QByteArray::number(i));
+        }
+        return files;
+    }
 };
 
 }  // namespace
+
+TEST_P(UploadServers, HoldManySmallFiles) {
+    const auto server = start();
+    if (!server->obstacle().isEmpty()) {
+        GTEST_SKIP() << server->obstacle().toStdString();
+    }
+    QMap<QString, QByteArray> site = addManyFiles();
+    site.insert(wholeSite());
+    EXPECT_TRUE(run.runUpload(true, server->address()));
+    EXPECT_TRUE(server->tree() == site);
+    // Again, onto what is there.
+    EXPECT_TRUE(run.runUpload(true, server->address(), {.all = true}));
+    EXPECT_TRUE(server->tree() == site);
+    EXPECT_EQ(server->everything().filter(".part"), QStringList());
+}
 
 TEST_P(UploadServers, HoldTheTreeThatThePageNeeds) {
     const auto server = start();
@@ -89,11 +115,13 @@ TEST_P(VerifiedEncryption, IsUsedForTheWholeUpload) {
     if (!server.obstacle().isEmpty()) {
         GTEST_SKIP() << server.obstacle().toStdString();
     }
-    FtpOptions trusting = shortLimits();
+    FtpOptions trusting = testLimits();
     trusting.certificates = server.certificate();
     UploadRun trustingRun(editor(), window, trusting);
+    QMap<QString, QByteArray> site = addManyFiles();
+    site.insert(wholeSite());
     EXPECT_TRUE(trustingRun.runUpload(true, server.address()));
-    EXPECT_TRUE(server.tree() == wholeSite());
+    EXPECT_TRUE(server.tree() == site);
     if (QLatin1String(GetParam()) != QLatin1String("pure-ftpd")) {  // which takes nothing else
         EXPECT_TRUE(server.log().contains("PROT")) << server.log().toStdString();
     }
@@ -104,7 +132,7 @@ TEST_P(EncryptionVersion, OfAServerThatWantsOneSessionIsSpoken) {
     if (!server.obstacle().isEmpty()) {
         GTEST_SKIP() << server.obstacle().toStdString();
     }
-    FtpOptions trusting = shortLimits();
+    FtpOptions trusting = testLimits();
     trusting.certificates = server.certificate();
     UploadRun trustingRun(editor(), window, trusting);
     FtpServer address = server.address();
