@@ -112,6 +112,12 @@ bool CliUploadView::conclude(const UploadReport& report, bool dryRun) {
         streams::printError(
             u"The server renames no files: each stood under its name before it was whole."_s);
     }
+    if (!report.forgotten.isEmpty()) {
+        streams::printError(
+            u"What was sent cannot be remembered: the next upload sends more than "
+            "has changed."_s,
+            report.forgotten);
+    }
     for (const QString& refused : report.refused) {
         streams::printError(u"Cannot upload "_s + refused);
     }

@@ -1,16 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/net/folder_target.h"
 
+#include "engine/net/clean_text.h"
 #include "engine/net/transfer_error.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 namespace nubivane {
 
@@ -19,6 +23,15 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using Kind = TransferError::Kind;
+
+QString systemReason() {
+    return cleanText(std::strerror(errno));
+}
+
+/// A file that took a part of the bytes has no error of its own.
+QString whyNotWritten(const QFile& file) {
+    return file.error() == QFileDevice::NoError ? systemReason() : file.errorString();
+}
 
 QString rootOf(QString path) {
     return path.startsWith("//"_L1) ? path.mid(2) : path;
@@ -40,8 +53,9 @@ void FolderTarget::connect() {
 }
 
 void FolderTarget::makeFolder(const QString& name) {
-    if (!QDir().mkdir(pathOf(name))) {
-        throw TransferError(Kind::Refused, u"the folder cannot be made"_s);
+    constexpr mode_t asTheUserWishes = 0777;
+    if (::mkdir(QFile::encodeName(pathOf(name)).constData(), asTheUserWishes) != 0) {
+        throw TransferError(Kind::Refused, u"the folder cannot be made: "_s + systemReason());
     }
 }
 
@@ -72,19 +86,24 @@ void FolderTarget::put(const Outgoing& file) {
             break;
         }
         if (size < 0 || target.write(block.data(), size) != size) {
-            const QString why = size < 0 ? file.source.errorString() : target.errorString();
+            const QString why = size < 0 ? file.source.errorString() : whyNotWritten(target);
             target.remove();
             throw TransferError(Kind::Local, why);
         }
         sent_ += size;
     }
-    // A rename over what stands there is one step for every reader.
-    const bool written = target.flush() && ::fsync(target.handle()) == 0;
-    target.close();
-    if (!written || std::rename(QFile::encodeName(temporary).constData(),
-                                QFile::encodeName(path).constData()) != 0) {
+    if (!target.flush() || ::fsync(target.handle()) != 0) {
+        const QString why = whyNotWritten(target);
         target.remove();
-        throw TransferError(Kind::Refused, u"the file cannot be put in place"_s);
+        throw TransferError(Kind::Local, why);
+    }
+    target.close();
+    // A rename over what stands there is one step for every reader.
+    if (std::rename(QFile::encodeName(temporary).constData(),
+                    QFile::encodeName(path).constData()) != 0) {
+        const QString why = u"the file cannot be put in place: "_s + systemReason();
+        target.remove();
+        throw TransferError(Kind::Refused, why);
     }
 }
 
@@ -117,8 +136,8 @@ std::optional<QByteArray> FolderTarget::read(const QString& name, qint64 maxByte
 }
 
 void FolderTarget::remove(const QString& name) {
-    if (!QFile::remove(pathOf(name))) {
-        throw TransferError(Kind::Refused, u"the file cannot be removed"_s);
+    if (QFile file(pathOf(name)); !file.remove()) {
+        throw TransferError(Kind::Refused, file.errorString());
     }
 }
 

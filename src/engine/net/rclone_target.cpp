@@ -2,6 +2,7 @@
 #include "engine/net/rclone_target.h"
 
 #include "engine/net/clean_text.h"
+#include "engine/net/conversation.h"
 #include "engine/net/server_address.h"
 #include "engine/net/transfer_error.h"
 
@@ -38,7 +39,8 @@ RemoteEntry entryOf(const QJsonObject& object) {
 
 }  // namespace
 
-RcloneTarget::RcloneTarget(QString root) : root_(std::move(root)) {}
+RcloneTarget::RcloneTarget(QString root, FtpOptions options)
+    : root_(std::move(root)), options_(std::move(options)) {}
 
 QString RcloneTarget::pathOf(const QString& name) const {
     if (!isSendable(name.toUtf8())) {
@@ -68,12 +70,20 @@ void RcloneTarget::watch(const QByteArray& line, Outcome& outcome) {
     }
 }
 
+/// A remote that is written down with its settings may hold a password: then its kind is shown.
+QString RcloneTarget::shown(const QStringList& arguments) const {
+    const QString root = root_.contains(u',') ? root_.section(u',', 0, 0) + u",...:"_s : root_;
+    QString text = arguments.join(u' ');
+    return cleanText(text.replace(root_, root).toUtf8());
+}
+
 RcloneTarget::Outcome RcloneTarget::run(const QStringList& arguments, QIODevice* input,
                                         qint64 maxOutput) {
     const QStringList always{u"--ask-password=false"_s, u"--use-json-log"_s,
                              u"--stats=500ms"_s,        u"--stats-log-level=NOTICE"_s,
                              u"--contimeout=20s"_s,     u"--timeout=30s"_s,
                              u"--retries=2"_s,          u"--low-level-retries=3"_s};
+    tell(options_, u"> rclone "_s + shown(arguments));
     QProcess process;
     process.start(program_, always + arguments);
     if (!process.waitForStarted()) {
@@ -106,6 +116,7 @@ RcloneTarget::Outcome RcloneTarget::run(const QStringList& arguments, QIODevice*
     if (outcome.code != 0 && outcome.complaint.isEmpty()) {
         outcome.complaint = u"rclone has ended with %1"_s.arg(outcome.code);
     }
+    tell(options_, u"< "_s + (outcome.code == 0 ? u"done"_s : outcome.complaint));
     return outcome;
 }
 
@@ -211,7 +222,7 @@ void RcloneTarget::remove(const QString& name) {
 }
 
 std::unique_ptr<Transfer> RcloneTarget::sibling() {
-    auto other = std::make_unique<RcloneTarget>(root_);
+    auto other = std::make_unique<RcloneTarget>(root_, options_);
     *other->made_ = *made_;
     return other;
 }

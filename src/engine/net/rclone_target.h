@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/net/ftp_types.h"
 #include "engine/net/stop_signal.h"
 #include "engine/net/transfer.h"
 
@@ -17,7 +18,7 @@ namespace nubivane {
 class RcloneTarget : public Transfer {
   public:
     /// `root` is what rclone calls a path: "remote:folder".
-    explicit RcloneTarget(QString root);
+    explicit RcloneTarget(QString root, FtpOptions options = {});
 
     void connect() override;
     void disconnect() override {}
@@ -44,10 +45,12 @@ class RcloneTarget : public Transfer {
                 qint64 maxOutput = MaxOutput);
     Outcome require(const QStringList& arguments, QIODevice* input = nullptr);
     void watch(const QByteArray& line, Outcome& outcome);
+    QString shown(const QStringList& arguments) const;
 
     static constexpr qint64 MaxOutput = qint64{4} * 1024 * 1024;
 
     const QString root_;
+    const FtpOptions options_;
     QString program_;
     QString folder_;  ///< below the root
     StopSignal stop_;

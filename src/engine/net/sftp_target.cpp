@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/net/sftp_target.h"
 
+#include "engine/net/clean_text.h"
+#include "engine/net/conversation.h"
 #include "engine/net/server_address.h"
 #include "engine/net/tls.h"
 #include "engine/net/transfer_error.h"
@@ -136,6 +138,7 @@ void SftpTarget::fail(CURLcode code) const {
                             keyComplaint_.isEmpty() ? curl_.failure(code) : keyComplaint_)
             .trustable(keyFingerprint_);
     }
+    tell(options_, u"< "_s + curl_.failure(code));
     throw TransferError(isRefusal(code) ? Kind::Refused : Kind::Lost, curl_.failure(code));
 }
 
@@ -149,6 +152,7 @@ void SftpTarget::command(const QList<QByteArray>& lines) {
     prepare({});
     curl_slist* list = nullptr;
     for (const QByteArray& line : lines) {
+        tell(options_, u"> "_s + cleanText(line));
         list = curl_slist_append(list, line.constData());
     }
     curl_.set(CURLOPT_NOBODY, 1L);
@@ -158,6 +162,7 @@ void SftpTarget::command(const QList<QByteArray>& lines) {
     if (code != CURLE_OK) {
         fail(code);
     }
+    tell(options_, u"< done"_s);
 }
 
 void SftpTarget::connect() {
@@ -187,6 +192,8 @@ void SftpTarget::put(const Outgoing& file) {
     file.source.seek(0);
     source_ = &file.source;
     running_ = 0;
+    tell(options_,
+         u"> put %1, %2 bytes"_s.arg(cleanText(quoted(temporary))).arg(file.source.size()));
     prepare(temporary);
     curl_.set(CURLOPT_UPLOAD, 1L);
     curl_.set(CURLOPT_READFUNCTION, &SftpTarget::give);
@@ -204,6 +211,7 @@ void SftpTarget::put(const Outgoing& file) {
 }
 
 CURLcode SftpTarget::receive(const QByteArray& path, Receiver& receiver) {
+    tell(options_, u"> get "_s + cleanText(quoted(path.isEmpty() ? QByteArray(".") : path)));
     prepare(path);
     curl_.set(CURLOPT_WRITEFUNCTION, &Receiver::take);
     curl_.set(CURLOPT_WRITEDATA, &receiver);

@@ -28,7 +28,7 @@ std::unique_ptr<Transfer> makeTransfer(const FtpServer& server, const FtpOptions
         return std::make_unique<FolderTarget>(server.host.mid(5));
     }
     if (server.host.startsWith("rclone:"_L1)) {
-        return std::make_unique<RcloneTarget>(server.host.mid(7));
+        return std::make_unique<RcloneTarget>(server.host.mid(7), options);
     }
     const auto address = parseServerAddress(server.host);
     if (!address || address->scheme.isEmpty()) {

@@ -78,9 +78,13 @@ void ServerMemory::load() {
     }
 }
 
-void ServerMemory::save() const {
-    if (hostFile_.isEmpty() || !QDir().mkpath(QFileInfo(hostFile_).path())) {
-        return;
+QString ServerMemory::save() const {
+    if (hostFile_.isEmpty()) {
+        return {};
+    }
+    const QString folder = QFileInfo(hostFile_).path();
+    if (!QDir().mkpath(folder)) {
+        return u"the folder \"%1\" cannot be made"_s.arg(folder);
     }
     QByteArray bytes = Head;
     bytes += "manifest " + QByteArray::number(manifestSize) + '\n';
@@ -100,8 +104,9 @@ void ServerMemory::save() const {
         ReplacedFile file(hostFile_, Durability::Quick, {.secret = true});
         file.append(bytes + '\n' + site.toBytes());
         file.commit();
-    } catch (const Error&) {
-        // What is not remembered is sent once more.
+        return {};
+    } catch (const Error& error) {
+        return error.cause().isEmpty() ? error.description() : error.cause();
     }
 }
 

@@ -37,8 +37,9 @@ class ServerMemory {
     QMap<QString, QByteArray> times;
     qint64 manifestSize = -1;  ///< of the manifest as it was left on the server
 
-    /// Without effect where nothing can be written: the next run then sends more than it has to.
-    void save() const;
+    /// Why it could not be written: the next run then sends more than it has to. Nothing when it
+    /// was, or where there is no place for it.
+    QString save() const;
 
   private:
     void load();

@@ -93,7 +93,7 @@ UploadReport SiteUpload::run() {
             memory_.save();
             throw;
         }
-        memory_.save();
+        report_.forgotten = memory_.save();
     }
     report_.inPlace = target_->replacesInPlace();
     target_->disconnect();

@@ -35,6 +35,7 @@ struct UploadReport {
     qsizetype unchanged = 0;
     bool plain = false;    ///< name and password went out in clear
     bool inPlace = false;  ///< the target renames nothing
+    QString forgotten;     ///< why this machine cannot remember what it has sent
 };
 
 /// A certificate or host key that does not verify.

@@ -200,6 +200,9 @@ UploadRun::Outcome UploadRun::finish() {
     if (!unsendable_.isEmpty()) {
         view_.showUnsendable(unsendable_);
     }
+    if (!report_.forgotten.isEmpty()) {
+        view_.addLine(u"What was sent cannot be remembered: "_s + report_.forgotten);
+    }
     return Outcome::Done;
 }
 

@@ -45,6 +45,10 @@ TEST_F(Sftp, AKnownServerHoldsTheSiteAndIsSentOnlyWhatHasChanged) {
     QMap<QString, QByteArray> site = wholeSite();
     site.insert("nVane/Maps/caf\xC3\xA9 1.jpg", QByteArray(700000, 'x'));
     ASSERT_TRUE(run.runUpload(true, server.sftpAddress()));
+    EXPECT_TRUE(window.lines.contains("> mkdir \"" + server.root() + "/nVane\""))
+        << window.lines.join(u'\n').toStdString();
+    EXPECT_EQ(window.lines.filter("> rename ").size(), site.size() + 1);
+    EXPECT_TRUE(window.lines.contains("< done"));
     EXPECT_TRUE(server.tree() == site);
     EXPECT_EQ(server.tree().keys(), site.keys());
     ASSERT_TRUE(run.runUpload(true, server.sftpAddress()));
@@ -139,6 +143,9 @@ TEST_F(Webdav, HoldsTheSiteAndIsSentOnlyWhatHasChanged) {
     NEED(server)
     ASSERT_TRUE(run.runUpload(true, server.rcloneAddress()));
     EXPECT_EQ(server.tree(), wholeSite());
+    EXPECT_TRUE(window.lines.contains("> rclone mkdir -- :webdav,...:nVane"))
+        << window.lines.join(u'\n').toStdString();
+    EXPECT_EQ(window.lines.filter("url="), QStringList()) << "nor a password beside it";
     ASSERT_TRUE(run.runUpload(true, server.rcloneAddress()));
     EXPECT_EQ(run.report().sent, QStringList());
     writeFile(host("Forecast.htm"), "a newer page");
