@@ -1,25 +1,27 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QAccessibleWidget>
+#include "engine/model/sprite_id.h"
 
-#include <vector>
+#include <QAccessibleWidget>
+#include <QHash>
 
 namespace nubivane {
 
+class FigureAccess;
 class MapCanvas;
+class SpriteAccess;
 
 /// The map as assistive technology sees it: a canvas whose children are the sprites, from bottom to
-/// top, each with its name, place, whether it is selected, and what can be done with it.
+/// top, and then the figure that is being drawn, each with its name, place, whether it is selected,
+/// and what can be done with it.
 class CanvasAccess : public QAccessibleWidget {
   public:
     explicit CanvasAccess(MapCanvas& canvas);
     ~CanvasAccess() override;
 
-    /// Has a map described in this way from now on.
+    /// Has a map described in this way from now on, and told what changes on it.
     static void install(MapCanvas& canvas);
-    /// Tells that another sprite is selected.
-    static void tellSelection(MapCanvas& canvas);
 
     int childCount() const override;
     QAccessibleInterface* child(int index) const override;
@@ -27,12 +29,18 @@ class CanvasAccess : public QAccessibleWidget {
     QAccessibleInterface* childAt(int x, int y) const override;
     QAccessibleInterface* focusChild() const override;
 
+    /// The child for a sprite that is there.
+    SpriteAccess& spriteAt(int index) const;
+    /// That for the figure, whether or not one is being drawn.
+    FigureAccess& figure() const;
+
   private:
-    class Sprite;
-    Sprite* spriteAt(std::size_t index) const;
+    int spriteCount() const;
+    void forgetGone() const;
 
     MapCanvas& canvas_;
-    mutable std::vector<QAccessible::Id> sprites_;  ///< those asked for so far
+    mutable QHash<SpriteId, QAccessible::Id> sprites_;  ///< those asked for so far
+    mutable QAccessible::Id figure_ = 0;
 };
 
 }  // namespace nubivane

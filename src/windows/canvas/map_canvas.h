@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "windows/canvas/edited_figure.h"
 #include "windows/canvas/selection.h"
 #include "windows/canvas/sprite_mouse.h"
 #include "windows/canvas/zoom.h"
@@ -58,6 +59,10 @@ class MapCanvas : public QWidget {
     /// Shows something above the map from now on; it has to outlive the canvas, or be taken away
     /// by a null pointer. Whoever changes it has `update` called.
     void setOverlay(const CanvasOverlay* overlay) { overlay_ = overlay; }
+    /// The figure that is being drawn on it; it has to outlive the canvas, or be taken away by a
+    /// null pointer. Whoever changes it has `figureChanged` emitted.
+    void setFigure(EditedFigure* figure) { figure_ = figure; }
+    EditedFigure* figure() const { return figure_; }
     /// Paints a part of the map again.
     void updateMap(const QRect& mapRect);
 
@@ -76,6 +81,8 @@ class MapCanvas : public QWidget {
     void picturesDropped(const QStringList& files, QPoint position);
     /// A stroke, a figure or a gesture may have begun or ended.
     void gestureChanged();
+    /// The figure under edit has begun, changed or gone.
+    void figureChanged();
     /// Something is being dragged over the map, or is no longer. Position of the widget.
     void dragMoved(QPoint widgetPosition);
     void dragEnded();
@@ -117,6 +124,7 @@ class MapCanvas : public QWidget {
     std::function<bool()> dropAllowed_;
     Zoom zoom_;
     const CanvasOverlay* overlay_ = nullptr;
+    EditedFigure* figure_ = nullptr;
     Qt::KeyboardModifiers keys_;  ///< held while something is dragged
     QPixmap picture_;             ///< the surface's persistent layer as it is shown
 };

@@ -215,6 +215,7 @@ void SpriteStack::discard(SpriteControl& control) {
 }
 
 void SpriteStack::unload(SpriteControl* control) {
+    Q_EMIT leaving(*control);
     const QRect area = control->rect;
     order_.erase(std::find(order_.begin(), order_.end(), control));
     if (dynamic_cast<GifSymbol*>(control)) {
@@ -249,6 +250,7 @@ void SpriteStack::Move(SpriteControl& control, const QRect& rect) {
 void SpriteStack::show(SpriteControl& control) {
     control.visible = true;
     Q_EMIT changed(control.rect);
+    Q_EMIT arrived(control);
 }
 
 void SpriteStack::setPlaying(SpriteControl& control, bool playing) {

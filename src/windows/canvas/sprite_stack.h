@@ -98,6 +98,8 @@ class SpriteStack : public QObject {
   Q_SIGNALS:
     void changed(const QRect& area);  ///< of the map, to be painted again
     void playingChanged();            ///< a control has begun or ceased to exist or to play
+    void arrived(const SpriteControl& control);  ///< it is shown from now on
+    void leaving(const SpriteControl& control);  ///< it is still there
 
   private:
     void unload(SpriteControl* control);

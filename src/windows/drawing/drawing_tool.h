@@ -5,6 +5,9 @@
 #include <QPoint>
 #include <QString>
 
+#include <optional>
+#include <vector>
+
 class QKeyEvent;
 
 namespace nubivane {
@@ -38,6 +41,15 @@ class DrawingTool {
     virtual bool isUnfinished() const { return false; }
     virtual void takeBack() {}
     virtual void drop() {}
+
+    /// The points of the figure under edit; none for a tool without figures.
+    virtual std::vector<QPoint> figurePoints() const { return {}; }
+    /// What people call it.
+    virtual QString figureName() const { return {}; }
+    /// The point that keys work on, where points can be taken in hand.
+    virtual std::optional<int> pointInHand() const { return {}; }
+    virtual void takePointInHand(int) {}
+    virtual void removePoint(int) {}
 
     /// What to do next, in a sentence.
     virtual QString nextStep() const = 0;

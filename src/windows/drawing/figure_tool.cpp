@@ -2,6 +2,7 @@
 #include "windows/drawing/figure_tool.h"
 
 #include "windows/drawing/map_drawing.h"
+#include "windows/drawing/tool_table.h"
 
 namespace nubivane {
 
@@ -29,6 +30,12 @@ void FigureTool::redraw() {
     for (const QPoint& control : controls()) {
         drawing().pen().handle(control);
     }
+    drawing().tellStep();
+}
+
+QString FigureTool::figureName() const {
+    return QCoreApplication::translate("nubivane::DrawStrip",
+                                       rowOf(drawing().workspace().Status.CurrentTool).hint);
 }
 
 void FigureTool::apply() {

@@ -16,6 +16,9 @@ class FigureTool : public PenTool {
     void apply() final;
     void redraw() final;
 
+    std::vector<QPoint> figurePoints() const final { return controls(); }
+    QString figureName() const final;
+
   protected:
     void begin(QPoint position) final;
     void go(QPoint position) override;

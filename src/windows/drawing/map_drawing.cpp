@@ -48,12 +48,16 @@ void MapDrawing::addTools() {
 }
 
 MapDrawing::~MapDrawing() {
+    if (canvas_) {
+        canvas_->setFigure(nullptr);
+    }
     workspace_.edits().unwatch(*this);
 }
 
 void MapDrawing::attach(MapCanvas& canvas) {
     canvas_ = &canvas;
     handles_.attach(canvas);
+    canvas.setFigure(this);
     connect(&pen_, &MapPen::changed, canvas_, &MapCanvas::updateMap);
     connect(canvas_, &MapCanvas::mapPressed, this, &MapDrawing::press);
     connect(canvas_, &MapCanvas::mapMoved, this, &MapDrawing::move);
@@ -88,6 +92,10 @@ QString MapDrawing::nextStep() const {
 
 void MapDrawing::tellStep() {
     Q_EMIT editAgainChanged();
+    if (!canvas_) {
+        return;
+    }
+    Q_EMIT canvas_->figureChanged();
     const QString sentence = nextStep();
     if (sentence != toldStep_) {
         toldStep_ = sentence;
@@ -102,7 +110,7 @@ void MapDrawing::tellStep() {
 void MapDrawing::edited(const ProjectChange&) {
     const WeatherTool* figure = weatherTool();
     if (figure && !applying_ && figure->canApply() && workspace_.pctMap.scratchArea().isEmpty()) {
-        dropFigure();
+        forgetFigure();
     }
 }
 
@@ -198,7 +206,7 @@ void MapDrawing::DrawApply() {
         commit(tool().editName(), Snapshot::Later);
     }
     rememberFigure(before);
-    dropFigure();
+    forgetFigure();
 }
 
 /// A figure that changed no pixel was no edit.
@@ -233,7 +241,7 @@ void MapDrawing::editAgain() {
 
 void MapDrawing::DrawCancel() {
     pen_.wipe();
-    dropFigure();
+    forgetFigure();
 }
 
 bool MapDrawing::pressKey(const QKeyEvent& event) {
@@ -298,7 +306,7 @@ bool MapDrawing::isUnfinished() const {
 
 void MapDrawing::reset() {
     pen_.wipe();
-    dropFigure();
+    forgetFigure();
     startAnimation();
     tool().cancel();
 }
@@ -375,7 +383,7 @@ void MapDrawing::takeBack() {
 }
 
 /// Points, and the window that would apply them.
-void MapDrawing::dropFigure() {
+void MapDrawing::forgetFigure() {
     points_.clear();
     tool().drop();
     if (drawAction_) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/model/edits/picture_edits.h"
+#include "windows/canvas/edited_figure.h"
 #include "windows/drawing/applied_figures.h"
 #include "windows/drawing/control_points.h"
 #include "windows/drawing/cursor_tool.h"
@@ -26,7 +27,7 @@ class WeatherTool;
 /// Drawing on the map: passes mouse and keys on to the current tool and holds what the tools share,
 /// the control points, the pen, and the choice of the next weather figure. Which tool is current
 /// stands in `Status`.
-class MapDrawing : public QObject, private EditWatcher {
+class MapDrawing : public QObject, private EditWatcher, private EditedFigure {
     Q_OBJECT
 
   public:
@@ -112,6 +113,15 @@ class MapDrawing : public QObject, private EditWatcher {
     void edited(const ProjectChange&) override;
     void historyChanged() override { Q_EMIT editAgainChanged(); }
 
+    // EditedFigure.
+    QString figureName() const override { return tool().figureName(); }
+    std::vector<QPoint> figurePoints() const override { return tool().figurePoints(); }
+    std::optional<int> pointInHand() const override { return tool().pointInHand(); }
+    void takePointInHand(int index) override { tool().takePointInHand(index); }
+    void removePoint(int index) override { tool().removePoint(index); }
+    void applyFigure() override { DrawApply(); }
+    void dropFigure() override { DrawCancel(); }
+
     template <class... Tools>
     void addTools();
     DrawingTool& tool() const;
@@ -124,13 +134,13 @@ class MapDrawing : public QObject, private EditWatcher {
     void release(Qt::MouseButton button);
     void commit(const char* name, Snapshot snapshot);
     void startAnimation();
-    void dropFigure();
+    void forgetFigure();
 
     Workspace& workspace_;
     SpriteStack& sprites_;
     Selection& selection_;
     Shell& shell_;
-    MapCanvas* canvas_ = nullptr;
+    QPointer<MapCanvas> canvas_;
     ControlPoints points_;
     MapPen pen_;
     FigureChoice choice_;

@@ -227,14 +227,22 @@ void WeatherTool::addByKey() {
     changed();
 }
 
+QString WeatherTool::figureName() const {
+    return nameOf(kind());
+}
+
+void WeatherTool::takePointInHand(int index) {
+    points_.setCurrent(index);
+    redraw();
+}
+
 bool WeatherTool::step(const QKeyEvent& key) {
     if (key.key() != Qt::Key_PageDown && key.key() != Qt::Key_PageUp) {
         return false;
     }
     const int count = points_.count();
     const int by = key.key() == Qt::Key_PageDown ? 1 : count - 1;
-    points_.setCurrent((*points_.current() + by) % count);
-    redraw();
+    takePointInHand((*points_.current() + by) % count);
     return true;
 }
 

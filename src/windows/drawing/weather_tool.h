@@ -31,6 +31,12 @@ class WeatherTool : public DrawingTool {
     const char* editName() const final;
     void redraw() final;
 
+    std::vector<QPoint> figurePoints() const final { return points_.all(); }
+    QString figureName() const final;
+    std::optional<int> pointInHand() const final { return points_.current(); }
+    void takePointInHand(int index) final;
+    void removePoint(int index) final;
+
     bool isUnfinished() const final { return !points_.isEmpty() || taken_; }
     void takeBack() final;
     void drop() final;
@@ -71,7 +77,6 @@ class WeatherTool : public DrawingTool {
     weather::WeatherFigure drawn() const;
     std::optional<int> curveAt(QPoint position) const;
     void addByKey();
-    void removePoint(int index);
     bool step(const QKeyEvent& key);
     bool nudge(const QKeyEvent& key);
     void changed();

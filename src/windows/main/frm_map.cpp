@@ -123,8 +123,6 @@ void frmMap::connectCanvas() {
     connect(&canvas_.mouse(), &SpriteMouse::menuAsked, this, showMenu);
     connect(&canvas_.drawing(), &MapDrawing::menuAsked, this, showMenu);
     connect(&canvas_.widget(), &MapCanvas::menuAsked, this, showMenu);
-    connect(&canvas_.selection(), &Selection::commandsChanged, this,
-            [this] { CanvasAccess::tellSelection(canvas_.widget()); });
     connect(&canvas_.drawing(), &MapDrawing::projectChanged, this, &frmMap::markChanged);
     connect(&canvas_.widget(), &MapCanvas::spriteActivated, this, &frmMap::activate);
     connect(palette_, &Palette::placeAsked, this, [this](const QString& payload) {
