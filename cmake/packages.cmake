@@ -28,7 +28,7 @@ set(CPACK_DEBIAN_PACKAGE_DEPENDS
     "qt6-image-formats-plugins, libqt6svg6, qt6-wayland, fonts-liberation2, xdg-utils")
 # Certificates for encrypted uploads, and what leads to the desktop's keyring.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ca-certificates, libsecret-1-0")
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS "rclone")
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "rclone, hunspell-dictionary")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "A forecast is a map and a sheet for each period, on which moving weather
 symbols, labels and drawings lie beside titles and texts. From it come a

@@ -7,7 +7,7 @@ set -euo pipefail
 build_packages=(
     g++ cmake ninja-build ccache mold
     qt6-base-dev qt6-image-formats-plugins libqt6svg6
-    libcurl4-openssl-dev libssl-dev qtkeychain-qt6-dev libglib2.0-dev libproxy-dev libgif-dev libimagequant-dev libjpeg-dev libmspack-dev rapidjson-dev
+    libcurl4-openssl-dev libssl-dev qtkeychain-qt6-dev libglib2.0-dev libproxy-dev libgif-dev libimagequant-dev libjpeg-dev libmspack-dev libhunspell-dev rapidjson-dev
     pkg-config libavformat-dev libavcodec-dev libswscale-dev libavutil-dev
     dpkg-dev file fp-utils
     fonts-liberation2 qt6-wayland xdg-utils # to run what was built
@@ -24,6 +24,7 @@ test_packages=(
     python3-pyftpdlib python3-openssl python3-cryptography vsftpd openssl
     openssh-client openssh-server rclone
     dbus-bin dbus-daemon gnome-keyring libsecret-1-0
+    at-spi2-core python3-pyatspi
     appstream bash-completion desktop-file-utils fish lintian man-db mmdebstrap shared-mime-info zsh
     libcap2 libcrypt1 libpam0g libsodium23 libssl3 # of pure-ftpd and proftpd, below
     libacl1 libhiredis0.14 libmemcachedutil2 libpcre2-8-0 libpcre2-posix3

@@ -17,13 +17,18 @@ fail() {
 need_tools() {
     local tool
     for tool in "$@"; do
-        command -v "$tool" >/dev/null && continue
-        if [ -n "${CI:-}${NUBIVANE_REQUIRE_DESKTOP:-}" ]; then
-            fail "$tool is missing"
-        fi
-        echo "SKIPPED: $tool is missing"
-        exit 77
+        need "$tool" command -v "$tool"
     done
+}
+
+# need WHAT COMMAND…: the same where a command fails.
+need() {
+    "${@:2}" >/dev/null 2>&1 && return
+    if [ -n "${CI:-}${NUBIVANE_REQUIRE_DESKTOP:-}" ]; then
+        fail "$1 is missing"
+    fi
+    echo "SKIPPED: $1 is missing"
+    exit 77
 }
 
 # wait_for WHAT COMMAND…: runs the command until it succeeds.
@@ -93,6 +98,15 @@ start_window_manager() {
     wait_for "window manager" xdotool get_num_desktops
 }
 
+# start_bus: a session's message bus, on which desktop services start when they are asked for.
+start_bus() {
+    dbus-daemon --session --nofork --nopidfile --print-address=3 3>"$work/bus" >"$work/bus.log" 2>&1 &
+    bus_process=$!
+    wait_for "message bus" test -s "$work/bus"
+    DBUS_SESSION_BUS_ADDRESS=$(cat "$work/bus")
+    export DBUS_SESSION_BUS_ADDRESS
+}
+
 # start_editor [PROJECT]: until its window stands; `window` is its id.
 start_editor() {
     "$program/Nubivane" "$@" >>"$work/editor.log" 2>&1 &
@@ -117,7 +131,7 @@ editor_ends() {
 # Ends what this script started, and nothing else.
 clean_up() {
     local process
-    for process in ${editor_process:-} ${manager_process:-} ${display_process:-}; do
+    for process in ${editor_process:-} ${manager_process:-} ${bus_process:-} ${display_process:-}; do
         kill "$process" 2>/dev/null || true
         wait "$process" 2>/dev/null || true
     done

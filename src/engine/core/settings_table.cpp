@@ -62,6 +62,7 @@ constexpr std::array table = {
     SettingRow{Setting::Guides, SG, "Preferences", "Guides", "0"},
     SettingRow{Setting::Grid, SG, "Preferences", "Grid", "0"},
     SettingRow{Setting::ThumbnailSize, SG, "Preferences", "Thumbnail size", "64"},
+    SettingRow{Setting::Spelling, SG, "Preferences", "Spelling", ""},
     SettingRow{Setting::CurrentMap, SG, "Preferences", "Current map", ""},
     SettingRow{Setting::CurrentMapInDialog, SG, "Preferences", "Current map", "italy.jpg"},
     SettingRow{Setting::ShowStandardBar, SG, "Toolbar", "show standard", "1"},

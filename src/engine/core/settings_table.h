@@ -52,6 +52,7 @@ enum class Setting {
     Guides,         ///< whether what is dragged is drawn to others
     Grid,           ///< pixels of the map between its lines; 0 for none
     ThumbnailSize,  ///< of the palette, pixels
+    Spelling,       ///< language by which forecast texts are checked; empty for that of the page
     CurrentMap,
     CurrentMapInDialog,
     ShowStandardBar,

@@ -74,6 +74,13 @@ void MapCanvas::setZoom(Zoom zoom) {
     update();
 }
 
+void MapCanvas::setGrid(int distance) {
+    if (distance != grid_.distance()) {
+        grid_.setDistance(distance);
+        update();
+    }
+}
+
 /// Beside 100 % the edges of what is painted are mixed with their neighbours.
 void MapCanvas::updateMap(const QRect& mapRect) {
     const int mixed = zoom_ == Zoom() ? 0 : 1;
@@ -146,6 +153,7 @@ void MapCanvas::paintEvent(QPaintEvent* event) {
                               QRect(QPoint(), picture_.size()));
         mouse_.marks().paintGhosts(painter);
         painter.restore();
+        grid_.paint(painter, onMap, picture_.size(), zoom_);
         paintBorder(painter, onMap);
     }
     painter.restore();

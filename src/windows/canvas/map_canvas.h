@@ -2,6 +2,7 @@
 #pragma once
 
 #include "windows/canvas/edited_figure.h"
+#include "windows/canvas/map_grid.h"
 #include "windows/canvas/selection.h"
 #include "windows/canvas/sprite_mouse.h"
 #include "windows/canvas/zoom.h"
@@ -47,6 +48,9 @@ class MapCanvas : public QWidget {
     QSize mapSize() const { return picture_.size(); }
     Zoom zoom() const { return zoom_; }
     void setZoom(Zoom zoom);
+
+    /// Shows the lines of a grid, so many pixels of the map apart; 0 for none.
+    void setGrid(int distance);
 
     /// Takes over the picture of the surface anew: its size and all its pixels.
     void showPicture();
@@ -123,6 +127,7 @@ class MapCanvas : public QWidget {
     CanvasClock& clock_;
     std::function<bool()> dropAllowed_;
     Zoom zoom_;
+    MapGrid grid_;
     const CanvasOverlay* overlay_ = nullptr;
     EditedFigure* figure_ = nullptr;
     Qt::KeyboardModifiers keys_;  ///< held while something is dragged

@@ -90,9 +90,10 @@ void ArrangeCommands::handleSnapping() {
 }
 
 void ArrangeCommands::takeSnapping() {
-    const int grid = workspace_.settings.number(Setting::Grid).value_or(0);
-    canvas_.mouse().setSnapping(
-        {commands_[Command::mnuGuides]->isChecked(), grid > 0 && grid <= WidestGrid ? grid : 0});
+    const int wanted = workspace_.settings.number(Setting::Grid).value_or(0);
+    const int grid = wanted > 0 && wanted <= WidestGrid ? wanted : 0;
+    canvas_.mouse().setSnapping({commands_[Command::mnuGuides]->isChecked(), grid});
+    canvas_.widget().setGrid(grid);
 }
 
 void ArrangeCommands::askGrid() {

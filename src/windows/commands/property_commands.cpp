@@ -20,7 +20,8 @@ PropertyCommands::PropertyCommands(const CanvasContext& context, SymbolChooser c
       shell_(context.shell),
       canvas_(context.canvas),
       window_(context.window),
-      chooser_(std::move(chooser)) {
+      chooser_(std::move(chooser)),
+      spelling_(context.workspace.settings, Spelling::standardPlaces()) {
     for (const Command id : {Command::mnuProperty, Command::btnProperty}) {
         context.commands.handle(id, [this] { showSpriteProperties(); });
     }
@@ -46,7 +47,7 @@ void PropertyCommands::showSpriteProperties() {
     }
     SelectedSprite sprite(canvas_);
     if (canvas_.selection().isEmpty()) {
-        frmFrameProperty(workspace_, shell_, &window_).Init();
+        frmFrameProperty(workspace_, shell_, spelling_, &window_).Init();
     } else if (!sprite.exists()) {
         return;
     } else if (workspace_.Status.CurrentShapeControlType == sprite_type::Symbol) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/spelling/spelling.h"
 #include "windows/commands/canvas_context.h"
 #include "windows/panes/selected_sprite.h"
 #include "windows/properties/symbol_chooser.h"
@@ -34,6 +35,7 @@ class PropertyCommands : public QObject {
     FrameCanvas& canvas_;
     QWidget& window_;
     SymbolChooser chooser_;
+    Spelling spelling_;
 };
 
 }  // namespace nubivane

@@ -10,6 +10,7 @@ namespace nubivane {
 namespace {
 
 const QColor InHand(47, 111, 176);
+constexpr qreal PreviewWidth = 1.5;  // pixels of the screen
 
 }  // namespace
 
@@ -31,9 +32,33 @@ QRect FigureHandles::place(QPoint position) const {
 
 void FigureHandles::show(const std::vector<QPoint>& points, std::optional<int> current) {
     refresh();
+    setPreview({});
     points_ = points;
     current_ = current;
     refresh();
+}
+
+void FigureHandles::setPreview(const QPainterPath& preview) {
+    if (canvas_ && preview != preview_) {
+        refreshPreview();
+        preview_ = preview;
+        refreshPreview();
+    }
+}
+
+QTransform FigureHandles::toCanvas() const {
+    const qreal factor = canvas_->zoom().factor();
+    return {factor, 0, 0, factor, 1, 1};
+}
+
+void FigureHandles::refreshPreview() {
+    if (!preview_.isEmpty()) {
+        constexpr int Around = 2;
+        canvas_->update(toCanvas()
+                            .mapRect(preview_.boundingRect())
+                            .toAlignedRect()
+                            .adjusted(-Around, -Around, Around, Around));
+    }
 }
 
 /// What stands there is painted again, and nothing else.
@@ -43,7 +68,18 @@ void FigureHandles::refresh() {
     }
 }
 
+/// Dashes in two colours are seen on every ground.
+void FigureHandles::paintPreview(QPainter& painter) const {
+    const QPainterPath onCanvas = toCanvas().map(preview_);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.strokePath(onCanvas, QPen(Qt::white, PreviewWidth));
+    painter.strokePath(onCanvas, QPen(InHand, PreviewWidth, Qt::DashLine));
+    painter.restore();
+}
+
 void FigureHandles::paint(QPainter& painter, const MapCanvas&) const {
+    paintPreview(painter);
     for (std::size_t i = 0; i < points_.size(); ++i) {
         const QRect handle = place(points_[i]);
         const bool inHand = current_ && static_cast<std::size_t>(*current_) == i;

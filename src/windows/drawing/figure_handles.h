@@ -3,7 +3,9 @@
 
 #include "windows/canvas/map_canvas.h"
 
+#include <QPainterPath>
 #include <QPointer>
+#include <QTransform>
 
 #include <optional>
 #include <vector>
@@ -23,6 +25,10 @@ class FigureHandles : public CanvasOverlay {
     /// Has the canvas show them from now on; it must not go before this.
     void attach(MapCanvas& canvas);
     void show(const std::vector<QPoint>& points, std::optional<int> current);
+    /// Shows how the figure would go on if the map were clicked, until `show` or another one;
+    /// pixels of the map, empty for nothing.
+    void setPreview(const QPainterPath& preview);
+    const QPainterPath& preview() const { return preview_; }
     void paint(QPainter& painter, const MapCanvas& canvas) const override;
 
     /// The handle at a position of the map, the one in hand first and then the topmost; nothing
@@ -33,11 +39,15 @@ class FigureHandles : public CanvasOverlay {
 
   private:
     QRect place(QPoint position) const;
+    QTransform toCanvas() const;
+    void refreshPreview();
+    void paintPreview(QPainter& painter) const;
     void refresh();
 
     QPointer<MapCanvas> canvas_;
     std::vector<QPoint> points_;
     std::optional<int> current_;
+    QPainterPath preview_;
 };
 
 }  // namespace nubivane

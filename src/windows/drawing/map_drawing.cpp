@@ -62,6 +62,7 @@ void MapDrawing::attach(MapCanvas& canvas) {
     connect(canvas_, &MapCanvas::mapPressed, this, &MapDrawing::press);
     connect(canvas_, &MapCanvas::mapMoved, this, &MapDrawing::move);
     connect(canvas_, &MapCanvas::mapReleased, this, &MapDrawing::release);
+    connect(canvas_, &MapCanvas::left, this, [this] { handles_.setPreview({}); });
 }
 
 void MapDrawing::Init() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/drawing/weather_tool.h"
 
+#include "engine/weather/curve.h"
 #include "windows/drawing/figure_table.h"
 #include "windows/drawing/map_drawing.h"
 #include "windows/drawing/tool_pointers.h"
@@ -98,12 +99,33 @@ void WeatherTool::move(QPoint position) {
     if (dragged_ && *dragged_ < points_.count()) {
         points_.move(*dragged_, onMap(position));
         changed();
+    } else {
+        drawing_.handles().setPreview(segmentTo(position));
     }
+}
+
+/// How the figure would go on if the map were clicked there.
+QPainterPath WeatherTool::segmentTo(QPoint position) const {
+    const weather::KindRow& row = weather::rowOf(kind());
+    if (points_.isEmpty() || points_.count() >= row.mostPoints || drawing_.handles().at(position) ||
+        curveAt(position)) {
+        return {};
+    }
+    std::vector<QPointF> points = drawn().points;
+    const QPointF last = points.back();
+    points.push_back(middleOf(position));
+    const weather::Curve curve(
+        points, row.closed ? weather::Curve::Ends::Closed : weather::Curve::Ends::Open);
+    return curve.isEmpty() ? QPainterPath() : curve.between(curve.nearest(last), curve.length());
 }
 
 /// A point waits at the border until the pointer comes back.
 void WeatherTool::leave(QPoint position) {
-    move(position);
+    if (dragged_) {
+        move(position);
+    } else {
+        drawing_.handles().setPreview({});
+    }
 }
 
 void WeatherTool::release(Qt::MouseButton button) {

@@ -76,6 +76,7 @@ class WeatherTool : public DrawingTool {
   private:
     weather::WeatherFigure drawn() const;
     std::optional<int> curveAt(QPoint position) const;
+    QPainterPath segmentTo(QPoint position) const;
     void addByKey();
     bool step(const QKeyEvent& key);
     bool nudge(const QKeyEvent& key);

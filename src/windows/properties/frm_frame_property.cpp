@@ -24,8 +24,9 @@ constexpr std::array borderStyles = {"none",  "solid", "double", "groove",
 
 }  // namespace
 
-frmFrameProperty::frmFrameProperty(Workspace& workspace, Shell& shell, QWidget* parent)
-    : PropertyDialog("frmFrameProperty", tr("Map"), workspace, shell, parent) {
+frmFrameProperty::frmFrameProperty(Workspace& workspace, Shell& shell, Spelling& spelling,
+                                   QWidget* parent)
+    : PropertyDialog("frmFrameProperty", tr("Map"), workspace, shell, parent), spelling_(spelling) {
     const auto commits = [this] { return committing(); };
     grid_->addSection(tr("Title"));
     title_.emplace(
@@ -95,7 +96,7 @@ void frmFrameProperty::connectForecast() {
         }
     });
     connect(cmdForecastText_, &QToolButton::clicked, this,
-            [this] { frmFramePropertyDetail(workspace_, this).Init(); });
+            [this] { frmFramePropertyDetail(workspace_, shell_, spelling_, this).Init(); });
 }
 
 }  // namespace nubivane

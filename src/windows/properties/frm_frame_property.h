@@ -6,12 +6,14 @@
 
 namespace nubivane {
 
+class Spelling;
+
 /// The texts of the current Frame: title, subtitle and the box around its forecast text.
 class frmFrameProperty : public PropertyDialog {
     Q_OBJECT
 
   public:
-    frmFrameProperty(Workspace& workspace, Shell& shell, QWidget* parent);
+    frmFrameProperty(Workspace& workspace, Shell& shell, Spelling& spelling, QWidget* parent);
 
     /// Shows the current Frame's texts and waits until the dialog closes.
     void Init();
@@ -21,6 +23,7 @@ class frmFrameProperty : public PropertyDialog {
     void connectForecast();
     void fillForecast();
 
+    Spelling& spelling_;
     RecordDoor<cDiv> box_;
     std::optional<TextLineRows> title_;
     std::optional<TextLineRows> subtitle_;

@@ -2,6 +2,7 @@
 #include "windows/properties/frm_frame_property_detail.h"
 
 #include "engine/model/edits/project_edits.h"
+#include "windows/properties/spell_check.h"
 #include "windows/widgets/at_once.h"
 #include "windows/widgets/screen_room.h"
 #include "windows/widgets/scroll_panel.h"
@@ -42,13 +43,15 @@ std::optional<RecordDoor<TextItem>> itemAt(Workspace& workspace, const List& lis
 
 }  // namespace
 
-frmFramePropertyDetail::frmFramePropertyDetail(Workspace& workspace, QWidget* parent)
+frmFramePropertyDetail::frmFramePropertyDetail(Workspace& workspace, Shell& shell,
+                                               Spelling& spelling, QWidget* parent)
     : QDialog(parent),
       workspace_(workspace),
       lstItems_(new QTreeWidget(this)),
       cmdAdd_(new QPushButton(tr("&Add"), this)),
       cmdRemove_(new QPushButton(tr("&Remove"), this)),
-      grid_(new PropertyGrid({}, this)) {
+      grid_(new PropertyGrid({}, this)),
+      spellCheck_(new SpellCheck(spelling, shell, this)) {
     setObjectName("frmFramePropertyDetail");
     setWindowTitle(tr("Forecast text"));
     build();
@@ -69,6 +72,8 @@ void frmFramePropertyDetail::build() {
                     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets header text"));
     grid_->addSection(tr("Body"));
     body_.emplace(*grid_, u"Body"_s, QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets body text"));
+    spellCheck_->watch(header_->text());
+    spellCheck_->watch(body_->text());
     grid_->setMinimumWidth(PanelWidth);
     auto* row = new QHBoxLayout(this);
     row->addWidget(buildList());

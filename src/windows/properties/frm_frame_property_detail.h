@@ -13,12 +13,16 @@ class QTreeWidget;
 
 namespace nubivane {
 
+class Shell;
+class SpellCheck;
+class Spelling;
+
 /// The forecast text of a Frame: a list of elements, each a header item and a body item.
 class frmFramePropertyDetail : public QDialog {
     Q_OBJECT
 
   public:
-    frmFramePropertyDetail(Workspace& workspace, QWidget* parent);
+    frmFramePropertyDetail(Workspace& workspace, Shell& shell, Spelling& spelling, QWidget* parent);
 
     /// Shows the elements of the current Frame's forecast and waits until the dialog closes.
     void Init();
@@ -41,6 +45,7 @@ class frmFramePropertyDetail : public QDialog {
     QPushButton* cmdAdd_;
     QPushButton* cmdRemove_;
     PropertyGrid* grid_;
+    SpellCheck* spellCheck_;
     std::optional<TextItemRows> header_;
     std::optional<TextItemRows> body_;
 };

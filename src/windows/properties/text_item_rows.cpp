@@ -10,8 +10,6 @@ namespace nubivane {
 
 using namespace Qt::StringLiterals;
 
-namespace {}  // namespace
-
 TextItemRows::TextItemRows(PropertyGrid& grid, const QString& part, const char* textHelp)
     : font_(grid, part, part),
       cboBackcolor_(grid.addColor(TextBackColorRow, u"cbo"_s + part + u"Backcolor"_s)),

@@ -24,6 +24,7 @@ class TextItemRows {
 
     /// Shows an item and writes it from now on; nothing empties the rows.
     void show(std::optional<RecordDoor<TextItem>> item);
+    WrappedField& text() const { return *txtText_; }
 
   private:
     void fill(const QString& yes);

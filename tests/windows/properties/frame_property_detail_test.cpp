@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/spelling/spelling.h"
 #include "windows/properties/frm_frame_property_detail.h"
 #include "windows/properties/property_fixture.h"
 
@@ -17,7 +18,8 @@ using testing::withModal;
 class FrameDetail : public testing::PropertyFixture {
   protected:
     void withDetail(const std::function<void(QWidget&)>& use) {
-        frmFramePropertyDetail window(workspace, nullptr);
+        Spelling spelling(settings, {{}, temporary.file("Words.txt")});
+        frmFramePropertyDetail window(workspace, shell, spelling, nullptr);
         withModal([&] { window.Init(); }, use);
     }
     void add(const QString& header, const QString& body) {
