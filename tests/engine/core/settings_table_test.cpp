@@ -61,6 +61,7 @@ const std::vector<Entry> everyEntry = {
     {Setting::Grid, "Nubivane\\6.0.0\\Settings\\General", "Preferences", "Grid", "0"},
     {Setting::ThumbnailSize, "Nubivane\\6.0.0\\Settings\\General", "Preferences", "Thumbnail size",
      "64"},
+    {Setting::Spelling, "Nubivane\\6.0.0\\Settings\\General", "Preferences", "Spelling", ""},
     {Setting::CurrentMap, "Nubivane\\6.0.0\\Settings\\General", "Preferences", "Current map", ""},
     {Setting::CurrentMapInDialog, "Nubivane\\6.0.0\\Settings\\General", "Preferences",
      "Current map", "italy.jpg"},
