@@ -12,20 +12,21 @@ scripts/check-style.sh
 export QT_QPA_PLATFORM=offscreen
 export XDG_RUNTIME_DIR="${XDG_RUNTIME_DIR:-$(mktemp -d)}"
 export UBSAN_OPTIONS=print_stacktrace=1
+# Many tests wait for servers and timers, so that two cores have room for three.
+export CTEST_PARALLEL_LEVEL=3
 
 # No debugger looks at these builds; a sanitizer's report wants the lines.
 configure() {
     cmake --preset "$1" -DNUBIVANE_WERROR=ON -DCMAKE_CXX_FLAGS_DEBUG="$2" >/dev/null
 }
-# Many tests wait for servers and timers, so that two cores have room for three.
 whole_programs='^(desktop/|packaging/|engine/web/browser$|engine/web/responsive$)'
 failed=0
 
 configure asan -g1
 cmake --build --preset asan
-ctest --test-dir build/asan --output-on-failure -j3 -E "$whole_programs" || failed=1
+ctest --test-dir build/asan --output-on-failure -E "$whole_programs" || failed=1
 
 configure debug -g0
 cmake --build --preset debug --target Nubivane nubivane-cli packaging_files
-ctest --test-dir build/debug --output-on-failure -j3 -R "$whole_programs" || failed=1
+ctest --test-dir build/debug --output-on-failure -R "$whole_programs" || failed=1
 exit $failed
