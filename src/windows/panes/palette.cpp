@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/panes/palette.h"
 
-#include "engine/core/host_files.h"
 #include "engine/core/path_text.h"
 #include "engine/core/settings_store.h"
 #include "engine/core/shell.h"
@@ -24,7 +23,6 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
 
 namespace nubivane {
 
@@ -33,8 +31,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int Gap = 6;
-constexpr int NarrowestSearch = 40;   // pixels
-constexpr qsizetype MostRecent = 24;  // symbols
+constexpr int NarrowestSearch = 40;  // pixels
 
 struct ThumbnailSize {
     int pixels;
@@ -85,9 +82,9 @@ Palette::Palette(Workspace& workspace, AnimationCache& animations, Shell& shell,
       shell_(shell),
       tabSymbols_(new QTabBar(this)),
       imgText_(new QToolButton(this)),
-      txtSearch_(new QLineEdit(this)),
-      cmdFavourites_(new QToolButton(this)),
       listImageFound_(new ListImage(animations, this)),
+      memory_(workspace.settings),
+      search_(new PaletteSearch(workspace, memory_, *listImageFound_, this)),
       lblSymbolsMessage_(new QLabel(tr("Loading symbols collections. Wait..."), this)),
       emptyHint_(
           new QLabel(tr("No collection is shown. Choose one under Symbols, Collections."), this)),
@@ -97,6 +94,24 @@ Palette::Palette(Workspace& workspace, AnimationCache& animations, Shell& shell,
     tabSymbols_->setExpanding(false);
     tabSymbols_->setUsesScrollButtons(true);
     tabSymbols_->setDrawBase(false);
+    lblSymbolsMessage_->setObjectName("lblSymbolsMessage");
+    lblSymbolsMessage_->setAlignment(Qt::AlignCenter);
+    lblSymbolsMessage_->setWordWrap(true);
+    lblSymbolsMessage_->hide();
+    emptyHint_->setAlignment(Qt::AlignCenter);
+    emptyHint_->setWordWrap(true);
+    connect(tabSymbols_, &QTabBar::currentChanged, this, &Palette::showCollectionTab);
+    listImageFound_->setObjectName("listImageFound");
+    listImageFound_->hide();
+    prepareList(*listImageFound_);
+    connect(search_, &PaletteSearch::changed, this, &Palette::showLists);
+    connect(search_, &PaletteSearch::listAsked, this, &Palette::enterList);
+    connect(tabSymbols_, &QTabBar::tabBarClicked, search_, &PaletteSearch::end);
+    setAcceptDrops(true);
+    makeText();
+}
+
+void Palette::makeText() {
     imgText_->setObjectName("imgText");
     imgText_->setAccessibleName(tr("New label"));
     imgText_->setText(tr("Label"));
@@ -107,43 +122,6 @@ Palette::Palette(Workspace& workspace, AnimationCache& animations, Shell& shell,
     imgText_->setAutoRaise(true);
     imgText_->setFocusPolicy(Qt::StrongFocus);
     imgText_->installEventFilter(this);
-    lblSymbolsMessage_->setObjectName("lblSymbolsMessage");
-    lblSymbolsMessage_->setAlignment(Qt::AlignCenter);
-    lblSymbolsMessage_->setWordWrap(true);
-    lblSymbolsMessage_->hide();
-    emptyHint_->setAlignment(Qt::AlignCenter);
-    emptyHint_->setWordWrap(true);
-    connect(tabSymbols_, &QTabBar::currentChanged, this, &Palette::showCollectionTab);
-    setAcceptDrops(true);
-    makeSearch();
-}
-
-/// A key of its own leads to the search; on the way of the Tab key it would be one more stop.
-void Palette::makeSearch() {
-    txtSearch_->setObjectName("txtSearch");
-    txtSearch_->setAccessibleName(tr("Search in all symbols"));
-    txtSearch_->setPlaceholderText(tr("Search"));
-    txtSearch_->setToolTip(tr("Search in all symbols"));
-    txtSearch_->setClearButtonEnabled(true);
-    txtSearch_->setFocusPolicy(Qt::ClickFocus);
-    txtSearch_->installEventFilter(this);
-    cmdFavourites_->setObjectName("cmdFavourites");
-    cmdFavourites_->setText(QChar(0x2605));
-    cmdFavourites_->setAccessibleName(tr("Favorites, and symbols used last"));
-    cmdFavourites_->setToolTip(tr("Favorites, and symbols used last"));
-    cmdFavourites_->setCheckable(true);
-    cmdFavourites_->setAutoRaise(true);
-    cmdFavourites_->setFocusPolicy(Qt::NoFocus);
-    listImageFound_->setObjectName("listImageFound");
-    listImageFound_->hide();
-    prepareList(*listImageFound_);
-    connect(txtSearch_, &QLineEdit::textChanged, this, &Palette::search);
-    connect(cmdFavourites_, &QToolButton::clicked, this, &Palette::showFavourites);
-    connect(tabSymbols_, &QTabBar::tabBarClicked, this, [this] {
-        cmdFavourites_->setChecked(false);
-        txtSearch_->clear();
-        showLists();
-    });
 }
 
 /// What the palette's lists have in common: one or several symbols are dragged out of them, Enter
@@ -155,7 +133,7 @@ void Palette::prepareList(ListImage& list) {
         QStringList files = list.selectedFiles();
         files.removeAll(file);
         if (startDrag(SpritePayload{sprite_type::Symbol, file, files}.text(), pictureOf(file))) {
-            placed(QStringList(file) + files);
+            memory_.placed(QStringList(file) + files);
         }
     });
     connect(&list, &ListImage::fileActivated, this, &Palette::place);
@@ -163,43 +141,8 @@ void Palette::prepareList(ListImage& list) {
     connect(&list, &ListImage::sizeTurned, this, &Palette::turnThumbnailSize);
 }
 
-void Palette::startSearch() {
-    txtSearch_->setFocus(Qt::ShortcutFocusReason);
-    txtSearch_->selectAll();
-}
-
-void Palette::search() {
-    const QString words = txtSearch_->text();
-    if (!words.isEmpty()) {
-        if (!std::exchange(namesRead_, true)) {
-            QStringList folders;
-            for (const cSymbolsCollection& collection : workspace_.Status.SymbolsCollection()) {
-                folders << collection.Path;
-            }
-            index_.read(folders);
-        }
-        cmdFavourites_->setChecked(false);
-        listImageFound_->loadFiles(index_.find(words));
-    }
-    showLists();
-}
-
-/// Favorites first, then what was placed last.
-void Palette::showFavourites() {
-    if (cmdFavourites_->isChecked()) {
-        const QSignalBlocker quiet(txtSearch_);
-        txtSearch_->clear();
-        QStringList files = workspace_.settings.list(SettingList::FavouriteSymbols) +
-                            workspace_.settings.list(SettingList::RecentSymbols);
-        files.removeDuplicates();
-        files.removeIf([](const QString& file) { return !host_files::fileExists(file); });
-        listImageFound_->loadFiles(files);
-    }
-    showLists();
-}
-
 void Palette::showLists() {
-    const bool found = !txtSearch_->text().isEmpty() || cmdFavourites_->isChecked();
+    const bool found = search_->isActive();
     ListImage* const shown = found ? listImageFound_ : currentList();
     listImageFound_->setVisible(found);
     for (const Tab& tab : listImageSymbols_) {
@@ -211,28 +154,13 @@ void Palette::showLists() {
 void Palette::place(const QString& file) {
     if (mayPlace()) {
         Q_EMIT placeAsked(SpritePayload{sprite_type::Symbol, file}.text());
-        placed({file});
+        memory_.placed({file});
     }
-}
-
-void Palette::placed(const QStringList& files) {
-    QStringList recent = workspace_.settings.list(SettingList::RecentSymbols);
-    for (const QString& file : files) {
-        recent.removeAll(file);
-        recent.prepend(file);
-    }
-    workspace_.settings.setList(SettingList::RecentSymbols, recent.mid(0, MostRecent));
 }
 
 void Palette::toggleFavourite(const QString& file) {
-    QStringList favourites = workspace_.settings.list(SettingList::FavouriteSymbols);
-    if (favourites.removeAll(file) == 0) {
-        favourites << file;
-    }
-    workspace_.settings.setList(SettingList::FavouriteSymbols, favourites);
-    if (cmdFavourites_->isChecked()) {
-        showFavourites();
-    }
+    memory_.toggleFavourite(file);
+    search_->refreshFavourites();
 }
 
 void Palette::showMenu(const QString& file, QPoint globalPosition) {
@@ -240,8 +168,7 @@ void Palette::showMenu(const QString& file, QPoint globalPosition) {
     menu->setObjectName("menuSymbol");
     menu->setAttribute(Qt::WA_DeleteOnClose);
     if (!file.isEmpty()) {
-        const bool isFavourite =
-            workspace_.settings.list(SettingList::FavouriteSymbols).contains(file);
+        const bool isFavourite = memory_.isFavourite(file);
         connect(menu->addAction(tr("Place on the map")), &QAction::triggered, this,
                 [this, file] { place(file); });
         connect(menu->addAction(isFavourite ? tr("Remove from favorites") : tr("Add to favorites")),
@@ -414,31 +341,16 @@ QPixmap Palette::pictureOf(const QString& file) const {
     return animation ? QPixmap::fromImage(animation->pictureAt(0)) : QPixmap();
 }
 
-bool Palette::searchKey(int key) {
-    switch (key) {
-        case Qt::Key_Escape:
-            txtSearch_->clear();
-            break;
-        case Qt::Key_Down:
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            break;
-        default:
-            return false;
-    }
+void Palette::enterList() {
     if (ListImage* list = shownList()) {
         list->setFocus();
         if (!list->currentIndex().isValid()) {
             list->setCurrentIndex(list->model()->index(0, 0));
         }
     }
-    return true;
 }
 
 bool Palette::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == txtSearch_ && event->type() == QEvent::KeyPress) {
-        return searchKey(static_cast<QKeyEvent*>(event)->key());
-    }
     if (watched != imgText_) {
         return QWidget::eventFilter(watched, event);
     }
@@ -472,16 +384,16 @@ void Palette::paintEvent(QPaintEvent*) {
 
 void Palette::resizeEvent(QResizeEvent*) {
     const int textHeight = imgText_->sizeHint().height();
-    const int star = cmdFavourites_->sizeHint().width();
+    QLineEdit& field = search_->field();
+    const int star = search_->favourites().sizeHint().width();
     const int label = std::min(imgText_->sizeHint().width(), std::max(0, width() - 2 * Gap));
     const int search = width() - label - star - 4 * Gap;
     imgText_->setGeometry(Gap, 0, label, textHeight);
-    txtSearch_->setVisible(search >= NarrowestSearch);
-    const int fieldHeight = std::min(textHeight, txtSearch_->sizeHint().height());
-    txtSearch_->setGeometry(label + 2 * Gap, (textHeight - fieldHeight) / 2, std::max(0, search),
-                            fieldHeight);
-    cmdFavourites_->setGeometry(width() - star - Gap, (textHeight - fieldHeight) / 2, star,
-                                fieldHeight);
+    field.setVisible(search >= NarrowestSearch);
+    const int fieldHeight = std::min(textHeight, field.sizeHint().height());
+    const int fieldTop = (textHeight - fieldHeight) / 2;
+    field.setGeometry(label + 2 * Gap, fieldTop, std::max(0, search), fieldHeight);
+    search_->favourites().setGeometry(width() - star - Gap, fieldTop, star, fieldHeight);
     const int tabTop = textHeight + Gap;
     const int tabHeight = tabSymbols_->count() > 0 ? tabSymbols_->sizeHint().height() : 0;
     tabSymbols_->setGeometry(Gap, tabTop, std::max(0, width() - Gap), tabHeight);

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "engine/collections/symbol_index.h"
 #include "engine/model/workspace.h"
+#include "windows/panes/palette_search.h"
+#include "windows/panes/symbol_memory.h"
 #include "windows/widgets/list_image.h"
 
 #include <QLabel>
-#include <QLineEdit>
 #include <QTabBar>
-#include <QToolButton>
 #include <QWidget>
 
 #include <functional>
@@ -48,11 +47,11 @@ class Palette : public QWidget {
     ListImage* shownList() const;
 
     /// Gives the search field the keyboard.
-    void startSearch();
+    void startSearch() { search_->start(); }
     /// Reads the names of all symbols anew before the next search.
-    void forgetNames() { namesRead_ = false; }
-    QLineEdit* txtSearch() const { return txtSearch_; }
-    QToolButton* cmdFavourites() const { return cmdFavourites_; }
+    void forgetNames() { search_->forgetNames(); }
+    QLineEdit* txtSearch() const { return &search_->field(); }
+    QToolButton* cmdFavourites() const { return &search_->favourites(); }
     ListImage* listImageFound() const { return listImageFound_; }
 
     /// A palette drag has begun and has not ended yet.
@@ -77,14 +76,11 @@ class Palette : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void makeSearch();
-    bool searchKey(int key);
+    void makeText();
     void prepareList(ListImage& list);
-    void search();
-    void showFavourites();
     void showLists();
+    void enterList();
     void place(const QString& file);
-    void placed(const QStringList& files);
     void showMenu(const QString& file, QPoint globalPosition);
     void toggleFavourite(const QString& file);
     void setThumbnailSize(int size);
@@ -103,16 +99,14 @@ class Palette : public QWidget {
     Shell& shell_;
     QTabBar* tabSymbols_;
     QToolButton* imgText_;
-    QLineEdit* txtSearch_;
-    QToolButton* cmdFavourites_;
     ListImage* listImageFound_;  ///< over the others while something is searched for
+    SymbolMemory memory_;
+    PaletteSearch* search_;
     QLabel* lblSymbolsMessage_;
     QLabel* emptyHint_;
     std::vector<Tab> listImageSymbols_;
     QPoint textPress_;
     bool dropAllowed_ = false;
-    SymbolIndex index_;
-    bool namesRead_ = false;
     int thumbnailSize_;
 };
 
