@@ -5,7 +5,6 @@
 
 #include <QIODevice>
 
-#include <algorithm>
 #include <map>
 
 namespace nubivane {
@@ -100,41 +99,46 @@ bool FtpTarget::putAhead(const Outgoing& file) {
     return true;
 }
 
+/// What one listing tells of a folder; without one nothing is known.
+FtpTarget::FolderSizes FtpTarget::sizesIn(const QString& folder) {
+    FolderSizes sizes;
+    const auto listing = listQuickly(folder.isEmpty() ? QStringLiteral(".") : folder);
+    sizes.complete = listing.has_value();
+    for (const RemoteEntry& entry : listing.value_or(RemoteListing())) {
+        if (entry.size >= 0) {
+            sizes.bytes.insert(entry.name, entry.size);
+        } else if (entry.kind != RemoteEntry::Kind::Folder) {
+            sizes.complete = false;
+        }
+    }
+    return sizes;
+}
+
 /// Which of the files have their size there: by one listing for each folder, which is one question
 /// for many files, and by one question for each that it does not tell of.
 std::vector<bool> FtpTarget::whole(const std::vector<Ahead>& files) {
-    std::map<QString, std::optional<RemoteListing>> listings;
+    std::map<QString, FolderSizes> folders;
     std::vector<bool> answers;
     bool anyTold = false;
     for (const Ahead& file : files) {
         const QString folder = file.temporary.section(u'/', 0, -2);
-        auto known = listings.find(folder);
-        if (known == listings.end()) {
-            const auto listing = listQuickly(folder.isEmpty() ? QStringLiteral(".") : folder);
-            known = listings.emplace(folder, listing).first;
+        auto known = folders.find(folder);
+        if (known == folders.end()) {
+            known = folders.emplace(folder, sizesIn(folder)).first;
         }
-        const std::optional<qint64> size = sizeIn(known->second, file.temporary);
+        const FolderSizes& sizes = known->second;
+        const auto told = sizes.bytes.constFind(file.temporary.section(u'/', -1));
+        std::optional<qint64> size;
+        if (told != sizes.bytes.constEnd()) {
+            size = *told;
+        } else if (!sizes.complete) {
+            size = sizeOf(file.temporary);
+        }
         anyTold = anyTold || size;
         answers.push_back(size == file.size);
     }
     known_->tellsSizes = anyTold;
     return answers;
-}
-
-/// Nothing when the file is not there, or nothing is told of it.
-std::optional<qint64> FtpTarget::sizeIn(const std::optional<RemoteListing>& listing,
-                                        const QString& name) {
-    const QString file = name.section(u'/', -1);
-    for (const RemoteEntry& entry : listing.value_or(RemoteListing())) {
-        if (entry.name == file && entry.size >= 0) {
-            return entry.size;
-        }
-    }
-    const auto unsized = [](const RemoteEntry& entry) {
-        return entry.kind != RemoteEntry::Kind::Folder && entry.size < 0;
-    };
-    const bool tells = listing && std::none_of(listing->begin(), listing->end(), unsized);
-    return tells ? std::nullopt : sizeOf(name);
 }
 
 std::vector<bool> FtpTarget::settle(const std::vector<Ahead>& files) {

@@ -4,6 +4,8 @@
 #include "engine/net/ftp_session.h"
 #include "engine/net/transfer.h"
 
+#include <QHash>
+
 namespace nubivane {
 
 /// An FTP server, encrypted or not, as a target.
@@ -48,7 +50,12 @@ class FtpTarget : public Transfer {
     QByteArray nameOf(const QString& name) const;
     void send(const Outgoing& file, const QByteArray& name, const QByteArray& temporary);
     bool replaceByHand(const QByteArray& name, const QByteArray& temporary);
-    std::optional<qint64> sizeIn(const std::optional<RemoteListing>& listing, const QString& name);
+    /// The sizes of what lies in a folder, by names; complete when nothing else lies there.
+    struct FolderSizes {
+        QHash<QString, qint64> bytes;
+        bool complete = false;
+    };
+    FolderSizes sizesIn(const QString& folder);
     std::vector<bool> whole(const std::vector<Ahead>& files);
 
     const FtpServer server_;

@@ -92,6 +92,11 @@ TEST_F(SearchInThePalette, TheStarShowsFavoritesThenWhatWasPlacedLast) {
     EXPECT_EQ(names(), (QStringList{"sun", "rain"}));
     choose(menuOf(sun), "Remove from favorites");
     EXPECT_EQ(settings.list(SettingList::FavouriteSymbols), QStringList());
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            return settings.list(SettingList::RecentSymbols) == QStringList{sun, rain};
+        },
+        20000));
     QTest::mouseClick(palette().tabSymbols(), Qt::LeftButton, {},
                       palette().tabSymbols()->tabRect(0).center());
     EXPECT_FALSE(palette().cmdFavourites()->isChecked());
