@@ -42,7 +42,7 @@ inline void withModal(const std::function<void()>& open, const std::function<voi
 
 /// The part of a window of a control name and a type.
 template <class Widget>
-Widget& part(const QWidget& window, const char* name) {
+Widget& partOf(const QWidget& window, const char* name) {
     auto* found = window.findChild<Widget*>(name);
     if (!found) {
         throw std::runtime_error(std::string("there is no ") + name);

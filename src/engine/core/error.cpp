@@ -19,4 +19,9 @@ Error::Error(int number, QString source, QString description, QString cause)
     what_ = full.toUtf8();
 }
 
+void failToWrite(const QString& source, const QString& path, const QString& reason) {
+    throw Error(error_number::FileAccess, source, u"Cannot write the file."_s,
+                path + u": "_s + reason);
+}
+
 }  // namespace nubivane

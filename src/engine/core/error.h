@@ -46,4 +46,7 @@ class Error : public std::exception {
     QByteArray what_;
 };
 
+/// Raises the `Error` (FileAccess) of a file that cannot be written, and why.
+[[noreturn]] void failToWrite(const QString& source, const QString& path, const QString& reason);
+
 }  // namespace nubivane

@@ -27,11 +27,6 @@ constexpr mode_t PermissionBits = 07777;
 constexpr mode_t ForItsOwner = 0600;
 constexpr mode_t AsTheUserWants = 0666;  // less what the umask takes
 
-[[noreturn]] void refuse(const QString& hostPath, const QString& reason) {
-    throw Error(error_number::FileAccess, u"replaced_file"_s, u"Cannot write the file."_s,
-                hostPath + u": "_s + reason);
-}
-
 QString systemsReason() {
     return QString::fromLocal8Bit(std::strerror(errno));
 }
@@ -53,22 +48,22 @@ void requireOrdinary(const QString& target, LinkUse links) {
     struct stat status {};
     if (!statusOf(target, status)) {
         if (errno != ENOENT) {
-            refuse(target, systemsReason());
+            failToWrite(u"replaced_file"_s, target, systemsReason());
         }
         return;
     }
     if (S_ISDIR(status.st_mode)) {
-        refuse(target, u"it is a folder"_s);
+        failToWrite(u"replaced_file"_s, target, u"it is a folder"_s);
     }
     // Where the entry itself is to go, it does not matter what it was.
     if (links == LinkUse::Itself) {
         return;
     }
     if (!S_ISREG(status.st_mode)) {
-        refuse(target, u"it is not an ordinary file"_s);
+        failToWrite(u"replaced_file"_s, target, u"it is not an ordinary file"_s);
     }
     if (::access(QFile::encodeName(target).constData(), W_OK) != 0) {
-        refuse(target, u"it is protected from writing"_s);
+        failToWrite(u"replaced_file"_s, target, u"it is protected from writing"_s);
     }
 }
 
@@ -88,11 +83,11 @@ QString behindLinks(const QString& hostPath) {
         }
         const QString next = QFile::decodeName(text);
         if (QFile::encodeName(next) != text) {
-            refuse(path, u"the link leads to a name that is not UTF-8"_s);
+            failToWrite(u"replaced_file"_s, path, u"the link leads to a name that is not UTF-8"_s);
         }
         path = next.startsWith(u'/') ? next : QFileInfo(path).path() + u'/' + next;
     }
-    refuse(hostPath, u"its links lead in a circle"_s);
+    failToWrite(u"replaced_file"_s, hostPath, u"its links lead in a circle"_s);
 }
 
 void removeLeftoversOf(const QString& target) {
@@ -187,7 +182,7 @@ void ReplacedFile::commit() {
 }
 
 void ReplacedFile::fail(const QString& reason) const {
-    refuse(target_, reason);
+    failToWrite(u"replaced_file"_s, target_, reason);
 }
 
 }  // namespace nubivane

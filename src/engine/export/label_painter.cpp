@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/export/label_painter.h"
 
+#include "engine/core/resolution.h"
 #include "engine/export/label_text.h"
 #include "engine/gif/color_value.h"
 #include "engine/model/forecast.h"
@@ -13,8 +14,6 @@ namespace nubivane {
 
 namespace {
 
-constexpr int PixelsPerInch = 96;
-constexpr int PointsPerInch = 72;
 constexpr int MaxPoints = 1000;  // a hostile project may ask for any size
 
 LabelText textOf(const cLabel& label) {

@@ -4,6 +4,7 @@
 #include "engine/core/error.h"
 #include "engine/core/host_files.h"
 #include "engine/core/path_text.h"
+#include "engine/core/resolution.h"
 #include "engine/core/version.h"
 #include "engine/export/export_stage.h"
 #include "engine/export/export_watcher.h"
@@ -20,8 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int PixelsPerInch = 96;
-constexpr double PointsPerPixel = 72.0 / PixelsPerInch;
+constexpr double PointsPerPixel = double{PointsPerInch} / PixelsPerInch;
 
 QPageLayout layoutFor(QSize picture) {
     const QSizeF points = QSizeF(picture) * PointsPerPixel;

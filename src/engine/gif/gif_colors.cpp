@@ -5,6 +5,7 @@
 #include "engine/gif/color_index.h"
 #include "engine/gif/gif_writer.h"
 #include "engine/gif/halftone.h"
+#include "engine/gif/pixel_lines.h"
 #include "engine/gif/quantizer.h"
 
 #include <QHash>
@@ -34,14 +35,6 @@ constexpr HalftoneWeights weightsOf(GifQuality quality) {
 /// How long a palette is sought.
 constexpr Quantizer::Effort effortOf(GifQuality quality) {
     return quality == GifQuality::Fine ? Quantizer::Effort::Thorough : Quantizer::Effort::Usual;
-}
-
-QRgb* lineOf(QImage& image, int y) {
-    return reinterpret_cast<QRgb*>(image.scanLine(y));
-}
-
-const QRgb* constLineOf(const QImage& image, int y) {
-    return reinterpret_cast<const QRgb*>(image.constScanLine(y));
 }
 
 std::vector<CountedColor> byPixels(const QHash<QRgb, quint32>& counts) {

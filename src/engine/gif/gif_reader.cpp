@@ -3,6 +3,7 @@
 
 #include "engine/core/error.h"
 #include "engine/core/picture_limits.h"
+#include "engine/gif/pixel_lines.h"
 
 #include <QPainter>
 
@@ -230,7 +231,7 @@ class GifReader {
             if (y >= canvas_.height()) {
                 continue;
             }
-            auto* line = reinterpret_cast<QRgb*>(canvas_.scanLine(y));
+            QRgb* line = lineOf(canvas_, y);
             for (int x = 0; x < visible; ++x) {
                 const QRgb color = colors[indexes[static_cast<std::size_t>(x)]];
                 if (color != 0) {

@@ -4,6 +4,7 @@
 #include "engine/gif/color_index.h"
 #include "engine/gif/gif_blocks.h"
 #include "engine/gif/lzw_encoder.h"
+#include "engine/gif/pixel_lines.h"
 #include "engine/gif/quantizer.h"
 
 #include <algorithm>
@@ -24,7 +25,7 @@ std::optional<IndexedPicture> indexExactly(const QImage& argb) {
                           static_cast<std::size_t>(argb.height()));
     ColorIndex known;
     for (int y = 0; y < argb.height(); ++y) {
-        const auto* line = reinterpret_cast<const QRgb*>(argb.constScanLine(y));
+        const QRgb* line = constLineOf(argb, y);
         for (int x = 0; x < argb.width(); ++x) {
             const QRgb color = qAlpha(line[x]) == 0 ? 0 : line[x] | 0xFF000000;
             const int number = known.add(color);

@@ -5,6 +5,7 @@
 #include "engine/gif/color_index.h"
 #include "engine/gif/gif_blocks.h"
 #include "engine/gif/lzw_encoder.h"
+#include "engine/gif/pixel_lines.h"
 
 #include <algorithm>
 #include <cstring>
@@ -15,10 +16,6 @@ namespace nubivane {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QRgb* lineOf(const QImage& image, int y) {
-    return reinterpret_cast<const QRgb*>(image.constScanLine(y));
-}
 
 /// The part of an image that changes, before it has a palette.
 struct Change {
@@ -33,7 +30,7 @@ struct Change {
         bool changed(int x) const { return !before || now[x] != before[x]; }
     };
     Row row(int y) const {
-        return {lineOf(picture, y), before.isNull() ? nullptr : lineOf(before, y)};
+        return {constLineOf(picture, y), before.isNull() ? nullptr : constLineOf(before, y)};
     }
 };
 
@@ -167,8 +164,8 @@ QRect changedRect(const QImage& before, const QImage& after) {
     int left = width;
     int right = -1;
     for (int y = 0; y < after.height(); ++y) {
-        const QRgb* a = lineOf(before, y);
-        const QRgb* b = lineOf(after, y);
+        const QRgb* a = constLineOf(before, y);
+        const QRgb* b = constLineOf(after, y);
         if (std::memcmp(a, b, static_cast<std::size_t>(width) * sizeof(QRgb)) == 0) {
             continue;
         }

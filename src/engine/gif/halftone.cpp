@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/gif/halftone.h"
 
+#include "engine/gif/pixel_lines.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -25,10 +27,6 @@ constexpr int Rounds = 2;
 constexpr float AcrossRows = 0.3F;
 
 constexpr int CellBits = 6;  // of a colour's channel
-
-const QRgb* constLineOf(const QImage& image, int y) {
-    return reinterpret_cast<const QRgb*>(image.constScanLine(y));
-}
 
 std::array<float, Taps> bell() {
     std::array<float, Taps> weights{};
@@ -175,7 +173,7 @@ class Halftone::Band {
         const QRgb* picture = constLineOf(picture_, y);
         const QRgb* above = y > rect_.top() ? constLineOf(shown_, y - 1) : nullptr;
         const QRgb* below = y < rect_.bottom() ? constLineOf(shown_, y + 1) : nullptr;
-        auto* shown = reinterpret_cast<QRgb*>(shown_.scanLine(y));
+        QRgb* shown = lineOf(shown_, y);
         const int row = y - top_ + Reach;
         const float costAlong = halftone_.costOfChange_;
         const float costAcross = halftone_.costOfChange_ * AcrossRows;
@@ -298,7 +296,7 @@ void Halftone::decide(const QImage& picture, const QRect& rect, QImage& shown) {
     qint64 count = 0;
     for (int y = rect.top(); y <= rect.bottom(); ++y) {
         const QRgb* right = constLineOf(picture, y);
-        auto* line = reinterpret_cast<QRgb*>(shown.scanLine(y));
+        QRgb* line = lineOf(shown, y);
         for (int x = rect.left(); x <= rect.right(); ++x) {
             open.push_back(line[x] == Undecided ? 1 : 0);
             if (line[x] == Undecided) {

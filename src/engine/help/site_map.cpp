@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int MaxDepth = 16;
+constexpr int DeepestEntry = 16;
 constexpr std::size_t MaxLines = 10000;
 constexpr qsizetype LongestTag = 4000;  // characters
 
@@ -92,7 +92,7 @@ std::vector<HelpEntry> readSiteMap(const QString& html) {
     const auto read = [&](const QString& tag) {
         const QString name = tagName(tag);
         if (name == u"ul") {
-            depth = std::min(depth + 1, MaxDepth);
+            depth = std::min(depth + 1, DeepestEntry);
         } else if (name == u"/ul") {
             depth = std::max(depth - 1, -1);
         } else if (name == u"object") {

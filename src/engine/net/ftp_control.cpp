@@ -22,10 +22,6 @@ using Kind = TransferError::Kind;
 constexpr qsizetype MaxReplyBytes = qsizetype{64} * 1024;
 constexpr int ServiceCloses = 421;
 
-TransferError refusal(const FtpReply& reply) {
-    return {Kind::Refused, reply.text(), reply.code};
-}
-
 }  // namespace
 
 FtpControl::FtpControl(const FtpServer& server, const FtpOptions& options, const StopSignal& stop)
@@ -123,7 +119,7 @@ void FtpControl::greet() {
         greeting = reply();
     }
     if (!greeting.done()) {
-        throw refusal(greeting);
+        throw greeting.refusal();
     }
 }
 
@@ -153,7 +149,7 @@ void FtpControl::logIn() {
         answer = ask("PASS " + (given ? server_.password.toUtf8() : QByteArray("anonymous@")));
     }
     if (!answer.done()) {
-        throw refusal(answer);
+        throw answer.refusal();
     }
 }
 
@@ -211,7 +207,7 @@ std::unique_ptr<Channel> FtpControl::openData() {
         answer = ask("PASV");
     }
     if (!answer.done()) {
-        throw refusal(answer);
+        throw answer.refusal();
     }
     const int port = portOfReply(answer);
     if (port < 1 || port > 65535) {
@@ -238,7 +234,7 @@ void FtpControl::useBinary() {
     }
     const FtpReply answer = ask("TYPE I");
     if (!answer.done()) {
-        throw refusal(answer);
+        throw answer.refusal();
     }
     binary_ = true;
 }

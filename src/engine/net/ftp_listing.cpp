@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Kind = RemoteEntry::Kind;
+using EntryKind = RemoteEntry::Kind;
 
 /// The next word of a line and where it ends; words are parted by blanks.
 struct Word {
@@ -70,7 +70,7 @@ bool isIsoDate(QByteArrayView text) {
 /// The entries, each name once.
 class Entries {
   public:
-    void add(QByteArrayView bytes, Kind kind, qint64 size, const QByteArray& modified = {}) {
+    void add(QByteArrayView bytes, EntryKind kind, qint64 size, const QByteArray& modified = {}) {
         QStringDecoder decoder(QStringDecoder::Utf8);
         const QString name = decoder.decode(bytes);
         if (decoder.hasError() || !host_files::isPlainName(name) || hasControl(name) ||
@@ -78,7 +78,7 @@ class Entries {
             return;
         }
         known_.insert(name);
-        list_.push_back({name, kind, kind == Kind::File ? size : -1, modified});
+        list_.push_back({name, kind, kind == EntryKind::File ? size : -1, modified});
     }
     RemoteListing take() { return std::move(list_); }
 
@@ -120,7 +120,7 @@ QByteArray timeIn(const QByteArray& value) {
 void takeFacts(QByteArrayView line, Entries& entries) {
     const qsizetype blank = line.indexOf(' ');
     if (blank < 0) {  // no facts at all: a server that lists names alone
-        entries.add(line, Kind::Unknown, -1);
+        entries.add(line, EntryKind::Unknown, -1);
         return;
     }
     bool file = false;
@@ -143,7 +143,8 @@ void takeFacts(QByteArrayView line, Entries& entries) {
         from = end + 1;
     }
     if (file || folder) {  // not the folder itself nor the one above it
-        entries.add(line.sliced(blank + 1), folder ? Kind::Folder : Kind::File, size, modified);
+        entries.add(line.sliced(blank + 1), folder ? EntryKind::Folder : EntryKind::File, size,
+                    modified);
     }
 }
 
@@ -172,11 +173,11 @@ bool takeUnix(QByteArrayView line, Entries& entries) {
             return false;
         }
         QByteArrayView name = line.sliced(last.end + 1);
-        Kind kind = line[0] == 'd' ? Kind::Folder : Kind::File;
+        EntryKind kind = line[0] == 'd' ? EntryKind::Folder : EntryKind::File;
         if (line[0] == 'l') {
             const qsizetype arrow = name.indexOf(" -> ");
             name = arrow > 0 ? name.first(arrow) : name;
-            kind = Kind::Unknown;
+            kind = EntryKind::Unknown;
         }
         entries.add(name, kind, *size);
         return true;
@@ -205,7 +206,8 @@ void takeDos(QByteArrayView line, Entries& entries) {
         ++from;
     }
     if (from < line.size()) {
-        entries.add(line.sliced(from), folder ? Kind::Folder : Kind::File, bytes.value_or(-1));
+        entries.add(line.sliced(from), folder ? EntryKind::Folder : EntryKind::File,
+                    bytes.value_or(-1));
     }
 }
 
@@ -225,7 +227,7 @@ RemoteListing parseList(const QByteArray& listing) {
 
 RemoteListing parseNames(const QByteArray& listing) {
     return eachLine(listing, [](QByteArrayView line, Entries& entries) {
-        entries.add(line, Kind::Unknown, -1);
+        entries.add(line, EntryKind::Unknown, -1);
     });
 }
 

@@ -22,6 +22,9 @@ struct RemoteEntry {
 
 using RemoteListing = std::vector<RemoteEntry>;
 
+/// More than any site's folder needs: a server could send without end.
+inline constexpr qsizetype MaxListingBytes = qsizetype{2} * 1024 * 1024;
+
 /// The reply to MLSD (RFC 3659, 7). Lines that are none, names that are no UTF-8 and names that
 /// could mean something else than an entry of this folder are left out.
 RemoteListing parseMlsd(const QByteArray& listing);

@@ -36,6 +36,10 @@ QString FtpReply::text() const {
         QByteArrayView(lines).sliced(last).first(std::min(lines.size() - last, MaxShownReply)));
 }
 
+TransferError FtpReply::refusal() const {
+    return {TransferError::Kind::Refused, text(), code};
+}
+
 void FtpReplyReader::clear() {
     waiting_.clear();
     searched_ = 0;

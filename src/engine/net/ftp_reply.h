@@ -8,6 +8,8 @@
 
 namespace nubivane {
 
+class TransferError;
+
 /// What a server answers to one command (RFC 959, 4.2).
 struct FtpReply {
     int code = 0;
@@ -19,6 +21,9 @@ struct FtpReply {
 
     /// The last line, fit to be shown.
     QString text() const;
+
+    /// The failure of a command that was answered so.
+    TransferError refusal() const;
 };
 
 /// Cuts what comes over a control connection into replies. Servers are not trusted: a reply longer

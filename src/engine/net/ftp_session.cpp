@@ -19,7 +19,6 @@ namespace {
 using Kind = TransferError::Kind;
 
 constexpr qsizetype MaxNameBytes = 4096;
-constexpr qsizetype MaxListingBytes = qsizetype{2} * 1024 * 1024;
 constexpr qsizetype BlockBytes = qsizetype{64} * 1024;
 
 /// Some servers say this of an empty folder.
@@ -40,10 +39,6 @@ QByteArray checkedFile(const QByteArray& name) {
         throw TransferError(Kind::Refused, u"the name is not that of a file"_s);
     }
     return checked(name);
-}
-
-TransferError refusal(const FtpReply& reply) {
-    return {Kind::Refused, reply.text(), reply.code};
 }
 
 /// The number behind the code of "213 5000".
@@ -96,7 +91,7 @@ FtpControl& FtpSession::control() {
 
 FtpReply FtpSession::require(const FtpReply& reply) {
     if (reply.kind() >= 4) {
-        throw refusal(reply);
+        throw reply.refusal();
     }
     return reply;
 }
@@ -130,7 +125,7 @@ FtpReply FtpSession::ask(const char* verb, const QByteArray& name) {
 FtpReply FtpSession::command(const char* verb, const QByteArray& name) {
     const FtpReply reply = ask(verb, name);
     if (!reply.done()) {
-        throw refusal(reply);
+        throw reply.refusal();
     }
     return reply;
 }
@@ -258,7 +253,7 @@ void FtpSession::put(QIODevice& source, const QByteArray& name, const QByteArray
     });
     const FtpReply renamed = attempt([&] { return control().reply(); });
     if (!renamed.done()) {
-        throw refusal(renamed);
+        throw renamed.refusal();
     }
 }
 

@@ -13,7 +13,6 @@ namespace {
 
 using Kind = TransferError::Kind;
 
-constexpr int RefusedForGood = 5;
 /// What is worth asking for how much of it has arrived before a connection was lost.
 constexpr qint64 WorthResuming = qint64{512} * 1024;
 
@@ -52,7 +51,7 @@ void FtpTarget::changeFolder(const QString& name) {
             known_->separator = Separator::Backslash;
         }
     } catch (const TransferError& error) {
-        if (!telling || error.reply() / 100 != RefusedForGood) {
+        if (!telling || !error.refusedForGood()) {
             throw;
         }
         session_.command("CWD", QByteArray(asGiven).replace('\\', '/'));

@@ -18,7 +18,6 @@ namespace {
 using Kind = TransferError::Kind;
 
 constexpr qint64 MaxFileBytes = qint64{64} * 1024 * 1024;  // far beyond any symbol
-constexpr int RefusedForGood = 5;                          // the first digit of such replies
 
 QByteArray withSlashes(QByteArray name) {
     return name.replace('\\', '/');
@@ -86,7 +85,7 @@ bool ftpTransfer::ChangeDirectory(const QString& name) {
         try {
             session_->command("CWD", asGiven);
         } catch (const TransferError& error) {
-            if (error.reply() / 100 != RefusedForGood || !asGiven.contains('\\')) {
+            if (!error.refusedForGood() || !asGiven.contains('\\')) {
                 throw;
             }
             session_->command("CWD", withSlashes(asGiven));

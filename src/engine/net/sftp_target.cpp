@@ -20,8 +20,6 @@ namespace {
 
 using Kind = TransferError::Kind;
 
-constexpr qint64 MaxListingBytes = qint64{2} * 1024 * 1024;
-
 /// A path as one word of the library's commands.
 QByteArray quoted(QByteArray path) {
     return '"' + path.replace('\\', "\\\\").replace('"', "\\\"") + '"';

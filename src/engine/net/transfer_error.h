@@ -32,6 +32,8 @@ class TransferError : public std::exception {
     const QString& text() const { return text_; }
     /// The server's reply code, 0 without one.
     int reply() const { return reply_; }
+    /// The server will say no however often it is asked (RFC 959, 4.2.1).
+    bool refusedForGood() const { return reply_ / 100 == 5; }
     /// Of a certificate or host key that could be trusted; empty for all other failures.
     const QString& fingerprint() const { return fingerprint_; }
     const char* what() const noexcept override { return what_.constData(); }

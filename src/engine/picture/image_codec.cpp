@@ -3,6 +3,7 @@
 
 #include "engine/core/error.h"
 #include "engine/gif/gif_still.h"
+#include "engine/picture/invalid_picture.h"
 #include "engine/picture/jpeg_inspection.h"
 #include "engine/picture/png_chunks.h"
 
@@ -31,10 +32,6 @@ constexpr std::array formats = {
     FormatRow{PictureFormat::Png, "png", {"png", nullptr}},
     FormatRow{PictureFormat::Tiff, "tiff", {"tif", "tiff"}},
 };
-
-[[noreturn]] void refuse(const QString& cause) {
-    throw Error(error_number::InvalidPicture, u"picture"_s, u"Invalid picture."_s, cause);
-}
 
 const FormatRow& rowOf(PictureFormat format) {
     for (const FormatRow& row : formats) {
@@ -68,22 +65,22 @@ PictureInfo probe(QImageReader& reader, const QByteArray& bytes) {
             continue;
         }
         if (row.format == PictureFormat::Jpeg && jpegScans(bytes) > MaxJpegScans) {
-            refuse(u"the JPEG picture has too many scans"_s);
+            refusePicture(u"the JPEG picture has too many scans"_s);
         }
         // A GIF must hold an image, whose size the reader tells, and a screen to show it on.
         const QSize image = reader.size();
         const QSize size = row.format == PictureFormat::Gif ? gifScreen(bytes) : image;
         if (image.isEmpty() || size.isEmpty()) {
-            refuse(u"the picture has no size"_s);
+            refusePicture(u"the picture has no size"_s);
         }
         if (size.width() > MaxPictureSide || size.height() > MaxPictureSide ||
             qint64{size.width()} * size.height() > MaxPicturePixels) {
-            refuse(
+            refusePicture(
                 QStringLiteral("%1 x %2 pixels are too many").arg(size.width()).arg(size.height()));
         }
         return {row.format, size};
     }
-    refuse(u"the bytes are no bmp, gif, jpg, png or tif picture"_s);
+    refusePicture(u"the bytes are no bmp, gif, jpg, png or tif picture"_s);
 }
 
 }  // namespace
@@ -117,7 +114,7 @@ QImage decodePicture(const QByteArray& bytes) {
     probe(reader, bytes);
     QImage image = reader.read();
     if (image.isNull()) {
-        refuse(reader.errorString());
+        refusePicture(reader.errorString());
     }
     return image;
 }
@@ -134,7 +131,7 @@ QByteArray encodePicture(const QImage& image, PictureFormat format) {
         writer.setQuality(JpegQuality);
     }
     if (!writer.write(image)) {
-        refuse(writer.errorString());
+        refusePicture(writer.errorString());
     }
     return bytes;
 }

@@ -8,6 +8,7 @@
 #include "engine/gif/gif_outline.h"
 #include "engine/gif/gif_reader.h"
 #include "engine/gif/gif_writer.h"
+#include "engine/gif/pixel_lines.h"
 #include "engine/picture/jpeg_encoder.h"
 #include "engine/picture/sheet.h"
 
@@ -35,9 +36,8 @@ QSize largest(const FrameList& list) {
 bool addChanged(ColorIndex& colors, const QImage& before, const QImage& after) {
     const QRect rect = before.isNull() ? after.rect() : changedRect(before, after);
     for (int y = rect.top(); y <= rect.bottom(); ++y) {
-        const auto* now = reinterpret_cast<const QRgb*>(after.constScanLine(y));
-        const auto* old =
-            before.isNull() ? nullptr : reinterpret_cast<const QRgb*>(before.constScanLine(y));
+        const QRgb* now = constLineOf(after, y);
+        const auto* old = before.isNull() ? nullptr : constLineOf(before, y);
         for (int x = rect.left(); x <= rect.right(); ++x) {
             if ((!old || now[x] != old[x]) && colors.add(now[x]) == ColorIndex::Full) {
                 return false;
@@ -79,7 +79,7 @@ std::vector<QRgb> commonColors(const QByteArray& gif) {
 bool isOpaque(const QImage& image) {
     QRgb all = 0xFF000000;
     for (int y = 0; y < image.height(); ++y) {
-        const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        const QRgb* line = constLineOf(image, y);
         for (int x = 0; x < image.width(); ++x) {
             all &= line[x];
         }

@@ -2,6 +2,8 @@
 #include "engine/picture/jpeg_encoder.h"
 
 #include "engine/core/error.h"
+#include "engine/core/resolution.h"
+#include "engine/gif/pixel_lines.h"
 #include "engine/picture/jpeg_errors.h"
 #include "engine/picture/sheet.h"
 
@@ -14,9 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int PixelsPerInch = 96;
-constexpr int Channels = 3;
-
 struct Output {
     unsigned char* bytes = nullptr;  ///< the library's, from malloc
     unsigned long size = 0;
@@ -25,7 +24,7 @@ struct Output {
 void start(jpeg_compress_struct& file, QSize size, int quality) {
     file.image_width = static_cast<JDIMENSION>(size.width());
     file.image_height = static_cast<JDIMENSION>(size.height());
-    file.input_components = Channels;
+    file.input_components = JpegChannels;
     file.in_color_space = JCS_RGB;
     jpeg_set_defaults(&file);
     jpeg_set_quality(&file, quality, TRUE);
@@ -42,7 +41,7 @@ void start(jpeg_compress_struct& file, QSize size, int quality) {
 void encode(jpeg_compress_struct& file, const QImage& image, int quality, JSAMPROW line) {
     start(file, image.size(), quality);
     for (int y = 0; y < image.height(); ++y) {
-        const auto* pixels = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        const QRgb* pixels = constLineOf(image, y);
         JSAMPLE* next = line;
         for (int x = 0; x < image.width(); ++x) {
             *next++ = static_cast<JSAMPLE>(qRed(pixels[x]));
@@ -58,7 +57,7 @@ void encode(jpeg_compress_struct& file, const QImage& image, int quality, JSAMPR
 
 QByteArray encodeJpegWithFullColor(const QImage& image, int quality) {
     const QImage picture = onWhite(image);
-    std::vector<JSAMPLE> row(static_cast<std::size_t>(picture.width()) * Channels + 1);
+    std::vector<JSAMPLE> row(static_cast<std::size_t>(picture.width()) * JpegChannels + 1);
     JpegErrors errors;
     jpeg_compress_struct file{};
     file.err = errors.handler();

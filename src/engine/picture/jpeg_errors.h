@@ -12,6 +12,9 @@
 
 namespace nubivane {
 
+/// Of a picture in colour: red, green and blue, or brightness and two of colour.
+inline constexpr int JpegChannels = 3;
+
 /// How libjpeg tells what is wrong with a file: it jumps out of its work at an error, and notes
 /// what it can do without. Stays where it is while the library knows it.
 class JpegErrors {

@@ -12,8 +12,6 @@ namespace nubivane {
 
 namespace {
 
-constexpr int Channels = 3;  // brightness and two of colour
-
 /// A JPEG file that is being read.
 class JpegFile {
   public:
@@ -62,7 +60,7 @@ Tables tablesOf(int quality) {
     Tables tables;
     const bool made = errors.survives([&file, quality] {
         jpeg_create_compress(&file);
-        file.input_components = Channels;
+        file.input_components = JpegChannels;
         file.in_color_space = JCS_RGB;
         jpeg_set_defaults(&file);
         jpeg_set_quality(&file, quality, TRUE);
@@ -78,7 +76,7 @@ Tables tablesOf(int quality) {
 
 bool hasJpegQuality(const QByteArray& bytes, int quality) {
     JpegFile jpeg(bytes);
-    return jpeg.readHeader() && jpeg.file.num_components == Channels &&
+    return jpeg.readHeader() && jpeg.file.num_components == JpegChannels &&
            tablesOf(jpeg.file.quant_tbl_ptrs) == tablesOf(quality);
 }
 

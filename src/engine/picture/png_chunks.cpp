@@ -3,6 +3,7 @@
 
 #include "engine/core/error.h"
 #include "engine/picture/image_codec.h"
+#include "engine/picture/invalid_picture.h"
 
 #include <QtEndian>
 
@@ -18,10 +19,6 @@ namespace {
 constexpr QByteArrayView Signature("\x89PNG\r\n\x1a\n");
 constexpr qsizetype ChunkOverhead = 12;  // length, type, checksum
 
-[[noreturn]] void refuse(const QString& cause) {
-    throw Error(error_number::InvalidPicture, u"png"_s, u"Invalid picture."_s, cause);
-}
-
 quint32 numberAt(QByteArrayView bytes, qsizetype at) {
     return qFromBigEndian<quint32>(bytes.data() + at);
 }
@@ -32,7 +29,7 @@ qint64 uncompressedSize(QByteArrayView header) {
     constexpr std::array<int, 7> channelsOfType = {1, 1, 3, 1, 2, 1, 4};
     constexpr qsizetype HeaderSize = 13;
     if (header.size() < HeaderSize) {
-        refuse(u"the PNG picture has no header"_s);
+        refusePicture(u"the PNG picture has no header"_s);
     }
     // Larger sides are refused anyway, and must not overflow here.
     const qint64 width = std::min<qint64>(numberAt(header, 0), MaxPictureSide);
@@ -61,7 +58,7 @@ QByteArray pngWithoutTexts(const QByteArray& bytes) {
     while (type != QByteArrayView("IEND")) {
         const qsizetype left = all.size() - at - ChunkOverhead;
         if (left < 0 || numberAt(all, at) > left) {
-            refuse(u"the PNG picture is cut short"_s);
+            refusePicture(u"the PNG picture is cut short"_s);
         }
         const qsizetype length = numberAt(all, at);
         type = all.sliced(at + 4, 4);
@@ -78,7 +75,7 @@ QByteArray pngWithoutTexts(const QByteArray& bytes) {
         at += length + ChunkOverhead;
     }
     if (pixelBytes > mostPixelBytes) {
-        refuse(u"the PNG picture has more data than pixels"_s);
+        refusePicture(u"the PNG picture has more data than pixels"_s);
     }
     return kept;
 }

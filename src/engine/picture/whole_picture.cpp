@@ -5,6 +5,7 @@
 #include "engine/gif/gif_outline.h"
 #include "engine/gif/gif_reader.h"
 #include "engine/picture/image_codec.h"
+#include "engine/picture/invalid_picture.h"
 #include "engine/picture/jpeg_inspection.h"
 
 namespace nubivane {
@@ -13,14 +14,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-[[noreturn]] void refuse(const QString& cause) {
-    throw Error(error_number::InvalidPicture, u"picture"_s, u"Invalid picture."_s, cause);
-}
-
 GifOutline outlineOf(const QByteArray& bytes) {
     const std::optional<GifOutline> outline = gifOutline(bytes);
     if (!outline || outline->images == 0) {
-        refuse(u"the GIF picture is cut short"_s);
+        refusePicture(u"the GIF picture is cut short"_s);
     }
     return *outline;
 }
@@ -31,11 +28,11 @@ void requireWholeGif(const QByteArray& bytes) {
     const qint64 imageBytes = qint64{4} * outline.size.width() * outline.size.height();
     if (outline.images > 1 &&
         (outline.images > MaxGifImages || imageBytes * outline.images > MaxGifBytes)) {
-        refuse(QStringLiteral("%1 images are too many").arg(outline.images));
+        refusePicture(QStringLiteral("%1 images are too many").arg(outline.images));
     }
     const auto decoded = static_cast<qsizetype>(readGif(bytes).size());
     if (decoded < outline.images) {
-        refuse(QStringLiteral("image %1 of the GIF picture is damaged").arg(decoded + 1));
+        refusePicture(QStringLiteral("image %1 of the GIF picture is damaged").arg(decoded + 1));
     }
 }
 
@@ -50,7 +47,7 @@ QSize shownSize(const QByteArray& bytes) {
         case PictureFormat::Png:
             return info.size;
         default:
-            refuse(u"the bytes are no gif, jpg or png picture"_s);
+            refusePicture(u"the bytes are no gif, jpg or png picture"_s);
     }
 }
 
@@ -61,14 +58,14 @@ void requireWholePicture(const QByteArray& bytes) {
             break;
         case PictureFormat::Jpeg:
             if (!isWholeJpeg(bytes)) {
-                refuse(u"the JPEG picture has fewer pixels than it claims"_s);
+                refusePicture(u"the JPEG picture has fewer pixels than it claims"_s);
             }
             break;
         case PictureFormat::Png:
             decodePicture(bytes);
             break;
         default:
-            refuse(u"the bytes are no gif, jpg or png picture"_s);
+            refusePicture(u"the bytes are no gif, jpg or png picture"_s);
     }
 }
 

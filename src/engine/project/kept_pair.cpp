@@ -17,15 +17,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-[[noreturn]] void fail(const QString& path, const QString& reason) {
-    throw Error(error_number::FileAccess, u"versions"_s, u"Cannot write the file."_s,
-                path + u": "_s + reason);
-}
-
 void openKept(QFile& file, const QString& path) {
     QString reason;
     if (!openOrdinary(file, path, reason)) {
-        fail(path, reason);
+        failToWrite(u"versions"_s, path, reason);
     }
 }
 
@@ -45,7 +40,7 @@ void writeKeptPair(const QString& hostDocument, const QString& hostData, const Q
     while (!data.atEnd()) {
         const QByteArray part = data.read(Piece);
         if (part.isEmpty()) {
-            fail(hostData, data.errorString());
+            failToWrite(u"versions"_s, hostData, data.errorString());
         }
         files.appendData(part);
     }

@@ -14,11 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-[[noreturn]] void fail(const QString& path, const QString& reason) {
-    throw Error(error_number::FileAccess, u"saveProject"_s, u"Cannot write the file."_s,
-                path + u": "_s + reason);
-}
-
 /// Found out before anything is written: after the first rename there is no way back.
 const QString& replaceable(const QString& path) {
     requireReplaceable(path);
@@ -38,7 +33,7 @@ ProjectCommit::ProjectCommit(const QString& hostProjectFile, const QString& host
       rules_(rules) {
     const PairState found = pairStateOf(project_, data_.target());
     if (completeInterruptedSave(project_, data_.target()) != project_) {
-        fail(project_, u"an interrupted save cannot be completed"_s);
+        failToWrite(u"saveProject"_s, project_, u"an interrupted save cannot be completed"_s);
     }
     before_ = pairStateOf(project_, data_.target());
     // Completing a save is no change by somebody else.
@@ -55,11 +50,12 @@ void ProjectCommit::appendData(const QByteArray& bytes) {
 PairState ProjectCommit::commit(const QByteArray& xml) {
     // While nobody waits: what is left to be flushed under the lock is little then.
     if (!durable_file::flush(data_.device())) {
-        fail(data_.target(), durable_file::reasonOf(data_.device()));
+        failToWrite(u"saveProject"_s, data_.target(), durable_file::reasonOf(data_.device()));
     }
     const FolderLock lock(folderOf(project_));
     if (lock.state() == FolderLock::State::Busy) {
-        fail(project_, u"another program has been writing in its folder for 30 seconds"_s);
+        failToWrite(u"saveProject"_s, project_,
+                    u"another program has been writing in its folder for 30 seconds"_s);
     }
     if (rules_.keepsTail) {
         copyOldTail();
@@ -89,7 +85,8 @@ PairState ProjectCommit::commit(const QByteArray& xml) {
 void ProjectCommit::requireUnchanged() const {
     // Where nothing lies any more there is nothing to lose.
     if (QFile::exists(project_) && !(pairStateOf(project_, data_.target()) == before_)) {
-        fail(project_, u"another program has saved it meanwhile, and what it saved stays"_s);
+        failToWrite(u"saveProject"_s, project_,
+                    u"another program has saved it meanwhile, and what it saved stays"_s);
     }
 }
 
@@ -169,7 +166,7 @@ void ProjectCommit::copyOldTail() {
     while (!old.atEnd()) {
         const QByteArray part = old.read(Piece);
         if (part.isEmpty()) {
-            fail(data_.target(), old.errorString());
+            failToWrite(u"saveProject"_s, data_.target(), old.errorString());
         }
         appendData(part);
     }

@@ -3,6 +3,7 @@
 
 #include "engine/core/path_text.h"
 #include "engine/model/frames.h"
+#include "engine/project/value_text.h"
 
 #include <QStringList>
 
@@ -13,13 +14,6 @@ namespace nubivane {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString valueText(const QString& text) {
-    return text;
-}
-QString valueText(qint32 number) {
-    return QString::number(number);
-}
 
 /// What a project file holds of a record, as one text.
 template <class Record>

@@ -4,6 +4,7 @@
 #include "engine/core/path_text.h"
 #include "engine/core/xml_text.h"
 #include "engine/model/workspace.h"
+#include "engine/project/value_text.h"
 
 #include <QXmlStreamWriter>
 
@@ -14,16 +15,6 @@ namespace nubivane {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString valueText(const QString& text) {
-    return text;
-}
-QString valueText(bool flag) {
-    return flag ? QStringLiteral("True") : QStringLiteral("False");
-}
-QString valueText(qint32 number) {
-    return QString::number(number);
-}
 
 /// A record with the values that its file holds.
 template <class Record>

@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr char Head[] = "nubivane-server 1\n";
+constexpr char MemoryHead[] = "nubivane-server 1\n";
 constexpr qint64 MaxBytes = 2 * SiteManifest::MaxBytes;
 
 }  // namespace
@@ -57,7 +57,7 @@ void ServerMemory::load() {
     const QByteArray bytes = file.readAll();
     const qsizetype manifestAt = bytes.indexOf("\n\n") + 2;
     const auto manifest = SiteManifest::fromBytes(bytes.mid(manifestAt));
-    if (!bytes.startsWith(Head) || manifestAt < 2 || !manifest) {
+    if (!bytes.startsWith(MemoryHead) || manifestAt < 2 || !manifest) {
         return;
     }
     known = true;
@@ -86,7 +86,7 @@ QString ServerMemory::save() const {
     if (!QDir().mkpath(folder)) {
         return u"the folder \"%1\" cannot be made"_s.arg(folder);
     }
-    QByteArray bytes = Head;
+    QByteArray bytes = MemoryHead;
     bytes += "manifest " + QByteArray::number(manifestSize) + '\n';
     for (const QString& name : folders) {
         bytes += "folder " + name.toUtf8() + '\n';

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr char Head[] = "nubivane-manifest 1\n";
+constexpr char ManifestHead[] = "nubivane-manifest 1\n";
 constexpr char Mark[] = "mark ";
 constexpr char End[] = "end ";
 constexpr qsizetype HashDigits = 64;
@@ -39,7 +39,7 @@ bool SiteManifest::isName(const QString& name) {
 }
 
 QByteArray SiteManifest::toBytes() const {
-    QByteArray bytes = Head;
+    QByteArray bytes = ManifestHead;
     for (auto file = files.cbegin(); file != files.cend(); ++file) {
         bytes +=
             file->hash + ' ' + QByteArray::number(file->size) + ' ' + file.key().toUtf8() + '\n';
@@ -50,7 +50,7 @@ QByteArray SiteManifest::toBytes() const {
 
 std::optional<SiteManifest> SiteManifest::fromBytes(const QByteArray& bytes) {
     const qsizetype tail = qsizetype{sizeof End} - 1 + HashDigits + 1;
-    if (bytes.size() > MaxBytes || bytes.size() < tail || !bytes.startsWith(Head)) {
+    if (bytes.size() > MaxBytes || bytes.size() < tail || !bytes.startsWith(ManifestHead)) {
         return std::nullopt;
     }
     const QByteArrayView body = QByteArrayView(bytes).chopped(tail);

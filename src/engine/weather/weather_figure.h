@@ -61,6 +61,9 @@ struct FigureStyle {
     bool operator==(const FigureStyle&) const = default;
 };
 
+/// A wind that most people have seen drawn: two long barbs and a short one.
+inline constexpr int UsualKnots = 25;
+
 /// A figure on the map, made from the points that somebody clicked.
 struct WeatherFigure {
     FigureKind kind;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/web/page_style.h"
 
+#include "engine/core/resolution.h"
 #include "engine/web/contrast.h"
 #include "engine/web/page_assets.h"
 #include "engine/web/plain_text.h"
@@ -15,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double PixelsPerPoint = 96.0 / 72;
+constexpr double PixelsPerPoint = double{PixelsPerInch} / PointsPerInch;
 constexpr QRgb black = 0xFF000000;
 /// Tooltips keep inside the map: beyond these parts of it they open towards its middle.
 constexpr double LeftPart = 0.3;
@@ -27,7 +28,7 @@ QString hex(QRgb color) {
 }
 
 /// A number with as many digits as a screen can show.
-QString num(double number) {
+QString cssNumber(double number) {
     QString text = QString::number(number, 'f', 3);
     while (text.endsWith(u'0')) {
         text.chop(1);
@@ -103,7 +104,7 @@ PageStyle::PageStyle(const PageContent& content)
 }
 
 QString PageStyle::share(double pixels) const {
-    return num(100 * pixels / std::max(content_.map.width(), 1));
+    return cssNumber(100 * pixels / std::max(content_.map.width(), 1));
 }
 
 QString PageStyle::classOf(const QString& prefix, const Declarations& declarations) {
@@ -138,7 +139,7 @@ QRgb PageStyle::inkOf(const TextLook& look, const BoxLook* box, const ColorSchem
 QString PageStyle::ofText(const TextLook& look, const BoxLook* box) {
     const QRgb first = inkOf(look, box, rules_.front().scheme);
     Declarations css;
-    css.first = shape(look) + u"--size:"_s + num(look.points) + u"pt;"_s;
+    css.first = shape(look) + u"--size:"_s + cssNumber(look.points) + u"pt;"_s;
     // The page's own ink needs no saying.
     if (first != rules_.front().scheme.ink) {
         css.first += "--ink:"_L1 + hex(first) + u';';
@@ -217,9 +218,10 @@ QString PageStyle::rootOf(const ColorScheme& scheme) const {
 QString PageStyle::sheet() const {
     QString css = page_assets::styleSheet();
     css += rootOf(rules_.front().scheme);
-    css += u":root{--map-width:"_s + QString::number(content_.map.width()) + u";--map-ratio:"_s +
-           num(static_cast<double>(content_.map.width()) / std::max(content_.map.height(), 1)) +
-           u"}\n"_s;
+    css +=
+        u":root{--map-width:"_s + QString::number(content_.map.width()) + u";--map-ratio:"_s +
+        cssNumber(static_cast<double>(content_.map.width()) / std::max(content_.map.height(), 1)) +
+        u"}\n"_s;
     if (!content_.pictures.back.isEmpty()) {
         css += u"@media screen{:root{--back-picture:url("_s +
                cssString(urlPath(content_.pictures.back)) + u")}}\n"_s;

@@ -16,11 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-[[noreturn]] void refuse(const QString& path, const QString& cause) {
-    throw Error(error_number::FileAccess, u"site"_s, u"Cannot write the file."_s,
-                path + u": "_s + cause);
-}
-
 QString folderOf(const QString& name) {
     const qsizetype slash = name.lastIndexOf(u'/');
     return slash < 0 ? QString() : name.left(slash);
@@ -39,12 +34,12 @@ void SiteFolder::makeFolderOf(const QString& name) {
     }
     const QString path = folder.isEmpty() ? root_ : hostPath(folder);
     if (!QDir().mkpath(path)) {
-        refuse(path, u"the folder cannot be made"_s);
+        failToWrite(u"site"_s, path, u"the folder cannot be made"_s);
     }
     const QString expected =
         QFileInfo(root_).canonicalFilePath() + (folder.isEmpty() ? QString() : u'/' + folder);
     if (links_ == Links::Refused && QFileInfo(path).canonicalFilePath() != expected) {
-        refuse(path, u"the folder leads to another place"_s);
+        failToWrite(u"site"_s, path, u"the folder leads to another place"_s);
     }
     folders_ += folder;
 }
@@ -52,7 +47,7 @@ void SiteFolder::makeFolderOf(const QString& name) {
 void SiteFolder::write(const QString& name, const QByteArray& bytes) {
     const QStringList parts = name.split(u'/');
     if (!std::all_of(parts.begin(), parts.end(), host_files::isPlainName)) {
-        refuse(name, u"this is no name of a file"_s);
+        failToWrite(u"site"_s, name, u"this is no name of a file"_s);
     }
     makeFolderOf(name);
     host_files::writeHostFile(hostPath(name), bytes);

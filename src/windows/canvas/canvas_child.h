@@ -4,6 +4,7 @@
 #include "windows/canvas/map_canvas.h"
 
 #include <QAccessible>
+#include <QCoreApplication>
 #include <QPointer>
 
 namespace nubivane {
@@ -48,6 +49,11 @@ class CanvasChild : public QAccessibleInterface, public QAccessibleActionInterfa
     virtual QString nameOfAction(const QString& action) const = 0;
 
     MapCanvas& canvas() const { return *canvas_; }
+
+    /// What is said of all that lies on the map, in the person's language.
+    static QString said(const char* text) {
+        return QCoreApplication::translate("nubivane::CanvasAccess", text);
+    }
 
   private:
     QPointer<MapCanvas> canvas_;

@@ -13,7 +13,7 @@ namespace {
 
 constexpr double GhostOpacity = 0.6;
 const QColor BandColor(31, 78, 121);
-const QColor LineColor(208, 48, 128);
+const QColor GuideColor(208, 48, 128);
 
 }  // namespace
 
@@ -80,7 +80,7 @@ void DragMarks::paintGhosts(QPainter& painter) const {
 
 void DragMarks::paintLines(QPainter& painter, Zoom zoom) const {
     painter.save();
-    painter.setPen(QPen(LineColor, 1));
+    painter.setPen(QPen(GuideColor, 1));
     for (const QLine& line : lines_) {
         painter.drawLine(zoom.toScreen(line.p1()), zoom.toScreen(line.p2()));
     }

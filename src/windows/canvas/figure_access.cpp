@@ -16,10 +16,6 @@ constexpr QLatin1String RemoveAction("Remove");
 /// From the middle of a point to where it can be clicked, pixels of the map.
 constexpr int PointReach = 4;
 
-QString said(const char* text) {
-    return QCoreApplication::translate("nubivane::CanvasAccess", text);
-}
-
 }  // namespace
 
 /// One point of the figure under edit.

@@ -11,7 +11,7 @@ namespace nubivane {
 namespace {
 
 /// Seen on light and dark ground alike.
-const QColor LineColor(128, 128, 128, 110);
+const QColor GridColor(128, 128, 128, 110);
 
 }  // namespace
 
@@ -25,10 +25,10 @@ void MapGrid::paint(QPainter& painter, const QRect& part, QSize map, Zoom zoom) 
     };
     const auto first = [&](int from) { return std::max(1, from / distance_) * distance_; };
     for (int x = first(seen.left()); x < map.width() && x <= seen.right() + 1; x += distance_) {
-        painter.fillRect(QRect(place(x), part.top(), 1, part.height()) & part, LineColor);
+        painter.fillRect(QRect(place(x), part.top(), 1, part.height()) & part, GridColor);
     }
     for (int y = first(seen.top()); y < map.height() && y <= seen.bottom() + 1; y += distance_) {
-        painter.fillRect(QRect(part.left(), place(y), part.width(), 1) & part, LineColor);
+        painter.fillRect(QRect(part.left(), place(y), part.width(), 1) & part, GridColor);
     }
 }
 

@@ -14,10 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString said(const char* text) {
-    return QCoreApplication::translate("nubivane::CanvasAccess", text);
-}
-
 constexpr QLatin1String EditAction("Edit");
 
 }  // namespace

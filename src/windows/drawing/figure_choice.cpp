@@ -5,18 +5,11 @@
 
 namespace nubivane {
 
-namespace {
-
-/// A wind that most people have seen drawn: two long barbs and a short one.
-constexpr int UsualKnots = 25;
-
-}  // namespace
-
 FigureChoice::FigureChoice()
     : choices_{{{weather::FigureKind::ColdFront, {}},
                 {weather::FigureKind::Isoline, {}},
                 {weather::FigureKind::RainArea, {}},
-                {weather::FigureKind::CurvedArrow, {.style = {.knots = UsualKnots}}},
+                {weather::FigureKind::CurvedArrow, {.style = {.knots = weather::UsualKnots}}},
                 {weather::FigureKind::CurvedText, {.style = {.text = tr("Text")}}}}} {}
 
 void FigureChoice::setKind(weather::FigureKind kind) {

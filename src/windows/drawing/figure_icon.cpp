@@ -71,9 +71,9 @@ qreal widthOf(FigureKind kind) {
 }
 
 weather::WeatherFigure smallOne(FigureKind kind) {
-    constexpr int UsualKnots = 25;
     const weather::KindRow& row = weather::rowOf(kind);
-    weather::WeatherFigure figure{kind, pointsOf(kind), {.opacity = 0.7, .knots = UsualKnots}};
+    weather::WeatherFigure figure{
+        kind, pointsOf(kind), {.opacity = 0.7, .knots = weather::UsualKnots}};
     figure.style.width = widthOf(kind);
     if (row.family == FigureFamily::Text) {
         figure.style.text = u"abc"_s;

@@ -3,6 +3,7 @@
 
 #include "engine/core/settings_store.h"
 #include "windows/commands/commands.h"
+#include "windows/widgets/icons.h"
 
 #include <QHBoxLayout>
 #include <QMouseEvent>
@@ -20,7 +21,6 @@ namespace {
 
 constexpr int GripWidth = 10;
 constexpr int LargeIcon = 32;
-constexpr int SmallIcon = 16;
 constexpr int StripMargin = 2;
 
 }  // namespace

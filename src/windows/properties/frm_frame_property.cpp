@@ -12,11 +12,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr PropertyRow BackColorRow{
+constexpr PropertyRow ForecastBackColorRow{
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Back Color"),
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets background color used to display text")};
-constexpr PropertyRow TextRow{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Text"),
-                              QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets forecast text")};
+constexpr PropertyRow ForecastTextRow{
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Text"),
+    QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets forecast text")};
 
 // In the order of the values that the model stores.
 constexpr std::array borderStyles = {"none",  "solid", "double", "groove",
@@ -46,13 +47,13 @@ frmFrameProperty::frmFrameProperty(Workspace& workspace, Shell& shell, Spelling&
 }
 
 void frmFrameProperty::addForecastRows() {
-    cboForecastBackcolor_ = grid_->addColor(BackColorRow, u"cboForecastBackcolor"_s);
+    cboForecastBackcolor_ = grid_->addColor(ForecastBackColorRow, u"cboForecastBackcolor"_s);
     cboForecastBorder_ = grid_->addChoice(BorderRow, u"cboForecastBorder"_s);
     for (const char* style : borderStyles) {
         cboForecastBorder_->addItem(QLatin1String(style));
     }
     cboForecastBorderColor_ = grid_->addColor(BorderColorRow, u"cboForecastBorderColor"_s);
-    cmdForecastText_ = grid_->addWideButton(TextRow, u"cmdForecastText"_s);
+    cmdForecastText_ = grid_->addWideButton(ForecastTextRow, u"cmdForecastText"_s);
 }
 
 void frmFrameProperty::Init() {

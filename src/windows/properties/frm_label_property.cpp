@@ -13,23 +13,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr PropertyRow BackColorRow{
+constexpr PropertyRow LabelBackColorRow{
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Back color"),
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets background color used to display text"),
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Back Color")};
-constexpr PropertyRow TextRow{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Text"),
-                              QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets label text")};
-constexpr PropertyRow XRow{
+constexpr PropertyRow LabelTextRow{QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Text"),
+                                   QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets label text")};
+constexpr PropertyRow LabelXRow{
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "X"),
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid",
                       "Sets the position of the left corner of the label with respect to the map")};
-constexpr PropertyRow YRow{
+constexpr PropertyRow LabelYRow{
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Y"),
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid",
                       "Sets the position of the top corner of the label with respect to the map")};
-
-constexpr qint16 WithBorder = 1;
-constexpr int YesIndex = 0;
 
 constexpr auto FontEdit = QT_TRANSLATE_NOOP("Edits", "Change label font");
 constexpr QLatin1String FontSeries("font");
@@ -41,11 +38,12 @@ frmLabelProperty::frmLabelProperty(Workspace& workspace, Shell& shell, SpriteOnM
     : PropertyDialog("frmLabelProperty", tr("Label"), workspace, shell, parent),
       control_(control),
       font_(*grid_, {}, {}),
-      cboBackcolor_(grid_->addColor(BackColorRow, u"cboBackcolor"_s)),
+      cboBackcolor_(grid_->addColor(LabelBackColorRow, u"cboBackcolor"_s)),
       cboBorder_(grid_->addChoice(BorderRow, u"cboBorder"_s)),
       cboBorderColor_(grid_->addColor(BorderColorRow, u"cboBorderColor"_s)),
-      txtText_(grid_->addChecked(TextRow, u"txtText"_s, shell, tr("Label text cannot be empty."))),
-      position_(*grid_, XRow, YRow, shell, control, workspace.pctMap),
+      txtText_(
+          grid_->addChecked(LabelTextRow, u"txtText"_s, shell, tr("Label text cannot be empty."))),
+      position_(*grid_, LabelXRow, LabelYRow, shell, control, workspace.pctMap),
       txtNote_(grid_->addText(NoteRow, u"txtNote"_s)) {
     cboBorder_->addItems({tr("Yes"), tr("No")});
     connectCommits();

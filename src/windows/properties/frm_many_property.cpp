@@ -23,8 +23,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr auto Edited = QT_TRANSLATE_NOOP("Edits", "Change properties");
-constexpr int YesIndex = 0;
-constexpr int LeastExtent = 16;
 
 /// The value that all records have, or nothing where they differ.
 template <class Record, class Value>
@@ -121,7 +119,7 @@ void frmManyProperty::addLabelRows() {
     connect(cboBorder_, &QComboBox::currentIndexChanged, this, [this](int index) {
         if (committing() && index >= 0) {
             change<cLabel>(Edited, u"border"_s, [index](cLabel& label) {
-                label.Border = index == YesIndex ? qint16{1} : qint16{0};
+                label.Border = index == YesIndex ? WithBorder : qint16{0};
                 const QSize size = labelSize(label);
                 label.Width = size.width();
                 label.Height = size.height();

@@ -18,17 +18,15 @@ namespace {
 constexpr PropertyRow SymbolRow{
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Symbol"),
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets the displayed symbol")};
-constexpr PropertyRow XRow{
+constexpr PropertyRow SymbolXRow{
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "X"),
     QT_TRANSLATE_NOOP(
         "nubivane::PropertyGrid",
         "Sets the position of the left corner of the symbol with respect to the map")};
-constexpr PropertyRow YRow{
+constexpr PropertyRow SymbolYRow{
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Y"),
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid",
                       "Sets the position of the top corner of the symbol with respect to the map")};
-
-constexpr int LeastExtent = 16;
 
 /// The number of a text as an extent that begins at a position and ends on the map.
 std::optional<qint32> extent(const QString& text, int position, int map) {
@@ -48,7 +46,7 @@ frmSymbolProperty::frmSymbolProperty(Workspace& workspace, Shell& shell, SpriteO
       cmdSymbol_(grid_->addButton(txtFilename_, u"cmdSymbol"_s)),
       txtHeight_(grid_->addChecked(HeightRow, u"txtHeight"_s, shell, invalidValue())),
       txtWidth_(grid_->addChecked(WidthRow, u"txtWidth"_s, shell, invalidValue())),
-      position_(*grid_, XRow, YRow, shell, control, workspace.pctMap),
+      position_(*grid_, SymbolXRow, SymbolYRow, shell, control, workspace.pctMap),
       txtLink_(grid_->addText(LinkRow, u"txtLink"_s)),
       txtTooltip_(grid_->addText(TooltipRow, u"txtTooltip"_s)),
       txtNote_(grid_->addText(NoteRow, u"txtNote"_s)) {

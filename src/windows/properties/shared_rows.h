@@ -34,4 +34,11 @@ inline constexpr PropertyRow NoteRow{
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Notes"),
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Stores notes for internal use")};
 
+/// Of the choice of a border: the first entry is yes.
+inline constexpr int YesIndex = 0;
+inline constexpr qint16 WithBorder = 1;
+
+/// Pixels of a symbol's side that can be typed.
+inline constexpr int LeastExtent = 16;
+
 }  // namespace nubivane

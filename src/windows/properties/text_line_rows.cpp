@@ -13,9 +13,6 @@ constexpr PropertyRow AlignRow{
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Alignment"),
     QT_TRANSLATE_NOOP("nubivane::PropertyGrid", "Sets alignment of text")};
 
-constexpr qint16 WithBorder = 1;
-constexpr int YesIndex = 0;
-
 }  // namespace
 
 void commitColor(comboColor& combo, std::function<bool()> committing,

@@ -10,6 +10,7 @@
 #include "windows/widgets/at_once.h"
 #include "windows/widgets/combo_ex.h"
 #include "windows/widgets/icons.h"
+#include "windows/widgets/named_label.h"
 #include "windows/widgets/one_line.h"
 #include "windows/widgets/select_on_focus.h"
 
@@ -33,14 +34,6 @@ namespace {
 constexpr int TextBoxCharacters = 40;
 constexpr int PortCharacters = 8;
 constexpr int FieldGap = 8;
-constexpr int LockSize = 16;
-
-QLabel* makeLabel(const char* name, const QString& caption, QWidget* buddy = nullptr) {
-    auto* label = new QLabel(caption);
-    label->setObjectName(name);
-    label->setBuddy(buddy);
-    return label;
-}
 
 /// Of the server of the settings: what is there has to be known, or all is sent anyway.
 ServerMemory memoryOf(const SettingsStore& store) {
@@ -130,7 +123,7 @@ QBoxLayout* frmFtp::makeEncryption() {
     }
     imgLock_ = new QLabel;
     imgLock_->setObjectName("imgLock");
-    imgLock_->setPixmap(programIcon(u"unlock"_s).pixmap(LockSize));
+    imgLock_->setPixmap(programIcon(u"unlock"_s).pixmap(SmallIcon));
     lblInClear_ = makeLabel("lblInClear", tr("the password travels in clear"));
     auto* row = new QHBoxLayout;
     row->addWidget(cboEncryption_);

@@ -11,6 +11,7 @@
 #include "windows/widgets/at_once.h"
 #include "windows/widgets/combo_color.h"
 #include "windows/widgets/combo_ex.h"
+#include "windows/widgets/named_label.h"
 #include "windows/widgets/one_line.h"
 #include "windows/widgets/select_on_focus.h"
 
@@ -37,7 +38,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int DefaultTimer = 4;
-constexpr int TextBoxCharacters = 36;
+constexpr int FieldCharacters = 36;
 constexpr int ResponsiveIndent = 24;  // below the text of its option button
 constexpr int EffectsGap = 6;         // sets the effect apart from the types
 
@@ -61,13 +62,6 @@ constexpr std::array languages = {"ar", "bg", "ca", "cs", "da", "de", "el", "en"
 int numberWithin(const SettingsStore& settings, Setting setting, int low, int high, int otherwise) {
     const int number = settings.number(setting).value_or(otherwise);
     return low <= number && number <= high ? number : otherwise;
-}
-
-QLabel* makeLabel(const char* name, const QString& caption, QWidget* buddy) {
-    auto* label = new QLabel(caption);
-    label->setObjectName(name);
-    label->setBuddy(buddy);
-    return label;
 }
 
 QGroupBox* makeFrame(const char* name, const QString& caption) {
@@ -244,7 +238,7 @@ QPushButton* frmPageSetting::makeButton(const char* name, const QString& caption
 QLineEdit* frmPageSetting::makeTextBox(const char* name) {
     auto* box = new QLineEdit;
     box->setObjectName(name);
-    box->setMinimumWidth(fontMetrics().averageCharWidth() * TextBoxCharacters);
+    box->setMinimumWidth(fontMetrics().averageCharWidth() * FieldCharacters);
     new SelectOnFocus(box);
     keepOneLine(*box);
     return box;

@@ -24,7 +24,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int InfoLines = 3;
-constexpr int LockSize = 16;
 constexpr int DetailLines = 12;
 constexpr int MostLines = 2000;
 
@@ -77,7 +76,7 @@ frmWait::frmWait(const Workspace& workspace, QWidget* owner)
 QBoxLayout* frmWait::makeWarning() {
     imgLock_ = new QLabel(this);
     imgLock_->setObjectName("imgLock");
-    imgLock_->setPixmap(programIcon(u"unlock"_s).pixmap(LockSize));
+    imgLock_->setPixmap(programIcon(u"unlock"_s).pixmap(SmallIcon));
     imgLock_->hide();
     auto* row = new QHBoxLayout;
     row->addWidget(imgLock_);

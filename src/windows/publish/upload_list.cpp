@@ -25,7 +25,7 @@ constexpr std::size_t Symbols = 0;
 constexpr std::size_t Maps = 1;
 constexpr std::size_t HtmlPage = 2;
 
-constexpr int FieldGap = 8;
+constexpr int ListGap = 8;
 constexpr int ListLines = 6;
 
 }  // namespace
@@ -49,7 +49,7 @@ UploadList::UploadList(const Workspace& workspace)
         chkUpload_.at(number) = box;
         column->addWidget(box);
     }
-    column->addSpacing(FieldGap);
+    column->addSpacing(ListGap);
     chkEverything_->setObjectName("chkEverything");
     connect(chkEverything_, &QCheckBox::toggled, this, &UploadList::changed);
     connect(this, &UploadList::changed, this, &UploadList::forgetOutlook);

@@ -6,6 +6,7 @@
 #include "engine/services/publisher.h"
 #include "windows/widgets/icons.h"
 #include "windows/widgets/link_label.h"
+#include "windows/widgets/named_label.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -56,9 +57,8 @@ class Gradient : public QWidget {
     QColor bottom_;
 };
 
-QLabel* makeLabel(const char* name, const QString& text) {
-    auto* label = new QLabel(text);
-    label->setObjectName(name);
+QLabel* plainLabel(const char* name, const QString& text) {
+    QLabel* label = makeLabel(name, text);
     label->setTextFormat(Qt::PlainText);
     return label;
 }
@@ -82,7 +82,7 @@ frmAbout::frmAbout(const Publisher& publisher, Shell& shell, QWidget* parent)
     QPalette onGround = palette();
     onGround.setColor(QPalette::WindowText, colors.text);
     gradientAbout->setPalette(onGround);
-    auto* imgLogo = makeLabel("imgLogo", {});
+    auto* imgLogo = plainLabel("imgLogo", {});
     imgLogo->setPixmap(
         programIcon(u"logo"_s).pixmap(QSize(LogoSize, LogoSize), devicePixelRatioF()));
     auto* ground = new QHBoxLayout(gradientAbout);
@@ -112,13 +112,13 @@ QWidget* frmAbout::makeTexts(const Publisher& publisher) {
     auto* texts = new QWidget;
     auto* column = new QVBoxLayout(texts);
     column->setContentsMargins(0, 0, 0, 0);
-    QLabel* lblSoftware = makeLabel("lblSoftware", ProgramTitle);
+    QLabel* lblSoftware = plainLabel("lblSoftware", ProgramTitle);
     setPoints(*lblSoftware, 2, true);
-    QLabel* lblVersion = makeLabel("lblVersion", QString(Version) + u" Beta"_s);
+    QLabel* lblVersion = plainLabel("lblVersion", QString(Version) + u" Beta"_s);
     setPoints(*lblVersion, 1.2, false);
     QLabel* lblLegal =
-        makeLabel("lblLegal", tr("Nubivane is free software under the GNU General Public License, "
-                                 "version 3 or later. It comes without any warranty."));
+        plainLabel("lblLegal", tr("Nubivane is free software under the GNU General Public License, "
+                                  "version 3 or later. It comes without any warranty."));
     lblLegal->setWordWrap(true);
     lblLegal->setFixedWidth(TextWidth);
     column->addWidget(lblSoftware);
@@ -142,7 +142,7 @@ QWidget* frmAbout::makeLink(const char* captionName, const QString& caption, con
     auto* column = new QVBoxLayout(pair);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(makeLabel(captionName, caption));
+    column->addWidget(plainLabel(captionName, caption));
     auto* link = new LinkLabel(text, colorsFor(palette()).link);
     link->setObjectName(linkName);
     connect(link, &LinkLabel::activated, this, [this, address] { shell_.openAddress(address); });

@@ -2,6 +2,7 @@
 #include "windows/services/frm_bug_report.h"
 
 #include "windows/widgets/combo_ex.h"
+#include "windows/widgets/named_label.h"
 #include "windows/widgets/prompt_edit.h"
 
 #include <QComboBox>
@@ -15,13 +16,6 @@ namespace {
 
 constexpr int BoxCharacters = 60;
 constexpr int BoxLines = 5;
-
-QLabel* makeLabel(const char* name, const QString& caption, QWidget* buddy) {
-    auto* label = new QLabel(caption);
-    label->setObjectName(name);
-    label->setBuddy(buddy);
-    return label;
-}
 
 PromptEdit* makeBox(const char* name, QWidget* parent) {
     auto* box = new PromptEdit(BugReportPlaceholder, parent);

@@ -20,7 +20,7 @@ namespace {
 
 constexpr int ImageSize = 48;
 constexpr int InfoCharacters = 64;
-constexpr int InfoLines = 9;
+constexpr int ListLines = 9;
 constexpr int ProgressLines = 2;
 
 /// Keeps the room of a part while it is hidden, so that nothing jumps.
@@ -69,7 +69,7 @@ QWidget* frmPack::makePack() {
     txtInfo_->setReadOnly(true);
     txtInfo_->setTabChangesFocus(true);
     txtInfo_->setMinimumSize(InfoCharacters * fontMetrics().averageCharWidth(),
-                             InfoLines * fontMetrics().lineSpacing());
+                             ListLines * fontMetrics().lineSpacing());
     lblProgress_->setObjectName("lblProgress");
     ProgressBar_->setObjectName("ProgressBar");
     ProgressBar_->setAccessibleName(tr("Progress of the file"));

@@ -5,6 +5,9 @@
 
 namespace nubivane {
 
+/// The side of an icon that stands in a line of text or in a small button, in pixels.
+inline constexpr int SmallIcon = 16;
+
 /// An icon of the program by its name in icons/. It is drawn anew at each size and density asked
 /// for, small sizes from a drawing of their own where there is one ("name-16.svg").
 QIcon programIcon(const QString& name);

@@ -2,6 +2,7 @@
 #include "engine/core/settings_store.h"
 #include "support/fixtures.h"
 #include "support/processes.h"
+#include "support/texts.h"
 
 #include <QDir>
 
@@ -15,7 +16,6 @@ namespace nubivane {
 
 namespace {
 
-constexpr char S[] = "Nubivane\\6.0.0\\Settings";
 constexpr char damagedText[] = "[half a section\nno equals sign here\n\x00\xFF\xFE";
 const QByteArray damaged(damagedText, sizeof damagedText - 1);
 
@@ -88,7 +88,8 @@ TEST_F(SettingsDamage, AnEmptyFileIsSound) {
 TEST_F(SettingsDamage, TheCommandLineTellsThatTheFileWasDamaged) {
     testing::writeFile(file, damaged);
     const auto result = testing::runProgram(
-        testing::cliProgram(), {"--settings", file, "settings", "get", S, "Ftp", "port", "21"});
+        testing::cliProgram(),
+        {"--settings", file, "settings", "get", testing::SettingsSection, "Ftp", "port", "21"});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.out, "21\n");
     EXPECT_TRUE(result.err.contains("settings.ini.damaged-1")) << result.err.toStdString();
@@ -131,7 +132,7 @@ TEST_F(SettingsDamage, TheCommandLineFailsWhenTheFileCannotBeWritten) {
     testing::writeFile(folder.file("no-folder"), "x");
     const auto result = testing::runProgram(
         testing::cliProgram(), {"--settings", folder.file("no-folder/settings.ini"), "settings",
-                                "set", S, "Ftp", "url", "x"});
+                                "set", testing::SettingsSection, "Ftp", "url", "x"});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_FALSE(result.err.isEmpty());
 }

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/core/settings_store.h"
 #include "support/fixtures.h"
+#include "support/texts.h"
 
 namespace nubivane {
 
 namespace {
 
-constexpr char S[] = "Nubivane\\6.0.0\\Settings";
 constexpr char SG[] = "Nubivane\\6.0.0\\Settings\\General";
 
 class SettingsList : public ::testing::Test {
@@ -29,7 +29,7 @@ TEST_F(SettingsList, TheOrderIsThatOfTheKeys) {
     }
     ASSERT_TRUE(store.setList(SettingList::CheckedCollections, names));
     EXPECT_EQ(store.list(SettingList::CheckedCollections), names);
-    EXPECT_EQ(store.GetSetting(S, "Symbols collection", "12"), "set-1");
+    EXPECT_EQ(store.GetSetting(testing::SettingsSection, "Symbols collection", "12"), "set-1");
 }
 
 TEST_F(SettingsList, ARecentFileListWithKey2DeletedByHandShowsOnlyEntry1) {
@@ -51,16 +51,19 @@ TEST_F(SettingsList, ValuesKeepTheirOuterBlanks) {
 TEST_F(SettingsList, AShorterListLeavesNoOldKeysBehind) {
     store.setList(SettingList::CheckedCollections, {"a", "b", "c"});
     store.setList(SettingList::CheckedCollections, {"d"});
-    EXPECT_EQ(store.GetSetting(S, "Symbols collection", "1"), "d");
-    EXPECT_EQ(store.GetSetting(S, "Symbols collection", "2", "none"), "none");
-    EXPECT_EQ(store.GetSetting(S, "Symbols collection", "3", "none"), "none");
+    EXPECT_EQ(store.GetSetting(testing::SettingsSection, "Symbols collection", "1"), "d");
+    EXPECT_EQ(store.GetSetting(testing::SettingsSection, "Symbols collection", "2", "none"),
+              "none");
+    EXPECT_EQ(store.GetSetting(testing::SettingsSection, "Symbols collection", "3", "none"),
+              "none");
 }
 
 TEST_F(SettingsList, AnEmptyListDeletesAllKeys) {
     store.setList(SettingList::CheckedCollections, {"a", "b"});
     store.setList(SettingList::CheckedCollections, {});
     EXPECT_EQ(store.list(SettingList::CheckedCollections), QStringList());
-    EXPECT_EQ(store.GetSetting(S, "Symbols collection", "1", "none"), "none");
+    EXPECT_EQ(store.GetSetting(testing::SettingsSection, "Symbols collection", "1", "none"),
+              "none");
 }
 
 TEST_F(SettingsList, TheTwoListsAreApart) {

@@ -2,6 +2,7 @@
 #include "engine/core/settings_store.h"
 #include "support/fixtures.h"
 #include "support/processes.h"
+#include "support/texts.h"
 
 #include <QFileInfo>
 #include <QProcess>
@@ -17,8 +18,6 @@ namespace nubivane {
 
 namespace {
 
-constexpr char S[] = "Nubivane\\6.0.0\\Settings";
-
 class SettingsProcesses : public ::testing::Test {
   protected:
     testing::TemporaryFolder folder;
@@ -30,10 +29,12 @@ class SettingsProcesses : public ::testing::Test {
 [[noreturn]] void countUp(const QString& file, const QString& key, int steps) {
     SettingsStore store(file);
     for (int i = 0; i < steps; ++i) {
-        if (store.GetSetting(S, "Counters", key, "1000").toInt() != 1000 + i) {
+        if (store.GetSetting(testing::SettingsSection, "Counters", key, "1000").toInt() !=
+            1000 + i) {
             std::_Exit(1);
         }
-        if (!store.SaveSetting(S, "Counters", key, QString::number(1001 + i))) {
+        if (!store.SaveSetting(testing::SettingsSection, "Counters", key,
+                               QString::number(1001 + i))) {
             std::_Exit(2);
         }
     }
@@ -47,9 +48,10 @@ TEST_F(SettingsProcesses, ProgramsThatWriteAtOnceLoseNothing) {
     std::vector<std::unique_ptr<QProcess>> running;
     for (int i = 0; i < Programs; ++i) {
         running.push_back(std::make_unique<QProcess>());
-        running.back()->start(testing::cliProgram(),
-                              {"--settings", file, "settings", "set", S, "Group",
-                               "key " + QString::number(i), "value " + QString::number(i)});
+        running.back()->start(
+            testing::cliProgram(),
+            {"--settings", file, "settings", "set", testing::SettingsSection, "Group",
+             "key " + QString::number(i), "value " + QString::number(i)});
     }
     for (const auto& process : running) {
         ASSERT_TRUE(process->waitForFinished(60000));
@@ -57,7 +59,7 @@ TEST_F(SettingsProcesses, ProgramsThatWriteAtOnceLoseNothing) {
     }
     const SettingsStore store(file);
     for (int i = 0; i < Programs; ++i) {
-        EXPECT_EQ(store.GetSetting(S, "Group", "key " + QString::number(i)),
+        EXPECT_EQ(store.GetSetting(testing::SettingsSection, "Group", "key " + QString::number(i)),
                   "value " + QString::number(i));
     }
 }
@@ -72,8 +74,9 @@ TEST_F(SettingsProcesses, ProgramsThatFindTheSameDamageLoseNothing) {
     std::vector<std::unique_ptr<QProcess>> running;
     for (int i = 0; i < Programs; ++i) {
         running.push_back(std::make_unique<QProcess>());
-        running.back()->start(testing::cliProgram(), {"--settings", file, "settings", "set", S,
-                                                      "Group", QString::number(i), "kept"});
+        running.back()->start(testing::cliProgram(),
+                              {"--settings", file, "settings", "set", testing::SettingsSection,
+                               "Group", QString::number(i), "kept"});
     }
     for (const auto& process : running) {
         ASSERT_TRUE(process->waitForFinished(60000));
@@ -81,7 +84,8 @@ TEST_F(SettingsProcesses, ProgramsThatFindTheSameDamageLoseNothing) {
     }
     const SettingsStore store(file);
     for (int i = 0; i < Programs; ++i) {
-        EXPECT_EQ(store.GetSetting(S, "Group", QString::number(i)), "kept") << i;
+        EXPECT_EQ(store.GetSetting(testing::SettingsSection, "Group", QString::number(i)), "kept")
+            << i;
     }
     EXPECT_TRUE(QFileInfo::exists(file + ".damaged-1"));
     EXPECT_FALSE(QFileInfo::exists(file + ".damaged-2"));
@@ -93,7 +97,7 @@ TEST_F(SettingsProcesses, LongRunningProgramsThatWriteAtOnceLoseNothing) {
     {
         SettingsStore store(file);
         for (int i = 0; i < Programs; ++i) {
-            store.SaveSetting(S, "Counters", QString::number(i), "1000");
+            store.SaveSetting(testing::SettingsSection, "Counters", QString::number(i), "1000");
         }
     }
     std::vector<pid_t> children;
@@ -114,7 +118,7 @@ TEST_F(SettingsProcesses, LongRunningProgramsThatWriteAtOnceLoseNothing) {
     }
     const SettingsStore store(file);
     for (int i = 0; i < Programs; ++i) {
-        EXPECT_EQ(store.GetSetting(S, "Counters", QString::number(i)),
+        EXPECT_EQ(store.GetSetting(testing::SettingsSection, "Counters", QString::number(i)),
                   QString::number(1000 + Steps));
     }
 }

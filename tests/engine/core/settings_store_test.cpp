@@ -3,6 +3,7 @@
 
 #include "support/fixtures.h"
 #include "support/processes.h"
+#include "support/texts.h"
 
 #include <limits>
 
@@ -10,14 +11,13 @@ namespace nubivane {
 
 namespace {
 
-constexpr char S[] = "Nubivane\\6.0.0\\Settings";
-
 class SettingsStoreTest : public ::testing::Test {
   protected:
     /// What a program that starts now would find.
     QString readElsewhere(const QString& group, const QString& key) const {
         const auto result = testing::runProgram(
-            testing::cliProgram(), {"--settings", file, "settings", "get", S, group, key});
+            testing::cliProgram(),
+            {"--settings", file, "settings", "get", testing::SettingsSection, group, key});
         EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
         return QString::fromUtf8(result.out).chopped(1);
     }
@@ -30,26 +30,26 @@ class SettingsStoreTest : public ::testing::Test {
 }  // namespace
 
 TEST_F(SettingsStoreTest, AnAbsentEntryGivesTheDefaultOfTheCaller) {
-    EXPECT_EQ(store.GetSetting(S, "Ftp", "url", "none"), "none");
-    EXPECT_EQ(store.GetSetting(S, "Ftp", "url"), "");
+    EXPECT_EQ(store.GetSetting(testing::SettingsSection, "Ftp", "url", "none"), "none");
+    EXPECT_EQ(store.GetSetting(testing::SettingsSection, "Ftp", "url"), "");
 }
 
 TEST_F(SettingsStoreTest, AStoredEntryReplacesTheOneBefore) {
-    store.SaveSetting(S, "Ftp", "url", "one");
-    store.SaveSetting(S, "Ftp", "url", "two");
-    EXPECT_EQ(store.GetSetting(S, "Ftp", "url", "none"), "two");
+    store.SaveSetting(testing::SettingsSection, "Ftp", "url", "one");
+    store.SaveSetting(testing::SettingsSection, "Ftp", "url", "two");
+    EXPECT_EQ(store.GetSetting(testing::SettingsSection, "Ftp", "url", "none"), "two");
 }
 
 TEST_F(SettingsStoreTest, AnEntryStoredEmptyIsNotAbsent) {
-    store.SaveSetting(S, "Ftp", "port", "");
-    EXPECT_EQ(store.GetSetting(S, "Ftp", "port", "21"), "");
+    store.SaveSetting(testing::SettingsSection, "Ftp", "port", "");
+    EXPECT_EQ(store.GetSetting(testing::SettingsSection, "Ftp", "port", "21"), "");
     EXPECT_EQ(readElsewhere("Ftp", "port"), "");
     EXPECT_EQ(store.text(Setting::FtpPort), "");
 }
 
 TEST_F(SettingsStoreTest, UrlWithACapitalFindsWhatWasStoredInSmallLetters) {
-    store.SaveSetting(S, "Ftp", "url", "ftp.example.org");
-    EXPECT_EQ(store.GetSetting(S, "Ftp", "Url"), "ftp.example.org");
+    store.SaveSetting(testing::SettingsSection, "Ftp", "url", "ftp.example.org");
+    EXPECT_EQ(store.GetSetting(testing::SettingsSection, "Ftp", "Url"), "ftp.example.org");
 }
 
 TEST_F(SettingsStoreTest, SectionGroupAndKeyAreMatchedWithoutRegardToCase) {
@@ -62,12 +62,13 @@ TEST_F(SettingsStoreTest, SectionGroupAndKeyAreMatchedWithoutRegardToCase) {
 }
 
 TEST_F(SettingsStoreTest, LettersBeyondAsciiFoldTheirCaseToo) {
-    store.SaveSetting(S, "Group", QString::fromUtf8("Città È"), "x");
-    EXPECT_EQ(store.GetSetting(S, "Group", QString::fromUtf8("CITTÀ è")), "x");
+    store.SaveSetting(testing::SettingsSection, "Group", QString::fromUtf8("Città È"), "x");
+    EXPECT_EQ(store.GetSetting(testing::SettingsSection, "Group", QString::fromUtf8("CITTÀ è")),
+              "x");
 }
 
 TEST_F(SettingsStoreTest, TheCaseOfAValueIsKept) {
-    store.SaveSetting(S, "Ftp", "password", "PassWord");
+    store.SaveSetting(testing::SettingsSection, "Ftp", "password", "PassWord");
     EXPECT_EQ(readElsewhere("Ftp", "password"), "PassWord");
 }
 
@@ -93,31 +94,31 @@ TEST_F(SettingsStoreTest, ASectionCalledGeneralIsLikeAnyOther) {
 }
 
 TEST_F(SettingsStoreTest, DeletingRemovesOneEntryAlone) {
-    store.SaveSetting(S, "Recent Files", "1", "a");
-    store.SaveSetting(S, "Recent Files", "2", "b");
-    EXPECT_TRUE(store.DeleteSetting(S, "Recent Files", "1"));
-    EXPECT_EQ(store.GetSetting(S, "Recent Files", "1", "gone"), "gone");
-    EXPECT_EQ(store.GetSetting(S, "Recent Files", "2"), "b");
+    store.SaveSetting(testing::SettingsSection, "Recent Files", "1", "a");
+    store.SaveSetting(testing::SettingsSection, "Recent Files", "2", "b");
+    EXPECT_TRUE(store.DeleteSetting(testing::SettingsSection, "Recent Files", "1"));
+    EXPECT_EQ(store.GetSetting(testing::SettingsSection, "Recent Files", "1", "gone"), "gone");
+    EXPECT_EQ(store.GetSetting(testing::SettingsSection, "Recent Files", "2"), "b");
     EXPECT_EQ(readElsewhere("Recent Files", "1"), "");
 }
 
 TEST_F(SettingsStoreTest, DeletingAnEntryWithAnEmptyKeySparesItsGroup) {
-    store.SaveSetting(S, "Ftp", "url", "ftp.example.org");
-    store.DeleteSetting(S, "Ftp", "");
-    store.DeleteSetting(S, "", "Ftp");
-    store.DeleteSetting(S, "", "");
-    EXPECT_EQ(store.GetSetting(S, "Ftp", "url"), "ftp.example.org");
+    store.SaveSetting(testing::SettingsSection, "Ftp", "url", "ftp.example.org");
+    store.DeleteSetting(testing::SettingsSection, "Ftp", "");
+    store.DeleteSetting(testing::SettingsSection, "", "Ftp");
+    store.DeleteSetting(testing::SettingsSection, "", "");
+    EXPECT_EQ(store.GetSetting(testing::SettingsSection, "Ftp", "url"), "ftp.example.org");
 }
 
 TEST_F(SettingsStoreTest, DeletingAnAbsentEntryIsNoFailure) {
-    EXPECT_TRUE(store.DeleteSetting(S, "Ftp", "url"));
+    EXPECT_TRUE(store.DeleteSetting(testing::SettingsSection, "Ftp", "url"));
 }
 
 TEST_F(SettingsStoreTest, AWriteIsOnDiskWhenTheCallReturns) {
-    ASSERT_TRUE(store.SaveSetting(S, "Ftp", "url", "ftp.example.org"));
+    ASSERT_TRUE(store.SaveSetting(testing::SettingsSection, "Ftp", "url", "ftp.example.org"));
     EXPECT_TRUE(testing::readFile(file).contains("ftp.example.org"));
     EXPECT_EQ(readElsewhere("Ftp", "url"), "ftp.example.org");
-    ASSERT_TRUE(store.DeleteSetting(S, "Ftp", "url"));
+    ASSERT_TRUE(store.DeleteSetting(testing::SettingsSection, "Ftp", "url"));
     EXPECT_FALSE(testing::readFile(file).contains("ftp.example.org"));
 }
 
@@ -127,17 +128,17 @@ TEST_F(SettingsStoreTest, AWriteOfAListIsOnDiskWhenTheCallReturns) {
 }
 
 TEST_F(SettingsStoreTest, AReadSeesWhatAnotherProcessHasWritten) {
-    store.SaveSetting(S, "Ftp", "url", "before");
-    const auto result =
-        testing::runProgram(testing::cliProgram(),
-                            {"--settings", file, "settings", "set", S, "Ftp", "url", "behind it"});
+    store.SaveSetting(testing::SettingsSection, "Ftp", "url", "before");
+    const auto result = testing::runProgram(
+        testing::cliProgram(), {"--settings", file, "settings", "set", testing::SettingsSection,
+                                "Ftp", "url", "behind it"});
     ASSERT_EQ(result.exitCode, 0) << result.err.toStdString();
-    EXPECT_EQ(store.GetSetting(S, "Ftp", "url"), "behind it");
+    EXPECT_EQ(store.GetSetting(testing::SettingsSection, "Ftp", "url"), "behind it");
 }
 
 TEST_F(SettingsStoreTest, TheFoldersOnTheWayAreCreated) {
     SettingsStore deep(folder.file("a/b/settings.ini"));
-    EXPECT_TRUE(deep.SaveSetting(S, "Ftp", "url", "x"));
+    EXPECT_TRUE(deep.SaveSetting(testing::SettingsSection, "Ftp", "url", "x"));
     EXPECT_TRUE(QFileInfo::exists(folder.file("a/b/settings.ini")));
 }
 
@@ -150,7 +151,8 @@ TEST_F(SettingsStoreTest, EveryTextComesBackAsItWas) {
                                "; nor this",          QString::fromUtf8("è € 日本 😀"),
                                "[section]",           QString(QChar(0x04)) + 'x'};
     for (qsizetype i = 0; i < texts.size(); ++i) {
-        ASSERT_TRUE(store.SaveSetting(S, "Texts", QString::number(i), texts[i]));
+        ASSERT_TRUE(
+            store.SaveSetting(testing::SettingsSection, "Texts", QString::number(i), texts[i]));
     }
     for (qsizetype i = 0; i < texts.size(); ++i) {
         EXPECT_EQ(readElsewhere("Texts", QString::number(i)), texts[i]);

@@ -24,7 +24,7 @@ QImage readBack(const QByteArray& gif) {
 }
 
 /// `colors` different colours, scattered so that the coder's table fills and is cleared.
-QImage scattered(QSize size, int colors) {
+QImage ofColors(QSize size, int colors) {
     QImage image(size, QImage::Format_ARGB32);
     std::minstd_rand random(7);
     for (int y = 0; y < size.height(); ++y) {
@@ -58,25 +58,25 @@ TEST(GifStill, IsAGif89aFileThatEndsWithItsTrailer) {
 
 TEST(GifStill, EveryNumberOfColoursUpTo256IsExact) {
     for (const int colors : {1, 2, 3, 4, 5, 8, 9, 16, 17, 32, 33, 64, 65, 128, 129, 255, 256}) {
-        const QImage image = scattered({40, 40}, colors);
+        const QImage image = ofColors({40, 40}, colors);
         EXPECT_EQ(readBack(encodeGifStill(image)), image) << colors << " colours";
     }
 }
 
 TEST(GifStill, ManyScatteredPixelsAreExact) {
-    const QImage image = scattered({301, 207}, 256);
+    const QImage image = ofColors({301, 207}, 256);
     EXPECT_EQ(readBack(encodeGifStill(image)), image);
 }
 
 TEST(GifStill, NarrowAndFlatPicturesAreExact) {
     for (const QSize& size : {QSize(1, 1), QSize(1, 256), QSize(256, 1)}) {
-        const QImage image = scattered(size, std::min(256, size.width() * size.height()));
+        const QImage image = ofColors(size, std::min(256, size.width() * size.height()));
         EXPECT_EQ(readBack(encodeGifStill(image)), image);
     }
 }
 
 TEST(GifStill, TransparentPixelsStaySoAndOpaqueOnesAreExact) {
-    QImage image = scattered({40, 40}, 255);
+    QImage image = ofColors({40, 40}, 255);
     for (int i = 0; i < 40; ++i) {
         image.setPixel(i, 39, 0x00123456);
     }
@@ -121,7 +121,7 @@ TEST(GifStill, HalfTransparentPixelsBecomeOpaque) {
 }
 
 TEST(GifStill, TheFormatOfTheImageDoesNotMatter) {
-    const QImage image = scattered({20, 20}, 200);
+    const QImage image = ofColors({20, 20}, 200);
     for (const QImage::Format format :
          {QImage::Format_RGB32, QImage::Format_RGB888, QImage::Format_ARGB32_Premultiplied,
           QImage::Format_RGBA64}) {
@@ -134,7 +134,7 @@ TEST(GifStill, TheFormatOfTheImageDoesNotMatter) {
 }
 
 TEST(GifStill, With257ColoursEveryPixelIsStillClose) {
-    QImage image = scattered({40, 40}, 256);
+    QImage image = ofColors({40, 40}, 256);
     image.setPixel(39, 39, qRgb(0, 200, 0));
     const QImage back = readBack(encodeGifStill(image));
     for (int y = 0; y < 40; ++y) {

@@ -2,6 +2,7 @@
 #include "engine/model/forecast.h"
 
 #include "engine/model/frames.h"
+#include "engine/model/slot_names.h"
 #include "support/fixtures.h"
 
 namespace nubivane {
@@ -19,13 +20,6 @@ auto& addItem(List& list) {
                      .IndexFontSize = 3,
                      .BackColor = 255,
                      .Text = "a text"});
-}
-
-template <class Object>
-QStringList slotsOf(const Object& object) {
-    QStringList names;
-    Object::forEachSlot(object, [&](const Slot& slot, const auto&) { names += slot.name; });
-    return names;
 }
 
 const QStringList lineSlots = {
@@ -91,14 +85,14 @@ TEST(Forecast, AFreshItemHasAWhiteBackgroundAndBlackText) {
 }
 
 TEST(Forecast, PropertiesStandInTheirOrder) {
-    EXPECT_EQ(slotsOf(cDiv()), QStringList({"BackColor", "Border", "BorderColor"}));
-    EXPECT_EQ(slotsOf(cTitle()), lineSlots);
-    EXPECT_EQ(slotsOf(cSubtitle()), lineSlots);
-    EXPECT_EQ(slotsOf(cHeaderAttribute()),
+    EXPECT_EQ(testing::slotsOf(cDiv()), QStringList({"BackColor", "Border", "BorderColor"}));
+    EXPECT_EQ(testing::slotsOf(cTitle()), lineSlots);
+    EXPECT_EQ(testing::slotsOf(cSubtitle()), lineSlots);
+    EXPECT_EQ(testing::slotsOf(cHeaderAttribute()),
               QStringList({"textKey", "FontName", "FontSize", "FontBold", "FontUnderline",
                            "FontOverline", "FontStrikethourht", "FontItalic", "Forecolor",
                            "BackColor", "IndexFontSize", "Text"}));
-    EXPECT_EQ(slotsOf(cBodyAttribute()),
+    EXPECT_EQ(testing::slotsOf(cBodyAttribute()),
               QStringList({"textKey", "FontBold", "FontUnderline", "FontOverline",
                            "FontStrikethourht", "FontItalic", "Forecolor", "BackColor", "FontName",
                            "FontSize", "IndexFontSize", "Text"}));

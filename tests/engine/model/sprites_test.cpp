@@ -2,6 +2,7 @@
 #include "engine/model/sprites.h"
 
 #include "engine/model/frames.h"
+#include "engine/model/slot_names.h"
 #include "support/fixtures.h"
 
 #include <string_view>
@@ -56,13 +57,6 @@ int errorNumberOf(Work work) {
     return 0;
 }
 
-template <class Object>
-QStringList slotsOf(const Object& object) {
-    QStringList names;
-    Object::forEachSlot(object, [&](const Slot& slot, const auto&) { names += slot.name; });
-    return names;
-}
-
 /// True when every property is empty, zero or false.
 template <class Object>
 bool isBlank(const Object& object) {
@@ -76,19 +70,20 @@ bool isBlank(const Object& object) {
 }  // namespace
 
 TEST(Sprites, ALabelHasItsPropertiesInOrderAndStartsBlank) {
-    EXPECT_EQ(slotsOf(cLabel()), QStringList({"Key_",          "Name",         "Type_",
-                                              "Index",         "Frame",        "Width",
-                                              "Height",        "FontName",     "FontSize",
-                                              "Forecolor",     "BackColor",    "Border",
-                                              "BorderColor",   "FontBold",     "FontItalic",
-                                              "FontUnderline", "FontOverline", "FontStrikethourht",
-                                              "PosX",          "PosY",         "Text",
-                                              "Note"}));
+    EXPECT_EQ(testing::slotsOf(cLabel()),
+              QStringList({"Key_",          "Name",         "Type_",
+                           "Index",         "Frame",        "Width",
+                           "Height",        "FontName",     "FontSize",
+                           "Forecolor",     "BackColor",    "Border",
+                           "BorderColor",   "FontBold",     "FontItalic",
+                           "FontUnderline", "FontOverline", "FontStrikethourht",
+                           "PosX",          "PosY",         "Text",
+                           "Note"}));
     EXPECT_TRUE(isBlank(cLabel()));
 }
 
 TEST(Sprites, ASymbolHasItsPropertiesInOrderAndStartsBlank) {
-    EXPECT_EQ(slotsOf(cSymbol()),
+    EXPECT_EQ(testing::slotsOf(cSymbol()),
               QStringList({"Key_", "Name", "Type_", "Frame", "PosX", "PosY", "Width", "Height",
                            "FileGif", "PathFileGif", "Index", "Link", "Tooltip", "Note"}));
     EXPECT_TRUE(isBlank(cSymbol()));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/project/handmade_project.h"
 #include "engine/project/limited_process.h"
+#include "support/texts.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -10,8 +11,6 @@
 namespace nubivane::testing {
 
 namespace {
-
-constexpr char SaveFailed[] = "An error occurred while saving the project.";
 
 /// A disk that is full after a number of bytes, by the limit on the size of a file.
 class FullDisk : public ::testing::Test {

@@ -38,7 +38,7 @@ QStringList casesWithoutLabels() {
     return cases;
 }
 
-std::string testName(const ::testing::TestParamInfo<QString>& info) {
+std::string caseName(const ::testing::TestParamInfo<QString>& info) {
     return QString(info.param).replace(u'-', u'_').toStdString();
 }
 
@@ -110,9 +110,9 @@ TEST(GoldenCases, AreAllThere) {
     EXPECT_GE(casesWithoutLabels().size(), 5);
 }
 
-INSTANTIATE_TEST_SUITE_P(, Golden, ::testing::ValuesIn(goldenCases()), testName);
-INSTANTIATE_TEST_SUITE_P(, GoldenShow, ::testing::ValuesIn(casesWithShow()), testName);
+INSTANTIATE_TEST_SUITE_P(, Golden, ::testing::ValuesIn(goldenCases()), caseName);
+INSTANTIATE_TEST_SUITE_P(, GoldenShow, ::testing::ValuesIn(casesWithShow()), caseName);
 INSTANTIATE_TEST_SUITE_P(, GoldenWithoutLabels, ::testing::ValuesIn(casesWithoutLabels()),
-                         testName);
+                         caseName);
 
 }  // namespace nubivane::testing

@@ -4,13 +4,13 @@
 #include "engine/project/new_project.h"
 #include "engine/project/open_project.h"
 #include "engine/project/save_project.h"
+#include "support/texts.h"
 
 namespace nubivane::testing {
 
 namespace {
 
 constexpr char Question[] = "The project has been changed. Save file before closing ?";
-constexpr char SaveFailed[] = "An error occurred while saving the project.";
 
 /// A changed project is open and another waits on the disk.
 class Guard : public WorkspaceFixture {

@@ -6,6 +6,7 @@
 #include "engine/project/interrupted_save.h"
 #include "engine/project/save_project.h"
 #include "support/fixtures.h"
+#include "support/texts.h"
 
 #include <QFileInfo>
 
@@ -14,8 +15,6 @@
 namespace nubivane::testing {
 
 namespace {
-
-constexpr char SaveFailed[] = "An error occurred while saving the project.";
 
 class SaveFailures : public WorkspaceFixture {
   protected:

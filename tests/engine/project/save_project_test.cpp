@@ -5,14 +5,13 @@
 #include "engine/core/version.h"
 #include "engine/project/folder_snapshot.h"
 #include "engine/project/message_log.h"
+#include "support/texts.h"
 
 #include <QFileInfo>
 
 namespace nubivane::testing {
 
 namespace {
-
-constexpr char SaveFailed[] = "An error occurred while saving the project.";
 
 class Saving : public WorkspaceFixture {
   protected:

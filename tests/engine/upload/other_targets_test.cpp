@@ -2,6 +2,7 @@
 #include "engine/upload/upload_fixture.h"
 #include "support/other_servers.h"
 #include "support/processes.h"
+#include "support/texts.h"
 
 #include <QElapsedTimer>
 #include <QRegularExpression>
@@ -9,8 +10,6 @@
 namespace nubivane::testing {
 
 namespace {
-
-constexpr char NoConnection[] = "Unable to establish a connection to the remote server";
 
 class Sftp : public UploadTest {
   protected:

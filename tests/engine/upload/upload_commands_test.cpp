@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/upload/upload_fixture.h"
+#include "support/texts.h"
 
 namespace nubivane::testing {
 
@@ -19,8 +20,6 @@ class UploadCommandsTest : public UploadTest {
         commands.mnuInitialize();
     }
 };
-
-constexpr char NoConnection[] = "Unable to establish a connection to the remote server";
 
 }  // namespace
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/weather/compared_pictures.h"
 #include "engine/weather/figure_fixture.h"
 #include "support/fixtures.h"
 
@@ -65,23 +66,8 @@ void drawChart(QImage& picture, const QString& chart) {
     }
 }
 
-/// Pixels that differ by more than a JPEG makes them.
-int differentPixels(const QImage& a, const QImage& b) {
-    constexpr int OfJpeg = 90;
-    int different = 0;
-    for (int y = 0; y < a.height(); ++y) {
-        for (int x = 0; x < a.width(); ++x) {
-            const QRgb one = a.pixel(x, y);
-            const QRgb other = b.pixel(x, y);
-            different +=
-                std::max({std::abs(qRed(one) - qRed(other)), std::abs(qGreen(one) - qGreen(other)),
-                          std::abs(qBlue(one) - qBlue(other))}) > OfJpeg
-                    ? 1
-                    : 0;
-        }
-    }
-    return different;
-}
+/// A JPEG makes no pixel differ by more.
+constexpr int OfJpeg = 90;  // of 255
 
 }  // namespace
 
@@ -96,9 +82,9 @@ TEST(WeatherExamples, AreWhatTheFiguresOfTheirChartsDraw) {
         QImage drawn = pictures.front().convertToFormat(QImage::Format_RGB32);
         const QImage& shipped = pictures[static_cast<std::size_t>(frame)];
         ASSERT_EQ(drawn.size(), shipped.size()) << chart;
-        EXPECT_GT(differentPixels(drawn, shipped), 1000) << chart << ": the bare map";
+        EXPECT_GT(differentPixels(drawn, shipped, OfJpeg), 1000) << chart << ": the bare map";
         drawChart(drawn, chart);
-        EXPECT_LE(differentPixels(drawn, shipped), 60) << chart;
+        EXPECT_LE(differentPixels(drawn, shipped, OfJpeg), 60) << chart;
     }
 }
 

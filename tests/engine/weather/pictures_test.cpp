@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/weather/compared_pictures.h"
 #include "engine/weather/figure_fixture.h"
 #include "support/fixtures.h"
 
@@ -76,22 +77,8 @@ QImage sheetOf(const KindRow& row) {
     return sheet;
 }
 
-/// How many pixels differ by more than rounding in another version of the rasterizer makes them.
-int differentPixels(const QImage& a, const QImage& b) {
-    constexpr int Rounding = 24;  // of 255
-    int different = 0;
-    for (int y = 0; y < a.height(); ++y) {
-        for (int x = 0; x < a.width(); ++x) {
-            const QRgb one = a.pixel(x, y);
-            const QRgb other = b.pixel(x, y);
-            const int apart =
-                std::max({std::abs(qRed(one) - qRed(other)), std::abs(qGreen(one) - qGreen(other)),
-                          std::abs(qBlue(one) - qBlue(other))});
-            different += apart > Rounding ? 1 : 0;
-        }
-    }
-    return different;
-}
+/// Another version of the rasterizer makes no pixel differ by more.
+constexpr int Rounding = 24;  // of 255
 
 }  // namespace
 
@@ -108,7 +95,7 @@ TEST(WeatherPictures, LookAsTheyWereKept) {
         }
         const QImage kept(testFile("engine/weather/pictures/" + name));
         ASSERT_EQ(kept.size(), sheet.size()) << name.toStdString();
-        EXPECT_LE(differentPixels(sheet, kept), sheet.width() * sheet.height() / 2000)
+        EXPECT_LE(differentPixels(sheet, kept, Rounding), sheet.width() * sheet.height() / 2000)
             << name.toStdString();
     }
 }

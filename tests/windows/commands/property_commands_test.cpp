@@ -5,7 +5,7 @@
 
 namespace nubivane {
 
-using testing::part;
+using testing::partOf;
 using testing::withModal;
 
 /// Which window each command opens, and when.
@@ -32,7 +32,7 @@ class PropertyWindows : public testing::PropertyFixture {
     }
     void pressF4() { QTest::keyClick(QApplication::focusWidget(), Qt::Key_F4); }
     void pressButton() {
-        QTest::mouseClick(&part<QWidget>(window(), "btnProperty"), Qt::LeftButton);
+        QTest::mouseClick(&partOf<QWidget>(window(), "btnProperty"), Qt::LeftButton);
     }
 };
 
@@ -105,7 +105,7 @@ TEST_F(PropertyWindows, ASpriteThatIsGoneOpensNothing) {
 
 TEST_F(PropertyWindows, TheButtonsHintNamesTheKey) {
     start();
-    EXPECT_EQ(part<QToolButton>(window(), "btnProperty").toolTip(), "Properties (F4)");
+    EXPECT_EQ(partOf<QToolButton>(window(), "btnProperty").toolTip(), "Properties (F4)");
 }
 
 }  // namespace nubivane

@@ -5,6 +5,7 @@
 #include "support/editor_fixture.h"
 #include "support/ftp_servers.h"
 #include "support/steps.h"
+#include "support/texts.h"
 #include "windows/publish/frm_ftp.h"
 
 #include <QLabel>
@@ -17,7 +18,6 @@ namespace nubivane::testing {
 namespace {
 
 constexpr char Stopped[] = "Operation stopped by the user.";
-constexpr char Unable[] = "Unable to establish a connection to the remote server";
 constexpr char Offline[] = "No connection to the internet is currently available";
 constexpr char Completed[] = "Initialition completed successfully";
 
@@ -132,7 +132,7 @@ TEST_F(Publish, ACertificateThatDoesNotVerifyCanBeLookedAtAndTrustedForGood) {
     const TestCertificate certificate("another.example", -10, 10);
     OwnFtpServer server({"--certificate", certificate.file});
     use(server);
-    live.expectMessage(Unable, Icon::Critical);
+    live.expectMessage(NoConnection, Icon::Critical);
     choose("mnuInitialize");
     ASSERT_EQ(live.asked.size(), 1);
     for (const char* part : {"another.example", "vouched for by", "SHA-256 fingerprint is "}) {
@@ -309,7 +309,7 @@ TEST_F(Publish, AConnectionThatIsLostEachTimeIsToldByItsStep) {
         QString text;
     };
     for (const Row& row :
-         {Row{"PASS=drop", Unable}, Row{"MKD=drop", "Cannot find nVane folder"},
+         {Row{"PASS=drop", NoConnection}, Row{"MKD=drop", "Cannot find nVane folder"},
           Row{"CWD=reset", "Cannot find nVane folder"},
           Row{"RNTO=drop", "Cannot upload " + host("Symbols/sea/wave.png") + " file"},
           Row{"QUIT=drop", {}}}) {
@@ -334,14 +334,14 @@ TEST_F(Publish, AServerThatIsNotThereOrRefusesIsTold) {
         OwnFtpServer server;
         use(server);
     }
-    live.expectMessage(Unable, Icon::Critical);
+    live.expectMessage(NoConnection, Icon::Critical);
     choose("mnuInitialize");
     expectAllClosed();
 
     OwnFtpServer server;
     use(server);
     settings.set(Setting::FtpPassword, "wrong");
-    live.expectMessage(Unable, Icon::Critical);
+    live.expectMessage(NoConnection, Icon::Critical);
     choose("mnuInitialize");
     expectAllClosed();
     EXPECT_EQ(flags(), QStringList({"0", "0", "0", "0"}));
@@ -417,7 +417,7 @@ TEST_F(Publish, TheMainWindowHasItsCommands) {
         EXPECT_EQ(tabOpened([&] { trigger(command); }), 1);
     }
     settings.set(Setting::FtpUrl, "no host");
-    shell.expectMessage(Unable, Icon::Critical);
+    shell.expectMessage(NoConnection, Icon::Critical);
     trigger("mnuInitialize");
     EXPECT_TRUE(window().acceptsInput());
 }

@@ -8,7 +8,7 @@
 
 namespace nubivane {
 
-using testing::part;
+using testing::partOf;
 using testing::withModal;
 
 /// Where undo works, and when it does not.
@@ -108,7 +108,7 @@ TEST_F(UndoPlaces, StepsThroughAListOfChoicesAreOneEdit) {
     const qint16 before = labels().Item(key).Border;
     withModal([this] { window().findChild<PropertyCommands*>()->showSpriteProperties(); },
               [](QWidget& properties) {
-                  auto& border = part<QComboBox>(properties, "cboBorder");
+                  auto& border = partOf<QComboBox>(properties, "cboBorder");
                   border.setFocus();
                   for (const Qt::Key step : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Up}) {
                       QTest::keyClick(&border, step);

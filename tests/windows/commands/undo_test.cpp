@@ -9,7 +9,7 @@
 
 namespace nubivane {
 
-using testing::part;
+using testing::partOf;
 using testing::withModal;
 
 /// Undo and redo as a person meets them: by key, menu, bar and list.
@@ -273,11 +273,11 @@ TEST_F(Undo, WhatIsTypedIntoAPropertyIsOneEdit) {
     const QString key = placeSymbol({200, 150});
     withModal([this] { window().findChild<PropertyCommands*>()->showSpriteProperties(); },
               [&](QWidget& properties) {
-                  auto& note = part<QLineEdit>(properties, "txtNote");
+                  auto& note = partOf<QLineEdit>(properties, "txtNote");
                   note.setFocus();
                   QTest::keyClicks(&note, "cloudy");
-                  part<QLineEdit>(properties, "txtLink").setFocus();
-                  QTest::keyClicks(&part<QLineEdit>(properties, "txtLink"), "a.org");
+                  partOf<QLineEdit>(properties, "txtLink").setFocus();
+                  QTest::keyClicks(&partOf<QLineEdit>(properties, "txtLink"), "a.org");
                   // The main window's keys rest while this window is open.
                   QTest::keyClick(&properties, Qt::Key_Z, Qt::ControlModifier);
               });
@@ -296,7 +296,7 @@ TEST_F(Undo, ASpriteTakenBackUnderAnOpenPropertyWindowHarmsNobody) {
     withModal([this] { window().findChild<PropertyCommands*>()->showSpriteProperties(); },
               [&](QWidget& properties) {
                   edits().undo();
-                  auto& text = part<QLineEdit>(properties, "txtNote");
+                  auto& text = partOf<QLineEdit>(properties, "txtNote");
                   text.setFocus();
                   QTest::keyClicks(&text, "gone");
               });
@@ -311,7 +311,7 @@ TEST_F(Undo, ALabelsTextAndSizeAreOneEdit) {
     const QRect before = labelControl(key)->rect;
     withModal([this] { window().findChild<PropertyCommands*>()->showSpriteProperties(); },
               [&](QWidget& properties) {
-                  auto& text = part<QLineEdit>(properties, "txtText");
+                  auto& text = partOf<QLineEdit>(properties, "txtText");
                   testing::type(text, "Heavy rain in the north");
                   QTest::keyClick(&text, Qt::Key_Return);
               });

@@ -15,7 +15,7 @@
 
 namespace nubivane {
 
-using testing::part;
+using testing::partOf;
 using testing::withModal;
 
 /// "Earlier versions...": what was kept of the project that is open.
@@ -39,7 +39,7 @@ class EarlierVersions : public testing::CanvasFixture {
                   [&work](QWidget& window) { work(dynamic_cast<frmVersions&>(window)); });
     }
     static void click(QWidget& window, const char* button) {
-        QTest::mouseClick(&part<QPushButton>(window, button), Qt::LeftButton);
+        QTest::mouseClick(&partOf<QPushButton>(window, button), Qt::LeftButton);
     }
 
     QString first_;
@@ -50,9 +50,9 @@ TEST_F(EarlierVersions, WithoutAnyTheWindowSaysSoAndOffersNothing) {
     shell.expectSaveDialog("Save project", model("week.nvpf"));
     trigger("mnuSaveProject");
     withWindow([](frmVersions& window) {
-        EXPECT_TRUE(part<QLabel>(window, "lblHeading").text().startsWith("No earlier version"));
+        EXPECT_TRUE(partOf<QLabel>(window, "lblHeading").text().startsWith("No earlier version"));
         for (const char* button : {"cmdOpen", "cmdCompare", "cmdSaveAs"}) {
-            EXPECT_FALSE(part<QPushButton>(window, button).isEnabled()) << button;
+            EXPECT_FALSE(partOf<QPushButton>(window, button).isEnabled()) << button;
         }
         window.reject();
     });
@@ -104,7 +104,7 @@ TEST_F(EarlierVersions, CompareTellsFramesSpritesAndTexts) {
     workspace.edits().push(std::make_unique<RenameFrame>(1, "Monday"));
     withWindow([](frmVersions& window) {
         click(window, "cmdCompare");
-        auto& text = part<QPlainTextEdit>(window, "txtDifferences");
+        auto& text = partOf<QPlainTextEdit>(window, "txtDifferences");
         EXPECT_TRUE(text.isVisible());
         EXPECT_EQ(text.toPlainText(),
                   "Maps in this version: 1, now: 2.\nMonday: called Map1 in this version.");
@@ -117,10 +117,10 @@ TEST_F(EarlierVersions, CompareTellsFramesSpritesAndTexts) {
     withWindow([](frmVersions& window) {
         window.list()->setCurrentRow(1);
         click(window, "cmdCompare");
-        EXPECT_EQ(part<QPlainTextEdit>(window, "txtDifferences").toPlainText(),
+        EXPECT_EQ(partOf<QPlainTextEdit>(window, "txtDifferences").toPlainText(),
                   "Map1: symbols only in this version: 1.");
         window.list()->setCurrentRow(0);
-        EXPECT_FALSE(part<QPlainTextEdit>(window, "txtDifferences").isVisible());
+        EXPECT_FALSE(partOf<QPlainTextEdit>(window, "txtDifferences").isVisible());
         window.reject();
     });
 }
@@ -130,7 +130,7 @@ TEST_F(EarlierVersions, TheSameStateHasNoDifferences) {
     workspace.edits().goTo(1);
     withWindow([](frmVersions& window) {
         click(window, "cmdCompare");
-        EXPECT_EQ(part<QPlainTextEdit>(window, "txtDifferences").toPlainText(),
+        EXPECT_EQ(partOf<QPlainTextEdit>(window, "txtDifferences").toPlainText(),
                   "Its maps, symbols, labels and texts are those that are open now.");
         window.reject();
     });

@@ -13,7 +13,7 @@
 
 namespace nubivane {
 
-using testing::part;
+using testing::partOf;
 using testing::withModal;
 
 /// The font dialog on a title.
@@ -30,7 +30,7 @@ class FontDialog : public testing::PropertyFixture {
         withModal([&] { dialog.Init(); }, use);
     }
     static QListWidget& list(QWidget& window, const char* name) {
-        return part<QListWidget>(window, name);
+        return partOf<QListWidget>(window, name);
     }
     static QString selected(QWidget& window, const char* name) {
         const auto items = list(window, name).selectedItems();
@@ -54,9 +54,9 @@ class FontDialog : public testing::PropertyFixture {
         EXPECT_EQ(selected(window, name), row);
     }
     static void tick(QWidget& window, const char* name) {
-        QTest::keyClick(&part<QWidget>(window, name), Qt::Key_Space);
+        QTest::keyClick(&partOf<QWidget>(window, name), Qt::Key_Space);
     }
-    static QLabel& sample(QWidget& window) { return part<QLabel>(window, "lblSample"); }
+    static QLabel& sample(QWidget& window) { return partOf<QLabel>(window, "lblSample"); }
 
     cTitle title;
 };
@@ -71,8 +71,8 @@ TEST_F(FontDialog, HasItsTitleListsAndGroups) {
                   QStringList({"Normal", "Italic", "Bold", "Bold italic"}));
         EXPECT_EQ(items(window, "lstFontSize"),
                   QStringList({"8", "10", "12", "14", "18", "24", "36"}));
-        EXPECT_EQ(part<QGroupBox>(window, "fraEffects").title(), "Effects");
-        EXPECT_EQ(part<QGroupBox>(window, "fraSample").title(), "Sample");
+        EXPECT_EQ(partOf<QGroupBox>(window, "fraEffects").title(), "Effects");
+        EXPECT_EQ(partOf<QGroupBox>(window, "fraSample").title(), "Sample");
         EXPECT_EQ(sample(window).text(), "AaBbYyZz");
         QStringList labels;
         for (const QLabel* label : window.findChildren<QLabel*>()) {
@@ -112,9 +112,9 @@ TEST_F(FontDialog, ShowsTheObjectsFont) {
         EXPECT_EQ(text(window, "txtSelectedSize"), "14");
         EXPECT_EQ(selected(window, "lstFontStyle"), "Normal");
         EXPECT_EQ(text(window, "txtSelectedStyle"), "Normal");
-        EXPECT_TRUE(part<QCheckBox>(window, "chkUnderline").isChecked());
-        EXPECT_FALSE(part<QCheckBox>(window, "chkOverline").isChecked());
-        EXPECT_TRUE(part<QCheckBox>(window, "chkStrikeout").isChecked());
+        EXPECT_TRUE(partOf<QCheckBox>(window, "chkUnderline").isChecked());
+        EXPECT_FALSE(partOf<QCheckBox>(window, "chkOverline").isChecked());
+        EXPECT_TRUE(partOf<QCheckBox>(window, "chkStrikeout").isChecked());
         EXPECT_EQ(chosen(window, "cboColor"), "Red");
     });
 }
@@ -122,8 +122,8 @@ TEST_F(FontDialog, ShowsTheObjectsFont) {
 TEST_F(FontDialog, ShowsAnOverlineThatIsSet) {
     title.Font.Overline = true;
     withFont(title, [](QWidget& window) {
-        EXPECT_TRUE(part<QCheckBox>(window, "chkOverline").isChecked());
-        EXPECT_FALSE(part<QCheckBox>(window, "chkUnderline").isChecked());
+        EXPECT_TRUE(partOf<QCheckBox>(window, "chkOverline").isChecked());
+        EXPECT_FALSE(partOf<QCheckBox>(window, "chkUnderline").isChecked());
     });
 }
 
@@ -191,7 +191,7 @@ TEST_F(FontDialog, TheUnderlineIsStoredAsOverlineToo) {
 TEST_F(FontDialog, TheOverlineAloneIsNotStored) {
     withFont(title, [](QWidget& window) {
         tick(window, "chkOverline");
-        EXPECT_TRUE(part<QCheckBox>(window, "chkOverline").isChecked());
+        EXPECT_TRUE(partOf<QCheckBox>(window, "chkOverline").isChecked());
         click(window, "cmdOk");
     });
     EXPECT_FALSE(title.Font.Overline);
@@ -248,7 +248,7 @@ TEST_F(FontDialog, AFontThatTheScreenLacksStays) {
 TEST_F(FontDialog, AColourWithoutAnItemLeavesTheBoxEmptyAndStays) {
     title.Font.Color = 254;
     withFont(title, [](QWidget& window) {
-        EXPECT_EQ(part<QComboBox>(window, "cboColor").currentIndex(), -1);
+        EXPECT_EQ(partOf<QComboBox>(window, "cboColor").currentIndex(), -1);
         click(window, "cmdOk");
     });
     EXPECT_EQ(title.Font.Color, 254);
@@ -299,7 +299,7 @@ TEST_F(FontDialog, AHugeSizeLeavesTheDialogAsItIs) {
 TEST_F(FontDialog, AFieldThatGetsTheKeyboardIsSelectedWhole) {
     withFont(title, [](QWidget& window) {
         for (const char* name : {"txtSelectedFont", "txtSelectedStyle", "txtSelectedSize"}) {
-            auto& field = part<QLineEdit>(window, name);
+            auto& field = partOf<QLineEdit>(window, name);
             field.setFocus();
             EXPECT_EQ(field.selectedText(), field.text()) << name;
             EXPECT_FALSE(field.text().isEmpty()) << name;

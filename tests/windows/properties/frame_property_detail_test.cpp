@@ -11,7 +11,7 @@
 
 namespace nubivane {
 
-using testing::part;
+using testing::partOf;
 using testing::withModal;
 
 /// The forecast text of a Frame, in a window without an editor.
@@ -26,7 +26,7 @@ class FrameDetail : public testing::PropertyFixture {
         forecast.Header().add({.IndexFontSize = 1, .Text = header});
         forecast.Body().add({.IndexFontSize = 1, .Text = body});
     }
-    static QTreeWidget& list(QWidget& window) { return part<QTreeWidget>(window, "lstItems"); }
+    static QTreeWidget& list(QWidget& window) { return partOf<QTreeWidget>(window, "lstItems"); }
     static QStringList rows(QWidget& window) {
         QStringList texts;
         for (int i = 0; i < list(window).topLevelItemCount(); ++i) {
@@ -45,7 +45,7 @@ class FrameDetail : public testing::PropertyFixture {
         EXPECT_EQ(selected(window), row);
     }
     static QString lineOf(const QWidget& window, const char* field) {
-        return part<WrappedField>(window, field).text();
+        return partOf<WrappedField>(window, field).text();
     }
     QStringList headers() { return textsOf(forecast.Header()); }
     QStringList bodies() { return textsOf(forecast.Body()); }
@@ -58,10 +58,10 @@ class FrameDetail : public testing::PropertyFixture {
         return texts;
     }
     static void expectEnabled(QWidget& window, bool enabled) {
-        EXPECT_EQ(part<QWidget>(window, "fraText").isEnabled(), enabled);
-        EXPECT_EQ(part<QWidget>(window, "VScroll").isEnabled(), enabled);
-        EXPECT_EQ(part<QWidget>(window, "cmdRemove").isEnabled(), enabled);
-        EXPECT_TRUE(part<QWidget>(window, "cmdAdd").isEnabled());
+        EXPECT_EQ(partOf<QWidget>(window, "fraText").isEnabled(), enabled);
+        EXPECT_EQ(partOf<QWidget>(window, "VScroll").isEnabled(), enabled);
+        EXPECT_EQ(partOf<QWidget>(window, "cmdRemove").isEnabled(), enabled);
+        EXPECT_TRUE(partOf<QWidget>(window, "cmdAdd").isEnabled());
     }
 
     cForecast& forecast = workspace.Frames().Item(1).Texts().Forecast();
@@ -105,7 +105,7 @@ TEST_F(FrameDetail, TheTextsAreInSightFromTheStart) {
     withDetail([](QWidget& window) {
         ASSERT_GT(QGuiApplication::primaryScreen()->availableSize().height(), 700);
         for (const char* name : {"txtHeaderText", "txtBodyText"}) {
-            const auto& field = part<WrappedField>(window, name);
+            const auto& field = partOf<WrappedField>(window, name);
             EXPECT_EQ(field.visibleRegion().boundingRect(), field.rect()) << name;
         }
         EXPECT_TRUE(window.screen()->availableGeometry().contains(window.geometry()));
@@ -182,7 +182,7 @@ TEST_F(FrameDetail, AddSelectsTheNewElement) {
         click(window, "cmdAdd");
         EXPECT_EQ(selected(window), 3);
         EXPECT_EQ(lineOf(window, "txtHeaderText"), "");
-        testing::type(part<WrappedField>(window, "txtBodyText"), "new");
+        testing::type(partOf<WrappedField>(window, "txtBodyText"), "new");
         EXPECT_EQ(bodies(), QStringList({"b1", "b2", "new"}));
     });
 }
@@ -263,12 +263,12 @@ TEST_F(FrameDetail, TextsAndColoursComeIntoTheSelectedElementAtOnce) {
     add("h2", "b2");
     withDetail([this](QWidget& window) {
         select(window, 2);
-        testing::type(part<WrappedField>(window, "txtHeaderText"), "morning");
+        testing::type(partOf<WrappedField>(window, "txtHeaderText"), "morning");
         EXPECT_EQ(headers(), QStringList({"h1", "morning"}));
-        testing::type(part<WrappedField>(window, "txtBodyText"), "rain");
-        QTest::keyClick(&part<QWidget>(window, "txtBodyText"), Qt::Key_Return);
+        testing::type(partOf<WrappedField>(window, "txtBodyText"), "rain");
+        QTest::keyClick(&partOf<QWidget>(window, "txtBodyText"), Qt::Key_Return);
         EXPECT_EQ(bodies(), QStringList({"b1", "rain"}));
-        EXPECT_EQ(part<WrappedField>(window, "txtBodyText").textCursor().selectedText(), "rain");
+        EXPECT_EQ(partOf<WrappedField>(window, "txtBodyText").textCursor().selectedText(), "rain");
         choose(window, "cboHeaderBackcolor", "Red");
         EXPECT_EQ(forecast.Header().Item(2).BackColor, 255);
         choose(window, "cboBodyBackcolor", "none");
@@ -282,8 +282,8 @@ TEST_F(FrameDetail, TextsAndColoursComeIntoTheSelectedElementAtOnce) {
 TEST_F(FrameDetail, AnElementWithoutTextsStays) {
     add("h1", "b1");
     withDetail([](QWidget& window) {
-        testing::type(part<WrappedField>(window, "txtHeaderText"), "");
-        testing::type(part<WrappedField>(window, "txtBodyText"), "");
+        testing::type(partOf<WrappedField>(window, "txtHeaderText"), "");
+        testing::type(partOf<WrappedField>(window, "txtBodyText"), "");
     });
     EXPECT_EQ(headers(), QStringList({""}));
     EXPECT_EQ(bodies(), QStringList({""}));
@@ -297,7 +297,7 @@ TEST_F(FrameDetail, AfterTheFontDialogFlagsSaySiUntilTheElementIsShownAgain) {
     withDetail([this](QWidget& window) {
         withModal([&] { click(window, "cmdHeaderFont"); },
                   [](QWidget& font) {
-                      QTest::keyClick(&part<QWidget>(font, "lstFontSize"), Qt::Key_End);
+                      QTest::keyClick(&partOf<QWidget>(font, "lstFontSize"), Qt::Key_End);
                       click(font, "cmdOk");
                   });
         EXPECT_EQ(forecast.Header().Item(1).Font.Size, 36);
@@ -335,8 +335,8 @@ TEST_F(FrameDetail, ListsOfDifferentLengthsAreShownAndBroughtTogether) {
         select(window, 2);
         EXPECT_EQ(lineOf(window, "txtHeaderText"), "h2");
         EXPECT_EQ(lineOf(window, "txtBodyText"), "");
-        EXPECT_FALSE(part<QWidget>(window, "cmdBodyFont").isEnabled());
-        testing::type(part<WrappedField>(window, "txtBodyText"), "nowhere");
+        EXPECT_FALSE(partOf<QWidget>(window, "cmdBodyFont").isEnabled());
+        testing::type(partOf<WrappedField>(window, "txtBodyText"), "nowhere");
         EXPECT_EQ(bodies(), QStringList({"b1"}));
         click(window, "cmdAdd");
         EXPECT_EQ(headers(), QStringList({"h1", "h2", ""}));
@@ -362,7 +362,7 @@ TEST_F(FrameDetail, ABodyLongerThanTheHeaderLosesNothing) {
 TEST_F(FrameDetail, EscCloses) {
     add("h1", "b1");
     withDetail([](QWidget& window) {
-        QTest::keyClick(&part<QWidget>(window, "txtHeaderText"), Qt::Key_Escape);
+        QTest::keyClick(&partOf<QWidget>(window, "txtHeaderText"), Qt::Key_Escape);
         EXPECT_FALSE(window.isVisible());
     });
 }
@@ -371,7 +371,7 @@ TEST_F(FrameDetail, EnterPressesNoButton) {
     add("h1", "b1");
     withDetail([](QWidget& window) {
         for (const char* name : {"lstItems", "txtHeaderText", "cboBodyBackcolor"}) {
-            part<QWidget>(window, name).setFocus();
+            partOf<QWidget>(window, name).setFocus();
             QTest::keyClick(window.focusWidget(), Qt::Key_Return);
             EXPECT_EQ(rows(window).size(), 1) << name;
             EXPECT_TRUE(window.isVisible()) << name;
@@ -382,7 +382,7 @@ TEST_F(FrameDetail, EnterPressesNoButton) {
 TEST_F(FrameDetail, ALongTextIsWrappedInAFieldThatGrowsAndStaysOneLine) {
     add("h1", "b1");
     withDetail([this](QWidget& window) {
-        auto& field = part<WrappedField>(window, "txtBodyText");
+        auto& field = partOf<WrappedField>(window, "txtBodyText");
         const int one = field.height();
         QString sentence = "In the north some rain, later clear, with winds from the west. ";
         testing::type(field, sentence.repeated(4));
@@ -404,9 +404,9 @@ TEST_F(FrameDetail, TheAccessKeyOfATextGoesFromTheHeadersToTheBodys) {
     add("h1", "b1");
     withDetail([](QWidget& window) {
         QTest::keyClick(&window, Qt::Key_T, Qt::AltModifier);
-        EXPECT_TRUE(part<WrappedField>(window, "txtHeaderText").hasFocus());
+        EXPECT_TRUE(partOf<WrappedField>(window, "txtHeaderText").hasFocus());
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_T, Qt::AltModifier);
-        EXPECT_TRUE(part<WrappedField>(window, "txtBodyText").hasFocus());
+        EXPECT_TRUE(partOf<WrappedField>(window, "txtBodyText").hasFocus());
     });
 }
 

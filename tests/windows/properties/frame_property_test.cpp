@@ -8,7 +8,7 @@
 
 namespace nubivane {
 
-using testing::part;
+using testing::partOf;
 using testing::withModal;
 
 /// The texts of the first Frame.
@@ -27,7 +27,7 @@ TEST_F(FrameProperty, OpensWithNothingSelected) {
     withProperties([](QWidget& window) {
         EXPECT_EQ(window.objectName(), "frmFrameProperty");
         EXPECT_TRUE(window.isModal());
-        EXPECT_EQ(part<QLabel>(window, "txtType").text(), "Map");
+        EXPECT_EQ(partOf<QLabel>(window, "txtType").text(), "Map");
     });
 }
 
@@ -66,7 +66,7 @@ TEST_F(FrameProperty, ListsBordersAndAlignmentsInTheOrderOfTheirValues) {
     start();
     withProperties([](QWidget& window) {
         const auto items = [&window](const char* name) {
-            const auto& combo = part<QComboBox>(window, name);
+            const auto& combo = partOf<QComboBox>(window, name);
             QStringList texts;
             for (int i = 0; i < combo.count(); ++i) {
                 texts << combo.itemText(i);
@@ -99,7 +99,7 @@ TEST_F(FrameProperty, ShowsTheDefaultsOfANewFrame) {
         EXPECT_EQ(chosen(window, "cboForecastBorderColor"), "White");
         for (const char* name :
              {"cboTitleBorderColor", "cbosubTitleBorderColor", "cboForecastBorderColor"}) {
-            EXPECT_FALSE(part<QWidget>(window, name).isEnabled()) << name;
+            EXPECT_FALSE(partOf<QWidget>(window, name).isEnabled()) << name;
         }
     });
 }
@@ -128,14 +128,14 @@ TEST_F(FrameProperty, ShowsWhatTheFrameHolds) {
         EXPECT_EQ(chosen(window, "cbosubTitleBackcolor"), "Yellow");
         EXPECT_EQ(chosen(window, "cbosubTitleBorder"), "Yes");
         EXPECT_EQ(chosen(window, "cbosubTitleBorderColor"), "Red");
-        EXPECT_TRUE(part<QWidget>(window, "cbosubTitleBorderColor").isEnabled());
+        EXPECT_TRUE(partOf<QWidget>(window, "cbosubTitleBorderColor").isEnabled());
         EXPECT_EQ(chosen(window, "cbosubTitleAlign"), "center");
         EXPECT_EQ(chosen(window, "cboTitleAlign"), "right");
         EXPECT_EQ(text(window, "txtTitleText"), "Monday");
         EXPECT_EQ(chosen(window, "cboForecastBorder"), "outset");
         EXPECT_EQ(chosen(window, "cboForecastBackcolor"), "Red");
         EXPECT_EQ(chosen(window, "cboForecastBorderColor"), "Black");
-        EXPECT_TRUE(part<QWidget>(window, "cboForecastBorderColor").isEnabled());
+        EXPECT_TRUE(partOf<QWidget>(window, "cboForecastBorderColor").isEnabled());
     });
     EXPECT_EQ(subtitle.Text, "after\r\nrain");
 }
@@ -147,9 +147,9 @@ TEST_F(FrameProperty, ValuesOutsideTheListsShowNothingAndStay) {
     forecast().Title().Border = 3;
     forecast().Title().BackColor = 12;
     withProperties([](QWidget& window) {
-        EXPECT_EQ(part<QComboBox>(window, "cboForecastBorder").currentIndex(), -1);
-        EXPECT_EQ(part<QComboBox>(window, "cboTitleAlign").currentIndex(), -1);
-        EXPECT_EQ(part<QComboBox>(window, "cboTitleBackcolor").currentIndex(), -1);
+        EXPECT_EQ(partOf<QComboBox>(window, "cboForecastBorder").currentIndex(), -1);
+        EXPECT_EQ(partOf<QComboBox>(window, "cboTitleAlign").currentIndex(), -1);
+        EXPECT_EQ(partOf<QComboBox>(window, "cboTitleBackcolor").currentIndex(), -1);
         lookAtFont(window, "cmdTitleFont");
     });
     EXPECT_EQ(forecast().Div().Border, 77);
@@ -215,14 +215,14 @@ TEST_F(FrameProperty, BordersOfTitleAndSubtitleAreYesOrNo) {
     withProperties([this](QWidget& window) {
         choose(window, "cboTitleBorder", "Yes");
         EXPECT_EQ(forecast().Title().Border, 1);
-        EXPECT_TRUE(part<QWidget>(window, "cboTitleBorderColor").isEnabled());
-        EXPECT_FALSE(part<QWidget>(window, "cbosubTitleBorderColor").isEnabled());
+        EXPECT_TRUE(partOf<QWidget>(window, "cboTitleBorderColor").isEnabled());
+        EXPECT_FALSE(partOf<QWidget>(window, "cbosubTitleBorderColor").isEnabled());
         choose(window, "cbosubTitleBorder", "Yes");
         EXPECT_EQ(forecast().Subtitle().Border, 1);
         choose(window, "cboTitleBorder", "No");
         EXPECT_EQ(forecast().Title().Border, 0);
-        EXPECT_FALSE(part<QWidget>(window, "cboTitleBorderColor").isEnabled());
-        EXPECT_TRUE(part<QWidget>(window, "cbosubTitleBorderColor").isEnabled());
+        EXPECT_FALSE(partOf<QWidget>(window, "cboTitleBorderColor").isEnabled());
+        EXPECT_TRUE(partOf<QWidget>(window, "cbosubTitleBorderColor").isEnabled());
     });
 }
 
@@ -233,7 +233,7 @@ TEST_F(FrameProperty, TheForecastsBorderIsTheIndexOfTheList) {
         for (const int index : {6, 5, 4, 3, 2, 1, 0}) {
             choose(window, "cboForecastBorder", styles[index]);
             EXPECT_EQ(forecast().Div().Border, index);
-            EXPECT_EQ(part<QWidget>(window, "cboForecastBorderColor").isEnabled(), index != 0);
+            EXPECT_EQ(partOf<QWidget>(window, "cboForecastBorderColor").isEnabled(), index != 0);
         }
     });
 }
@@ -253,9 +253,9 @@ TEST_F(FrameProperty, AlignmentsAreStoredByTheirData) {
 TEST_F(FrameProperty, TextsAreKeptAtEveryChangeAndMayBeEmpty) {
     start();
     withProperties([this](QWidget& window) {
-        testing::type(part<QLineEdit>(window, "txtTitleText"), "Mon");
+        testing::type(partOf<QLineEdit>(window, "txtTitleText"), "Mon");
         EXPECT_EQ(forecast().Title().Text, "Mon");
-        testing::type(part<QLineEdit>(window, "txtsubTitleText"), "Tue");
+        testing::type(partOf<QLineEdit>(window, "txtsubTitleText"), "Tue");
         EXPECT_EQ(forecast().Subtitle().Text, "Tue");
         enter(window, "txtTitleText", "");
         EXPECT_EQ(forecast().Title().Text, "");
@@ -269,7 +269,7 @@ TEST_F(FrameProperty, EnterSelectsTheTextAndAddsNoLine) {
     start();
     withProperties([this](QWidget& window) {
         enter(window, "txtTitleText", "Mon");
-        EXPECT_EQ(part<QLineEdit>(window, "txtTitleText").selectedText(), "Mon");
+        EXPECT_EQ(partOf<QLineEdit>(window, "txtTitleText").selectedText(), "Mon");
         EXPECT_EQ(forecast().Title().Text, "Mon");
         EXPECT_TRUE(window.isVisible());
     });
@@ -293,8 +293,8 @@ TEST_F(FrameProperty, TheFontDialogChangesTheSectionItWasOpenedFrom) {
     withProperties([this](QWidget& window) {
         withModal([&] { click(window, "cmdSubtitleFont"); },
                   [](QWidget& font) {
-                      QTest::keyClick(&part<QWidget>(font, "lstFontSize"), Qt::Key_Home);
-                      QTest::keyClick(&part<QWidget>(font, "lstFontStyle"), Qt::Key_End);
+                      QTest::keyClick(&partOf<QWidget>(font, "lstFontSize"), Qt::Key_Home);
+                      QTest::keyClick(&partOf<QWidget>(font, "lstFontStyle"), Qt::Key_End);
                       choose(font, "cboColor", "Blue");
                       click(font, "cmdOk");
                   });
@@ -315,8 +315,9 @@ TEST_F(FrameProperty, TheFontDialogChangesTheSectionItWasOpenedFrom) {
 TEST_F(FrameProperty, EditsTheFrameOnTheCanvas) {
     start();
     trigger("mnuFrameInsert");
-    withProperties(
-        [](QWidget& window) { testing::type(part<QLineEdit>(window, "txtTitleText"), "second"); });
+    withProperties([](QWidget& window) {
+        testing::type(partOf<QLineEdit>(window, "txtTitleText"), "second");
+    });
     EXPECT_EQ(frame(1).Texts().Forecast().Title().Text, "");
     EXPECT_EQ(frame(2).Texts().Forecast().Title().Text, "second");
 }
@@ -351,7 +352,7 @@ TEST_F(FrameProperty, TheForecastTextHasAWindowOfItsOwn) {
 TEST_F(FrameProperty, OpensOnTheTextOfTheTitleWhichIsInSight) {
     start();
     withProperties([](QWidget& window) {
-        auto& field = part<QLineEdit>(window, "txtTitleText");
+        auto& field = partOf<QLineEdit>(window, "txtTitleText");
         EXPECT_TRUE(field.hasFocus());
         const QRect seen = field.visibleRegion().boundingRect();
         EXPECT_EQ(seen.height(), field.height());

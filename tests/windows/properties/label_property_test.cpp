@@ -5,7 +5,7 @@
 
 namespace nubivane {
 
-using testing::part;
+using testing::partOf;
 using testing::withModal;
 
 /// The properties of a Label that was dropped on the middle of the map.
@@ -29,7 +29,7 @@ TEST_F(LabelProperty, OpensForTheSelectedLabel) {
     withProperties([](QWidget& window) {
         EXPECT_EQ(window.objectName(), "frmLabelProperty");
         EXPECT_TRUE(window.isModal());
-        EXPECT_EQ(part<QLabel>(window, "txtType").text(), "Label");
+        EXPECT_EQ(partOf<QLabel>(window, "txtType").text(), "Label");
     });
 }
 
@@ -64,7 +64,7 @@ TEST_F(LabelProperty, RulesEachRowOff) {
     startWithLabel();
     withProperties([](QWidget& window) {
         for (int i = 1; i <= 15; ++i) {
-            part<QWidget>(window, qPrintable("sepLine" + QString::number(i)));
+            partOf<QWidget>(window, qPrintable("sepLine" + QString::number(i)));
         }
         EXPECT_EQ(window.findChild<QWidget*>("sepLine16"), nullptr);
     });
@@ -105,7 +105,7 @@ TEST_F(LabelProperty, ShowsWhatTheLabelHolds) {
         EXPECT_EQ(chosen(window, "cboBackcolor"), "Yellow");
         EXPECT_EQ(chosen(window, "cboBorder"), "Yes");
         EXPECT_EQ(chosen(window, "cboBorderColor"), "Blue");
-        EXPECT_TRUE(part<QWidget>(window, "cboBorderColor").isEnabled());
+        EXPECT_TRUE(partOf<QWidget>(window, "cboBorderColor").isEnabled());
     });
 }
 
@@ -121,7 +121,7 @@ TEST_F(LabelProperty, ShowsTheOtherFlagsTheOtherWayRound) {
         EXPECT_EQ(text(window, "txtFontStrikethourht"), "No");
         EXPECT_EQ(chosen(window, "cboBackcolor"), "none");
         EXPECT_EQ(chosen(window, "cboBorder"), "No");
-        EXPECT_FALSE(part<QWidget>(window, "cboBorderColor").isEnabled());
+        EXPECT_FALSE(partOf<QWidget>(window, "cboBorderColor").isEnabled());
     });
 }
 
@@ -179,11 +179,11 @@ TEST_F(LabelProperty, ABorderComesIntoModelAndControlAtOnce) {
     withProperties([&](QWidget& window) {
         choose(window, "cboBorder", "Yes");
         EXPECT_EQ(label().Border, 1);
-        EXPECT_TRUE(part<QWidget>(window, "cboBorderColor").isEnabled());
+        EXPECT_TRUE(partOf<QWidget>(window, "cboBorderColor").isEnabled());
         EXPECT_EQ(shown(rect().bottomRight()), QColor(Qt::black));
         choose(window, "cboBorder", "No");
         EXPECT_EQ(label().Border, 0);
-        EXPECT_FALSE(part<QWidget>(window, "cboBorderColor").isEnabled());
+        EXPECT_FALSE(partOf<QWidget>(window, "cboBorderColor").isEnabled());
         EXPECT_EQ(shown(rect().bottomRight()), bare);
     });
 }
@@ -214,7 +214,7 @@ TEST_F(LabelProperty, EnterAppliesATextAndTheSizeFollows) {
         EXPECT_EQ(label().Width, rect().width());
         EXPECT_EQ(label().Height, rect().height());
         EXPECT_EQ(framed(), around(rect()));
-        EXPECT_EQ(part<QLineEdit>(window, "txtText").selectedText(), "  A much longer label");
+        EXPECT_EQ(partOf<QLineEdit>(window, "txtText").selectedText(), "  A much longer label");
         EXPECT_TRUE(window.isVisible());
     });
 }
@@ -236,7 +236,7 @@ TEST_F(LabelProperty, AnEmptyTextIsRefused) {
             enter(window, "txtText", refused);
             EXPECT_EQ(label().Text, "Label");
             EXPECT_EQ(text(window, "txtText"), "Label");
-            EXPECT_EQ(part<QLineEdit>(window, "txtText").selectedText(), "Label");
+            EXPECT_EQ(partOf<QLineEdit>(window, "txtText").selectedText(), "Label");
         }
         shell.expectMessage("Label text cannot be empty.", Icon::Critical);
         leave(window, "txtText", " ");
@@ -248,7 +248,7 @@ TEST_F(LabelProperty, AnEmptyTextIsRefused) {
 TEST_F(LabelProperty, GoingToAnotherWindowIsNotLeavingAField) {
     startWithLabel();
     withProperties([this](QWidget& window) {
-        auto& field = part<QLineEdit>(window, "txtText");
+        auto& field = partOf<QLineEdit>(window, "txtText");
         testing::type(field, "");
         QFocusEvent away(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
         QApplication::sendEvent(&field, &away);
@@ -274,7 +274,7 @@ TEST_F(LabelProperty, XMayLieHalfOutsideTheMap) {
         enter(window, "txtPosX", number(-half - 1));
         EXPECT_EQ(label().PosX, std::nearbyint(-half));
         EXPECT_EQ(text(window, "txtPosX"), QString::number(label().PosX));
-        EXPECT_EQ(part<QLineEdit>(window, "txtPosX").selectedText(), text(window, "txtPosX"));
+        EXPECT_EQ(partOf<QLineEdit>(window, "txtPosX").selectedText(), text(window, "txtPosX"));
         enter(window, "txtPosX", number(500 - half));
         EXPECT_EQ(label().PosX, std::nearbyint(500 - half));
         expectInvalid();
@@ -337,7 +337,7 @@ TEST_F(LabelProperty, LeavingAPositionChecksIt) {
 TEST_F(LabelProperty, NotesAreKeptAtEveryChange) {
     startWithLabel();
     withProperties([this](QWidget& window) {
-        auto& field = part<QLineEdit>(window, "txtNote");
+        auto& field = partOf<QLineEdit>(window, "txtNote");
         field.setFocus();
         QTest::keyClicks(&field, "ab");
         EXPECT_EQ(label().Note, "ab");
@@ -354,9 +354,9 @@ TEST_F(LabelProperty, TheFontDialogChangesRowsModelAndControl) {
     withProperties([&](QWidget& window) {
         withModal([&] { click(window, "cmdFont"); },
                   [&](QWidget& font) {
-                      auto& sizes = part<QWidget>(font, "lstFontSize");
+                      auto& sizes = partOf<QWidget>(font, "lstFontSize");
                       QTest::keyClick(&sizes, Qt::Key_End);
-                      QTest::keyClick(&part<QWidget>(font, "chkUnderline"), Qt::Key_Space);
+                      QTest::keyClick(&partOf<QWidget>(font, "chkUnderline"), Qt::Key_Space);
                       choose(font, "cboColor", "Red");
                       click(font, "cmdOk");
                   });
@@ -391,7 +391,7 @@ TEST_F(LabelProperty, StrikeOutShowsInTheControlUntilTheFrameIsVisitedAgain) {
         const int plain = redPixels();
         withModal([&] { click(window, "cmdFont"); },
                   [&](QWidget& font) {
-                      QTest::keyClick(&part<QWidget>(font, "chkStrikeout"), Qt::Key_Space);
+                      QTest::keyClick(&partOf<QWidget>(font, "chkStrikeout"), Qt::Key_Space);
                       click(font, "cmdOk");
                   });
         EXPECT_TRUE(label().Font.Strikeout);
@@ -408,8 +408,8 @@ TEST_F(LabelProperty, StrikeOutShowsInTheControlUntilTheFrameIsVisitedAgain) {
 TEST_F(LabelProperty, ClosingWithAPositionInHandAppliesBoth) {
     startWithLabel();
     withProperties([this](QWidget& window) {
-        testing::type(part<QLineEdit>(window, "txtPosX"), "33");
-        part<QLineEdit>(window, "txtPosY").setText("44");
+        testing::type(partOf<QLineEdit>(window, "txtPosX"), "33");
+        partOf<QLineEdit>(window, "txtPosY").setText("44");
         QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
         EXPECT_FALSE(window.isVisible());
     });
@@ -423,7 +423,7 @@ TEST_F(LabelProperty, ClosingWithABadPositionInHandKeepsTheOldOneAndCloses) {
     const QPoint before(label().PosX, label().PosY);
     for (const char* refused : {"abc", "-4000"}) {
         withProperties([&](QWidget& window) {
-            testing::type(part<QLineEdit>(window, "txtPosX"), refused);
+            testing::type(partOf<QLineEdit>(window, "txtPosX"), refused);
             expectInvalid();
             QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
             EXPECT_FALSE(window.isVisible());
@@ -435,13 +435,13 @@ TEST_F(LabelProperty, ClosingWithABadPositionInHandKeepsTheOldOneAndCloses) {
 TEST_F(LabelProperty, ClosingWithTheTextInHandAppliesOrRefusesIt) {
     startWithLabel();
     withProperties([](QWidget& window) {
-        testing::type(part<QLineEdit>(window, "txtText"), "Fog");
+        testing::type(partOf<QLineEdit>(window, "txtText"), "Fog");
         window.close();
     });
     EXPECT_EQ(label().Text, "Fog");
     EXPECT_EQ(label().Width, rect().width());
     withProperties([this](QWidget& window) {
-        testing::type(part<QLineEdit>(window, "txtText"), " ");
+        testing::type(partOf<QLineEdit>(window, "txtText"), " ");
         shell.expectMessage("Label text cannot be empty.", Icon::Critical);
         window.close();
         EXPECT_FALSE(window.isVisible());
@@ -466,7 +466,7 @@ TEST_F(LabelProperty, TheKeyboardGoesFromRowToRow) {
     startWithLabel();
     label().Border = 1;
     withProperties([](QWidget& window) {
-        part<QWidget>(window, "txtFont").setFocus();
+        partOf<QWidget>(window, "txtFont").setFocus();
         QStringList names;
         for (int i = 0; i < 16; ++i) {
             names << window.focusWidget()->objectName();
@@ -484,9 +484,9 @@ TEST_F(LabelProperty, TheKeyboardGoesFromRowToRow) {
 TEST_F(LabelProperty, TheRowThatHasTheKeyboardIsInSight) {
     startWithLabel();
     withProperties([](QWidget& window) {
-        auto& container = part<QWidget>(window, "fraContainer");
+        auto& container = partOf<QWidget>(window, "fraContainer");
         for (const char* name : {"txtNote", "txtFont", "txtPosX"}) {
-            auto& field = part<QWidget>(window, name);
+            auto& field = partOf<QWidget>(window, name);
             field.setFocus();
             const QRect place(field.mapTo(&container, QPoint(0, 0)), field.size());
             EXPECT_TRUE(container.rect().contains(place)) << name;

@@ -30,17 +30,17 @@ class PropertyFixture : public CanvasFixture {
     }
 
     static QString text(const QWidget& window, const char* field) {
-        return part<QLineEdit>(window, field).text();
+        return partOf<QLineEdit>(window, field).text();
     }
     static QString chosen(const QWidget& window, const char* combo) {
-        return part<QComboBox>(window, combo).currentText();
+        return partOf<QComboBox>(window, combo).currentText();
     }
     static qint32 swatch(const QWidget& window, const char* name) {
-        return part<ColorSwatch>(window, name).BackColor();
+        return partOf<ColorSwatch>(window, name).BackColor();
     }
     /// Chooses an item as a person does, with the keyboard.
     static void choose(const QWidget& window, const char* combo, const QString& item) {
-        auto& box = part<QComboBox>(window, combo);
+        auto& box = partOf<QComboBox>(window, combo);
         ASSERT_GE(box.findText(item), 0) << item.toStdString();
         box.setFocus();
         QTest::keyClick(&box, Qt::Key_Home);
@@ -50,19 +50,19 @@ class PropertyFixture : public CanvasFixture {
         EXPECT_EQ(box.currentText(), item);
     }
     static void enter(const QWidget& window, const char* field, const QString& text) {
-        auto& edit = part<QLineEdit>(window, field);
+        auto& edit = partOf<QLineEdit>(window, field);
         type(edit, text);
         QTest::keyClick(&edit, Qt::Key_Return);
     }
     /// Types and goes to another field.
     static void leave(const QWidget& window, const char* field, const QString& text) {
-        auto& edit = part<QLineEdit>(window, field);
+        auto& edit = partOf<QLineEdit>(window, field);
         type(edit, text);
         QTest::keyClick(&edit, Qt::Key_Tab);
         QCoreApplication::processEvents();
     }
     static void click(QWidget& window, const char* button) {
-        QTest::mouseClick(&part<QAbstractButton>(window, button), Qt::LeftButton);
+        QTest::mouseClick(&partOf<QAbstractButton>(window, button), Qt::LeftButton);
     }
     using CanvasFixture::click;
 
@@ -102,12 +102,12 @@ class PropertyFixture : public CanvasFixture {
 
     static void expectRows(QWidget& window, std::initializer_list<ShownRow> rows) {
         for (const ShownRow& row : rows) {
-            auto& field = part<QWidget>(window, row.field.constData());
+            auto& field = partOf<QWidget>(window, row.field.constData());
             EXPECT_EQ(captionOf(field), row.caption) << row.field.constData();
             field.setFocus();
-            EXPECT_EQ(part<QLabel>(window, "lblTitleInfo").text(), row.helpTitle)
+            EXPECT_EQ(partOf<QLabel>(window, "lblTitleInfo").text(), row.helpTitle)
                 << row.field.constData();
-            EXPECT_EQ(part<QLabel>(window, "lblInfo").text(), row.help) << row.field.constData();
+            EXPECT_EQ(partOf<QLabel>(window, "lblInfo").text(), row.help) << row.field.constData();
             EXPECT_FALSE(field.accessibleName().isEmpty()) << row.field.constData();
         }
     }

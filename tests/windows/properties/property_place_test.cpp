@@ -5,7 +5,7 @@
 
 namespace nubivane {
 
-using testing::part;
+using testing::partOf;
 
 /// Where property windows open and what they remember.
 class PropertyPlace : public testing::PropertyFixture {
@@ -129,9 +129,9 @@ TEST_F(PropertyPlace, RowsScrollWhenTheWindowIsLow) {
     start();
     withProperties([](QWidget& dialog) {
         dialog.resize(400, 200);
-        EXPECT_TRUE(part<QWidget>(dialog, "VScroll").isVisible());
+        EXPECT_TRUE(partOf<QWidget>(dialog, "VScroll").isVisible());
         dialog.resize(400, 1000);
-        EXPECT_FALSE(part<QWidget>(dialog, "VScroll").isVisible());
+        EXPECT_FALSE(partOf<QWidget>(dialog, "VScroll").isVisible());
     });
 }
 

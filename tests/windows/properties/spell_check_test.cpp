@@ -13,7 +13,7 @@
 
 namespace nubivane {
 
-using testing::part;
+using testing::partOf;
 using testing::withModal;
 
 /// The window of the forecast text, with an English and an Italian dictionary.
@@ -29,7 +29,7 @@ class SpellCheckOfFields : public testing::PropertyFixture {
         withModal([&] { window.Init(); }, use);
     }
     static WrappedField& body(const QWidget& window) {
-        return part<WrappedField>(window, "txtBodyText");
+        return partOf<WrappedField>(window, "txtBodyText");
     }
     /// The words of a field that have a red wave, once the highlighter has come to them.
     static QStringList waved(WrappedField& field) {
@@ -88,7 +88,7 @@ class SpellCheckOfFields : public testing::PropertyFixture {
 TEST_F(SpellCheckOfFields, RedWavesAreUnderMisspeltWords) {
     withDetail([](QWidget& window) {
         EXPECT_EQ(waved(body(window)), QStringList({"rian", "north"}));
-        EXPECT_EQ(waved(part<WrappedField>(window, "txtHeaderText")), QStringList());
+        EXPECT_EQ(waved(partOf<WrappedField>(window, "txtHeaderText")), QStringList());
         body(window).setFocus();
         body(window).moveCursor(QTextCursor::End);
         QTest::keyClicks(&body(window), " clodus");
@@ -123,7 +123,7 @@ TEST_F(SpellCheckOfFields, AWordIsAddedToTheDictionary) {
     withDetail([&](QWidget& window) {
         choose(menuAt(body(window), 18), "Add to dictionary");
         EXPECT_EQ(waved(body(window)), QStringList("rian"));
-        EXPECT_EQ(waved(part<WrappedField>(window, "txtHeaderText")), QStringList());
+        EXPECT_EQ(waved(partOf<WrappedField>(window, "txtHeaderText")), QStringList());
     });
     EXPECT_EQ(testing::readFile(temporary.file("own/Words.txt")), "north\n");
     EXPECT_FALSE(workspace.edits().canUndo());

@@ -7,7 +7,7 @@
 
 namespace nubivane {
 
-using testing::part;
+using testing::partOf;
 
 /// The properties of a symbol of 32 x 32 pixels in the middle of a map of 500 x 400.
 class SymbolProperty : public testing::PropertyFixture {
@@ -38,8 +38,8 @@ TEST_F(SymbolProperty, OpensForTheSelectedSymbol) {
     withProperties([](QWidget& window) {
         EXPECT_EQ(window.objectName(), "frmSymbolProperty");
         EXPECT_TRUE(window.isModal());
-        EXPECT_EQ(part<QLabel>(window, "txtType").text(), "Symbol");
-        EXPECT_EQ(part<QLabel>(window, "txtHttp").text(), "http://");
+        EXPECT_EQ(partOf<QLabel>(window, "txtType").text(), "Symbol");
+        EXPECT_EQ(partOf<QLabel>(window, "txtHttp").text(), "http://");
     });
 }
 
@@ -74,7 +74,7 @@ TEST_F(SymbolProperty, ShowsWhatTheSymbolHolds) {
     symbol().Height = 44;
     withProperties([this](QWidget& window) {
         EXPECT_EQ(text(window, "txtFilename"), host("Symbols/set-1/still.png"));
-        EXPECT_TRUE(part<QLineEdit>(window, "txtFilename").isReadOnly());
+        EXPECT_TRUE(partOf<QLineEdit>(window, "txtFilename").isReadOnly());
         EXPECT_EQ(text(window, "txtHeight"), "44");
         EXPECT_EQ(text(window, "txtWidth"), "33");
         EXPECT_EQ(text(window, "txtPosX"), "7");
@@ -92,7 +92,7 @@ TEST_F(SymbolProperty, AWidthOf16IsTheLeast) {
         enter(window, "txtWidth", "15");
         EXPECT_EQ(symbol().Width, 32);
         EXPECT_EQ(text(window, "txtWidth"), "32");
-        EXPECT_EQ(part<QLineEdit>(window, "txtWidth").selectedText(), "32");
+        EXPECT_EQ(partOf<QLineEdit>(window, "txtWidth").selectedText(), "32");
         enter(window, "txtWidth", "16");
         EXPECT_EQ(symbol().Width, 16);
         EXPECT_EQ(rect(), QRect(234, 184, 16, 32));
@@ -177,7 +177,7 @@ TEST_F(SymbolProperty, AFieldThatNobodyHasChangedIsLeftInPeace) {
         enter(window, "txtPosX", "480");
         enter(window, "txtPosY", "380");
         for (const char* name : {"txtHeight", "txtWidth", "txtPosX", "txtPosY"}) {
-            auto& field = part<QLineEdit>(window, name);
+            auto& field = partOf<QLineEdit>(window, name);
             const QString before = field.text();
             field.setFocus();
             QTest::keyClick(&field, Qt::Key_Tab);
@@ -190,7 +190,7 @@ TEST_F(SymbolProperty, AFieldThatNobodyHasChangedIsLeftInPeace) {
             QCoreApplication::processEvents();
             EXPECT_EQ(field.text(), before) << name;
         }
-        part<QLineEdit>(window, "txtWidth").setFocus();
+        partOf<QLineEdit>(window, "txtWidth").setFocus();
         window.close();
     });
     EXPECT_EQ(symbol().Width, 32);
@@ -243,7 +243,7 @@ TEST_F(SymbolProperty, TextsAreKeptAtEveryChange) {
             {"txtTooltip", &cSymbol::Tooltip},
             {"txtNote", &cSymbol::Note}};
         for (const auto& [name, member] : rows) {
-            auto& field = part<QLineEdit>(window, name);
+            auto& field = partOf<QLineEdit>(window, name);
             field.setFocus();
             QTest::keyClicks(&field, "ab");
             EXPECT_EQ(symbol().*member, "ab") << name;
@@ -251,16 +251,17 @@ TEST_F(SymbolProperty, TextsAreKeptAtEveryChange) {
             EXPECT_EQ(symbol().*member, "a") << name;
         }
         for (const char* name : {"txtLink", "txtNote"}) {
-            QTest::keyClick(&part<QWidget>(window, name), Qt::Key_Return);
-            EXPECT_EQ(part<QLineEdit>(window, name).selectedText(), "a") << name;
+            QTest::keyClick(&partOf<QWidget>(window, name), Qt::Key_Return);
+            EXPECT_EQ(partOf<QLineEdit>(window, name).selectedText(), "a") << name;
         }
     });
 }
 
 TEST_F(SymbolProperty, TheTooltipShowsOverTheSymbolAsItIsWritten) {
     startWithSymbol();
-    withProperties(
-        [](QWidget& window) { testing::type(part<QLineEdit>(window, "txtTooltip"), "<b>5 & 6"); });
+    withProperties([](QWidget& window) {
+        testing::type(partOf<QLineEdit>(window, "txtTooltip"), "<b>5 & 6");
+    });
     const auto rest = [this](QPoint position) {
         const QPoint at = position + QPoint(1, 1);
         QHelpEvent event(QEvent::ToolTip, at, canvas().mapToGlobal(at));
@@ -340,13 +341,13 @@ TEST_F(SymbolProperty, ASymbolThatCannotBeReadLeavesAnEmptyPlace) {
 TEST_F(SymbolProperty, ClosingWithAPositionInHandChecksIt) {
     startWithSymbol();
     withProperties([](QWidget& window) {
-        testing::type(part<QLineEdit>(window, "txtPosY"), "12");
+        testing::type(partOf<QLineEdit>(window, "txtPosY"), "12");
         QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
         EXPECT_FALSE(window.isVisible());
     });
     EXPECT_EQ(symbol().PosY, 12);
     withProperties([this](QWidget& window) {
-        testing::type(part<QLineEdit>(window, "txtPosY"), "x");
+        testing::type(partOf<QLineEdit>(window, "txtPosY"), "x");
         expectInvalid();
         window.close();
         EXPECT_FALSE(window.isVisible());

@@ -36,10 +36,10 @@ class FtpDialog : public WorkspaceFixture {
         dialog_ = nullptr;
     }
 
-    QLineEdit& box(const char* name) { return part<QLineEdit>(*dialog_, name); }
-    QAbstractButton& button(const char* name) { return part<QAbstractButton>(*dialog_, name); }
-    QComboBox& protocols() { return part<QComboBox>(*dialog_, "cboProtocol"); }
-    QTabWidget& tabs() { return part<QTabWidget>(*dialog_, "tabFtp"); }
+    QLineEdit& box(const char* name) { return partOf<QLineEdit>(*dialog_, name); }
+    QAbstractButton& button(const char* name) { return partOf<QAbstractButton>(*dialog_, name); }
+    QComboBox& protocols() { return partOf<QComboBox>(*dialog_, "cboProtocol"); }
+    QTabWidget& tabs() { return partOf<QTabWidget>(*dialog_, "tabFtp"); }
     void press(const char* name) {
         // Boxes to check are wider than what can be clicked of them.
         QTest::mouseClick(&button(name), Qt::LeftButton, {}, {9, button(name).height() / 2});

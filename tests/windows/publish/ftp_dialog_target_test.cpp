@@ -12,11 +12,11 @@ using FtpDialogTarget = FtpDialog;
 TEST_F(FtpDialogTarget, EncryptionIsRequiredButOfServersOfBefore) {
     const auto expectShown = [this](Encryption encryption) {
         run([this, encryption] {
-            auto& combo = part<QComboBox>(*dialog_, "cboEncryption");
+            auto& combo = partOf<QComboBox>(*dialog_, "cboEncryption");
             EXPECT_EQ(combo.currentData().toInt(), static_cast<int>(encryption));
             const bool open = encryption != Encryption::Required;
-            EXPECT_EQ(part<QLabel>(*dialog_, "imgLock").isVisible(), open);
-            EXPECT_EQ(part<QLabel>(*dialog_, "lblInClear").isVisible(), open);
+            EXPECT_EQ(partOf<QLabel>(*dialog_, "imgLock").isVisible(), open);
+            EXPECT_EQ(partOf<QLabel>(*dialog_, "lblInClear").isVisible(), open);
         });
     };
     expectShown(Encryption::Required);
@@ -30,12 +30,12 @@ TEST_F(FtpDialogTarget, EncryptionIsRequiredButOfServersOfBefore) {
 
 TEST_F(FtpDialogTarget, TheChosenEncryptionShowsItsLockAndIsStored) {
     run([this] {
-        auto& combo = part<QComboBox>(*dialog_, "cboEncryption");
+        auto& combo = partOf<QComboBox>(*dialog_, "cboEncryption");
         combo.setFocus();
         QTest::keyClick(&combo, Qt::Key_Down);
         EXPECT_EQ(combo.currentText(), "When offered");
-        EXPECT_TRUE(part<QLabel>(*dialog_, "imgLock").isVisible());
-        EXPECT_EQ(part<QLabel>(*dialog_, "lblInClear").text(), "the password travels in clear");
+        EXPECT_TRUE(partOf<QLabel>(*dialog_, "imgLock").isVisible());
+        EXPECT_EQ(partOf<QLabel>(*dialog_, "lblInClear").text(), "the password travels in clear");
         EXPECT_TRUE(canApply());
         QTest::keyClick(&combo, Qt::Key_Down);
         EXPECT_EQ(combo.currentText(), "None");
@@ -46,7 +46,7 @@ TEST_F(FtpDialogTarget, TheChosenEncryptionShowsItsLockAndIsStored) {
 
 TEST_F(FtpDialogTarget, TheWheelLeavesTheEncryptionAsItIs) {
     run([this] {
-        auto& combo = part<QComboBox>(*dialog_, "cboEncryption");
+        auto& combo = partOf<QComboBox>(*dialog_, "cboEncryption");
         combo.setFocus();
         QWheelEvent turn({5, 5}, combo.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
                          Qt::NoModifier, Qt::NoScrollPhase, false);
@@ -100,10 +100,10 @@ TEST_F(FtpDialogTarget, FtpIsTheProtocolUnlessAnotherIsStored) {
             EXPECT_FALSE(canApply()) << "looking is no change";
             const bool login = hasLogin(protocol);
             for (const char* name : {"txtPort", "optLogin0", "txtUserName", "txtPassword"}) {
-                EXPECT_EQ(part<QWidget>(*dialog_, name).isEnabled(), login)
+                EXPECT_EQ(partOf<QWidget>(*dialog_, name).isEnabled(), login)
                     << name << url.toStdString();
             }
-            EXPECT_EQ(part<QComboBox>(*dialog_, "cboEncryption").isEnabled(),
+            EXPECT_EQ(partOf<QComboBox>(*dialog_, "cboEncryption").isEnabled(),
                       protocol == Protocol::Ftp);
             QTest::keyClicks(&box("txtRemoteDir"), "x");
             press("cmdOK");
@@ -122,7 +122,7 @@ TEST_F(FtpDialogTarget, AnotherProtocolBringsItsPortAndItsPlace) {
         EXPECT_EQ(box("txtPort").text(), "22");
         EXPECT_TRUE(canApply());
         QTest::keyClick(&protocols(), Qt::Key_Down);
-        EXPECT_EQ(part<QLabel>(*dialog_, "lblUrl").text().remove('&'), "Folder:");
+        EXPECT_EQ(partOf<QLabel>(*dialog_, "lblUrl").text().remove('&'), "Folder:");
         type(box("txtUrl"), "www");
         shell.expectMessage("Type the whole path of the folder", Icon::Critical);
         press("cmdOK");
@@ -144,7 +144,7 @@ TEST_F(FtpDialogTarget, AnotherProtocolBringsItsPortAndItsPlace) {
 TEST_F(FtpDialogTarget, WithoutAKeyringItSaysThatThePasswordCanBeRead) {
     qunsetenv("DBUS_SESSION_BUS_ADDRESS");
     run([this] {
-        EXPECT_TRUE(part<QLabel>(*dialog_, "lblPasswordPlace").text().contains("readable"));
+        EXPECT_TRUE(partOf<QLabel>(*dialog_, "lblPasswordPlace").text().contains("readable"));
     });
 }
 
@@ -155,13 +155,13 @@ TEST_F(FtpDialogTarget, ShowsWhatWouldBeSentWithItsBytes) {
         [this] {
             press("chkUpload1");
             press("cmdOutlook");
-            const auto& list = part<QTreeWidget>(*dialog_, "lstOutlook");
+            const auto& list = partOf<QTreeWidget>(*dialog_, "lstOutlook");
             ASSERT_EQ(list.topLevelItemCount(), 2);
             EXPECT_EQ(list.topLevelItem(1)->text(0), "Maps/europe.jpg");
             EXPECT_EQ(list.topLevelItem(1)->text(1), QLocale().toString(1234));
             EXPECT_TRUE(list.topLevelItem(0)->text(0).contains("its name holds a line end"));
             EXPECT_TRUE(
-                part<QLabel>(*dialog_, "lblOutlook").text().startsWith("1 of 1 files, 1.21"));
+                partOf<QLabel>(*dialog_, "lblOutlook").text().startsWith("1 of 1 files, 1.21"));
             press("chkUpload1");
             EXPECT_EQ(list.topLevelItemCount(), 0) << "it was said of other groups";
         },

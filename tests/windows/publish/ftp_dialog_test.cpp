@@ -37,7 +37,7 @@ TEST_F(FtpDialog, AnotherTabBringsItsFrameAndFirstField) {
             choose(tab);
             EXPECT_EQ(QApplication::focusWidget()->objectName(), field);
             for (const char* frame : {"fraFtpServer", "fraFtpFolder", "fraUploadList"}) {
-                EXPECT_EQ(part<QWidget>(*dialog_, frame).isVisible(),
+                EXPECT_EQ(partOf<QWidget>(*dialog_, frame).isVisible(),
                           tabs().currentWidget()->objectName() == frame);
             }
         }
@@ -56,7 +56,7 @@ TEST_F(FtpDialog, SaysWhatEachFieldIs) {
             {"lblnVaneDir", "Nubivane folder:"},
             {"lblUpload", "Select files to upload to the ftp server"}};
         for (const auto& [name, text] : texts) {
-            EXPECT_EQ(part<QLabel>(*dialog_, name).text().remove('&'), text);
+            EXPECT_EQ(partOf<QLabel>(*dialog_, name).text().remove('&'), text);
         }
         const QList<QPair<const char*, const char*>> captions{{"optLogin0", "Normal"},
                                                               {"optLogin1", "Anonymous"},
@@ -177,7 +177,7 @@ TEST_F(FtpDialog, AnAnonymousLoginNeedsNoNameAndNoPassword) {
     run([this] {
         const auto expectEnabled = [this](bool enabled) {
             for (const char* name : {"lblUserName", "txtUserName", "lblPassword", "txtPassword"}) {
-                EXPECT_EQ(part<QWidget>(*dialog_, name).isEnabled(), enabled) << name;
+                EXPECT_EQ(partOf<QWidget>(*dialog_, name).isEnabled(), enabled) << name;
             }
         };
         expectEnabled(true);

@@ -28,10 +28,10 @@ class BugReportWindow : public WorkspaceFixture {
         window_ = &window;
         withModal([&] { window.exec(); }, [&](QWidget&) { steps(); });
     }
-    QComboBox& system() { return part<QComboBox>(*window_, "cboWindows"); }
-    QPlainTextEdit& error() { return part<QPlainTextEdit>(*window_, "txtErrorMessage"); }
-    QPlainTextEdit& circumstances() { return part<QPlainTextEdit>(*window_, "txtCircumstances"); }
-    QPushButton& button(const char* name) { return part<QPushButton>(*window_, name); }
+    QComboBox& system() { return partOf<QComboBox>(*window_, "cboWindows"); }
+    QPlainTextEdit& error() { return partOf<QPlainTextEdit>(*window_, "txtErrorMessage"); }
+    QPlainTextEdit& circumstances() { return partOf<QPlainTextEdit>(*window_, "txtCircumstances"); }
+    QPushButton& button(const char* name) { return partOf<QPushButton>(*window_, name); }
     void press(const char* name) { QTest::mouseClick(&button(name), Qt::LeftButton); }
     bool isOpen() const { return window_->isVisible(); }
 
@@ -51,9 +51,9 @@ class BugReportWindow : public WorkspaceFixture {
 TEST_F(BugReportWindow, AsksForThreeFacts) {
     run({}, [this] {
         EXPECT_EQ(window_->windowTitle(), "Report a bug");
-        EXPECT_EQ(part<QLabel>(*window_, "lblWindows").text().remove('&'),
+        EXPECT_EQ(partOf<QLabel>(*window_, "lblWindows").text().remove('&'),
                   "Windows operative system:");
-        EXPECT_EQ(part<QLabel>(*window_, "lblErrorMessage").text().remove('&'),
+        EXPECT_EQ(partOf<QLabel>(*window_, "lblErrorMessage").text().remove('&'),
                   "Complete message error text:");
         QStringList systems;
         for (int i = 0; i < system().count(); ++i) {

@@ -26,11 +26,11 @@ class DownloadWindow : public ::testing::Test {
         window.Init(url);
         EXPECT_FALSE(isOpen());
     }
-    QPushButton& button(const char* name) { return part<QPushButton>(*window_, name); }
+    QPushButton& button(const char* name) { return partOf<QPushButton>(*window_, name); }
     static void press(QPushButton& button) { QTest::mouseClick(&button, Qt::LeftButton); }
-    QString info() { return part<QLabel>(*window_, "lblInfo").text(); }
+    QString info() { return partOf<QLabel>(*window_, "lblInfo").text(); }
     bool isOpen() const { return window_->isVisible(); }
-    QString progress() { return part<QLabel>(*window_, "lblProgress").text(); }
+    QString progress() { return partOf<QLabel>(*window_, "lblProgress").text(); }
     std::function<bool()> ended() {
         return [this] { return button("cmdCancelClose").text() == "Close"; };
     }
@@ -52,7 +52,7 @@ TEST_F(DownloadWindow, FetchesTheFileAndShowsWhereItLies) {
             EXPECT_EQ(window_->windowTitle(), "Download");
             EXPECT_TRUE(window_->isModal());
             EXPECT_EQ(info(), "file is in the folder " + folder());
-            EXPECT_EQ(part<QProgressBar>(*window_, "ProgressBar").value(), 100);
+            EXPECT_EQ(partOf<QProgressBar>(*window_, "ProgressBar").value(), 100);
             EXPECT_NE(progress(), "");
             EXPECT_EQ(readFile(folder() + "/file"), WebServerProcess::content());
             press(button("cmdOpenFolder"));
@@ -99,7 +99,7 @@ TEST_F(DownloadWindow, ItsButtonItsKeyAndItsBoxGiveItUpInTheMiddleOfTheFile) {
                        [&] {
                            EXPECT_EQ(info(), "Downloading stall");
                            // 100 kB of 300 kB
-                           EXPECT_EQ(part<QProgressBar>(*window_, "ProgressBar").value(), 33);
+                           EXPECT_EQ(partOf<QProgressBar>(*window_, "ProgressBar").value(), 33);
                            EXPECT_FALSE(button("cmdOpenFolder").isVisible());
                            way();
                        });

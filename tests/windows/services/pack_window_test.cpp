@@ -36,14 +36,14 @@ class PackWindow : public WorkspaceFixture {
                       window.reject();  // its close box does nothing
                   });
     }
-    QPushButton& start() { return part<QPushButton>(*window_, "cmdStart"); }
-    QPushButton& cancelClose() { return part<QPushButton>(*window_, "cmdCancelClose"); }
-    QString lblInfo() { return part<QLabel>(*window_, "lblInfo").text(); }
-    QString txtInfo() { return part<QPlainTextEdit>(*window_, "txtInfo").toPlainText(); }
-    QString lblProgress() { return part<QLabel>(*window_, "lblProgress").text(); }
-    QProgressBar& bar() { return part<QProgressBar>(*window_, "ProgressBar"); }
+    QPushButton& start() { return partOf<QPushButton>(*window_, "cmdStart"); }
+    QPushButton& cancelClose() { return partOf<QPushButton>(*window_, "cmdCancelClose"); }
+    QString lblInfo() { return partOf<QLabel>(*window_, "lblInfo").text(); }
+    QString txtInfo() { return partOf<QPlainTextEdit>(*window_, "txtInfo").toPlainText(); }
+    QString lblProgress() { return partOf<QLabel>(*window_, "lblProgress").text(); }
+    QProgressBar& bar() { return partOf<QProgressBar>(*window_, "ProgressBar"); }
     bool progressShown() {
-        return part<QLabel>(*window_, "lblProgress").isVisible() && bar().isVisible();
+        return partOf<QLabel>(*window_, "lblProgress").isVisible() && bar().isVisible();
     }
     void press(QPushButton& button) { QTest::mouseClick(&button, Qt::LeftButton); }
     bool isOpen() const { return window_->isVisible(); }
@@ -67,7 +67,7 @@ TEST_F(PackWindow, ListsThePacksWhenItOpens) {
         EXPECT_EQ(lblInfo(), WillBe);
         EXPECT_TRUE(start().isEnabled());
         EXPECT_FALSE(progressShown());
-        EXPECT_TRUE(part<QPlainTextEdit>(*window_, "txtInfo").isReadOnly());
+        EXPECT_TRUE(partOf<QPlainTextEdit>(*window_, "txtInfo").isReadOnly());
         press(cancelClose());
         EXPECT_FALSE(isOpen());
     });
