@@ -14,7 +14,8 @@ set(NUBIVANE_EXAMPLES
 
 # The program folder of the build may hold pages and symbols of whoever tried the programs there;
 # only its help, which the build makes, is taken from it.
-install(TARGETS Nubivane nubivane-cli RUNTIME DESTINATION . COMPONENT portable)
+install(TARGETS Nubivane nubivane-cli nubivane-video
+    RUNTIME DESTINATION . COMPONENT portable LIBRARY DESTINATION . COMPONENT portable)
 install(DIRECTORY DESTINATION Web COMPONENT portable)
 install(DIRECTORY ${NUBIVANE_PROGRAM_FOLDER}/Help DESTINATION . COMPONENT portable
     PATTERN .gitkeep EXCLUDE)
@@ -28,6 +29,7 @@ install(FILES packaging/portable/README.txt CHANGELOG.md DESTINATION . COMPONENT
 set(system COMPONENT system EXCLUDE_FROM_ALL)
 
 install(TARGETS Nubivane nubivane-cli RUNTIME DESTINATION bin ${system})
+install(TARGETS nubivane-video LIBRARY DESTINATION lib/nubivane ${system})
 # Who types the name of a program seldom holds the shift key.
 file(CREATE_LINK Nubivane ${CMAKE_BINARY_DIR}/packaging/nubivane SYMBOLIC)
 install(FILES ${CMAKE_BINARY_DIR}/packaging/nubivane DESTINATION bin ${system})

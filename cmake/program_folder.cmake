@@ -21,5 +21,5 @@ add_custom_target(program_folder ALL DEPENDS ${CMAKE_BINARY_DIR}/program_folder.
 function(nubivane_program target)
     set_target_properties(${target} PROPERTIES
         RUNTIME_OUTPUT_DIRECTORY ${NUBIVANE_PROGRAM_FOLDER})
-    add_dependencies(${target} program_folder)
+    add_dependencies(${target} program_folder nubivane-video)
 endfunction()

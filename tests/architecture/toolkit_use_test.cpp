@@ -94,4 +94,12 @@ TEST(CommandLineProgram, LoadsNoWidgetsLibraryByWayOfAnother) {
     EXPECT_FALSE(names.contains("libQt6PrintSupport"));
 }
 
+/// They are most of what would have to be loaded, and few starts write a video.
+TEST(CommandLineProgram, LoadsNoCodecsBeforeItWritesAVideo) {
+    const QStringList names = libraries("ldd", {});
+    EXPECT_TRUE(names.contains("libcurl"));
+    EXPECT_FALSE(names.contains("libavcodec"));
+    EXPECT_FALSE(names.contains("libavformat"));
+}
+
 }  // namespace nubivane::testing

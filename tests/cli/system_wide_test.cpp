@@ -20,6 +20,8 @@ class SystemWide : public CliTest {
     }
 
     QString installed() const { return beside("usr/bin/nubivane-cli"); }
+    /// Where the library lies of which videos are made, seen from the programs.
+    static QString videoLibrary() { return "../lib/nubivane/nubivane-video.so"; }
     QString own(const QString& name) const { return beside("data/Nubivane/" + name); }
 
     ProcessResult runInstalled(const QStringList& words) const {
@@ -76,6 +78,28 @@ TEST_F(SystemWide, AFolderWithItsContentBesideItIsAPortableOne) {
     EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
     EXPECT_TRUE(QFile::exists(host("Forecast.htm")));
     EXPECT_FALSE(QFile::exists(beside(".local/share/Nubivane")));
+}
+
+TEST_F(SystemWide, VideosAreMadeByTheLibraryOfTheInstallation) {
+    QDir().mkpath(beside("usr/lib/nubivane"));
+    ASSERT_TRUE(QFile::copy(QFileInfo(cliProgram()).absoluteDir().filePath(videoLibrary()),
+                            QFileInfo(installed()).absoluteDir().filePath(videoLibrary())));
+    const ProcessResult result = runInstalled({"avi", useSoundProject(), "1", beside("a.avi")});
+    EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
+    EXPECT_TRUE(readFile(beside("a.avi")).startsWith("RIFF"));
+}
+
+TEST_F(SystemWide, WithoutThatLibraryAVideoIsRefusedAndAllElseIsMade) {
+    const QString project = useSoundProject();
+    for (const char* command : {"avi", "mp4"}) {
+        const QString video = beside(QString("a.") + command);
+        const ProcessResult result = runInstalled({command, project, "1", video});
+        EXPECT_EQ(result.exitCode, 1) << command;
+        EXPECT_TRUE(result.err.contains("Cannot encode the video.")) << result.err.toStdString();
+        EXPECT_TRUE(result.err.contains("nubivane-video.so")) << result.err.toStdString();
+        EXPECT_FALSE(QFile::exists(video)) << command;
+    }
+    EXPECT_EQ(runInstalled({"anigif", project, "1", beside("a.gif")}).exitCode, 0);
 }
 
 TEST_F(SystemWide, AUserWithoutAFolderToWriteIsToldSoAndNotThatTheProjectIsDamaged) {

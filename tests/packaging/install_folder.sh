@@ -8,7 +8,7 @@ folder="$work/a portable folder"
 
 check "cmake --install" cmake --install "$build" --prefix "$folder"
 equal "the program folder's entries" \
-    "$(printf '%s\n' CHANGELOG.md Examples Help Maps Media Nubivane README.txt Symbols Web nubivane-cli)" \
+    "$(printf '%s\n' CHANGELOG.md Examples Help Maps Media Nubivane README.txt Symbols Web nubivane-cli nubivane-video.so)" \
     "$(ls "$folder" | LC_ALL=C sort)"
 for part in Maps Media Symbols; do
     check "$part is the shipped one" diff -r "$root/content/$part" "$folder/$part"

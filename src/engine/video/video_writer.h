@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/video/video_format.h"
+
 #include <QImage>
 #include <QString>
 
@@ -8,23 +10,15 @@
 
 namespace nubivane {
 
-enum class VideoFormat {
-    Avi,  ///< MJPEG with full colour resolution, at a whole number of pictures a second
-    Mp4,  ///< H.264 as sites and phones play it, while it loads; sides are even numbers of pixels
-};
-
-/// How often the pictures of a video follow each other: `count` of them in `seconds`.
-struct VideoRate {
-    int count;
-    int seconds = 1;
-};
+class VideoEncoder;
 
 /// Largest side of a video in pixels: what players take.
 inline constexpr int MaxVideoSide = 4096;
 
 /// Writes pictures as a video, one after the other, each scaled to the video's size without regard
 /// to its proportions. The file appears under its name when it is whole. Everything raises `Error`:
-/// `InvalidVideo` when the encoder refuses, FileAccess when the file cannot be written.
+/// `InvalidVideo` when the encoder refuses or is not installed, FileAccess when the file cannot be
+/// written.
 class VideoWriter {
   public:
     /// `path` is a path text.
@@ -39,8 +33,12 @@ class VideoWriter {
     void finish();
 
   private:
-    class Encoder;
-    std::unique_ptr<Encoder> encoder_;
+    class File;
+    std::unique_ptr<File> file_;
+    std::unique_ptr<VideoEncoder> encoder_;
+
+    template <class Part>
+    void doing(Part part);
 };
 
 }  // namespace nubivane
