@@ -57,8 +57,10 @@ void ServiceCommands::mnuLastVersion() {
     asking.setObjectName("dlgAsking");
     asking.setWindowTitle(ProgramTitle);
     asking.setMinimumDuration(PatienceMs);
-    QObject::connect(&asking, &QProgressDialog::canceled, &asking,
-                     [&transfer] { transfer.AbortTransfer(); });
+    // Escape is the button's while the window is active, and the window's own in the moment before.
+    const auto giveUp = [&transfer] { transfer.AbortTransfer(); };
+    QObject::connect(&asking, &QProgressDialog::canceled, &asking, giveUp);
+    QObject::connect(&asking, &QDialog::rejected, &asking, giveUp);
     nubivane::mnuLastVersion(
         publisher_, editor_.shell, transfer,
         [this](const QString& url) { frmDownload(editor_.shell, window_).Init(url); },

@@ -99,7 +99,21 @@ TEST_F(Services, TheMainWindowHasItsCommands) {
     EXPECT_EQ(shell.pointer, Pointer::Default);
 }
 
-TEST_F(Services, TheCheckForANewVersionCanBeGivenUpWhileTheServerIsSilent) {
+/// How somebody gives up while the server lets the editor wait.
+struct WayToGiveUp {
+    const char* name;
+    void (*go)(QDialog& asking);
+};
+
+const WayToGiveUp waysToGiveUp[] = {
+    {"Escape", [](QDialog& asking) { QTest::keyClick(&asking, Qt::Key_Escape); }},
+    {"EscapeInTheMomentBeforeItsWindowIsActive", [](QDialog& asking) { asking.reject(); }},
+    {"ClosingTheWindow", [](QDialog& asking) { asking.close(); }},
+};
+
+class GivenUp : public Services, public ::testing::WithParamInterface<WayToGiveUp> {};
+
+TEST_P(GivenUp, TheCheckForANewVersionEndsWhileTheServerIsSilent) {
     for (const char* verb : {"USER", "RETR"}) {
         OwnFtpServer server({"--fault", QLatin1String(verb) + "=silent"});
         Publisher publisher = versionsOn(server, "7.0.0");
@@ -115,13 +129,16 @@ TEST_F(Services, TheCheckForANewVersionCanBeGivenUpWhileTheServerIsSilent) {
                 asking()->cancel();
             }
         });
-        steps.when(asking, [&] { QTest::keyClick(asking(), Qt::Key_Escape); });
+        steps.when(asking, [&] { GetParam().go(*asking()); });
         choose("mnuLastVersion");
         EXPECT_FALSE(asking());
         EXPECT_TRUE(window().acceptsInput());
         EXPECT_EQ(shell.pointer, Pointer::Default);
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(, GivenUp, ::testing::ValuesIn(waysToGiveUp),
+                         [](const auto& way) { return way.param.name; });
 
 TEST_F(Services, TheWebCommandOpensThePublishersPage) {
     Publisher publisher;
