@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/picture/jpeg_encoder.h"
 
-#include "engine/core/error.h"
 #include "engine/core/resolution.h"
 #include "engine/gif/pixel_lines.h"
+#include "engine/picture/invalid_picture.h"
 #include "engine/picture/jpeg_errors.h"
 #include "engine/picture/sheet.h"
 
@@ -72,8 +72,7 @@ QByteArray encodeJpegWithFullColor(const QImage& image, int quality) {
                            done ? static_cast<qsizetype>(output.size) : 0);
     std::free(output.bytes);
     if (!done) {
-        throw Error(error_number::InvalidPicture, u"picture"_s, u"Invalid picture."_s,
-                    errors.cause());
+        refusePicture(errors.cause());
     }
     return bytes;
 }

@@ -183,4 +183,20 @@ TEST_F(LettersWithoutFont, AreToldOfALabelAndItsFrame) {
     EXPECT_EQ(watcher.remarks, QStringList());
 }
 
+/// The sprites of the current Frame stand on a film's first image, and on their own.
+TEST_F(LettersWithoutFont, AreToldOncePerLabelOfAFilmWhateverFrameItBeginsWith) {
+    workspace.Frames().Add();
+    workspace.pctPanel.resize(2);
+    addLabel(u"Kyoto \u4EAC"_s, {5, 5}, -1, 1);
+    addLabel(u"Tokyo \u65E5"_s, {5, 5}, -1, 2);
+    const QString first = u"Frame 1: no installed font has \u4EAC of the label \"Kyoto \u4EAC\"."_s;
+    const QString second =
+        u"Frame 2: no installed font has \u65E5 of the label \"Tokyo \u65E5\"."_s;
+    run(FilmRequest{.path = output("a.gif"), .FrameInterval = 10});
+    EXPECT_EQ(watcher.remarks, QStringList({first, second}));
+    watcher.remarks.clear();
+    run(FilmRequest{.path = output("a.gif"), .current = 2, .FrameInterval = 10});
+    EXPECT_EQ(watcher.remarks, QStringList(second));
+}
+
 }  // namespace nubivane::testing

@@ -86,6 +86,16 @@ TEST(JpegEncoder, APictureWithoutASizeIsRefused) {
     EXPECT_THROW(encodeJpegWithFullColor(QImage(), 92), Error);
 }
 
+TEST(JpegEncoder, APictureBeyondTheFormatIsRefusedWithTheLibrarysReason) {
+    try {
+        encodeJpegWithFullColor(plainImage({65501, 1}, Qt::white), 92);
+        FAIL() << "it was encoded";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.number(), error_number::InvalidPicture);
+        EXPECT_TRUE(error.cause().contains("65500")) << error.what();
+    }
+}
+
 TEST(JpegEncoder, OddSidesAndASinglePixelAreWritten) {
     for (const QSize size : {QSize(1, 1), QSize(17, 3), QSize(8, 1)}) {
         const QImage picture = plainImage(size, Qt::darkCyan);
