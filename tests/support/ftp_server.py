@@ -53,6 +53,8 @@ def main():
     parser.add_argument("--certificate", help="PEM file with key; offers encryption")
     parser.add_argument("--tls", choices=["1.2", "1.3", "any"], default="any")
     parser.add_argument("--implicit", action="store_true", help="encrypted from the first byte on")
+    parser.add_argument("--abrupt", action="store_true",
+                        help="end encrypted data connections without a good-bye, as many servers do")
     parser.add_argument("--patient", action="store_true",
                         help="close a data connection on which anything comes before the command that uses it")
     choices = parser.parse_args()
@@ -438,7 +440,7 @@ class Session:
 
     def part(self, data):
         """Says good-bye on a data connection, so that its end is no cut."""
-        if self.private:
+        if self.private and not self.choices.abrupt:
             try:
                 data.unwrap()
             except OSError:

@@ -10,6 +10,7 @@
 #include "engine/export/label_painter.h"
 #include "engine/model/workspace.h"
 #include "engine/picture/animation.h"
+#include "engine/picture/sheet.h"
 #include "engine/web/map_pictures.h"
 #include "engine/web/page_settings.h"
 #include "engine/web/site_folder.h"
@@ -50,13 +51,6 @@ QRgb meanColor(const QImage& image, const QRect& part) {
         .convertToFormat(QImage::Format_RGB32)
         .scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
         .pixel(0, 0);
-}
-
-QImage onWhite(const QImage& image) {
-    QImage sheet(image.size(), QImage::Format_RGB32);
-    sheet.fill(Qt::white);
-    QPainter(&sheet).drawImage(0, 0, image);
-    return sheet;
 }
 
 /// Frames whose pictures were read from files with the same bytes share one too.

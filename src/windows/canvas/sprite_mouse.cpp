@@ -132,32 +132,42 @@ void SpriteMouse::pressSprite(SpriteControl& control, QPoint position, Qt::Keybo
     }
     const bool isOneOfMany = selection_.contains(control.id) && selection_.ids().size() > 1;
     const bool adds = keys & AddingKeys;
-    if (locked_ && !adds) {
-        selection_.clearSelection();
+    if (!adds && (locked_ || !isOneOfMany)) {
+        pressAlone(control, position);
+    } else if (locked_) {
+        selection_.toggle(control);
+    } else {
+        pressWithOthers(control, position, keys);
+    }
+}
+
+/// Selected or dragged without those that were selected before.
+void SpriteMouse::pressAlone(SpriteControl& control, QPoint position) {
+    selection_.clearSelection();
+    if (locked_) {
         selection_.select(control);
         return;
     }
-    if (!adds && !isOneOfMany) {
-        selection_.clearSelection();
-        drag_ = Drag{control.id, control.rect, position.x() - control.rect.x(),
-                     position.y() - control.rect.y()};
-        sprites_.setPlaying(control, false);
-        return;
-    }
-    if (locked_) {
-        selection_.toggle(control);
-        return;
-    }
+    drag_ = Drag{control.id, control.rect, position.x() - control.rect.x(),
+                 position.y() - control.rect.y()};
+    sprites_.setPlaying(control, false);
+}
+
+/// A drag takes along what is selected, but for Ctrl on another sprite, which copies that one
+/// alone.
+void SpriteMouse::pressWithOthers(const SpriteControl& control, QPoint position,
+                                  Qt::KeyboardModifiers keys) {
+    const bool adds = keys & AddingKeys;
+    const bool copies = keys & Qt::ControlModifier;
     click_ = Click{control.id, adds};
     std::vector<SpriteId> dragged = selection_.ids();
     if (!selection_.contains(control.id)) {
-        if (keys & Qt::ControlModifier) {
+        if (copies) {
             dragged.clear();
         }
         dragged.push_back(control.id);
     }
-    many_.begin(keys & Qt::ControlModifier ? SpriteDrag::Kind::Copy : SpriteDrag::Kind::Move,
-                dragged, position);
+    many_.begin(copies ? SpriteDrag::Kind::Copy : SpriteDrag::Kind::Move, dragged, position);
 }
 
 bool SpriteMouse::move(QPoint position, Qt::MouseButtons buttons, Qt::KeyboardModifiers keys) {

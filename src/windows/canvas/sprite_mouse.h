@@ -73,6 +73,8 @@ class SpriteMouse : public QObject {
 
     bool pressHandle(QPoint position);
     void pressSprite(SpriteControl& control, QPoint position, Qt::KeyboardModifiers keys);
+    void pressAlone(SpriteControl& control, QPoint position);
+    void pressWithOthers(const SpriteControl& control, QPoint position, Qt::KeyboardModifiers keys);
     bool refusesTool(const SpriteControl& control);
     void askMenu(SpriteControl& control);
     bool beginBand(QPoint position, Qt::KeyboardModifiers keys);

@@ -85,6 +85,19 @@ TEST_F(VersionStores, TheLastTwentyStayHoweverOldAndBeyondThemOneOfEachDayOfThir
     }
 }
 
+TEST_F(VersionStores, OfOneDayTheNewestAloneStaysWhereNoMoreAreWanted) {
+    store().keep(project(), pictures(), VersionCause::Saved, {});
+    const QDateTime today(QDate::currentDate(), QTime(0, 0));
+    for (int second = 0; second < 3; ++second) {
+        leave(today.addMSecs(second));
+    }
+    writePair("now", "now");
+    store({.last = 1}).prune();
+    const QList<KeptVersion> left = versions();
+    ASSERT_EQ(left.size(), 1);
+    EXPECT_EQ(readFile(left[0].data), "pictures 0");
+}
+
 TEST_F(VersionStores, BeyondTheRoomForAllProjectsTheOldestGo) {
     store().keep(project(), pictures(), VersionCause::Saved, {});
     const QDateTime now = QDateTime::currentDateTime();

@@ -49,6 +49,21 @@ TEST_F(Encryption, TheTapSeesAPasswordInClear) {
     EXPECT_TRUE(tap.sent().contains("PASS secret"));
 }
 
+TEST_F(Encryption, DataThatEndWithoutAGoodbyeAreWholeWhenTheServerSaysSo) {
+    for (const char* version : {"1.2", "1.3"}) {
+        OwnFtpServer server({"--unix", "--certificate", good.file, "--tls", version, "--abrupt"});
+        writeFile(server.file("a.txt"), "one");
+        limits.certificates = good.publicFile;
+        ftpTransfer transfer(limits);
+        ASSERT_TRUE(transfer.Connect(server.address())) << version;
+        const TemporaryFolder folder;
+        const QString target = folder.file("a.txt");
+        EXPECT_TRUE(transfer.GetFile("a.txt", QString(target).replace('/', '\\')))
+            << version << ": " << transfer.failure().toStdString();
+        EXPECT_EQ(readFile(target), "one") << version;
+    }
+}
+
 TEST_F(Encryption, ATrustedCertificateLogsInUnderBothVersions) {
     for (const char* version : {"1.2", "1.3", "any"}) {
         EXPECT_TRUE(connects(good.file, good.publicFile, {"--tls", version}))

@@ -5,6 +5,7 @@
 
 #include <QElapsedTimer>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QTimer>
 
 namespace nubivane::testing {
@@ -44,6 +45,22 @@ TEST_F(Transfer, AWholeConversationSendsNothingThatIsNotNeeded) {
     EXPECT_EQ(server.connections(), 1);
     EXPECT_EQ(server.tree(),
               (QMap<QString, QByteArray>{{"Web/a.txt", "one"}, {"Web/b.txt", "two"}}));
+}
+
+TEST_F(Transfer, ASizeIsAskedForAsLongAsTheServerKnowsTheCommand) {
+    const auto asked = [this](const QString& unknown) {
+        OwnFtpServer server({"--unix", "--without", unknown});
+        writeFile(server.file("a.txt"), "one");
+        EXPECT_TRUE(transfer.Connect(server.address()));
+        EXPECT_FALSE(transfer.GetFile("missing.txt", model(temporary.file("b"))));
+        for (int i = 0; i < 2; ++i) {
+            EXPECT_TRUE(transfer.GetFile("a.txt", model(temporary.file("b"))));
+        }
+        transfer.Disconnect();
+        return server.commands().filter(QRegularExpression("^SIZE ")).size();
+    };
+    EXPECT_EQ(asked("MLST"), 3) << "a file that is missing says nothing of the command";
+    EXPECT_EQ(asked("MLST,SIZE"), 1);
 }
 
 TEST_F(Transfer, NamesGoOutAsTheyStandToAServerThatTakesBackslashes) {

@@ -49,6 +49,7 @@ class RecoveryCopies : public ::testing::Test {
     QStringList folders() const { return folderNames(root()); }
 
     TemporaryFolder temporary;
+    SettingsStore settings{temporary.file("settings.ini")};
 };
 
 }  // namespace
@@ -74,6 +75,23 @@ TEST_F(RecoveryCopies, AreNeverMetHalfWrittenOrHalfTakenAway) {
     EXPECT_TRUE(faults.isEmpty()) << faults.join('\n').toStdString();
     EXPECT_GT(met, 0);
     EXPECT_EQ(folders(), QStringList());
+}
+
+TEST_F(RecoveryCopies, AreWrittenAsAProjectWithTheTextsOfEachFrameInTheirOrder) {
+    WorkSnapshot work = snapshot("Monday");
+    work.frames.push_back(snapshot("Tuesday").frames.front());
+    RecoveryCopy copy(root());
+    copy.write(work);
+    QStringList faults;
+    const QList<RecoveryEntry> entries = recoveryEntries(root(), faults);
+    ASSERT_EQ(entries.size(), 1);
+    const QString target = temporary.file("recovered.nvpf");
+    writeRecovered(entries[0], host_files::toModel(target), settings);
+    const QByteArray document = readFile(target);
+    const qsizetype monday = document.indexOf("Monday");
+    EXPECT_GT(monday, 0) << document.toStdString();
+    EXPECT_GT(document.indexOf("Tuesday"), monday) << document.toStdString();
+    EXPECT_EQ(document.count("</Frame>"), 2);
 }
 
 TEST_F(RecoveryCopies, WhatAKilledEditorLeftUnfinishedGoesWithTheNext) {

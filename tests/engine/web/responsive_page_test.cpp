@@ -103,6 +103,18 @@ TEST_F(ResponsivePages, TextsAreNeverMarkup) {
     EXPECT_EQ(period["labels"].toArray()[0].toObject()["text"].toString(), hostile);
 }
 
+TEST_F(ResponsivePages, TheDataFileTellsWhereASymbolLies) {
+    addFrames(2);
+    addSymbol(1);
+    write();
+    const QJsonObject symbol =
+        json["periods"].toArray()[0].toObject()["symbols"].toArray()[0].toObject();
+    EXPECT_EQ(symbol["x"].toInt(), 100);
+    EXPECT_EQ(symbol["y"].toInt(), 50);
+    EXPECT_EQ(symbol["width"].toInt(), 40);
+    EXPECT_EQ(symbol["height"].toInt(), 32);
+}
+
 TEST_F(ResponsivePages, NothingNeedsWhatAPolicyOfOwnFilesForbids) {
     addFrames(2);
     addSymbol(1, "example.org", "Sunny");
