@@ -29,7 +29,7 @@ install(FILES packaging/portable/README.txt CHANGELOG.md DESTINATION . COMPONENT
 set(system COMPONENT system EXCLUDE_FROM_ALL)
 
 install(TARGETS Nubivane nubivane-cli RUNTIME DESTINATION bin ${system})
-install(TARGETS nubivane-video LIBRARY DESTINATION lib/nubivane ${system})
+install(TARGETS nubivane-video LIBRARY DESTINATION lib/nubivane/modules ${system})
 # Who types the name of a program seldom holds the shift key.
 file(CREATE_LINK Nubivane ${CMAKE_BINARY_DIR}/packaging/nubivane SYMBOLIC)
 install(FILES ${CMAKE_BINARY_DIR}/packaging/nubivane DESTINATION bin ${system})

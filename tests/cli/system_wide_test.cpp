@@ -21,7 +21,7 @@ class SystemWide : public CliTest {
 
     QString installed() const { return beside("usr/bin/nubivane-cli"); }
     /// Where the library lies of which videos are made, seen from the programs.
-    static QString videoLibrary() { return "../lib/nubivane/nubivane-video.so"; }
+    static QString videoLibrary() { return "../lib/nubivane/modules/nubivane-video.so"; }
     QString own(const QString& name) const { return beside("data/Nubivane/" + name); }
 
     ProcessResult runInstalled(const QStringList& words) const {
@@ -81,7 +81,7 @@ TEST_F(SystemWide, AFolderWithItsContentBesideItIsAPortableOne) {
 }
 
 TEST_F(SystemWide, VideosAreMadeByTheLibraryOfTheInstallation) {
-    QDir().mkpath(beside("usr/lib/nubivane"));
+    QDir().mkpath(beside("usr/lib/nubivane/modules"));
     ASSERT_TRUE(QFile::copy(QFileInfo(cliProgram()).absoluteDir().filePath(videoLibrary()),
                             QFileInfo(installed()).absoluteDir().filePath(videoLibrary())));
     const ProcessResult result = runInstalled({"avi", useSoundProject(), "1", beside("a.avi")});

@@ -20,7 +20,7 @@ constexpr QLatin1String Library("nubivane-video.so");
 QString libraryFile() {
     const QString programs = QCoreApplication::applicationDirPath();
     const QString beside = programs + u'/' + Library;
-    return QFileInfo::exists(beside) ? beside : programs + u"/../lib/nubivane/"_s + Library;
+    return QFileInfo::exists(beside) ? beside : programs + u"/../lib/nubivane/modules/"_s + Library;
 }
 
 MakeVideoEncoder* loaded() {
