@@ -22,7 +22,7 @@ configure() {
 whole_programs='^(desktop/|packaging/|engine/web/browser$|engine/web/responsive$)'
 failed=0
 
-# The sources of a folder as one, a third of the time; the debug build proves that each stands alone.
+# The sources of a folder of src/ as one: some minutes less. The debug build proves that each stands alone.
 configure asan -g1 -DNUBIVANE_UNITY=ON
 cmake --build --preset asan
 ctest --test-dir build/asan --output-on-failure -E "$whole_programs" || failed=1

@@ -25,7 +25,7 @@ class VideoOutput {
 
 /// Makes the bytes of a video from pictures of any size. It is at home in a library of its own,
 /// which is loaded with the first video: ninety other libraries come with it, and a start that
-/// writes no video, as most do, would take three times as long. Raises std::runtime_error with the
+/// writes no video, as most do, would take twice as long. Raises std::runtime_error with the
 /// cause; no type of ours crosses that border by value but plain ones.
 class VideoEncoder {
   public:

@@ -56,6 +56,7 @@ TEST_F(HostFilesLookup, AComponentThatDoesNotExistStaysAsItIs) {
     testing::writeFile(folder.file("Maps/italy.jpg"), "x");
     EXPECT_EQ(host_files::toHost(model("maps\\New.jpg")), folder.file("Maps/New.jpg"));
     EXPECT_EQ(host_files::toHost(model("none\\New.jpg")), folder.file("none/New.jpg"));
+    EXPECT_EQ(host_files::toHost(model("none\\")), folder.file("none/"));
     EXPECT_FALSE(host_files::fileExists(model("maps\\New.jpg")));
 }
 

@@ -37,12 +37,19 @@ class RecoveryStates : public ::testing::Test {
 TEST_F(RecoveryStates, AreReadAsTheyWereWritten) {
     const RecoveryState read = readRecoveryState(temporary.path());
     EXPECT_EQ(read.project, state.project);
+    EXPECT_EQ(read.opened, std::nullopt);
     EXPECT_EQ(read.time, state.time);
     EXPECT_EQ(read.head, state.head);
     EXPECT_EQ(read.map, state.map);
     ASSERT_EQ(read.frames.size(), 1U);
     EXPECT_EQ(read.frames[0].text, state.frames[0].text);
     EXPECT_EQ(read.frames[0].picture, state.frames[0].picture);
+}
+
+TEST_F(RecoveryStates, TellHowTheProjectLayOnTheDiskWhenItWasOpened) {
+    state.opened = {{1, 2, 300, 4'000'000'000}, {1, 5, 600, 7'000'000'000}};
+    writeRecoveryState(temporary.path(), state);
+    EXPECT_EQ(readRecoveryState(temporary.path()).opened, state.opened);
 }
 
 TEST_F(RecoveryStates, WithoutOneOfTheirPartsAreRefused) {
