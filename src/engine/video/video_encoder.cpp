@@ -15,8 +15,8 @@ namespace {
 
 constexpr QLatin1String Library("nubivane-video.so");
 
-/// Beside the programs, or where a system-wide installation and the build keep it. Never by its
-/// name alone: the system would look in folders that others may write.
+/// Beside the programs, or where a system-wide installation keeps it. Never by its name alone: the
+/// system would look in folders that others may write.
 QString libraryFile() {
     const QString programs = QCoreApplication::applicationDirPath();
     const QString beside = programs + u'/' + Library;
