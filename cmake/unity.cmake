@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # nubivane_unity(TARGET): with NUBIVANE_UNITY the sources of each folder of a target are compiled as one,
-# which takes a quarter of the time: a machine without any cache proves a change sooner. The inner names
+# which takes much less time: a machine without any cache proves a change sooner. The inner names
 # of one folder's files therefore differ from each other.
 option(NUBIVANE_UNITY "Compile the sources of a folder as one" OFF)
 if(NUBIVANE_UNITY)

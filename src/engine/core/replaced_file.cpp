@@ -27,6 +27,10 @@ constexpr mode_t PermissionBits = 07777;
 constexpr mode_t ForItsOwner = 0600;
 constexpr mode_t AsTheUserWants = 0666;  // less what the umask takes
 
+[[noreturn]] void refuse(const QString& hostPath, const QString& reason) {
+    failToWrite(u"replaced_file"_s, hostPath, reason);
+}
+
 QString systemsReason() {
     return QString::fromLocal8Bit(std::strerror(errno));
 }
@@ -48,22 +52,22 @@ void requireOrdinary(const QString& target, LinkUse links) {
     struct stat status {};
     if (!statusOf(target, status)) {
         if (errno != ENOENT) {
-            failToWrite(u"replaced_file"_s, target, systemsReason());
+            refuse(target, systemsReason());
         }
         return;
     }
     if (S_ISDIR(status.st_mode)) {
-        failToWrite(u"replaced_file"_s, target, u"it is a folder"_s);
+        refuse(target, u"it is a folder"_s);
     }
     // Where the entry itself is to go, it does not matter what it was.
     if (links == LinkUse::Itself) {
         return;
     }
     if (!S_ISREG(status.st_mode)) {
-        failToWrite(u"replaced_file"_s, target, u"it is not an ordinary file"_s);
+        refuse(target, u"it is not an ordinary file"_s);
     }
     if (::access(QFile::encodeName(target).constData(), W_OK) != 0) {
-        failToWrite(u"replaced_file"_s, target, u"it is protected from writing"_s);
+        refuse(target, u"it is protected from writing"_s);
     }
 }
 
@@ -83,11 +87,11 @@ QString behindLinks(const QString& hostPath) {
         }
         const QString next = QFile::decodeName(text);
         if (QFile::encodeName(next) != text) {
-            failToWrite(u"replaced_file"_s, path, u"the link leads to a name that is not UTF-8"_s);
+            refuse(path, u"the link leads to a name that is not UTF-8"_s);
         }
         path = next.startsWith(u'/') ? next : QFileInfo(path).path() + u'/' + next;
     }
-    failToWrite(u"replaced_file"_s, hostPath, u"its links lead in a circle"_s);
+    refuse(hostPath, u"its links lead in a circle"_s);
 }
 
 void removeLeftoversOf(const QString& target) {
@@ -182,7 +186,7 @@ void ReplacedFile::commit() {
 }
 
 void ReplacedFile::fail(const QString& reason) const {
-    failToWrite(u"replaced_file"_s, target_, reason);
+    refuse(target_, reason);
 }
 
 }  // namespace nubivane

@@ -37,7 +37,7 @@ bool addChanged(ColorIndex& colors, const QImage& before, const QImage& after) {
     const QRect rect = before.isNull() ? after.rect() : changedRect(before, after);
     for (int y = rect.top(); y <= rect.bottom(); ++y) {
         const QRgb* now = constLineOf(after, y);
-        const auto* old = before.isNull() ? nullptr : constLineOf(before, y);
+        const QRgb* old = before.isNull() ? nullptr : constLineOf(before, y);
         for (int x = rect.left(); x <= rect.right(); ++x) {
             if ((!old || now[x] != old[x]) && colors.add(now[x]) == ColorIndex::Full) {
                 return false;

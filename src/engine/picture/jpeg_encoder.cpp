@@ -12,8 +12,6 @@
 
 namespace nubivane {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 struct Output {

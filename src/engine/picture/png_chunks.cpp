@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/picture/png_chunks.h"
 
-#include "engine/core/error.h"
 #include "engine/picture/image_codec.h"
 #include "engine/picture/invalid_picture.h"
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/picture/whole_picture.h"
 
-#include "engine/core/error.h"
 #include "engine/gif/gif_outline.h"
 #include "engine/gif/gif_reader.h"
 #include "engine/picture/image_codec.h"

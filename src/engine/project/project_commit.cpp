@@ -14,6 +14,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+[[noreturn]] void refuseToSave(const QString& path, const QString& reason) {
+    failToWrite(u"saveProject"_s, path, reason);
+}
+
 /// Found out before anything is written: after the first rename there is no way back.
 const QString& replaceable(const QString& path) {
     requireReplaceable(path);
@@ -33,7 +37,7 @@ ProjectCommit::ProjectCommit(const QString& hostProjectFile, const QString& host
       rules_(rules) {
     const PairState found = pairStateOf(project_, data_.target());
     if (completeInterruptedSave(project_, data_.target()) != project_) {
-        failToWrite(u"saveProject"_s, project_, u"an interrupted save cannot be completed"_s);
+        refuseToSave(project_, u"an interrupted save cannot be completed"_s);
     }
     before_ = pairStateOf(project_, data_.target());
     // Completing a save is no change by somebody else.
@@ -50,12 +54,11 @@ void ProjectCommit::appendData(const QByteArray& bytes) {
 PairState ProjectCommit::commit(const QByteArray& xml) {
     // While nobody waits: what is left to be flushed under the lock is little then.
     if (!durable_file::flush(data_.device())) {
-        failToWrite(u"saveProject"_s, data_.target(), durable_file::reasonOf(data_.device()));
+        refuseToSave(data_.target(), durable_file::reasonOf(data_.device()));
     }
     const FolderLock lock(folderOf(project_));
     if (lock.state() == FolderLock::State::Busy) {
-        failToWrite(u"saveProject"_s, project_,
-                    u"another program has been writing in its folder for 30 seconds"_s);
+        refuseToSave(project_, u"another program has been writing in its folder for 30 seconds"_s);
     }
     if (rules_.keepsTail) {
         copyOldTail();
@@ -85,8 +88,8 @@ PairState ProjectCommit::commit(const QByteArray& xml) {
 void ProjectCommit::requireUnchanged() const {
     // Where nothing lies any more there is nothing to lose.
     if (QFile::exists(project_) && !(pairStateOf(project_, data_.target()) == before_)) {
-        failToWrite(u"saveProject"_s, project_,
-                    u"another program has saved it meanwhile, and what it saved stays"_s);
+        refuseToSave(project_,
+                     u"another program has saved it meanwhile, and what it saved stays"_s);
     }
 }
 
@@ -166,7 +169,7 @@ void ProjectCommit::copyOldTail() {
     while (!old.atEnd()) {
         const QByteArray part = old.read(Piece);
         if (part.isEmpty()) {
-            failToWrite(u"saveProject"_s, data_.target(), old.errorString());
+            refuseToSave(data_.target(), old.errorString());
         }
         appendData(part);
     }
